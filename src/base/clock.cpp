@@ -1,0 +1,6 @@
+#include "base/clock.h"
+
+Clock systemClock()
+{
+    return [] { return QDateTime::currentDateTime(); };
+}

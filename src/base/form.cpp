@@ -1,0 +1,83 @@
+#include "base/form.h"
+
+#include <algorithm>
+
+Form::Form(std::vector<FieldRow> rows, QObject* parent)
+    : QObject(parent)
+    , m_rows(std::move(rows))
+{
+}
+
+const FieldRow* Form::row(const QString& control) const
+{
+    const auto found = std::ranges::find(m_rows, control, &FieldRow::control);
+    return found == m_rows.end() ? nullptr : &*found;
+}
+
+QString Form::text(const QString& control) const
+{
+    return m_states.value(control).text;
+}
+
+bool Form::isEnabled(const QString& control) const
+{
+    return m_states.value(control).enabled;
+}
+
+bool Form::isVisible(const QString& control) const
+{
+    return m_states.value(control).visible;
+}
+
+bool Form::isDirty(const QString& control) const
+{
+    return m_states.value(control).dirty;
+}
+
+void Form::setText(const QString& control, const QString& text)
+{
+    State& state = m_states[control];
+    state.dirty = false;
+    if (state.text == text)
+        return;
+    state.text = text;
+    emit controlChanged(control);
+}
+
+void Form::edit(const QString& control, const QString& text)
+{
+    State& state = m_states[control];
+    if (state.text == text)
+        return;
+    state.text = text;
+    state.dirty = true;
+}
+
+void Form::setEnabled(const QString& control, bool enabled)
+{
+    State& state = m_states[control];
+    if (state.enabled == enabled)
+        return;
+    state.enabled = enabled;
+    emit controlChanged(control);
+}
+
+void Form::setVisible(const QString& control, bool visible)
+{
+    State& state = m_states[control];
+    if (state.visible == visible)
+        return;
+    state.visible = visible;
+    emit controlChanged(control);
+}
+
+void Form::markClean(const QString& control)
+{
+    m_states[control].dirty = false;
+}
+
+void Form::clear()
+{
+    for (const FieldRow& row : m_rows)
+        setText(row.control, QString());
+}

@@ -1,0 +1,73 @@
+// A screen's form: a table of controls with their columns, and the values they hold.
+#pragma once
+
+#include <QHash>
+#include <QObject>
+#include <QString>
+
+#include <vector>
+
+/// When a field's value goes to the store.
+enum class SaveOn {
+    Never,  ///< shown only
+    Record, ///< with the whole record, by the screen's save button
+    Leave,  ///< by itself, when the user leaves the field
+    Change, ///< by itself, at each change (check boxes, options, sliders)
+};
+
+/// One row of a form: the control's name, the column it shows, and when it is saved.
+struct FieldRow
+{
+    QString control;
+    QString column; ///< empty when the control shows no single column
+    SaveOn save = SaveOn::Never;
+};
+
+/// The state of a screen's controls by name, without a widget: text, enabled, visible, and what the user changed.
+/// A view is tied to it by object names (FormBinder); a test sets and reads it directly.
+class Form : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit Form(std::vector<FieldRow> rows, QObject* parent = nullptr);
+
+    [[nodiscard]] const std::vector<FieldRow>& rows() const { return m_rows; }
+    /// The row of a control; null when the form has none of that name.
+    [[nodiscard]] const FieldRow* row(const QString& control) const;
+
+    [[nodiscard]] QString text(const QString& control) const;
+    [[nodiscard]] bool isEnabled(const QString& control) const;
+    [[nodiscard]] bool isVisible(const QString& control) const;
+    /// True once the user has changed the control since setText() or markClean().
+    [[nodiscard]] bool isDirty(const QString& control) const;
+
+    /// The program fills a control: not a change by the user.
+    void setText(const QString& control, const QString& text);
+    /// The user typed: the value is kept and the control counts as changed.
+    void edit(const QString& control, const QString& text);
+    void setEnabled(const QString& control, bool enabled);
+    void setVisible(const QString& control, bool visible);
+    void markClean(const QString& control);
+    /// Empties every control of the table.
+    void clear();
+    /// Asks the view to put the keyboard focus on a control.
+    void requestFocus(const QString& control) { emit focusRequested(control); }
+
+signals:
+    /// Text, enabled or visible state of a control is new; the view shows it again.
+    void controlChanged(const QString& control);
+    void focusRequested(const QString& control);
+
+private:
+    struct State
+    {
+        QString text;
+        bool enabled = true;
+        bool visible = true;
+        bool dirty = false;
+    };
+
+    std::vector<FieldRow> m_rows;
+    QHash<QString, State> m_states;
+};

@@ -1,0 +1,49 @@
+// What the rules ask of the outside world. Each port has two real implementations: the desktop's and the test's.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+/// The button sets of the standard message box; the second half of a name is the default button.
+enum class Buttons { Ok, YesNo, YesNoDefaultNo, YesNoCancel };
+
+/// The button pressed, with the codes that the program's rules speak of.
+enum class Answer { Ok = 1, Cancel = 2, Yes = 6, No = 7 };
+
+/// Questions to the user. An answer always comes back; closing a box counts as Cancel, or No where there is no Cancel.
+class Prompts
+{
+public:
+    virtual ~Prompts() = default;
+    virtual Answer msgBox(const QString& text, Buttons buttons, const QString& title) = 0;
+    /// A file to open, or empty when the user gave up. @p filters as in "Sound files (*.wav)".
+    virtual QString openFile(const QString& title, const QString& folder, const QStringList& filters) = 0;
+    /// A file to write, or empty when the user gave up.
+    virtual QString saveFile(const QString& title, const QString& folder, const QStringList& filters) = 0;
+};
+
+/// The ways from one screen to another. A screen is named by its presenter's name ("FrmHistory").
+class Navigator
+{
+public:
+    virtual ~Navigator() = default;
+    /// True when the program has this screen; the shell disables the doors to those it has not.
+    [[nodiscard]] virtual bool hasScreen(const QString& screen) const = 0;
+    /// Opens a screen; a modal one has been closed again when this returns.
+    virtual void openScreen(const QString& screen) = 0;
+    /// The help page of a control, shown beside the workbench.
+    virtual void openHelp(int contextId) = 0;
+};
+
+/// The user's desktop around the program.
+class Desktop
+{
+public:
+    virtual ~Desktop() = default;
+    /// Opens a web or mail address in the user's own program; false when nothing could be started.
+    virtual bool openUrl(const QString& address) = 0;
+    /// Opens a file in the program that the desktop knows for its type; false when there is none.
+    virtual bool openDocument(const QString& path) = 0;
+    /// True when the desktop knows a program for files with this ending (".doc").
+    [[nodiscard]] virtual bool canOpen(const QString& ending) const = 0;
+};

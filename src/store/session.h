@@ -1,0 +1,128 @@
+// The state of one run of the program, handed to every presenter.
+#pragma once
+
+#include "base/clock.h"
+#include "base/key.h"
+#include "base/ports.h"
+
+#include <QObject>
+#include <QString>
+#include <QTime>
+
+#include <memory>
+
+class DataJW;
+class StoreError;
+
+/// Folder, flags, logs and the gateway of one run. Created once by main (or a test) with its ports; there is no other
+/// global state.
+class Session : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// The ports must outlive the session; the folder must exist and be writable.
+    Session(QString folder, Clock clock, Prompts& prompts, Desktop& desktop);
+    ~Session() override;
+
+    /// The application folder: database, logs, data files, copies. No slash at its end.
+    [[nodiscard]] const QString& folder() const { return m_folder; }
+    /// A file of the application folder.
+    [[nodiscard]] QString file(const QString& name) const;
+    [[nodiscard]] QString databasePath() const; ///< "Postledger.db" in the folder
+
+    [[nodiscard]] QDateTime now() const { return m_clock(); }
+    [[nodiscard]] QDate today() const { return m_clock().date(); }
+    /// Today as statements write it: the short date form "m/d/yyyy".
+    [[nodiscard]] QString todayText() const;
+
+    /// The gateway; created on first use.
+    DataJW& dataJW();
+    [[nodiscard]] bool hasDataJW() const { return m_dataJW != nullptr; }
+    void releaseDataJW();
+
+    [[nodiscard]] Prompts& prompts() { return m_prompts; }
+    [[nodiscard]] Desktop& desktop() { return m_desktop; }
+
+    /// The standard message box. An empty title becomes "Jobwright Message"; dialogBusy is up while it is open.
+    Answer msgBox(const QString& text, Buttons buttons = Buttons::Ok, const QString& title = {});
+
+    /// Writes one line into "OpLog.txt", always.
+    void addLog(const QString& message);
+    /// Writes one line into "OpLog.txt" while debugMode is on.
+    void trace(const QString& message);
+    /// Writes an entry into "ErrorLog.txt" and, at any level but 1, shows it. @p failure is what went wrong at the
+    /// store; null when a caller reports a mere condition.
+    void logError(const QString& text, int level = 0, const StoreError* failure = nullptr);
+
+    /// While one lives, entries that would be shown go to the log only and are counted: a walk over thousands of
+    /// records reports once at its end instead of a box for each.
+    class QuietReports
+    {
+    public:
+        explicit QuietReports(Session& session);
+        ~QuietReports();
+        QuietReports(const QuietReports&) = delete;
+        QuietReports& operator=(const QuietReports&) = delete;
+        /// Entries that were kept from the user so far.
+        [[nodiscard]] int held() const;
+
+    private:
+        Session& m_session;
+        int m_before;
+    };
+
+    /// Progress text of a restore or an import; changing it tells the progress screen.
+    [[nodiscard]] const QString& statusLine() const { return m_statusLine; }
+    void setStatusLine(const QString& line);
+
+    // Plain flags and values of the run.
+    bool debugMode = false;
+    bool splashClosed = false;
+    bool wordAvailable = false;
+    bool outlookAvailable = false;
+    bool autosave = false;
+    bool dialogBusy = false;
+    Key reminderInterval = 0; ///< minutes
+    QTime sessionStart;
+    QTime sessionEnd;
+    QString helpDocument;
+    QString acrobatPath;
+    QString lastScreen;
+
+signals:
+    /// A restore or import has stored a row; @p done of @p total records are behind it (0 of 0: unknown).
+    void statusLineChanged(const QString& line);
+    void progressChanged(int done, int total);
+
+private:
+    friend class QuietReports;
+
+    QString m_folder;
+    Clock m_clock;
+    Prompts& m_prompts;
+    Desktop& m_desktop;
+    std::unique_ptr<DataJW> m_dataJW;
+    QString m_statusLine;
+    int m_quiet = 0;
+    int m_held = 0;
+};
+
+/// Raises dialogBusy for a scope and puts the earlier value back.
+class BusyScope
+{
+public:
+    explicit BusyScope(Session& session)
+        : m_session(session)
+        , m_before(session.dialogBusy)
+    {
+        m_session.dialogBusy = true;
+    }
+    ~BusyScope() { m_session.dialogBusy = m_before; }
+    BusyScope(const BusyScope&) = delete;
+    BusyScope& operator=(const BusyScope&) = delete;
+
+private:
+    Session& m_session;
+    bool m_before;
+};
