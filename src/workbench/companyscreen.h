@@ -1,0 +1,67 @@
+// The Company screen: one company with its address, its people and positions, and the summary.
+#pragma once
+
+#include "base/form.h"
+#include "base/treemodel.h"
+#include "store/recordset.h"
+#include "store/session.h"
+#include "workbench/companysummary.h"
+
+#include <QObject>
+
+class FrmData;
+
+/// Shows, saves and removes a company; lists its contacts and positions; opens its web pages and its street map.
+class CompanyScreen : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit CompanyScreen(FrmData& workbench);
+    ~CompanyScreen() override;
+
+    [[nodiscard]] Form& form() { return m_form; }
+    [[nodiscard]] TreeModel& tvwPosContact() { return m_tree; }
+    /// Place of the profile pointer shpPtr on its scale, 0 (left end) to 1 and above, and whether it is lit (red).
+    [[nodiscard]] double pointerPlace() const { return m_pointerPlace; }
+    [[nodiscard]] bool pointerLit() const { return m_pointerLit; }
+    /// Days since the last contact, -1 for none: for the figure above the summary.
+    [[nodiscard]] int daysSinceContact() const { return m_daysSinceContact; }
+
+    void load(); ///< loadCompanyFrame
+    void loadCompanySelection(const QString& name);
+    void fillForm(const RecordSet& record);
+    void clearCompanyForm();
+    void adjustProfile();
+    /// Switches the company-only fields off for a category and on for everything else.
+    void showAsCategory(bool category);
+    /// The figures of a company, gathered from the store, without touching the screen.
+    static CompanyFigures gather(Session& session, const QString& name);
+
+    // --- Events of the fields, called by the binder -------------------------------------------------------
+    void fieldKeyDown(const QString& control);
+    void fieldChanged(const QString& control);
+    void fieldLeft(const QString& control);
+
+public slots:
+    void cmdUpdate1();
+    void cmdRemove1();
+    void imgContact();
+    void imgPosition();
+    void lblURL1();
+    void lblURL2();
+    void lblLocation(); ///< street map
+    void tvwPosContactDblClick(const QModelIndex& index);
+
+signals:
+    void changed();
+
+private:
+    // Fill in as needed.
+    FrmData& m_workbench;
+    Form m_form;
+    TreeModel m_tree;
+    double m_pointerPlace = 0;
+    bool m_pointerLit = false;
+    int m_daysSinceContact = -1;
+};

@@ -1,0 +1,120 @@
+// The workbench: the main screen's shell around its five screens.
+#pragma once
+
+#include "base/form.h"
+#include "base/ports.h"
+#include "base/treemodel.h"
+#include "store/session.h"
+#include "workbench/selection.h"
+
+#include <QObject>
+#include <QStringList>
+
+#include <memory>
+
+class CompanyScreen;
+
+/// Switches the five screens, holds the company selector and the status bar, and opens every other tool.
+class FrmData : public QObject
+{
+    Q_OBJECT
+
+public:
+    FrmData(Session& session, Navigator& navigator);
+    ~FrmData() override;
+
+    // --- Parts of the window ------------------------------------------------------------------------------
+    [[nodiscard]] Session& session() { return m_session; }
+    [[nodiscard]] Selection& selection() { return m_selection; }
+    [[nodiscard]] CompanyScreen& companyScreen() { return *m_company; }
+    /// The shell's own controls: cmbSelection, Label45, the frames frmeCompany ... frmePipeline, pbarLoad.
+    [[nodiscard]] Form& form() { return m_form; }
+    /// The items of cmbSelection: the company names in order, "<New>" last.
+    [[nodiscard]] const QStringList& companyList() const { return m_companyList; }
+    [[nodiscard]] QString caption() const { return m_caption; }
+    [[nodiscard]] QString versionPanel() const; ///< first panel of the status bar
+    [[nodiscard]] QString procText() const { return m_procText; }
+    [[nodiscard]] bool procVisible() const { return m_procVisible; }
+    [[nodiscard]] QString currentTab() const { return m_currentTab; } ///< tab key of TabStrip1
+    [[nodiscard]] QString newToolTip() const { return m_newToolTip; } ///< tool tip of the toolbar's "new" button
+    [[nodiscard]] QString newImage() const { return m_newImage; }     ///< "newco", "newpos" or "newcon"
+    /// "15 companies · 30 positions · 45 contacts" for the status bar.
+    [[nodiscard]] QString countsPanel() const { return m_countsPanel; }
+
+    // --- Start and end ------------------------------------------------------------------------------------
+    /// The main screen's load routine; false when it failed and the program has to end.
+    bool load();
+    /// The window got the focus: the selector is filled anew and keeps the selected company.
+    void activated();
+    /// The unload routine: usage rows, release of the gateway.
+    void unload();
+
+    // --- Screens ------------------------------------------------------------------------------------------
+    void tabStrip1Click(const QString& tabKey);
+    void clearStrip();
+    void setSbar(const QString& kind);
+    void sbarVis();
+    void savedSbar();
+    /// Puts a text into the "proc" panel and shows it.
+    void showProc(const QString& text);
+    void clearPipeBoxes();
+    QStringList csvParse(const QString& keyList);
+    Answer showMessage(const QString& prompt, Buttons buttons = Buttons::Ok, const QString& title = {});
+    void selectCategory();
+    void loadCompanyList();
+    void cmbSelectionClick(const QString& text);
+    /// Runs the whole list of start steps that a restore or another outside change calls for.
+    void refresh();
+
+    // --- Tools --------------------------------------------------------------------------------------------
+    /// A click on the toolbar button (or the menu entry that does the same) with this key.
+    void tbarButtonClick(const QString& key);
+    /// True when what stands behind this toolbar key exists; else its button is disabled.
+    [[nodiscard]] bool toolAvailable(const QString& key) const;
+
+public slots:
+    void fileExport();
+    void restoreData();
+    void fileExit() { emit closeRequested(); }
+    void filePrint() { emit printRequested(); }
+    void setup() { emit printSetupRequested(); }
+    void preview() { emit previewRequested(); }
+    void helpAbout();
+    void ctrlS();
+    void help(int contextId);
+
+signals:
+    /// Something beside the form's controls is new: panels, tab, caption, list of companies.
+    void changed();
+    void companyListChanged();
+    void closeRequested();
+    void printRequested();
+    void printSetupRequested();
+    void previewRequested();
+    /// A restore or import begins or ends: the progress screen comes or goes.
+    void importProgress(bool running);
+
+private:
+    void loadCompanyFrame();
+    void loadPositionFrame();
+    void loadContactFrame();
+    void loadPipelineFrame();
+    void loadDocumentFrame();
+    void showCompanyScreen();
+    void readSettings();
+    void updateCounts();
+
+    Session& m_session;
+    Navigator& m_navigator;
+    Selection m_selection;
+    Form m_form;
+    std::unique_ptr<CompanyScreen> m_company;
+    QStringList m_companyList;
+    QString m_caption;
+    QString m_procText;
+    bool m_procVisible = false;
+    QString m_currentTab = QStringLiteral("Company");
+    QString m_newToolTip;
+    QString m_newImage;
+    QString m_countsPanel;
+};

@@ -1,0 +1,68 @@
+// A world of its own for each test: a fresh folder, a clock that stands still, scripted ports.
+#pragma once
+
+#include "store/database.h"
+#include "store/datajw.h"
+#include "store/session.h"
+#include "support/scriptedprompts.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <memory>
+
+/// The desktop of a test: notes what it was asked to open.
+class NotedDesktop : public Desktop
+{
+public:
+    QStringList opened;
+    bool works = true;
+
+    bool openUrl(const QString& address) override { return note(address); }
+    bool openDocument(const QString& path) override { return note(path); }
+    [[nodiscard]] bool canOpen(const QString&) const override { return works; }
+
+private:
+    bool note(const QString& what)
+    {
+        opened.append(what);
+        return works;
+    }
+};
+
+/// A session on a store of its own in a temporary folder.
+class World
+{
+public:
+    explicit World(const QDateTime& now = QDateTime(QDate(2026, 11, 22), QTime(9, 30)))
+        : m_now(now)
+    {
+        Database::create(folder.path() + u"/Postledger.db");
+        restart();
+    }
+
+    /// Ends the session and begins another on the same folder.
+    void restart()
+    {
+        session.reset();
+        session = std::make_unique<Session>(folder.path(), [this] { return m_now; }, prompts, desktop);
+    }
+    DataJW& data() { return session->dataJW(); }
+    void setNow(const QDateTime& now) { m_now = now; }
+    /// The whole text of a file of the folder, "" when there is none.
+    [[nodiscard]] QString fileText(const QString& name) const
+    {
+        QFile file(folder.path() + u'/' + name);
+        return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+    }
+    [[nodiscard]] QString errorLog() const { return fileText(QStringLiteral("ErrorLog.txt")); }
+    [[nodiscard]] QString opLog() const { return fileText(QStringLiteral("OpLog.txt")); }
+
+    QTemporaryDir folder;
+    ScriptedPrompts prompts;
+    NotedDesktop desktop;
+    std::unique_ptr<Session> session;
+
+private:
+    QDateTime m_now;
+};
