@@ -96,7 +96,8 @@ bool writeTable(Session& session, FileWriter& writer, QStringView name, int tabl
     RecordSet rows = session.dataJW().getExecQueryRecords(u"Select * from "_s + table);
     if (rows.isNothing())
         return false;
-    writer.add("  <Data Table=\"" + table.toUtf8() + (rows.isEmpty() ? "\" />\n" : "\">\n"));
+    const QByteArray opening = "  <Data Table=\"" + table.toUtf8() + (rows.isEmpty() ? "\" />\n" : "\">\n");
+    writer.add(opening);
     const int total = stepsPerTable * static_cast<int>(tables.size());
     int step = -1;
     for (int row = 0; !rows.atEnd(); rows.next(), ++row) {

@@ -107,18 +107,17 @@ QString CampaignFile::parse(const QString& path, bool isUtf8)
                        "It was not read.")
                 .arg(path);
     }
-    const pugi::xml_node root = m_document.document_element();
-    if (std::string_view(root.name()) != "Jobwright")
+    if (std::string_view(root().name()) != "Jobwright")
         return say("The file %1 is not a Jobwright file: its root is \"%2\" and not \"Jobwright\".")
-            .arg(path, QString::fromUtf8(root.name()));
-    if (!root.child("Data"))
+            .arg(path, QString::fromUtf8(root().name()));
+    if (!root().child("Data"))
         return say("The file %1 holds no data at all, not even empty tables. It was not read.").arg(path);
     return {};
 }
 
 QString CampaignFile::checkShape()
 {
-    for (const pugi::xml_node& data : m_document.document_element().children("Data")) {
+    for (const pugi::xml_node& data : root().children("Data")) {
         Records& table = m_tables[data.attribute("Table").value()];
         for (const pugi::xml_node& record : data.children("Record"))
             table.push_back(record);
@@ -152,7 +151,7 @@ CampaignFile::Index CampaignFile::index(std::string_view table, const char* colu
 
 bool CampaignFile::isRestore() const
 {
-    return !m_document.document_element().attribute("Restore").empty();
+    return !root().attribute("Restore").empty();
 }
 
 const CampaignFile::Records& CampaignFile::records(std::string_view table) const

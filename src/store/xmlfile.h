@@ -24,6 +24,7 @@ public:
 
     /// True when the file replaces the store's contents; otherwise it is merged into them.
     [[nodiscard]] bool isRestore() const;
+    [[nodiscard]] pugi::xml_node root() const { return m_document.document_element(); }
     /// All records of a table in file order.
     [[nodiscard]] const Records& records(std::string_view table) const;
     /// The first address with this key; a null node when the file has none.
