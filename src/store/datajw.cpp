@@ -49,7 +49,6 @@ std::pair<QString, QString> splitName(const QString& name)
 } // namespace gateway
 
 using gateway::keyOf;
-using gateway::text;
 
 Key DataJW::Impl::Call::countRows(const QString& statement)
 {

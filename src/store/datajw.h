@@ -42,8 +42,7 @@ class DataJW
 {
 public:
     /// Opens the store of the session's folder and tries it with one statement. When that fails the reason is
-    /// logged
-    /// ("DataJW-Init") and shown, and every later operation fails by itself.
+    /// logged ("DataJW-Init") and shown, and every later operation fails by itself.
     explicit DataJW(Session& session);
     ~DataJW();
     DataJW(const DataJW&) = delete;
