@@ -4,6 +4,8 @@
 #include "store/schema.h"
 #include "support/world.h"
 
+#include <QDir>
+
 #include <QCryptographicHash>
 
 /// Builds a campaign file: every record has all columns of its table, empty unless given.
