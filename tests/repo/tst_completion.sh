@@ -30,7 +30,7 @@ offers() {
 
 offers "companies|copy" co
 offers "--folder" --f
-offers "--help|--json" query --
+offers "--json" query --j
 offers "--yes" --folder other import --y
 offers 'Alder\ Works|Alder\ \&\ Daughters' summary alder
 offers 'Alder\ Works' summary 'Alder\ W'
