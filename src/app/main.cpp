@@ -7,6 +7,9 @@
 
 #include <CLI/CLI.hpp>
 
+#include <clocale>
+#include <langinfo.h>
+
 namespace {
 
 /// What the command line says, whichever way the program then goes.
@@ -31,10 +34,19 @@ void describe(CLI::App& app, Line& line)
                "4 the folder is in use, 5 the database is damaged.");
 }
 
+/// A plain "C" locale makes Qt switch to UTF-8 with a warning on every call: choose it before Qt has to.
+void useUtf8Locale()
+{
+    std::setlocale(LC_ALL, "");
+    if (QByteArrayView(nl_langinfo(CODESET)) != "UTF-8")
+        qputenv("LC_ALL", "C.UTF-8");
+}
+
 } // namespace
 
 int main(int argc, char** argv)
 {
+    useUtf8Locale();
     Line line;
     CLI::App app("Jobwright keeps a whole job campaign in one place.", "jobwright");
     describe(app, line);
