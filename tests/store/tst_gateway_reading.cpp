@@ -29,6 +29,9 @@ class TestGatewayReading : public QObject
     Q_OBJECT
 
 private slots:
+    void initTestCase();
+    void cleanupTestCase() { m_read.reset(); }
+
     void answerFromRows_data();
     void answerFromRows();
     void sayWhatWasNotFound_data();
@@ -40,11 +43,18 @@ private slots:
     void failAboveSixteenBits();
     void failOnARefusedStatement_data();
     void failOnARefusedStatement();
-    void copyHistoriesInOrder();
-    void copyAProfileItem();
     void stayAsItWasAfterTheStoreChanged();
     void raiseDialogBusyForAStatementOnly();
+
+private:
+    std::unique_ptr<World> m_read; ///< for calls that only read; nothing of theirs stays in it
 };
+
+void TestGatewayReading::initTestCase()
+{
+    m_read = std::make_unique<World>();
+    loadCampaign(*m_read);
+}
 
 void TestGatewayReading::answerFromRows_data()
 {
@@ -186,11 +196,10 @@ void TestGatewayReading::answerFromRows()
 {
     QFETCH(GatewayCall, call);
     QFETCH(QString, expected);
-    World world;
-    loadCampaign(world);
+    QFile::remove(m_read->session->file(u"ErrorLog.txt"_s));
 
-    QCOMPARE(call(world.data()), expected);
-    QCOMPARE(world.errorLog(), QString());
+    QCOMPARE(call(m_read->data()), expected);
+    QCOMPARE(m_read->errorLog(), QString());
 }
 
 void TestGatewayReading::sayWhatWasNotFound_data()
@@ -445,39 +454,6 @@ void TestGatewayReading::failOnARefusedStatement()
     QVERIFY(!entries[0].suppressed);
     QVERIFY(!entries[0].description.isEmpty());
     QVERIFY(entries[0].number != 0);
-}
-
-void TestGatewayReading::copyHistoriesInOrder()
-{
-    World world;
-    loadCampaign(world);
-    History history;
-
-    history.loadDataFromDatabase(world.data(), 1, 2);
-    QCOMPARE(history.HistKey, u"1-2"_s);
-    QCOMPARE(history.topic, u"Fair follow-up"_s);
-    QCOMPARE(history.ContactDate, june(20));
-
-    // Past the last one the record stays as it was.
-    history.loadDataFromDatabase(world.data(), 1, 4);
-    QCOMPARE(history.HistKey, u"1-2"_s);
-    QCOMPARE(History::getHistoryCount(world.data(), 1), 3);
-}
-
-void TestGatewayReading::copyAProfileItem()
-{
-    World world;
-    loadCampaign(world);
-    UserProfile item;
-
-    item.loadUProfileFromDatabase(world.data(), 1);
-
-    QCOMPARE(item.UProfileKey, Key(1));
-    QCOMPARE(item.uTitle + u'/' + item.uSubTitle + u'/' + item.uCategory, u"Dispatcher/Night/Experience"_s);
-    QCOMPARE(item.StimeMonth + u'/' + item.EtimeYear, u"May/2019"_s);
-    item.clear();
-    QCOMPARE(item.UProfileKey, Key(0));
-    QCOMPARE(item.uTitle, QString());
 }
 
 void TestGatewayReading::stayAsItWasAfterTheStoreChanged()

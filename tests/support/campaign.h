@@ -99,5 +99,6 @@ inline QStringList profileStatements()
 
 inline void loadCampaign(World& world)
 {
+    const Action atOnce(world.data()); // one wait for the disk, not thirty
     send(world, companyStatements() + pipelineStatements() + profileStatements());
 }
