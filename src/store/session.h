@@ -4,6 +4,7 @@
 #include "base/clock.h"
 #include "base/key.h"
 #include "base/ports.h"
+#include "store/settings.h"
 
 #include <QObject>
 #include <QString>
@@ -43,6 +44,8 @@ public:
 
     [[nodiscard]] Prompts& prompts() { return m_prompts; }
     [[nodiscard]] Desktop& desktop() { return m_desktop; }
+    /// The settings store: what the program keeps outside the database.
+    [[nodiscard]] RegAccess& settings() { return m_settings; }
 
     /// The standard message box. An empty title becomes "Jobwright Message"; dialogBusy is up while it is open.
     Answer msgBox(const QString& text, Buttons buttons = Buttons::Ok, const QString& title = {});
@@ -102,10 +105,11 @@ private:
     Clock m_clock;
     Prompts& m_prompts;
     Desktop& m_desktop;
+    RegAccess m_settings;
     std::unique_ptr<DataJW> m_dataJW;
     QString m_statusLine;
     int m_quiet = 0;
-    int m_held = 0;
+    int m_held = 0; ///< entries at level 0 so far, shown or not
 };
 
 /// Raises dialogBusy for a scope and puts the earlier value back.

@@ -1,0 +1,171 @@
+#include "store/appfolder.h"
+
+#include "store/session.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QLockFile>
+#include <QStandardPaths>
+
+namespace {
+
+QString tr(const char* text)
+{
+    return QCoreApplication::translate("AppFolder", text);
+}
+
+const QString programKey = QStringLiteral("Software\\Ferrow Software\\Jobwright");
+
+/// The registered program: where it lies and how it is removed.
+void writeProgramEntries(Session& session, const QString& version)
+{
+    using enum RegAccess::Hive;
+    RegAccess& settings = session.settings();
+    const QString removal = QStringLiteral("SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\Jobwright");
+    settings.SetKeyValue(CurrentUser, programKey, QStringLiteral("AppPath"), session.folder());
+    // Major, ".", then minor and revision with nothing between them: the name under which it is listed.
+    const QStringList parts = version.split(u'.');
+    settings.SetKeyValue(CurrentUser, removal, QStringLiteral("DisplayName"),
+                         QString(u"Jobwright" + parts.value(0) + u'.' + parts.value(1) + parts.value(2)));
+    settings.SetKeyValue(CurrentUser, removal, QStringLiteral("UninstallString"),
+                         QString(u'"' + session.folder() + u"/JWUninstall.exe\""));
+    session.addLog(QStringLiteral("Jobwright Software Setup complete"));
+}
+
+/// The file types; the desktop learns them from the package's own files, this is the program's record of them.
+void writeFileTypes(Session& session)
+{
+    struct FileType
+    {
+        const char* key;
+        const char* name;
+        const char* icon;
+        const char* ending;
+    };
+    constexpr FileType types[] = {
+        {"jwhTemplate", "Jobwright Help File", "help.ico", ".jwh"},
+        {"jwdDictionary", "Jobwright Dictionary File", "books05.ico", ".jwd"},
+        {"jwGoals", "Jobwright Goals File", "target.bmp", ".jwg"},
+    };
+    RegAccess& settings = session.settings();
+    for (const FileType& type : types) {
+        const QString key = QString::fromLatin1(type.key);
+        settings.SetKeyValue(RegAccess::Hive::ClassesRoot, key, {}, QString::fromLatin1(type.name));
+        settings.SetKeyValue(RegAccess::Hive::ClassesRoot, key + u"\\DefaultIcon", {},
+                             QString(session.folder() + u'/' + QString::fromLatin1(type.icon) + u",0"));
+        settings.SetKeyValue(RegAccess::Hive::ClassesRoot, QString::fromLatin1(type.ending), {}, key);
+    }
+}
+
+/// The data source under its name. The values say what it is on this system; the engine itself reads none of them.
+void writeDataSource(Session& session)
+{
+    using enum RegAccess::Hive;
+    RegAccess& settings = session.settings();
+    const QString source = QStringLiteral("SOFTWARE\\ODBC\\ODBC.INI\\Postledger");
+    session.addLog(QStringLiteral("FInstall"));
+    session.addLog(QStringLiteral("DSN variables Assigned"));
+    settings.SetKeyValue(CurrentUser, source, QStringLiteral("DBQ"), session.databasePath());
+    settings.SetKeyValue(CurrentUser, source, QStringLiteral("Driver"), QStringLiteral("SQLite"));
+    settings.SetKeyValue(CurrentUser, source, QStringLiteral("UID"), QString());
+    session.addLog(QStringLiteral("ODBC.INI setting created"));
+    settings.CreateNewKey(CurrentUser, source + u"\\Engines");
+    session.addLog(QStringLiteral("ODBC Engines setting created"));
+    settings.SetKeyValue(CurrentUser, source + u"\\Engines\\Jet", QStringLiteral("UserCommitSync"), QStringLiteral("Yes"));
+    session.addLog(QStringLiteral("ODBC Jet setting created"));
+    settings.SetKeyValue(CurrentUser, QStringLiteral("Software\\ODBC\\ODBC.INI\\ODBC Data Sources"),
+                         QStringLiteral("Postledger"), QStringLiteral("SQLite (*.db)"));
+    session.addLog(QStringLiteral("ODBC Data Sources Modified"));
+}
+
+/// Delivered files that the folder does not have yet. A user's own file of the same name is left alone.
+void copyDeliveredFiles(const QString& folder)
+{
+    const QString delivered = deliveredFolder();
+    if (delivered.isEmpty())
+        return;
+    for (const QFileInfo& file : QDir(delivered).entryInfoList(QDir::Files)) {
+        const QString target = folder + u'/' + file.fileName();
+        if (!QFile::exists(target))
+            QFile::copy(file.absoluteFilePath(), target);
+    }
+}
+
+} // namespace
+
+QString applicationFolder(const QString& named)
+{
+    QString folder = named;
+    if (folder.isEmpty())
+        folder = qEnvironmentVariable("JOBWRIGHT_FOLDER");
+    if (folder.isEmpty() && QFileInfo::exists(QCoreApplication::applicationDirPath() + u"/Postledger.db"))
+        folder = QCoreApplication::applicationDirPath();
+    if (folder.isEmpty())
+        folder = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/jobwright";
+    return QDir::cleanPath(QFileInfo(folder).absoluteFilePath());
+}
+
+QString deliveredFolder()
+{
+    const QString program = QCoreApplication::applicationDirPath();
+    for (const QString& candidate : {QString(program + u"/../share/jobwright"), QString(program + u"/../../data")}) {
+        if (QFileInfo::exists(candidate + u"/demo/campaign.xml"))
+            return QDir::cleanPath(candidate);
+    }
+    return {};
+}
+
+QString prepareFolder(const QString& folder)
+{
+    const QFileInfo info(folder);
+    if (info.exists() && !info.isDir())
+        return tr("%1 is a file, not a folder.").arg(QDir::toNativeSeparators(folder));
+    if (!info.exists() && !QDir().mkpath(folder))
+        return tr("The folder %1 cannot be made. Please choose another with --folder.").arg(QDir::toNativeSeparators(folder));
+    return {};
+}
+
+InstanceLock::InstanceLock(const QString& folder)
+    : m_file(std::make_unique<QLockFile>(folder + u"/jobwright.lock"))
+{
+    // A lock never grows stale by age: a campaign stays open for days. One whose process is gone is taken over.
+    m_file->setStaleLockTime(0);
+}
+
+InstanceLock::~InstanceLock() = default;
+
+bool InstanceLock::acquire()
+{
+    return m_file->tryLock(0);
+}
+
+QString InstanceLock::holder() const
+{
+    qint64 process = 0;
+    QString host;
+    QString program;
+    if (m_file->error() == QLockFile::PermissionError)
+        return tr("The folder cannot be written: its lock file could not be made.");
+    if (!m_file->getLockInfo(&process, &host, &program))
+        return tr("Jobwright is open already on this folder.");
+    return tr("Jobwright is open already on this folder (process %1 on %2).").arg(process).arg(host);
+}
+
+bool isFirstRun(Session& session)
+{
+    return session.settings().QueryValueS(RegAccess::Hive::CurrentUser, programKey, QStringLiteral("Version")).isEmpty();
+}
+
+void provisionFirstRun(Session& session, const QString& version)
+{
+    writeProgramEntries(session, version);
+    writeFileTypes(session);
+    writeDataSource(session);
+    copyDeliveredFiles(session.folder());
+    QDir().mkpath(session.file(QStringLiteral("exchange")));
+    // Last, so that a first start that dies on the way is a first start again.
+    session.settings().SetKeyValue(RegAccess::Hive::CurrentUser, programKey, QStringLiteral("Version"), version);
+    session.settings().file().sync();
+}

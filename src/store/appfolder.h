@@ -1,0 +1,44 @@
+// Where the program's files lie.
+#pragma once
+
+#include <QString>
+
+#include <memory>
+
+class QLockFile;
+class Session;
+
+/// The application folder: @p named (the --folder option), else JOBWRIGHT_FOLDER, else the program's own folder when a
+/// Postledger.db lies there (portable use), else jobwright in the user's data folder (XDG_DATA_HOME).
+QString applicationFolder(const QString& named);
+
+/// The folder of the files that the program is delivered with: share/jobwright beside an installed program, data in a
+/// source tree. Empty when there is none.
+QString deliveredFolder();
+
+/// Makes the folder when it is missing. "" on success, else why it cannot be used.
+QString prepareFolder(const QString& folder);
+
+/// Keeps a second start away from a folder that is in use.
+class InstanceLock
+{
+public:
+    explicit InstanceLock(const QString& folder);
+    ~InstanceLock();
+    InstanceLock(const InstanceLock&) = delete;
+    InstanceLock& operator=(const InstanceLock&) = delete;
+    /// False when another running program holds the folder. A lock that a dead program left is taken over.
+    bool acquire();
+    /// Who holds the folder, in plain words.
+    [[nodiscard]] QString holder() const;
+
+private:
+    std::unique_ptr<QLockFile> m_file;
+};
+
+/// True until provisionFirstRun() has been through once for this folder.
+bool isFirstRun(Session& session);
+
+/// What the first start of an installation does: settings entries, file types, the delivered data files, the exchange
+/// folder. The marker of a first run is set last.
+void provisionFirstRun(Session& session, const QString& version);

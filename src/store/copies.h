@@ -1,0 +1,45 @@
+// Copies of the database: made with the engine, checked, and kept for a while.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+
+class Session;
+class Database;
+struct sqlite3;
+
+/// The copies in the folder's "backups", newest first, with full paths.
+QStringList listCopies(const QString& folder);
+
+/// Checks a database file in whole. "" when it is sound, else what was found.
+QString checkFile(const QString& path);
+
+/// Copies the open database into @p target, checks the copy and puts it there under its name only when it is sound;
+/// an existing file of that name is replaced. "" on success, else what went wrong.
+QString copyTo(Database& database, const QString& target);
+
+/// Makes the copy that a step which deletes much ("restore", "reset") takes first. False when it could not be made:
+/// the user has been told, and the step must not go on.
+bool copyBefore(Session& session, const QString& reason);
+
+/// The copy of the day, made in small steps so that the screen stays alive: call step() from a timer until it
+/// answers false. Does nothing when the day has its copy. Afterwards the oldest copies are removed: the last ten
+/// daily ones and the last five of each other kind are kept.
+class DailyCopy
+{
+public:
+    explicit DailyCopy(Session& session);
+    ~DailyCopy();
+    DailyCopy(const DailyCopy&) = delete;
+    DailyCopy& operator=(const DailyCopy&) = delete;
+    /// Copies some pages. False when nothing is left to do.
+    bool step();
+    /// "" or, when the last step has been done, what went wrong; a damaged store shows itself here.
+    [[nodiscard]] QString failure() const;
+
+private:
+    struct Impl;
+    std::unique_ptr<Impl> m_impl;
+};

@@ -1,0 +1,42 @@
+// A full look at an open store: soundness, room left for keys, keys that point nowhere.
+#pragma once
+
+#include <QString>
+
+#include <vector>
+
+class Database;
+
+/// The highest key that a table has given out so far.
+struct KeyUse
+{
+    QString table;
+    qint64 highest = 0;
+};
+
+/// Rows whose key points at no row. This is a normal state that every reader tolerates, and worth knowing.
+struct OrphanCount
+{
+    QString column; ///< "Contact.CompanyKey"
+    int rows = 0;
+};
+
+struct StoreCheck
+{
+    QString damage; ///< "" when the file is sound, else what the engine found
+    std::vector<KeyUse> keys;
+    std::vector<OrphanCount> orphans;
+};
+
+/// Keys end at 32767; from here on the user is warned.
+inline constexpr qint64 keyWarning = 30000;
+inline constexpr qint64 keyLimit = 32767;
+
+/// Checks the whole store; throws StoreError when it cannot even be read.
+StoreCheck checkStore(Database& database);
+
+/// The tables whose keys have passed keyWarning; quick, for every start.
+std::vector<KeyUse> keysRunningOut(Database& database);
+
+/// What to tell the user about them, and what to do; "" for none.
+QString keyWarningText(const std::vector<KeyUse>& keys);
