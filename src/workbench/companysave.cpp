@@ -75,7 +75,7 @@ void CompanyScreen::cmdUpdate1()
     // Without its end on the disk the store is as it was, and what was typed stays in the form for another
     // try.
     if (action.commit())
-        showAfterSave(newKey, text::quoteFix(title), inserted && newKey > 0);
+        showAfterSave(newKey, text::quoteFix(title), inserted && newKey > 0 && newKey != oldKey);
 }
 
 bool CompanyScreen::insertRecord(Key oldKey, const QString& title)
