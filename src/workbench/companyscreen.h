@@ -11,7 +11,8 @@
 
 class FrmData;
 
-/// Shows, saves and removes a company; lists its contacts and positions; opens its web pages and its street map.
+/// Shows, saves and removes a company; lists its contacts and positions; opens its web pages and its street
+/// map.
 class CompanyScreen : public QObject
 {
     Q_OBJECT
@@ -22,11 +23,14 @@ public:
 
     [[nodiscard]] Form& form() { return m_form; }
     [[nodiscard]] TreeModel& tvwPosContact() { return m_tree; }
-    /// Place of the profile pointer shpPtr on its scale, 0 (left end) to 1 and above, and whether it is lit (red).
+    /// Place of the profile pointer shpPtr on its scale, 0 (left end) to 1 and above, and whether it is lit
+    /// (red).
     [[nodiscard]] double pointerPlace() const { return m_pointerPlace; }
     [[nodiscard]] bool pointerLit() const { return m_pointerLit; }
     /// Days since the last contact, -1 for none: for the figure above the summary.
     [[nodiscard]] int daysSinceContact() const { return m_daysSinceContact; }
+    /// What an empty web address opens.
+    static QString homePage();
 
     void load(); ///< loadCompanyFrame
     void loadCompanySelection(const QString& name);
@@ -35,8 +39,11 @@ public:
     void adjustProfile();
     /// Switches the company-only fields off for a category and on for everything else.
     void showAsCategory(bool category);
-    /// The figures of a company, gathered from the store, without touching the screen.
+    /// The figures of a company, gathered from the store, without touching the screen. For an unknown name
+    /// all are 0 and the entry date is the one that stands for a missing date.
     static CompanyFigures gather(Session& session, const QString& name);
+    /// Opens a web address with the desktop, the product's home page when it is empty.
+    void openURL(const QString& address);
 
     // --- Events of the fields, called by the binder -------------------------------------------------------
     void fieldKeyDown(const QString& control);
@@ -51,13 +58,27 @@ public slots:
     void lblURL1();
     void lblURL2();
     void lblLocation(); ///< street map
+    void imgTgt();      ///< the target list
     void tvwPosContactDblClick(const QModelIndex& index);
 
 signals:
     void changed();
 
 private:
-    // Fill in as needed.
+    void showNew();
+    bool showSaved(const QString& name);
+    void showFigures(const CompanyFigures& figures, const RecordSet& company);
+    void fillTree(const QString& kind);
+    [[nodiscard]] bool titleMayBeSaved(const QString& title);
+    [[nodiscard]] Key keyToReplace(const QString& title);
+    [[nodiscard]] bool replacementAgreed(Key oldKey, const QString& title);
+    bool insertRecord(Key oldKey, const QString& title);
+    bool insertAddress();
+    [[nodiscard]] QString entryDate(Key oldKey);
+    Key takeOver(Key oldKey, const QString& title);
+    void showAfterSave(Key newKey, const QString& name, bool complete);
+    bool removeRecords(const QString& name);
+
     FrmData& m_workbench;
     Form m_form;
     TreeModel m_tree;

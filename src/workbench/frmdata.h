@@ -14,6 +14,13 @@
 
 class CompanyScreen;
 
+/// How the label beside the company selector looks.
+enum class CompanyLabel {
+    Company,           ///< the normal text colour, transparent
+    CompanyOnGraphics, ///< white, as it stands on the background graphics
+    Category,          ///< white on an opaque back
+};
+
 /// Switches the five screens, holds the company selector and the status bar, and opens every other tool.
 class FrmData : public QObject
 {
@@ -36,10 +43,14 @@ public:
     [[nodiscard]] QString procText() const { return m_procText; }
     [[nodiscard]] bool procVisible() const { return m_procVisible; }
     [[nodiscard]] QString currentTab() const { return m_currentTab; } ///< tab key of TabStrip1
-    [[nodiscard]] QString newToolTip() const { return m_newToolTip; } ///< tool tip of the toolbar's "new" button
-    [[nodiscard]] QString newImage() const { return m_newImage; }     ///< "newco", "newpos" or "newcon"
+    [[nodiscard]] QString newToolTip() const
+    {
+        return m_newToolTip;
+    }                                                             ///< tool tip of the toolbar's "new" button
+    [[nodiscard]] QString newImage() const { return m_newImage; } ///< "newco", "newpos" or "newcon"
     /// "15 companies · 30 positions · 45 contacts" for the status bar.
     [[nodiscard]] QString countsPanel() const { return m_countsPanel; }
+    [[nodiscard]] CompanyLabel companyLabel() const { return m_companyLabel; } ///< the look of Label45
 
     // --- Start and end ------------------------------------------------------------------------------------
     /// The main screen's load routine; false when it failed and the program has to end.
@@ -63,14 +74,22 @@ public:
     void selectCategory();
     void loadCompanyList();
     void cmbSelectionClick(const QString& text);
+    /// Makes @p name the selection and the selector's text, without showing the company.
+    void setSelection(const QString& name);
+    /// Counts the records for the status bar; to be called where their number has changed.
+    void updateCounts();
     /// Runs the whole list of start steps that a restore or another outside change calls for.
     void refresh();
 
     // --- Tools --------------------------------------------------------------------------------------------
-    /// A click on the toolbar button (or the menu entry that does the same) with this key.
+    /// A click on the toolbar button with this key, or on an entry of its drop-down ("company" ...
+    /// "pipeline").
     void tbarButtonClick(const QString& key);
-    /// True when what stands behind this toolbar key exists; else its button is disabled.
+    /// The same for a menu entry by its name ("Uprofile", "Goals", "FileImport", ...).
+    void menuClick(const QString& entry);
+    /// True when what stands behind this toolbar key or menu entry exists; else its button is disabled.
     [[nodiscard]] bool toolAvailable(const QString& key) const;
+    [[nodiscard]] Navigator& navigator() { return m_navigator; }
 
 public slots:
     void fileExport();
@@ -95,14 +114,23 @@ signals:
     void importProgress(bool running);
 
 private:
-    void loadCompanyFrame();
     void loadPositionFrame();
     void loadContactFrame();
     void loadPipelineFrame();
     void loadDocumentFrame();
     void showCompanyScreen();
+    void showPositionScreen();
+    void showContactScreen();
+    void showPipelineScreen();
+    void showDocumentScreen();
+    void setNewButton(const QString& toolTip, const QString& image);
     void readSettings();
-    void updateCounts();
+    void startNewCompany();
+    void newRecord();
+    void openTool(const QString& key, bool fromMenu);
+    void documentation();
+    void writeUsage();
+    void release();
 
     Session& m_session;
     Navigator& m_navigator;
@@ -117,4 +145,5 @@ private:
     QString m_newToolTip;
     QString m_newImage;
     QString m_countsPanel;
+    CompanyLabel m_companyLabel = CompanyLabel::Company;
 };

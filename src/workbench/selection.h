@@ -6,7 +6,8 @@
 #include <QObject>
 #include <QString>
 
-/// The workbench's selection, shared by its screens and read by others. Keys change at each whole-record save.
+/// The workbench's selection, shared by its screens and read by others. Keys change at each whole-record
+/// save.
 class Selection : public QObject
 {
     Q_OBJECT
@@ -14,10 +15,11 @@ class Selection : public QObject
 public:
     using QObject::QObject;
 
-    QString currentScreen = QStringLiteral("Company"); ///< "Company", "Position", "Contact", "Document" or "Pipeline"
-    Key currentCompanyKey = 0;                         ///< 0: no saved company
-    Key currentPositionKey = 0;                        ///< 0: no saved position
-    Key currentContactKey = 0;                         ///< 0: no saved contact
+    QString currentScreen =
+        QStringLiteral("Company"); ///< "Company", "Position", "Contact", "Document" or "Pipeline"
+    Key currentCompanyKey = 0;     ///< 0: no saved company
+    Key currentPositionKey = 0;    ///< 0: no saved position
+    Key currentContactKey = 0;     ///< 0: no saved contact
     QString selectedDocType;
 
     /// The text of the company selector: a company, a category ("~ Name ~"), "<New>", or empty.

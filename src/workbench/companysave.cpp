@@ -1,0 +1,195 @@
+// Saving and removing a whole company.
+#include "base/dates.h"
+#include "base/text.h"
+#include "store/datajw.h"
+#include "workbench/companyscreen.h"
+#include "workbench/fieldtext.h"
+#include "workbench/frmdata.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The front of an Insert that names every column of the table but its key, which the store gives.
+QString insertFront(DataJW& dataJW, const QString& written, const QString& table)
+{
+    return u"INSERT INTO " + written + u" ( " + dataJW.getFields(table).mid(1).join(u',') + u" ) VALUES (";
+}
+
+} // namespace
+
+bool CompanyScreen::titleMayBeSaved(const QString& title)
+{
+    // "<New>" names the selector's own entry: a company of that name could never be chosen again.
+    if (title.trimmed().isEmpty() || title == text::newEntry) {
+        m_workbench.showMessage(tr("Please select a company title to save in the database."));
+        return false;
+    }
+    // A title that begins with "~" would make a category by the back door.
+    if (text::isCategory(m_workbench.selection().selectedCompanyName()) || text::isCategory(title)) {
+        m_workbench.showMessage(
+            tr("You cannot modify categories from this screen. Open the options screen to "
+               "add/remove categories."));
+        return false;
+    }
+    return true;
+}
+
+Key CompanyScreen::keyToReplace(const QString& title)
+{
+    const QString selected = m_workbench.selection().selectedCompanyName();
+    return m_workbench.session().dataJW().getCompanyKey(
+        text::quoteFix(text::isUnsaved(selected) ? title : selected));
+}
+
+bool CompanyScreen::replacementAgreed(Key oldKey, const QString& title)
+{
+    if (oldKey <= 0)
+        return m_workbench.showMessage(tr("Insert new Company?"), Buttons::YesNo) != Answer::No;
+    // Companies are found by their names. A second one of the same name could be reached no more, and the
+    // contacts and positions of this one would go to the other.
+    const QString selected = m_workbench.selection().selectedCompanyName();
+    if (text::isUnsaved(selected) || selected.compare(text::quoteFix(title), Qt::CaseInsensitive) == 0)
+        return true;
+    const Key sameName = m_workbench.session().dataJW().getCompanyKey(text::quoteFix(title));
+    if (sameName == 0 || sameName == oldKey)
+        return true;
+    m_workbench.showMessage(
+        tr("Another company is already called \"%1\". Please choose a different title.").arg(title));
+    return false;
+}
+
+void CompanyScreen::cmdUpdate1()
+{
+    Session& session = m_workbench.session();
+    session.trace(u"Update Company"_s);
+    const QString title = m_form.text(u"txtTitle"_s);
+    if (!titleMayBeSaved(title))
+        return;
+    const Key oldKey = keyToReplace(title);
+    if (!replacementAgreed(oldKey, title))
+        return;
+    Action action(session.dataJW());
+    const bool inserted = insertRecord(oldKey, title);
+    const Key newKey = takeOver(oldKey, title);
+    // Without its end on the disk the store is as it was, and what was typed stays in the form for another
+    // try.
+    if (action.commit())
+        showAfterSave(newKey, text::quoteFix(title), inserted && newKey > 0 && newKey != oldKey);
+}
+
+bool CompanyScreen::insertRecord(Key oldKey, const QString& title)
+{
+    DataJW& dataJW = m_workbench.session().dataJW();
+    QString company = insertFront(dataJW, u"COMPANY"_s, u"Company"_s);
+    const bool addressInserted = insertAddress();
+    // The store is never asked for the number it gave: with one user the highest key is that of the row just
+    // added.
+    const Key addressKey = dataJW.getCount(u"Address"_s, false, u"AddressKey"_s);
+    const auto value = [this](const QString& control) {
+        return fieldtext::quoted(m_form.text(control)) + u',';
+    };
+    company += fieldtext::quoted(title) + u',' + value(u"txtShort"_s) + u'\'' + QString::number(addressKey) +
+               u"'," + value(u"txtIndustry"_s) + value(u"txtCompanyNotes"_s) + u'\'' + entryDate(oldKey) +
+               u"');";
+    return dataJW.execQuery(company) && addressInserted && addressKey > 0;
+}
+
+bool CompanyScreen::insertAddress()
+{
+    Session& session = m_workbench.session();
+    QString address = insertFront(session.dataJW(), u"Address"_s, u"Address"_s);
+    // Lines behind the first are all kept in the second column, with their own line ends.
+    const QString lines = fieldtext::toShown(m_form.text(u"txtAddress"_s));
+    const auto split = lines.indexOf(u'\n');
+    address += fieldtext::quoted(split < 0 ? lines : lines.left(split)) + u',' +
+               fieldtext::quoted(split < 0 ? QString() : lines.mid(split + 1)) + u',';
+    for (const QString& control : {u"txtCity"_s, u"txtState"_s, u"txtZip"_s})
+        address += fieldtext::quoted(m_form.text(control)) + u',';
+    address += u"'USA',";
+    for (const QString& control : {u"txtP1"_s, u"txtP2"_s, u"txtP3"_s, u"txtFax"_s, u"txtEm1"_s, u"txtEm2"_s,
+                                   u"txtURL1"_s, u"txtURL2"_s})
+        address += fieldtext::quoted(m_form.text(control)) + u',';
+    return session.dataJW().execQuery(address + u'\'' + dates::mdyy(session.today()) + u"');");
+}
+
+QString CompanyScreen::entryDate(Key oldKey)
+{
+    Session& session = m_workbench.session();
+    if (oldKey <= 0)
+        return session.todayText();
+    DataJW& dataJW = session.dataJW();
+    return dataJW.getCompany(dataJW.getCompanyNameByKey(oldKey)).text(u"EntryDate");
+}
+
+Key CompanyScreen::takeOver(Key oldKey, const QString& title)
+{
+    DataJW& dataJW = m_workbench.session().dataJW();
+    const QString name = text::quoteFix(title);
+    // The row that was replaced goes before the new one is looked up by its name, or the old key would come
+    // back.
+    if (oldKey > 0)
+        dataJW.delRecord(oldKey, u"Company"_s);
+    const Key newKey = dataJW.getCompanyKey(name);
+    if (oldKey > 0) {
+        dataJW.updateCompanySubset(name, oldKey);
+        dataJW.execQuery(u"Update Event Set CompanyKey=" + QString::number(newKey) + u" where CompanyKey=" +
+                         QString::number(oldKey));
+    }
+    return newKey;
+}
+
+void CompanyScreen::showAfterSave(Key newKey, const QString& name, bool complete)
+{
+    // When a part of the record did not get into the store, the form keeps what was typed, so that another
+    // save can bring it in.
+    if (complete)
+        m_workbench.setSelection(name);
+    m_workbench.loadCompanyList();
+    m_workbench.selectCategory();
+    m_workbench.savedSbar();
+    m_workbench.selection().currentCompanyKey = newKey;
+    if (complete)
+        loadCompanySelection(name);
+    m_workbench.updateCounts();
+}
+
+void CompanyScreen::cmdRemove1()
+{
+    Session& session = m_workbench.session();
+    const QString name = m_workbench.selection().selectedCompanyName();
+    if (text::isCategory(name)) {
+        m_workbench.showMessage(
+            tr("You cannot modify categories from this screen. Open the options screen to "
+               "add/remove categories."));
+        return;
+    }
+    const QString question =
+        tr("Are you sure you want to completely remove this COMPANY and all contacts, address "
+           "information, and document relationships from the database?");
+    if (m_workbench.showMessage(question, Buttons::YesNoDefaultNo) != Answer::Yes)
+        return;
+    session.trace(u"Remove Company"_s);
+    if (!removeRecords(name))
+        return;
+    m_workbench.setSelection({});
+    m_workbench.selection().currentCompanyKey = 0;
+    clearCompanyForm();
+    load();
+    m_workbench.selectCategory();
+    m_workbench.updateCounts();
+    emit changed();
+}
+
+bool CompanyScreen::removeRecords(const QString& name)
+{
+    DataJW& dataJW = m_workbench.session().dataJW();
+    const Key key = text::isUnsaved(name) ? Key{0} : dataJW.getCompanyKey(text::quoteFix(name));
+    // Events that belong to no company carry the key 0: removing "nothing" would take them all.
+    if (key <= 0)
+        return text::isUnsaved(name);
+    Action action(dataJW);
+    dataJW.removeRec(u"Company"_s, text::quoteFix(name));
+    dataJW.delContactsByCompany(key);
+    return action.commit();
+}

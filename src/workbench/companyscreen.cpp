@@ -1,0 +1,268 @@
+#include "workbench/companyscreen.h"
+
+#include "base/text.h"
+#include "store/datajw.h"
+#include "store/storeerror.h"
+#include "workbench/fieldtext.h"
+#include "workbench/frmdata.h"
+
+#include <QLocale>
+
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+std::vector<FieldRow> companyForm()
+{
+    return {
+        {u"txtTitle"_s, u"Name"_s, SaveOn::Record},
+        {u"txtShort"_s, u"ShortName"_s, SaveOn::Leave},
+        {u"txtIndustry"_s, u"Industry"_s, SaveOn::Leave},
+        {u"txtCompanyNotes"_s, u"Notes"_s, SaveOn::Leave},
+        {u"txtAddress"_s, {}, SaveOn::Record}, // Address1 and Address2
+        {u"txtCity"_s, u"City"_s, SaveOn::Record},
+        {u"txtState"_s, u"State"_s, SaveOn::Record},
+        {u"txtZip"_s, u"Zip"_s, SaveOn::Record},
+        {u"txtP1"_s, u"Phone1"_s, SaveOn::Record},
+        {u"txtP2"_s, u"Phone2"_s, SaveOn::Record},
+        {u"txtP3"_s, u"Phone3"_s, SaveOn::Record},
+        {u"txtFax"_s, u"Fax"_s, SaveOn::Record},
+        {u"txtEm1"_s, u"Email1"_s, SaveOn::Record},
+        {u"txtEm2"_s, u"Email2"_s, SaveOn::Record},
+        {u"txtURL1"_s, u"URL1"_s, SaveOn::Record},
+        {u"txtURL2"_s, u"URL2"_s, SaveOn::Record},
+        {u"txtPosCount"_s, {}, SaveOn::Never},
+        {u"txtContCount"_s, {}, SaveOn::Never},
+        {u"txtLastCont"_s, {}, SaveOn::Never},
+        {u"txtEntryDate"_s, {}, SaveOn::Never},
+        {u"txtHTRatio"_s, {}, SaveOn::Never},
+        {u"txtRTRatio"_s, {}, SaveOn::Never},
+        {u"txtSummary"_s, {}, SaveOn::Never},
+    };
+}
+
+QString shownDate(QDate date)
+{
+    return QLocale().toString(date, QLocale::ShortFormat);
+}
+
+/// A ratio above 0 for its box, rounded to two decimals (a half to the even digit); "" for any other.
+QString shownRatio(double ratio)
+{
+    if (ratio <= 0)
+        return {};
+    return QLocale().toString(std::nearbyint(ratio * 100) / 100, 'f', QLocale::FloatingPointShortest);
+}
+
+} // namespace
+
+CompanyScreen::CompanyScreen(FrmData& workbench)
+    : m_workbench(workbench)
+    , m_form(companyForm())
+{
+}
+
+CompanyScreen::~CompanyScreen() = default;
+
+void CompanyScreen::load()
+{
+    m_workbench.session().trace(u"frmData - loadCompanyFrame"_s);
+    m_workbench.selection().currentScreen = u"Company"_s;
+    m_workbench.loadCompanyList();
+    const QString name = m_workbench.selection().selectedCompanyName();
+    m_tree.clear();
+    if (!name.isEmpty())
+        loadCompanySelection(name);
+    // A company that is shown has brought its contacts along; without one the tree is its root alone.
+    if (m_tree.rowCount() == 0)
+        fillTree(u"contact"_s);
+}
+
+void CompanyScreen::loadCompanySelection(const QString& name)
+{
+    const bool saved = !text::isUnsaved(name) && showSaved(name);
+    if (!saved)
+        showNew();
+    m_workbench.clearPipeBoxes();
+    adjustProfile();
+    m_workbench.savedSbar();
+    emit changed();
+}
+
+void CompanyScreen::showNew()
+{
+    Selection& selection = m_workbench.selection();
+    clearCompanyForm();
+    selection.currentCompanyKey = 0;
+    m_form.setVisible(u"imgTgt"_s, false);
+    if (selection.selectedCompanyName() != text::newEntry)
+        return;
+    m_form.setText(u"txtSummary"_s, tr("New Company"));
+    if (m_workbench.form().isVisible(u"frmeCompany"_s))
+        m_form.requestFocus(u"txtTitle"_s);
+}
+
+bool CompanyScreen::showSaved(const QString& name)
+{
+    Session& session = m_workbench.session();
+    const RecordSet company = session.dataJW().getCompany(text::quoteFix(name));
+    if (company.isEmpty()) {
+        // Gone since the list was filled (a restore, a removal elsewhere), or not to be read: nothing is
+        // selected then, so that no later step takes the empty form for that company's.
+        m_workbench.setSelection({});
+        m_workbench.selectCategory();
+        return false;
+    }
+    fillForm(company);
+    showFigures(gather(session, company.text(u"Name")), company);
+    // The selector finds a name in any case of its letters; what it shows is the stored one.
+    m_workbench.setSelection(company.text(u"Name"));
+    fillTree(m_tree.data(m_tree.index(0, 0), TreeModel::KindRole).toString());
+    return true;
+}
+
+void CompanyScreen::fillForm(const RecordSet& record)
+{
+    Session& session = m_workbench.session();
+    session.trace(u"frmData - FillForm (Company)"_s);
+    const auto key = record.key(u"CompanyKey");
+    if (!key) {
+        const StoreError overflow(tr("Overflow"), StoreError::Overflow, u"Jobwright"_s);
+        session.logError(u"frmData - FillForm (Company)"_s, 0, &overflow);
+    }
+    m_workbench.selection().currentCompanyKey = key.value_or(0);
+    const RecordSet address = session.dataJW().getAddress(record.key(u"AddressKey").value_or(0));
+    for (const FieldRow& row : m_form.rows()) {
+        if (row.column.isEmpty())
+            continue;
+        const RecordSet& source = record.columnIndex(row.column) >= 0 ? record : address;
+        m_form.setText(row.control, fieldtext::toShown(source.text(row.column)));
+    }
+    // The line break stands there without a second line too: the save splits at the first one.
+    m_form.setText(u"txtAddress"_s,
+                   fieldtext::toShown(address.text(u"Address1") + text::crlf + address.text(u"Address2")));
+}
+
+void CompanyScreen::clearCompanyForm()
+{
+    m_form.clear();
+    m_tree.clear();
+    m_daysSinceContact = -1;
+}
+
+void CompanyScreen::showFigures(const CompanyFigures& figures, const RecordSet& company)
+{
+    const QDate today = m_workbench.session().today();
+    m_form.setText(u"txtPosCount"_s, QString::number(figures.positionCount));
+    m_form.setText(u"txtContCount"_s, QString::number(figures.contactCount));
+    // Boxes without a figure of this company are emptied; they would show the one before it.
+    const QDate entered = company.date(u"EntryDate");
+    m_form.setText(u"txtEntryDate"_s, entered.isValid() ? shownDate(entered) : QString());
+    m_form.setText(u"txtLastCont"_s, figures.contactCount != 0 ? shownDate(figures.lastContact) : QString());
+    m_form.setText(u"txtRTRatio"_s, shownRatio(figures.rankRatio));
+    m_form.setText(u"txtHTRatio"_s, shownRatio(figures.historyRatio));
+    m_form.setVisible(u"imgTgt"_s, figures.isTarget);
+    m_form.setText(u"txtSummary"_s, companySummary(figures, today));
+    m_daysSinceContact =
+        figures.lastContact > dates::sentinel ? static_cast<int>(figures.lastContact.daysTo(today)) : -1;
+}
+
+void CompanyScreen::adjustProfile()
+{
+    Session& session = m_workbench.session();
+    const Key rank = session.dataJW().getProfileRank(false, m_workbench.selection().currentCompanyKey);
+    const Key count = session.dataJW().getProfileCount(false);
+    if (rank < 0) {
+        m_pointerPlace = 0;
+        m_pointerLit = false;
+    } else if (count > 0) {
+        m_pointerPlace = double(rank) / count;
+        m_pointerLit = true;
+    } else {
+        // A questionnaire without questions has no scale to place a rank on: the pointer stays where it was.
+        const StoreError division(tr("Division by zero"), 11, u"Jobwright"_s);
+        session.logError(u"frmData - adjustProfile"_s, 1, &division);
+    }
+    emit changed();
+}
+
+void CompanyScreen::showAsCategory(bool category)
+{
+    static const QStringList companyOnly{u"txtShort"_s, u"txtAddress"_s,  u"txtCity"_s,    u"txtState"_s,
+                                         u"txtZip"_s,   u"txtEm1"_s,      u"txtEm2"_s,     u"txtURL1"_s,
+                                         u"txtURL2"_s,  u"txtP1"_s,       u"txtP2"_s,      u"txtP3"_s,
+                                         u"txtFax"_s,   u"txtIndustry"_s, u"imgPosition"_s};
+    for (const QString& control : companyOnly)
+        m_form.setEnabled(control, !category);
+    m_form.setEnabled(u"cmdProfile1"_s, !category && m_workbench.navigator().hasScreen(u"FrmProfileComp"_s));
+}
+
+void CompanyScreen::fillTree(const QString& kind)
+{
+    const bool positions = kind == u"position";
+    const QString name = m_workbench.selection().selectedCompanyName();
+    m_tree.clear();
+    const QModelIndex root = m_tree.add({}, positions ? tr("Positions") : tr("Contacts"), u"A0"_s,
+                                        positions ? u"position"_s : u"contact"_s);
+    if (text::isUnsaved(name) || (positions && text::isCategory(name)))
+        return;
+    DataJW& dataJW = m_workbench.session().dataJW();
+    m_tree.setChildren(root, positions ? dataJW.getPositionNames(name) : dataJW.getContactNames(name),
+                       positions ? u"position"_s : u"contact"_s);
+}
+
+void CompanyScreen::imgContact()
+{
+    fillTree(u"contact"_s);
+}
+
+void CompanyScreen::imgPosition()
+{
+    fillTree(u"position"_s);
+}
+
+void CompanyScreen::tvwPosContactDblClick(const QModelIndex& index)
+{
+    if (!index.parent().isValid())
+        return;
+    // Here the Contact or Position screen takes the record: it looks it up by the node's text, fills its form
+    // and shows it in its own selector.
+    const bool position = m_tree.data(index, TreeModel::KindRole).toString() == u"position";
+    m_workbench.tabStrip1Click(position ? u"Position"_s : u"Contact"_s);
+}
+
+// --- Events of the fields ---------------------------------------------------------------------------------
+
+void CompanyScreen::fieldKeyDown(const QString&)
+{
+    m_workbench.setSbar(u"Company"_s);
+}
+
+void CompanyScreen::fieldChanged(const QString&)
+{
+    m_workbench.sbarVis();
+}
+
+void CompanyScreen::fieldLeft(const QString& control)
+{
+    const FieldRow* row = m_form.row(control);
+    // A field that holds what is stored has nothing to write: walking through the form with the tab key costs
+    // nothing.
+    if (!row || row->save != SaveOn::Leave || !m_form.isDirty(control))
+        return;
+    const QString selected = m_workbench.selection().selectedCompanyName();
+    if (text::isUnsaved(selected) || text::isCategory(selected))
+        return;
+    DataJW& dataJW = m_workbench.session().dataJW();
+    const Key key = dataJW.getCompanyKey(text::quoteFix(selected));
+    const bool written = key > 0 && dataJW.execQuery(u"Update Company set " + row->column + u"=" +
+                                                     fieldtext::quoted(m_form.text(control)) +
+                                                     u" where companykey=" + QString::number(key));
+    // What was not written stays marked as changed, and the next leaving of the field tries again.
+    if (!written)
+        return;
+    m_form.markClean(control);
+    m_workbench.savedSbar();
+}

@@ -1,0 +1,299 @@
+// The shell: selection, status bar, tabs. Start and end, and the tools, have files of their own.
+#include "workbench/frmdata.h"
+
+#include "base/text.h"
+#include "store/datajw.h"
+#include "workbench/companyscreen.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr std::array<QStringView, 5> frames{u"frmeCompany", u"frmePosition", u"frmeContact", u"frmeDocument",
+                                            u"frmePipeline"};
+
+std::vector<FieldRow> shellForm()
+{
+    std::vector<FieldRow> rows{{u"cmbSelection"_s, {}, SaveOn::Never},
+                               {u"Label45"_s, {}, SaveOn::Never},
+                               {u"pbarLoad"_s, {}, SaveOn::Never},
+                               {u"sbar"_s, {}, SaveOn::Never}}; // the bar's simple text
+    for (const QStringView frame : frames)
+        rows.push_back({frame.toString(), {}, SaveOn::Never});
+    return rows;
+}
+
+} // namespace
+
+FrmData::FrmData(Session& session, Navigator& navigator)
+    : m_session(session)
+    , m_navigator(navigator)
+    , m_form(shellForm())
+    , m_company(std::make_unique<CompanyScreen>(*this))
+{
+    m_form.setText(u"Label45"_s, tr("Company"));
+    m_form.setVisible(u"pbarLoad"_s, false);
+}
+
+QString FrmData::versionPanel() const
+{
+    return tr("Jobwright v.") + QCoreApplication::applicationVersion() + u' ';
+}
+
+// --- Status bar -------------------------------------------------------------------------------------------
+
+void FrmData::setSbar(const QString& kind)
+{
+    m_procText = tr("Update ") + kind;
+    emit changed();
+}
+
+void FrmData::sbarVis()
+{
+    // Here the Position screen's txtPosTitle is trimmed: at every change, whichever field it was.
+    m_procVisible = true;
+    emit changed();
+}
+
+void FrmData::savedSbar()
+{
+    m_procVisible = false;
+    emit changed();
+}
+
+void FrmData::showProc(const QString& text)
+{
+    m_procText = text;
+    m_procVisible = true;
+    emit changed();
+}
+
+void FrmData::updateCounts()
+{
+    const auto counted = [](int number, const QString& one, const QString& many) {
+        return number == 1 ? one : many.arg(number);
+    };
+    // Categories are company rows too, but nobody counts them as companies.
+    const auto companies = std::ranges::count_if(
+        m_companyList, [](const QString& name) { return name != text::newEntry && !text::isCategory(name); });
+    DataJW& dataJW = m_session.dataJW();
+    m_countsPanel =
+        QStringList{counted(static_cast<int>(companies), tr("1 company"), tr("%1 companies")),
+                    counted(dataJW.getCount(u"Position"_s, true), tr("1 position"), tr("%1 positions")),
+                    counted(dataJW.getCount(u"Contact"_s, true), tr("1 contact"), tr("%1 contacts"))}
+            .join(u" · "_s);
+    emit changed();
+}
+
+Answer FrmData::showMessage(const QString& prompt, Buttons buttons, const QString& title)
+{
+    return m_session.msgBox(prompt, buttons, title);
+}
+
+QStringList FrmData::csvParse(const QString& keyList)
+{
+    m_session.trace(u"frmdata - csvParse"_s);
+    return text::csvParse(keyList);
+}
+
+// --- Company selector -------------------------------------------------------------------------------------
+
+void FrmData::setSelection(const QString& name)
+{
+    m_selection.setSelectedCompanyName(name);
+    m_form.setText(u"cmbSelection"_s, name);
+}
+
+void FrmData::loadCompanyList()
+{
+    QStringList names = m_session.dataJW().getCompanyNames();
+    names.append(text::newEntry.toString());
+    // The list is read at every return to the window; a view with thousands of names need not take it in
+    // again when nothing is new.
+    if (names != m_companyList) {
+        m_companyList = std::move(names);
+        emit companyListChanged();
+    }
+    if (!text::isUnsaved(m_selection.selectedCompanyName()))
+        selectCategory();
+}
+
+void FrmData::selectCategory()
+{
+    const bool category = text::isCategory(m_selection.selectedCompanyName());
+    if (category)
+        m_companyLabel = CompanyLabel::Category;
+    else if (m_session.dataJW().getStatusValue(u"ScreenGraphics"_s, true).toInt() != 0)
+        m_companyLabel = CompanyLabel::CompanyOnGraphics;
+    else
+        m_companyLabel = CompanyLabel::Company;
+    m_form.setText(u"Label45"_s, category ? tr("Category") : tr("Company"));
+    m_company->showAsCategory(category);
+    emit changed();
+}
+
+void FrmData::cmbSelectionClick(const QString& text)
+{
+    clearPipeBoxes();
+    setSelection(text);
+    selectCategory();
+    // A category has no positions, and a company that does not exist yet can be entered on its own screen
+    // only.
+    if ((text::isCategory(text) && m_form.isVisible(u"frmePosition"_s)) ||
+        (text == text::newEntry && !m_form.isVisible(u"frmeCompany"_s))) {
+        startNewCompany();
+        return;
+    }
+    m_company->loadCompanySelection(text);
+    // Here the screen that is open takes the company: Position refills its contacts and places its pointer,
+    // Contact clears its form, Pipeline opens the company's node.
+}
+
+void FrmData::startNewCompany()
+{
+    m_form.requestFocus(u"TabStrip1"_s);
+    setSelection(text::newEntry.toString());
+    selectCategory();
+    tabStrip1Click(u"Company"_s);
+    m_company->form().requestFocus(u"txtTitle"_s);
+}
+
+void FrmData::clearPipeBoxes()
+{
+    // The Pipeline screen's step boxes are cleared here once it is there.
+}
+
+// --- Tabs -------------------------------------------------------------------------------------------------
+
+void FrmData::clearStrip()
+{
+    m_form.setText(u"sbar"_s, {});
+    for (const QStringView frame : frames)
+        m_form.setVisible(frame.toString(), false);
+}
+
+void FrmData::tabStrip1Click(const QString& tabKey)
+{
+    m_currentTab = tabKey;
+    if (tabKey == u"Company") {
+        showCompanyScreen();
+        return;
+    }
+    clearStrip();
+    if (tabKey == u"Position")
+        showPositionScreen();
+    else if (tabKey == u"Contact")
+        showContactScreen();
+    else if (tabKey == u"Pipeline")
+        showPipelineScreen();
+    else if (tabKey == u"Document")
+        showDocumentScreen();
+    emit changed();
+}
+
+void FrmData::setNewButton(const QString& toolTip, const QString& image)
+{
+    m_newToolTip = toolTip;
+    m_newImage = image;
+}
+
+void FrmData::showCompanyScreen()
+{
+    m_currentTab = u"Company"_s;
+    clearStrip();
+    m_session.trace(u"Open Company Screen"_s);
+    m_form.setVisible(u"frmeCompany"_s, true);
+    setNewButton(tr("New Company"), u"newco"_s);
+    m_company->load();
+    emit changed();
+}
+
+void FrmData::showPositionScreen()
+{
+    m_session.trace(u"Open Position Screen"_s);
+    m_form.setVisible(u"frmePosition"_s, true);
+    setNewButton(tr("New Position"), u"newpos"_s);
+    loadPositionFrame();
+}
+
+void FrmData::loadPositionFrame()
+{
+    m_session.trace(u"frmData - loadPositionFrame"_s);
+    m_selection.currentScreen = u"Position"_s;
+    const QString selected = m_selection.selectedCompanyName();
+    if (!text::isUnsaved(selected) && !text::isCategory(selected)) {
+        // Here the Position screen clears its form and loads the company's positions and contacts.
+        clearPipeBoxes();
+        selectCategory();
+        return;
+    }
+    showMessage(tr("Please select a company before viewing positions."));
+    clearPipeBoxes();
+    showCompanyScreen();
+    // Loading the company hides the panel; what happened is said when the user is there.
+    showProc(tr("<Unassigned> Selected."));
+}
+
+void FrmData::showContactScreen()
+{
+    m_session.trace(u"Open Contact Screen"_s);
+    m_form.setVisible(u"frmeContact"_s, true);
+    setNewButton(tr("New Contact"), u"newcon"_s);
+    loadContactFrame();
+}
+
+void FrmData::loadContactFrame()
+{
+    m_session.trace(u"frmData - loadContactFrame"_s);
+    m_selection.currentScreen = u"Contact"_s;
+    if (text::isUnsaved(m_selection.selectedCompanyName())) {
+        // The screen stays open, empty: a contact list needs no company to look at. A category counts as one,
+        // as people may be kept under a category alone.
+        showMessage(tr("Please select a company before viewing contacts."));
+        showProc(tr("No company selected."));
+        return;
+    }
+    // Here the Contact screen clears its form and loads the company's contacts and the documents to give.
+    selectCategory();
+}
+
+void FrmData::showPipelineScreen()
+{
+    m_session.trace(u"Open Pipeline Screen"_s);
+    const Key companies = m_session.dataJW().getCount(u"Company"_s, true);
+    if (companies == 0) {
+        showMessage(tr("No companies exist in your database.  Pipeline cannot be accessed."));
+        m_session.trace(u"No companies, Pipeline aborted."_s);
+        return;
+    }
+    m_form.setVisible(u"frmePipeline"_s, true);
+    m_form.setText(u"pbarLoad"_s, QString::number(companies)); // the bar's end; it begins at 0
+    m_form.setVisible(u"pbarLoad"_s, true);
+    loadPipelineFrame();
+    m_form.setVisible(u"pbarLoad"_s, false);
+}
+
+void FrmData::loadPipelineFrame()
+{
+    // Here the Pipeline screen builds its tree and shows its visual page.
+    m_selection.currentScreen = u"Pipeline"_s;
+}
+
+void FrmData::showDocumentScreen()
+{
+    m_session.trace(u"Open Document Screen"_s);
+    m_form.setVisible(u"frmeDocument"_s, true);
+    // The "new" button stays as the screen before left it: a document is added by a button of its own screen.
+    loadDocumentFrame();
+}
+
+void FrmData::loadDocumentFrame()
+{
+    // Here the Document screen loads its tree.
+    m_selection.currentScreen = u"Document"_s;
+}

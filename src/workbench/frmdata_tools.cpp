@@ -1,0 +1,201 @@
+// The doors from the workbench to the other tools: toolbar, menus, export and restore, help.
+#include "base/text.h"
+#include "store/datajw.h"
+#include "workbench/companyscreen.h"
+#include "workbench/frmdata.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// What happens when a tool's screen is closed again.
+enum class Then { Stay, CompanyScreen, CompanyScreenFocused };
+
+struct Tool
+{
+    QStringView key;    ///< of its toolbar button
+    QStringView entry;  ///< name of its menu entry
+    QStringView screen; ///< as the navigator knows it
+    QStringView toolbarLine;
+    QStringView menuLine;
+    Then then = Then::Stay;
+};
+
+constexpr std::array<Tool, 14> tools{{
+    {u"uprofile", u"Uprofile", u"FrmUProfile", u"Open Profile Screen - from Toolbar",
+     u"Open Profile Screen - from Menu", Then::CompanyScreenFocused},
+    {u"goals", u"Goals", u"FrmGoals", u"Open Goals Screen", u"Open Goals Screen from Menu",
+     Then::CompanyScreen},
+    {u"keysearch", u"Keysearch", u"FrmKeySearch", u"Open/Set Focus on KeySearch Screen",
+     u"Open/Set Focus on KeySearch Screen from Menu", Then::CompanyScreen},
+    // What the user prefers in a company or position is what the template asks for: hence the entry's name.
+    {u"editor", u"ToolsPreferences", u"FrmEditor", {}, u"Open Profile Editor from Menu"},
+    {u"reminder", u"Reminder", u"FrmReminder", {}, {}},
+    {u"events", u"Events", u"FrmEvCal", u"Open Calendar Screen", u"Open Calendar Screen"},
+    {u"import", u"FileImport", u"FrmImport", {}, {}},
+    {u"options", u"ToolsOptions", u"FrmOptions", {}, {}},
+    {u"stats", {}, u"FrmStats", {}, {}},
+    {u"help", u"HelpAll", u"FrmHelpBox", {}, {}},
+    {u"target", u"targets", u"FrmTargets", {}, {}},
+    {u"plan", u"ActionPlan", u"FrmActionPlan", {}, {}},
+    {u"launch", {}, u"FrmLaunchGuide", {}, {}},
+    {u"report", u"PrintReport", u"FrmReport", {}, {}},
+}};
+
+const Tool* findTool(const QString& keyOrEntry)
+{
+    const auto found = std::ranges::find_if(
+        tools, [&](const Tool& tool) { return tool.key == keyOrEntry || tool.entry == keyOrEntry; });
+    return found == tools.end() ? nullptr : &*found;
+}
+
+/// The tab that an entry of the toolbar button's drop-down stands for; empty for any other key.
+QString tabOf(const QString& key)
+{
+    static const QStringList tabs{u"Company"_s, u"Position"_s, u"Contact"_s, u"Document"_s, u"Pipeline"_s};
+    const auto found = std::ranges::find_if(tabs, [&](const QString& tab) { return tab.toLower() == key; });
+    return found == tabs.end() ? QString() : *found;
+}
+
+QString documentationPath(const Session& session)
+{
+    return session.folder() + QString(session.helpDocument).replace(u'\\', u'/');
+}
+
+} // namespace
+
+bool FrmData::toolAvailable(const QString& key) const
+{
+    if (const Tool* tool = findTool(key))
+        return m_navigator.hasScreen(tool->screen.toString());
+    if (key == u"helpdox" || key == u"Documentation")
+        return !m_session.helpDocument.isEmpty() && QFileInfo::exists(documentationPath(m_session));
+    return true;
+}
+
+void FrmData::tbarButtonClick(const QString& key)
+{
+    if (key == u"new")
+        newRecord();
+    else if (key == u"helpdox")
+        documentation();
+    else if (const QString tab = tabOf(key); !tab.isEmpty()) {
+        m_form.requestFocus(u"TabStrip1"_s);
+        tabStrip1Click(tab);
+    } else {
+        openTool(key, false);
+    }
+}
+
+void FrmData::menuClick(const QString& entry)
+{
+    if (entry == u"Documentation")
+        documentation();
+    else
+        openTool(entry, true);
+}
+
+void FrmData::openTool(const QString& key, bool fromMenu)
+{
+    const Tool* tool = findTool(key);
+    if (!tool || !toolAvailable(key))
+        return;
+    if (const QStringView line = fromMenu ? tool->menuLine : tool->toolbarLine; !line.isEmpty())
+        m_session.trace(line.toString());
+    if (tool->key == u"editor") {
+        // Reminders must not come up while the template is open.
+        const BusyScope busy(m_session);
+        m_navigator.openScreen(tool->screen.toString());
+    } else {
+        m_navigator.openScreen(tool->screen.toString());
+    }
+    if (tool->then == Then::CompanyScreenFocused)
+        m_form.requestFocus(u"TabStrip1"_s);
+    if (tool->then != Then::Stay)
+        tabStrip1Click(u"Company"_s);
+}
+
+void FrmData::newRecord()
+{
+    // The button says what it makes. On the Document and Pipeline screens that is still what the screen
+    // before made.
+    if (m_newImage == u"newpos") {
+        // Here the Position screen chooses "<New>" and puts the focus on txtPosTitle.
+    } else if (m_newImage == u"newcon") {
+        // Here the Contact screen chooses "<New>" and puts the focus on txtFirst.
+    } else {
+        cmbSelectionClick(text::newEntry.toString());
+    }
+}
+
+// --- Export and restore -----------------------------------------------------------------------------------
+
+void FrmData::fileExport()
+{
+    QString name = m_session.dataJW().getStatusValue(u"ExportFile"_s);
+    if (name.isEmpty())
+        name = u"Export.xml"_s;
+    // Nothing written has been reported already, and must not be followed by the good news.
+    if (m_session.dataJW().createXML(name, false).isEmpty())
+        return;
+    showMessage(tr("Data has been exported to ") + QDir::toNativeSeparators(m_session.file(name)));
+}
+
+void FrmData::restoreData()
+{
+    const QString name = u"restore.xml"_s;
+    const QString path = m_session.file(name);
+    if (!QFileInfo::exists(path)) {
+        showMessage(tr("Could not locate restore file in ") + QDir::toNativeSeparators(m_session.folder()) +
+                    tr(" directory. Creating restore file."));
+        m_session.dataJW().createXML(name, true);
+    } else if (showMessage(
+                   tr("A restore file was found.  Would you like to restore your database now? This will "
+                      "DELETE your current database."),
+                   Buttons::YesNoDefaultNo, tr("Restore Database.")) == Answer::Yes) {
+        emit importProgress(true);
+        m_session.dataJW().importXML(path);
+        emit importProgress(false);
+    } else if (showMessage(tr("Would you like to overwrite your restore file with an updated version?"),
+                           Buttons::YesNoDefaultNo, tr("Overwrite Restore File?")) == Answer::Yes) {
+        m_session.dataJW().createXML(name, true);
+    }
+    refresh();
+}
+
+// --- Help and keys ----------------------------------------------------------------------------------------
+
+void FrmData::documentation()
+{
+    const QString path = documentationPath(m_session);
+    if (!m_session.desktop().openDocument(path))
+        showMessage(tr("The document \"%1\" could not be opened.").arg(QDir::toNativeSeparators(path)));
+}
+
+void FrmData::helpAbout()
+{
+    const QString user = m_session.dataJW().getStatusValue(u"UserName"_s, true);
+    QString about = tr("Jobwright %1").arg(QCoreApplication::applicationVersion());
+    if (!user.isEmpty())
+        about += u'\n' + tr("This campaign belongs to %1.").arg(user);
+    showMessage(about, Buttons::Ok, tr("About Jobwright"));
+}
+
+void FrmData::ctrlS()
+{
+    // Fields save themselves and records have their button; the key is taken, and says so.
+    showMessage(u"CTRL-S"_s);
+}
+
+void FrmData::help(int contextId)
+{
+    if (contextId > 0)
+        m_navigator.openHelp(contextId);
+}

@@ -1,0 +1,98 @@
+// A workbench of its own for each test, on a real store.
+#pragma once
+
+#include "base/dates.h"
+#include "support/world.h"
+#include "workbench/companyscreen.h"
+#include "workbench/frmdata.h"
+
+#include <functional>
+
+using namespace Qt::StringLiterals;
+
+/// Notes which screens were asked for; has those that a test gives it.
+class NotedNavigator : public Navigator
+{
+public:
+    bool hasAll = true;
+    QStringList opened;
+    QList<int> helped;
+    std::function<void()> whileOpen;
+
+    [[nodiscard]] bool hasScreen(const QString&) const override { return hasAll; }
+    void openScreen(const QString& screen) override
+    {
+        opened.append(screen);
+        if (whileOpen)
+            whileOpen();
+    }
+    void openHelp(int contextId) override { helped.append(contextId); }
+};
+
+/// World, navigator and main screen, with short ways to put records in and to look at them.
+class Bench
+{
+public:
+    explicit Bench(const QDateTime& now = QDateTime(QDate(2026, 11, 22), QTime(9, 30)))
+        : world(now)
+        , frm(std::make_unique<FrmData>(*world.session, navigator))
+    {
+    }
+
+    World world;
+    NotedNavigator navigator;
+    std::unique_ptr<FrmData> frm;
+
+    CompanyScreen& company() { return frm->companyScreen(); }
+    DataJW& data() { return world.data(); }
+    void run(const QString& statement) { QVERIFY2(data().execQuery(statement), qPrintable(statement)); }
+    /// Puts in an address (found again by its city) and a company on it; answers the company's key.
+    Key addCompany(const QString& name, const QString& entryDate = u"11/1/2026"_s)
+    {
+        run(u"Insert into Address(Address1,City,State,Zip) Values('1 Main','"_s + name +
+            u" City','NJ','08540')");
+        const Key address = data().getCount(u"Address"_s, false, u"AddressKey"_s);
+        run(u"Insert into Company(Name,ShortName,AddressKey,Industry,Notes,EntryDate) Values('"_s + name +
+            u"','" + name.left(2) + u"','" + QString::number(address) + u"','Tools','old notes','" +
+            entryDate + u"')");
+        return data().getCompanyKey(name);
+    }
+    void addContact(const QString& first, const QString& last, Key company,
+                    const QString& reached = u"12/31/1999"_s)
+    {
+        run(u"Insert into Contact(FirstName,LastName,LastContact,CompanyKey) Values('"_s + first + u"','" +
+            last + u"','" + reached + u"'," + QString::number(company) + u')');
+    }
+    /// The cells of a statement's rows, "a|b" a row and ";" between rows.
+    QString cells(const QString& statement)
+    {
+        QStringList rows;
+        for (RecordSet set = data().getExecQueryRecords(statement); !set.atEnd(); set.next()) {
+            QStringList row;
+            for (int column = 0; column < set.columnCount(); ++column)
+                row.append(set.text(column));
+            rows.append(row.join(u'|'));
+        }
+        return rows.join(u';');
+    }
+    int rows(const QString& table) { return data().getCount(table, true); }
+    /// Chooses a company as the user does.
+    void choose(const QString& name) { frm->cmbSelectionClick(name); }
+    /// Types into a field of the Company screen as a view reports it.
+    void type(const QString& control, const QString& text)
+    {
+        company().fieldKeyDown(control);
+        company().form().edit(control, text);
+        company().fieldChanged(control);
+    }
+    QString shown(const QString& control) { return company().form().text(control); }
+    /// The statements that @p act sends.
+    QStringList statements(const std::function<void()>& act)
+    {
+        QStringList sent;
+        data().database().setInterceptor([&](QStringView statement) { sent.append(statement.toString()); });
+        act();
+        data().database().setInterceptor({});
+        return sent;
+    }
+};

@@ -1,0 +1,92 @@
+// The splash screen: how long it stays and what ends it.
+#include "support/world.h"
+#include "workbench/frmsplash.h"
+
+#include <QDir>
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+class TestFrmSplash : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void staysForAHundredTicks()
+    {
+        World world;
+        FrmSplash splash(*world.session);
+        QSignalSpy closed(&splash, &FrmSplash::closed);
+        splash.load();
+        for (int i = 0; i < 100; ++i)
+            splash.tick();
+        QVERIFY(splash.timerEnabled());
+        QCOMPARE(splash.form().text(u"lblTimer"_s), u"100"_s);
+        QCOMPARE(closed.count(), 0);
+        splash.tick();
+        QCOMPARE(closed.count(), 1);
+        QVERIFY(world.session->splashClosed);
+        splash.tick();
+        QCOMPARE(splash.counter(), 101);
+    }
+
+    void keyAndClickEndItOnce_data()
+    {
+        QTest::addColumn<bool>("byLabel");
+        QTest::addColumn<QString>("trace");
+        QTest::newRow("key") << false << u"frmSplash - Form_Unload"_s;
+        QTest::newRow("label") << true << u"frmSplash - Form_Load"_s;
+    }
+
+    void keyAndClickEndItOnce()
+    {
+        QFETCH(bool, byLabel);
+        QFETCH(QString, trace);
+        World world;
+        FrmSplash splash(*world.session);
+        QSignalSpy closed(&splash, &FrmSplash::closed);
+        splash.load();
+        splash.image1Click();
+        byLabel ? splash.labelClick() : splash.keyDown();
+        splash.formClick();
+        splash.tick();
+        QCOMPARE(closed.count(), 1);
+        QCOMPARE(splash.counter(), 101);
+        QVERIFY(world.opLog().contains(trace));
+        QVERIFY(!world.opLog().contains(u"Timer_Unload"));
+        QCOMPARE(world.opLog().count(u"frmSplash - Form_Unload"_s), 1);
+    }
+
+    void pictureSwitchesTheTraceOnAndClosesNothing()
+    {
+        World world;
+        FrmSplash splash(*world.session);
+        splash.load();
+        QVERIFY(world.opLog().isEmpty());
+        splash.image1Click();
+        QVERIFY(world.session->debugMode);
+        QVERIFY(splash.timerEnabled());
+        for (int i = 0; i <= 100; ++i)
+            splash.tick();
+        QVERIFY(world.opLog().contains(u"frmSplash - Timer_Unload"));
+    }
+
+    void looksForWhatTheDesktopOffers()
+    {
+        World world;
+        FrmSplash splash(*world.session);
+        world.desktop.works = false;
+        splash.load();
+        QVERIFY(!world.session->wordAvailable);
+        QVERIFY(!world.session->outlookAvailable);
+        world.desktop.works = true;
+        QVERIFY(QDir(world.folder.path()).mkdir(u"exchange"_s));
+        splash.load();
+        QVERIFY(world.session->wordAvailable);
+        QVERIFY(world.session->outlookAvailable);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestFrmSplash)
+#include "tst_frmsplash.moc"
