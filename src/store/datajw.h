@@ -15,8 +15,9 @@
 class Session;
 
 /// Keeps what several statements of one user action do together: nothing of it is on the disk until the end.
-/// A statement that fails inside is logged and the rest goes on; a process that dies inside leaves the state
-/// before. Actions nest; the outermost one writes.
+/// A statement that fails inside is logged and the rest goes on, unless the disk is full or broken: then
+/// nothing more is sent and nothing is written. A process that dies inside leaves the state before. Actions
+/// nest; the outermost one writes.
 class Action
 {
 public:

@@ -76,8 +76,11 @@ bool DataJW::Impl::endAction()
         }
     }
     rollback();
-    const QString message = gateway::tr("The change was not saved: %1. The database is as it was before.")
-                                .arg(failure->description());
+    QString reason = failure->description();
+    if (reason.endsWith(u'.'))
+        reason.chop(1);
+    const QString message =
+        gateway::tr("The change was not saved: %1. The database is as it was before.").arg(reason);
     session.logError(u"DataJW-Action"_s + text::crlf + message, 0, &*failure);
     return false;
 }

@@ -53,9 +53,6 @@ try {
     // could.
     m_session.acrobatPath.clear();
     m_session.sessionStart = timeOfDay(m_session.now());
-    clearStrip();
-    m_form.setVisible(u"frmeCompany"_s, true);
-    setNewButton(tr("New Company"), u"newco"_s);
     loadCompanyList();
     // Here the Document screen's tree gets its root "Documents" with the key "A0".
     readSettings();

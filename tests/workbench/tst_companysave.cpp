@@ -19,6 +19,7 @@ private slots:
     void addressIsSplitAtItsFirstLineEnd_data();
     void addressIsSplitAtItsFirstLineEnd();
     void anyCharacterIsSafe();
+    void textsBeyondAStatementAreRefusedBeforeAnythingIsDeleted();
     void removalTakesWhatBelongsToTheCompany();
     void removalDeclinedKeepsEverything();
     void removalWithNothingSelectedDeletesNothing();
@@ -200,7 +201,7 @@ void TestCompanySave::anyCharacterIsSafe()
     Bench bench;
     bench.addCompany(u"Acme"_s);
     bench.choose(u"Acme"_s);
-    const QString hard = u"a'); Delete * from Company; -- \" \\ %1 #12/31/1999# ` ü 漢 \U0001F600"_s;
+    const QString hard = u"a'); Delete * from Company; -- \" \\ %1 #12/31/1999# ` ü \u0001 漢 \U0001F600"_s;
     for (const QString& control : {u"txtShort"_s, u"txtIndustry"_s, u"txtCompanyNotes"_s, u"txtCity"_s})
         bench.type(control, hard);
     bench.company().cmdUpdate1();
@@ -208,6 +209,22 @@ void TestCompanySave::anyCharacterIsSafe()
     QCOMPARE(bench.cells(u"Select ShortName,Industry,Notes from Company"_s),
              (QStringList{stored, stored, stored}.join(u'|')));
     QCOMPARE(bench.shown(u"txtCity"_s), stored);
+}
+
+void TestCompanySave::textsBeyondAStatementAreRefusedBeforeAnythingIsDeleted()
+{
+    Bench bench;
+    bench.addCompany(u"Acme"_s);
+    bench.choose(u"Acme"_s);
+    const QString pasted = QString(450'000, u'\n'); // two characters each in the store
+    bench.type(u"txtCompanyNotes"_s, pasted);
+    bench.world.prompts.expect(u"too long to be saved"_s);
+    bench.company().cmdUpdate1();
+    QCOMPARE(bench.cells(u"Select Notes from Company"_s), u"old notes"_s);
+    QCOMPARE(bench.shown(u"txtCompanyNotes"_s).size(), pasted.size());
+    bench.type(u"txtCompanyNotes"_s, pasted.mid(1000));
+    bench.company().cmdUpdate1();
+    QCOMPARE(bench.shown(u"txtCompanyNotes"_s).size(), pasted.size() - 1000);
 }
 
 void TestCompanySave::removalTakesWhatBelongsToTheCompany()

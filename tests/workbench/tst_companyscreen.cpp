@@ -314,7 +314,7 @@ void TestCompanyScreen::treeShowsContactsAndPositions()
         bench.run(u"Insert into Position(Title,CompanyKey) Values('Clerk',"_s + QString::number(owner) +
                   u')');
     TreeModel& tree = bench.company().tvwPosContact();
-    const auto shown = [&] {
+    const auto shown = [&]() -> QString {
         const QModelIndex root = tree.index(0, 0);
         return tree.text(root) + u": " + tree.texts(root).join(u',');
     };

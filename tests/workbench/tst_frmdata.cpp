@@ -319,6 +319,7 @@ void TestFrmData::categorySwitchesTheCompanyFieldsOff()
                                   u"txtZip"_s,   u"txtEm1"_s,      u"txtEm2"_s,      u"txtURL1"_s,
                                   u"txtURL2"_s,  u"txtP1"_s,       u"txtP2"_s,       u"txtP3"_s,
                                   u"txtFax"_s,   u"txtIndustry"_s, u"cmdProfile1"_s, u"imgPosition"_s};
+    bench.frm->load();
     const auto enabled = [&] {
         return std::ranges::count_if(
             companyOnly, [&](const QString& control) { return bench.company().form().isEnabled(control); });
@@ -435,13 +436,15 @@ void TestFrmData::toolOpensItsScreen()
     bench.frm->tabStrip1Click(u"Contact"_s);
     QVERIFY(bench.frm->toolAvailable(key));
     bench.world.session->debugMode = true;
+    const auto before = bench.world.opLog().size();
     menu ? bench.frm->menuClick(key) : bench.frm->tbarButtonClick(key);
+    const QString traced = bench.world.opLog().mid(before);
     QCOMPARE(bench.navigator.opened, QStringList{screen});
     QTEST(bench.frm->currentTab(), "tabAfter");
     if (line.isEmpty())
-        QCOMPARE(bench.world.opLog(), QString());
+        QCOMPARE(traced, QString());
     else
-        QVERIFY2(bench.world.opLog().startsWith(line), qPrintable(bench.world.opLog()));
+        QVERIFY2(traced.startsWith(line), qPrintable(traced));
 }
 
 void TestFrmData::missingToolOpensNothing()
