@@ -1,1 +1,68 @@
-int main(){return 0;}
+#include "app/commands.h"
+#include "app/output.h"
+#include "app/workbenchstart.h"
+#include "store/appfolder.h"
+
+#include <QCoreApplication>
+
+#include <CLI/CLI.hpp>
+
+#include <clocale>
+#include <langinfo.h>
+
+namespace {
+
+/// What the command line says, whichever way the program then goes.
+struct Line
+{
+    std::string folder;
+    bool noSplash = false;
+    bool exitWhenShown = false;
+    Command command; ///< empty: open the workbench
+};
+
+void describe(CLI::App& app, Line& line)
+{
+    app.set_version_flag("--version", std::string("Jobwright ") + JOBWRIGHT_VERSION);
+    app.add_option("--folder", line.folder, "The application folder: database, logs, copies")->type_name("DIR");
+    app.add_flag("--no-splash", line.noSplash, "Open the workbench at once");
+    app.add_flag("--exit-when-shown", line.exitWhenShown, "Leave again when the window is filled (for timing)")->group("");
+    app.require_subcommand(0, 1);
+    app.fallthrough(); // --folder may stand behind the command too
+    addWorkbenchCommands(app, line.command);
+    addStoreCommands(app, line.command);
+    app.footer("Without a command the workbench opens.\n"
+               "Exit status: 0 done, 1 failed, 2 wrong usage, 3 the database cannot be opened,\n"
+               "4 the folder is in use, 5 the database is damaged.");
+}
+
+/// A plain "C" locale makes Qt switch to UTF-8 with a warning on every call: choose it before Qt has to.
+void useUtf8Locale()
+{
+    std::setlocale(LC_ALL, "");
+    if (QByteArrayView(nl_langinfo(CODESET)) != "UTF-8")
+        qputenv("LC_ALL", "C.UTF-8");
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    useUtf8Locale();
+    Line line;
+    CLI::App app("Jobwright keeps a whole job campaign in one place.", "jobwright");
+    describe(app, line);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error) == 0 ? Done : WrongUsage;
+    }
+    if (!line.command)
+        return startWorkbench(argc, argv, {QString::fromStdString(line.folder), line.noSplash, line.exitWhenShown});
+
+    QCoreApplication application(argc, argv);
+    CommandContext context;
+    context.folder = applicationFolder(QString::fromStdString(line.folder));
+    context.version = QStringLiteral(JOBWRIGHT_VERSION);
+    return line.command(context);
+}

@@ -23,7 +23,7 @@ struct Prepared
     std::vector<RecordSet::Column> columns;
 };
 
-void bind(sqlite3_stmt* statement, int place, const dialect::BoundValue& value)
+void bindParameter(sqlite3_stmt* statement, int place, const dialect::BoundValue& value)
 {
     if (const auto* number = std::get_if<qint64>(&value)) {
         sqlite3_bind_int64(statement, place, *number);
@@ -133,7 +133,7 @@ RecordSet Database::run(QStringView statement, const dialect::Want& want)
     const Use use(compiled);
     int place = 0;
     for (const dialect::Parameter& parameter : prepared.translation.parameters)
-        bind(compiled, ++place, dialect::bindValue(shape.literals[static_cast<size_t>(parameter.literal)], parameter.as));
+        bindParameter(compiled, ++place, dialect::bindValue(shape.literals[static_cast<size_t>(parameter.literal)], parameter.as));
 
     auto rows = std::make_shared<RecordSet::Rows>();
     rows->columns = prepared.columns;

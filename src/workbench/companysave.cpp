@@ -96,6 +96,7 @@ bool CompanyScreen::insertRecord(Key oldKey, const QString& title)
     // The store is never asked for the number it gave: with one user the highest key is that of the row just
     // added.
     const Key addressKey = dataJW.getCount(u"Address"_s, false, u"AddressKey"_s);
+    // A text and not the joining of one, which would point at what is gone by then.
     const auto value = [this](const QString& control) -> QString {
         return fieldtext::quoted(m_form.text(control)) + u',';
     };

@@ -1,0 +1,65 @@
+#include "app/commands.h"
+#include "app/consoleprompts.h"
+#include "app/openstore.h"
+#include "app/output.h"
+#include "base/clock.h"
+#include "store/appfolder.h"
+#include "store/datajw.h"
+
+struct CommandContext::Impl
+{
+    ConsolePrompts prompts;
+    NoDesktop desktop;
+    std::unique_ptr<InstanceLock> lock;
+    std::unique_ptr<Session> session;
+};
+
+CommandContext::CommandContext()
+    : m_impl(std::make_unique<Impl>())
+{
+}
+
+CommandContext::~CommandContext() = default;
+
+Session* CommandContext::openSession()
+{
+    if (m_impl->session)
+        return m_impl->session.get();
+    if (const QString problem = prepareFolder(folder); !problem.isEmpty()) {
+        printError(problem);
+        exitCode = StoreClosed;
+        return nullptr;
+    }
+    auto session = std::make_unique<Session>(folder, systemClock(), m_impl->prompts, m_impl->desktop);
+    const FileReport report = openOrCreateStore(*session, version);
+    if (report.state != FileState::Good) {
+        printError(report.message);
+        exitCode = StoreClosed;
+        return nullptr;
+    }
+    if (!session->dataJW().isConnected()) { // the gateway has said why
+        exitCode = StoreClosed;
+        return nullptr;
+    }
+    m_impl->session = std::move(session);
+    return m_impl->session.get();
+}
+
+Session* CommandContext::openForWriting()
+{
+    if (!m_impl->lock) {
+        if (const QString problem = prepareFolder(folder); !problem.isEmpty()) {
+            printError(problem);
+            exitCode = StoreClosed;
+            return nullptr;
+        }
+        auto lock = std::make_unique<InstanceLock>(folder);
+        if (!lock->acquire()) {
+            printError(lock->holder());
+            exitCode = InUse;
+            return nullptr;
+        }
+        m_impl->lock = std::move(lock);
+    }
+    return openSession();
+}

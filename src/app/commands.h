@@ -1,0 +1,44 @@
+// The commands of the command line. Each area's commands stand in a file of their own.
+#pragma once
+
+#include "app/exitcodes.h"
+#include "store/session.h"
+
+#include <QString>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace CLI {
+class App;
+}
+
+/// What a command runs with, once the command line has been read.
+struct CommandContext
+{
+    QString folder;  ///< the application folder
+    QString version; ///< "1.0.0"
+    /// The folder's session with an open store. Makes a new store in a folder that never had one. Nothing, with the
+    /// reason printed and exitCode set, when it cannot be opened.
+    Session* openSession();
+    /// As openSession, and holds the folder: for commands that write.
+    Session* openForWriting();
+
+    int exitCode = Done;
+
+    CommandContext();
+    ~CommandContext();
+
+private:
+    struct Impl;
+    std::unique_ptr<Impl> m_impl;
+};
+
+/// A command that was chosen, to be run when the whole line has been understood.
+using Command = std::function<int(CommandContext&)>;
+
+/// Adds the store's commands: query, export, import, status, verify, copy, paths, demo.
+void addStoreCommands(CLI::App& app, Command& chosen);
+/// Adds the workbench's commands: companies, summary.
+void addWorkbenchCommands(CLI::App& app, Command& chosen);

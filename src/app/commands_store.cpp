@@ -1,0 +1,254 @@
+#include "app/commands.h"
+#include "app/output.h"
+#include "base/text.h"
+#include "store/appfolder.h"
+#include "store/copies.h"
+#include "store/datajw.h"
+#include "store/demo.h"
+#include "store/storecheck.h"
+#include "store/storefile.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSet>
+#include <QXmlStreamReader>
+
+#include <CLI/CLI.hpp>
+
+namespace {
+
+QString tr(const char* text)
+{
+    return QCoreApplication::translate("Commands", text);
+}
+
+QString qstring(const std::string& text)
+{
+    return QString::fromStdString(text);
+}
+
+int query(CommandContext& context, const QString& statement, bool json)
+{
+    const bool reads = statement.trimmed().startsWith(u"select", Qt::CaseInsensitive);
+    Session* const session = reads ? context.openSession() : context.openForWriting();
+    if (!session)
+        return context.exitCode;
+    if (!reads)
+        return session->dataJW().execQuery(statement) ? Done : Failed;
+    const RecordSet rows = session->dataJW().getExecQueryRecords(statement);
+    if (rows.isNothing())
+        return Failed;
+    json ? printJson(rows) : printCsv(rows);
+    return Done;
+}
+
+int exportFile(CommandContext& context, const QString& file, bool restore)
+{
+    Session* const session = context.openSession();
+    if (!session)
+        return context.exitCode;
+    QString target = file.isEmpty() ? session->dataJW().getStatusValue(QStringLiteral("ExportFile"), true)
+                                    : QFileInfo(file).absoluteFilePath();
+    if (target.isEmpty())
+        target = QStringLiteral("Export.xml");
+    if (session->dataJW().createXML(target, restore).isEmpty())
+        return Failed;
+    const QString written = QFileInfo(target).isAbsolute() ? target : session->file(target);
+    printLine(tr("Data has been exported to %1").arg(QDir::toNativeSeparators(written)));
+    return Done;
+}
+
+/// True when the file's root says that it replaces the database.
+bool asksForRestore(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return false;
+    QXmlStreamReader xml(&file);
+    return xml.readNextStartElement() && xml.attributes().hasAttribute(QStringLiteral("Restore"));
+}
+
+int importFile(CommandContext& context, const QString& file, bool agreed)
+{
+    const QString path = QFileInfo(file).absoluteFilePath();
+    if (!QFileInfo(path).isFile()) {
+        printError(tr("%1 is not there.").arg(QDir::toNativeSeparators(path)));
+        return Failed;
+    }
+    if (asksForRestore(path) && !agreed) {
+        printError(tr("This file replaces the whole database. Call the command with --yes if that is what you want; "
+                      "a copy is kept in the folder \"backups\"."));
+        return Failed;
+    }
+    Session* const session = context.openForWriting();
+    if (!session)
+        return context.exitCode;
+    QObject::connect(session, &Session::statusLineChanged, &printLine);
+    session->dataJW().importXML(path);
+    return session->statusLine() == u"Import Complete" ? Done : Failed;
+}
+
+int status(CommandContext& context, const std::optional<QString>& name, const std::optional<QString>& value)
+{
+    Session* const session = value ? context.openForWriting() : context.openSession();
+    if (!session)
+        return context.exitCode;
+    if (value) {
+        return session->dataJW().writeStatus(text::quoteFix(*name), text::quoteFix(*value), true) ? Done : Failed;
+    }
+    RecordSet rows = session->dataJW().getExecQueryRecords(QStringLiteral("Select * from Status Order by StatusKey"));
+    if (rows.isNothing())
+        return Failed;
+    QSet<QString> seen; // the oldest row of a name is the one that counts
+    for (; !rows.atEnd(); rows.next()) {
+        const QString row = rows.text(u"StatusDescription");
+        if (seen.contains(row.toCaseFolded()))
+            continue;
+        seen.insert(row.toCaseFolded());
+        if (!name)
+            printLine(row + u'\t' + rows.text(u"StatusValue"));
+        else if (row.compare(*name, Qt::CaseInsensitive) == 0)
+            printLine(rows.text(u"StatusValue"));
+    }
+    if (!name || seen.contains(name->toCaseFolded()))
+        return Done;
+    printError(tr("There is no setting of the name %1.").arg(*name));
+    return Failed;
+}
+
+int verify(CommandContext& context)
+{
+    Session* const session = context.openSession();
+    if (!session)
+        return inspectStore(context.folder + u"/Postledger.db").state == FileState::Damaged ? StoreDamaged : context.exitCode;
+    try {
+        const StoreCheck check = checkStore(session->dataJW().database());
+        for (const KeyUse& use : check.keys)
+            printLine(tr("keys\t%1\t%2 of %3").arg(use.table).arg(use.highest).arg(keyLimit));
+        for (const OrphanCount& orphan : check.orphans)
+            printLine(tr("points nowhere\t%1\t%2").arg(orphan.column).arg(orphan.rows));
+        if (const QString warning = keyWarningText(keysRunningOut(session->dataJW().database())); !warning.isEmpty())
+            printError(warning);
+        if (!check.damage.isEmpty()) {
+            printError(tr("The database is damaged: %1").arg(check.damage));
+            return StoreDamaged;
+        }
+    } catch (const StoreError& error) {
+        printError(tr("The database is damaged: %1").arg(error.description()));
+        return StoreDamaged;
+    }
+    printLine(tr("The database is sound."));
+    return Done;
+}
+
+int copy(CommandContext& context, const QString& file)
+{
+    Session* const session = context.openSession();
+    if (!session)
+        return context.exitCode;
+    const QString target = QFileInfo(file).absoluteFilePath();
+    if (QFileInfo::exists(target)) {
+        printError(tr("%1 exists already and was left as it is.").arg(QDir::toNativeSeparators(target)));
+        return Failed;
+    }
+    const QString failure = copyTo(session->dataJW().database(), target);
+    if (!failure.isEmpty()) {
+        printError(tr("The copy could not be made: %1").arg(failure));
+        return Failed;
+    }
+    printLine(tr("A verified copy is at %1").arg(QDir::toNativeSeparators(target)));
+    return Done;
+}
+
+int paths(CommandContext& context)
+{
+    const auto show = [](const char* what, const QString& path) {
+        printLine(QString(QString::fromLatin1(what) + u'\t' + QDir::toNativeSeparators(path)));
+    };
+    show("folder", context.folder);
+    for (const char* name : {"Postledger.db", "backups", "exchange", "settings.ini", "OpLog.txt", "ErrorLog.txt", "restore.xml"})
+        show(name, context.folder + u'/' + QString::fromLatin1(name));
+    show("delivered", deliveredFolder());
+    return Done;
+}
+
+int demo(CommandContext& context)
+{
+    if (QFileInfo::exists(context.folder + u"/Postledger.db")) {
+        printError(tr("%1 holds a database already. The demo campaign is laid into a new folder only.")
+                       .arg(QDir::toNativeSeparators(context.folder)));
+        return Failed;
+    }
+    const QString campaign = deliveredFolder() + u"/demo/campaign.xml";
+    if (!QFileInfo::exists(campaign)) {
+        printError(tr("The demo campaign is not installed."));
+        return Failed;
+    }
+    Session* const session = context.openForWriting();
+    if (!session)
+        return context.exitCode;
+    return loadDemo(*session, campaign) ? Done : Failed;
+}
+
+} // namespace
+
+void addStoreCommands(CLI::App& app, Command& chosen)
+{
+    // The options' values live as long as the command line itself, in the callbacks that read them.
+    const auto add = [&app](const char* name, const char* help) { return app.add_subcommand(name, help); };
+
+    auto* const queryCommand = add("query", "Run one statement; rows come as CSV");
+    auto statement = std::make_shared<std::string>();
+    auto json = std::make_shared<bool>(false);
+    queryCommand->add_option("STATEMENT", *statement, "e.g. \"Select * from Company\"")->required();
+    queryCommand->add_flag("--json", *json, "Rows as JSON");
+    queryCommand->callback([=, &chosen] {
+        chosen = [=](CommandContext& context) { return query(context, qstring(*statement), *json); };
+    });
+
+    auto* const exportCommand = add("export", "Write all data as XML");
+    auto target = std::make_shared<std::string>();
+    auto restore = std::make_shared<bool>(false);
+    exportCommand->add_option("FILE", *target, "Where to; without it the folder's export file");
+    exportCommand->add_flag("--restore", *restore, "Mark the file as one that replaces the database when read");
+    exportCommand->callback([=, &chosen] {
+        chosen = [=](CommandContext& context) { return exportFile(context, qstring(*target), *restore); };
+    });
+
+    auto* const importCommand = add("import", "Read such a file");
+    auto source = std::make_shared<std::string>();
+    auto yes = std::make_shared<bool>(false);
+    importCommand->add_option("FILE", *source)->required();
+    importCommand->add_flag("--yes", *yes, "Agree to replace the database when the file asks for it");
+    importCommand->callback([=, &chosen] {
+        chosen = [=](CommandContext& context) { return importFile(context, qstring(*source), *yes); };
+    });
+
+    auto* const statusCommand = add("status", "Show or set a setting");
+    auto name = std::make_shared<std::optional<std::string>>();
+    auto value = std::make_shared<std::optional<std::string>>();
+    statusCommand->add_option("NAME", *name);
+    statusCommand->add_option("VALUE", *value);
+    statusCommand->callback([=, &chosen] {
+        chosen = [=](CommandContext& context) {
+            const auto text = [](const auto& given) {
+                return *given ? std::optional(qstring(**given)) : std::optional<QString>();
+            };
+            return status(context, text(name), text(value));
+        };
+    });
+
+    add("verify", "Check the database in whole")->callback([&chosen] { chosen = verify; });
+
+    auto* const copyCommand = add("copy", "Write a verified copy of the database");
+    auto copyTarget = std::make_shared<std::string>();
+    copyCommand->add_option("FILE", *copyTarget)->required();
+    copyCommand->callback([=, &chosen] {
+        chosen = [=](CommandContext& context) { return copy(context, qstring(*copyTarget)); };
+    });
+
+    add("paths", "Show where everything lies")->callback([&chosen] { chosen = paths; });
+    add("demo", "Lay the demo campaign into a new folder (--folder)")->callback([&chosen] { chosen = demo; });
+}

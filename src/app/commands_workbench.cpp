@@ -1,0 +1,129 @@
+#include "app/commands.h"
+#include "app/output.h"
+#include "base/dates.h"
+#include "base/text.h"
+#include "store/datajw.h"
+#include "workbench/companyscreen.h"
+
+#include <QCoreApplication>
+#include <QJsonObject>
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+
+namespace {
+
+QString tr(const char* text)
+{
+    return QCoreApplication::translate("Commands", text);
+}
+
+QString lastContactText(QDate date)
+{
+    return date > dates::sentinel ? date.toString(Qt::ISODate) : QStringLiteral("-");
+}
+
+/// Every company with its figures, in columns.
+void printTable(Session& session, const QStringList& names)
+{
+    constexpr qsizetype nameWidth = 40;
+    printLine(QString(tr("Company").leftJustified(nameWidth) + tr("Positions").rightJustified(11) +
+                      tr("Contacts").rightJustified(11) + tr("Last contact").rightJustified(14)));
+    for (const QString& name : names) {
+        const CompanyFigures figures = CompanyScreen::gather(session, name);
+        printLine(QString(name.leftJustified(nameWidth, u' ', true) +
+                          QString::number(figures.positionCount).rightJustified(11) +
+                          QString::number(figures.contactCount).rightJustified(11) +
+                          lastContactText(figures.lastContact).rightJustified(14)));
+    }
+}
+
+void printAsJson(Session& session, const QStringList& names)
+{
+    QJsonArray array;
+    for (const QString& name : names) {
+        const CompanyFigures figures = CompanyScreen::gather(session, name);
+        QJsonObject company{
+            {QStringLiteral("name"), name},
+            {QStringLiteral("category"), text::isCategory(name)},
+            {QStringLiteral("positions"), figures.positionCount},
+            {QStringLiteral("contacts"), figures.contactCount},
+            {QStringLiteral("interactions"), figures.interactionCount},
+        };
+        company.insert(QStringLiteral("lastContact"), figures.lastContact > dates::sentinel
+                                                          ? QJsonValue(figures.lastContact.toString(Qt::ISODate))
+                                                          : QJsonValue());
+        array.append(company);
+    }
+    printJson(array);
+}
+
+int companies(CommandContext& context, bool table, bool json)
+{
+    Session* const session = context.openSession();
+    if (!session)
+        return context.exitCode;
+    const QStringList names = session->dataJW().getCompanyNames();
+    if (json)
+        printAsJson(*session, names);
+    else if (table)
+        printTable(*session, names);
+    else
+        std::ranges::for_each(names, printLine);
+    return Done;
+}
+
+/// The company that the user means: the name itself in any case, else the only one that holds the text.
+QString findCompany(const QStringList& names, const QString& wanted)
+{
+    QStringList close;
+    for (const QString& name : names) {
+        if (name.compare(wanted, Qt::CaseInsensitive) == 0)
+            return name;
+        if (name.contains(wanted, Qt::CaseInsensitive))
+            close.append(name);
+    }
+    if (close.size() == 1)
+        return close.first();
+    if (close.isEmpty())
+        printError(tr("There is no company of the name %1.").arg(wanted));
+    else
+        printError(tr("Several companies are called like that: %1").arg(close.mid(0, 10).join(QStringLiteral(", "))));
+    return {};
+}
+
+int summary(CommandContext& context, const QString& wanted)
+{
+    Session* const session = context.openSession();
+    if (!session)
+        return context.exitCode;
+    // Stored names hold backquotes where the user types apostrophes.
+    const QString name = findCompany(session->dataJW().getCompanyNames(), text::quoteFix(wanted));
+    if (name.isEmpty())
+        return Failed;
+    QString summary = companySummary(CompanyScreen::gather(*session, name), session->today());
+    printLine(summary.replace(text::crlf.toString(), QStringLiteral("\n")));
+    return Done;
+}
+
+} // namespace
+
+void addWorkbenchCommands(CLI::App& app, Command& chosen)
+{
+    auto* const companiesCommand = app.add_subcommand("companies", "List the companies, one a line");
+    auto table = std::make_shared<bool>(false);
+    auto json = std::make_shared<bool>(false);
+    companiesCommand->add_flag("--long", *table, "With positions, contacts and the last contact");
+    companiesCommand->add_flag("--json", *json, "The same as JSON");
+    companiesCommand->callback([=, &chosen] {
+        chosen = [=](CommandContext& context) { return companies(context, *table, *json); };
+    });
+
+    auto* const summaryCommand = app.add_subcommand("summary", "Say in sentences where the campaign stands at a company");
+    auto name = std::make_shared<std::string>();
+    summaryCommand->add_option("NAME", *name, "The company's name, or a part that only one name has")->required();
+    summaryCommand->callback([=, &chosen] {
+        chosen = [=](CommandContext& context) { return summary(context, QString::fromStdString(*name)); };
+    });
+}

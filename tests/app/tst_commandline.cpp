@@ -1,0 +1,198 @@
+// The program from outside: commands, output, exit status.
+#include <QDir>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QLockFile>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Outcome
+{
+    int status = -1;
+    QString out;
+    QString error;
+};
+
+/// Runs the program on a folder, with no display at all.
+Outcome run(const QString& folder, const QStringList& arguments)
+{
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.remove(u"QT_QPA_PLATFORM"_s);
+    environment.remove(u"DISPLAY"_s);
+    environment.remove(u"WAYLAND_DISPLAY"_s);
+    process.setProcessEnvironment(environment);
+    process.start(QStringLiteral(JOBWRIGHT_PROGRAM), QStringList{u"--folder"_s, folder} + arguments);
+    if (!process.waitForFinished(60000))
+        return {};
+    return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
+            QString::fromUtf8(process.readAllStandardError())};
+}
+
+} // namespace
+
+class TestCommandLine : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir m_demo;
+
+    [[nodiscard]] QString demo() const { return m_demo.path() + u"/demo"; }
+
+private slots:
+    void initTestCase()
+    {
+        const Outcome made = run(demo(), {u"demo"_s});
+        QVERIFY2(made.status == 0, qPrintable(made.error));
+        const Outcome again = run(demo(), {u"demo"_s});
+        QCOMPARE(again.status, 1);
+        QVERIFY(again.error.contains(u"new folder only"_s));
+    }
+
+    void statusOfEachCommand_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<int>("status");
+        QTest::addColumn<QString>("output"); // must stand in standard output, or in standard error when it failed
+        QTest::newRow("help") << QStringList{u"--help"_s} << 0 << u"companies"_s;
+        QTest::newRow("version") << QStringList{u"--version"_s} << 0 << u"Jobwright 1."_s;
+        QTest::newRow("unknown command") << QStringList{u"frobnicate"_s} << 2 << QString();
+        QTest::newRow("two commands") << QStringList{u"companies"_s, u"paths"_s} << 2 << QString();
+        QTest::newRow("missing argument") << QStringList{u"summary"_s} << 2 << u"NAME"_s;
+        QTest::newRow("unknown company") << QStringList{u"summary"_s, u"Nobody & Sons"_s} << 1 << u"no company"_s;
+        QTest::newRow("query, no statement") << QStringList{u"query"_s, u"drop table Company"_s} << 1 << u"jobwright: "_s;
+        QTest::newRow("query, no table") << QStringList{u"query"_s, u"Select * from Wages"_s} << 1 << u"Wages"_s;
+        QTest::newRow("query, two statements")
+            << QStringList{u"query"_s, u"Select * from Company; Delete * from Company"_s} << 1 << u"jobwright: "_s;
+        QTest::newRow("query, a count") << QStringList{u"query"_s, u"Select Count(*) from Event where EventKey=0"_s} << 0
+                                        << u"EXPR1000\r\n0\r\n"_s;
+        QTest::newRow("status, one") << QStringList{u"status"_s, u"timedelta"_s} << 0 << u"10\n"_s;
+        QTest::newRow("status, unknown") << QStringList{u"status"_s, u"Salary"_s} << 1 << u"Salary"_s;
+        QTest::newRow("import, no file") << QStringList{u"import"_s, u"/no/such.xml"_s} << 1 << u"not there"_s;
+        QTest::newRow("verify") << QStringList{u"verify"_s} << 0 << u"sound"_s;
+        QTest::newRow("paths") << QStringList{u"paths"_s} << 0 << u"Postledger.db"_s;
+    }
+    void statusOfEachCommand()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(int, status);
+        QFETCH(QString, output);
+        const Outcome outcome = run(demo(), arguments);
+        QCOMPARE(outcome.status, status);
+        const QString& where = status == 0 ? outcome.out : outcome.error;
+        QVERIFY2(where.contains(output), qPrintable(outcome.out + outcome.error));
+        if (status != 0)
+            QVERIFY(!outcome.error.isEmpty());
+    }
+
+    void demoCampaignIsOfFullSize()
+    {
+        const auto count = [this](const QString& table) {
+            return run(demo(), {u"query"_s, u"Select Count(*) As n from "_s + table}).out.section(u"\r\n"_s, 1, 1).toInt();
+        };
+        QVERIFY(count(u"Company where Name > '~~'"_s) + count(u"Company where Name < '~'"_s) >= 15);
+        QVERIFY(count(u"Contact"_s) >= 45);
+        QVERIFY(count(u"Position"_s) >= 30);
+        QVERIFY(count(u"History"_s) >= 150);
+        // Relative to today: something lies ahead, something is past, and no history is from tomorrow.
+        const QString today = QDate::currentDate().toString(u"M/d/yyyy"_s);
+        QVERIFY(count(u"Event where EventDate > '%1'"_s.arg(today)) > 0);
+        QVERIFY(count(u"Event where EventDate < '%1' and EventDate > '12/31/1999'"_s.arg(today)) > 0);
+        QCOMPARE(count(u"History where ContactDate > '%1'"_s.arg(today)), 0);
+    }
+
+    void rowsAsCsvAndJson()
+    {
+        QTemporaryDir folder;
+        const QString insert = u"INSERT INTO Company (Name,Notes,EntryDate) VALUES ('Quinn, \"Q\" & Co','two\r\nlines','1/2/26')"_s;
+        QCOMPARE(run(folder.path(), {u"query"_s, insert}).status, 0);
+        const QString select = u"Select Name,Notes,EntryDate,Industry,CompanyKey from Company"_s;
+        QCOMPARE(run(folder.path(), {u"query"_s, select}).out,
+                 u"Name,Notes,EntryDate,Industry,CompanyKey\r\n\"Quinn, \"\"Q\"\" & Co\",\"two\r\nlines\",2026-01-02,,1\r\n"_s);
+        const QByteArray json = run(folder.path(), {u"query"_s, select, u"--json"_s}).out.toUtf8();
+        const QJsonObject row = QJsonDocument::fromJson(json).array().at(0).toObject();
+        QCOMPARE(row.value(u"Name"_s).toString(), u"Quinn, \"Q\" & Co"_s);
+        QCOMPARE(row.value(u"CompanyKey"_s), QJsonValue(1));
+        QVERIFY(row.value(u"Industry"_s).isNull());
+    }
+
+    void exportedFileComesBack()
+    {
+        QTemporaryDir folder;
+        const QString file = folder.path() + u"/out.xml";
+        QCOMPARE(run(demo(), {u"export"_s, file, u"--restore"_s}).status, 0);
+
+        const QString fresh = folder.path() + u"/fresh";
+        const Outcome unasked = run(fresh, {u"import"_s, file});
+        QCOMPARE(unasked.status, 1);
+        QVERIFY(unasked.error.contains(u"--yes"_s));
+        const Outcome restored = run(fresh, {u"import"_s, file, u"--yes"_s});
+        QVERIFY2(restored.status == 0, qPrintable(restored.error));
+        QVERIFY(restored.out.contains(u"Company Key: "_s) && restored.out.contains(u"Import Complete"_s));
+        QCOMPARE(run(fresh, {u"companies"_s}).out, run(demo(), {u"companies"_s}).out);
+
+        // A file that somebody's editor broke: said so, and nothing is lost.
+        QFile broken(file);
+        QVERIFY(broken.open(QIODevice::ReadWrite));
+        broken.resize(broken.size() / 2);
+        broken.close();
+        const Outcome refused = run(fresh, {u"import"_s, file, u"--yes"_s});
+        QCOMPARE(refused.status, 1);
+        QVERIFY2(!refused.error.isEmpty(), "a broken file was refused without a word");
+        QCOMPARE(run(fresh, {u"companies"_s}).out, run(demo(), {u"companies"_s}).out);
+    }
+
+    void settingIsWrittenAndRead()
+    {
+        QTemporaryDir folder;
+        QCOMPARE(run(folder.path(), {u"status"_s, u"TimeFreq"_s, u"it's"_s}).status, 0);
+        QCOMPARE(run(folder.path(), {u"status"_s, u"TimeFreq"_s}).out, u"it`s\n"_s);
+    }
+
+    void copyIsADatabaseOfItsOwn()
+    {
+        QTemporaryDir folder;
+        QVERIFY(QDir(folder.path()).mkdir(u"second"_s));
+        const QString target = folder.path() + u"/second/Postledger.db";
+        QCOMPARE(run(demo(), {u"copy"_s, target}).status, 0);
+        QCOMPARE(run(folder.path() + u"/second", {u"companies"_s}).out, run(demo(), {u"companies"_s}).out);
+        QCOMPARE(run(demo(), {u"copy"_s, target}).status, 1); // never over an existing file
+    }
+
+    void folderInUseIsReadButNotWritten()
+    {
+        QLockFile lock(demo() + u"/jobwright.lock");
+        QVERIFY(lock.tryLock());
+        QCOMPARE(run(demo(), {u"companies"_s}).status, 0);
+        QCOMPARE(run(demo(), {u"status"_s, u"TimeDelta"_s, u"5"_s}).status, 4);
+    }
+
+    void spoiltStoresHaveTheirOwnStatus()
+    {
+        QTemporaryDir folder;
+        QCOMPARE(run(folder.path(), {u"companies"_s}).status, 0);
+        const QString path = folder.path() + u"/Postledger.db";
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadWrite));
+        file.resize(file.size() / 2);
+        file.close();
+        QCOMPARE(run(folder.path(), {u"companies"_s}).status, 3);
+        QCOMPARE(run(folder.path(), {u"verify"_s}).status, 5);
+        // Gone altogether: not silently replaced by an empty one.
+        QVERIFY(QFile::remove(path));
+        const Outcome missing = run(folder.path(), {u"companies"_s});
+        QCOMPARE(missing.status, 3);
+        QVERIFY(missing.error.contains(u"does not exist"_s));
+        QVERIFY(!QFile::exists(path));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestCommandLine)
+#include "tst_commandline.moc"

@@ -1,0 +1,112 @@
+#include "store/appfolder.h"
+#include "store/copies.h"
+#include "store/storecheck.h"
+#include "support/world.h"
+
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+class TestCopies : public QObject
+{
+    Q_OBJECT
+
+    static void runDaily(World& world)
+    {
+        DailyCopy copy(*world.session);
+        while (copy.step()) { }
+        QCOMPARE(copy.failure(), QString());
+    }
+
+private slots:
+    void dailyCopyOfADayIsMadeOnce()
+    {
+        World world;
+        QVERIFY(world.data().execQuery(u"INSERT INTO Company (Name) VALUES ('Abbott Logistics')"_s));
+        runDaily(world);
+        QVERIFY(world.data().execQuery(u"INSERT INTO Company (Name) VALUES ('Later')"_s));
+        runDaily(world); // the morning's copy stays
+        const QStringList copies = listCopies(world.folder.path());
+        QCOMPARE(copies.size(), 1);
+        QCOMPARE(checkFile(copies.first()), QString());
+        Database copy(copies.first());
+        const RecordSet rows = copy.run(u"Select * from Company");
+        QCOMPARE(rows.rowCount(), 1);
+        QCOMPARE(rows.text(u"Name"), u"Abbott Logistics"_s);
+    }
+
+    void changesDuringTheCopyReachIt()
+    {
+        World world;
+        for (int i = 0; i < 400; ++i)
+            QVERIFY(world.data().execQuery(u"INSERT INTO Company (Name,Notes) VALUES ('C%1','%2')"_s.arg(i).arg(u"x"_s.repeated(8000))));
+        DailyCopy copy(*world.session);
+        QVERIFY(copy.step());
+        QVERIFY(world.data().execQuery(u"Update Company set Name='Renamed' where Name='C3'"_s));
+        while (copy.step()) { }
+        QCOMPARE(copy.failure(), QString());
+        Database made(listCopies(world.folder.path()).first());
+        QCOMPARE(made.run(u"Select * from Company where Name='Renamed'").rowCount(), 1);
+    }
+
+    void oldCopiesGoNewOnesStay()
+    {
+        World world;
+        for (int day = 1; day <= 14; ++day) {
+            world.setNow(QDateTime(QDate(2026, 11, day), QTime(8, 0)));
+            runDaily(world);
+        }
+        QVERIFY(copyBefore(*world.session, u"restore"_s));
+        const QStringList copies = listCopies(world.folder.path());
+        QCOMPARE(copies.filter(u"daily"_s).size(), 10);
+        QCOMPARE(copies.filter(u"restore"_s).size(), 1);
+        QVERIFY(copies.filter(u"daily"_s).first().contains(u"2026-11-14"_s));
+        QVERIFY(copies.filter(u"daily"_s).last().contains(u"2026-11-05"_s));
+    }
+
+    void copyThatCannotBeMadeStopsTheStep()
+    {
+        World world;
+        QFile blocker(world.folder.path() + u"/backups");
+        QVERIFY(blocker.open(QIODevice::WriteOnly)); // a file where the folder should be
+        world.prompts.expect(u"Nothing was changed"_s);
+        QVERIFY(!copyBefore(*world.session, u"restore"_s));
+    }
+
+    void oneFolderOneProgram()
+    {
+        World world;
+        InstanceLock first(world.folder.path());
+        QVERIFY(first.acquire());
+        InstanceLock second(world.folder.path());
+        QVERIFY(!second.acquire());
+        QVERIFY(second.holder().contains(u"open already"_s));
+    }
+
+    void keysRunningOutAreNamed()
+    {
+        World world;
+        Database& database = world.data().database();
+        QVERIFY(keyWarningText(keysRunningOut(database)).isEmpty());
+        world.data().execQuery(u"Insert into Target (TargetKey,Name) VALUES(30000,'x')"_s);
+        QVERIFY(keyWarningText(keysRunningOut(database)).isEmpty());
+        world.data().execQuery(u"Insert into Target (TargetKey,Name) VALUES(30001,'y')"_s);
+        world.data().execQuery(u"Delete * from Target"_s); // a key that was used stays used
+        const QString warning = keyWarningText(keysRunningOut(database));
+        QVERIFY2(warning.contains(u"Target: 30001"_s) && warning.contains(u"fresh folder"_s), qPrintable(warning));
+    }
+
+    void checkCountsKeysThatPointNowhere()
+    {
+        World world;
+        world.data().execQuery(u"INSERT INTO Contact (FirstName,LastName,CompanyKey,AddressKey) VALUES ('A','B',77,0)"_s);
+        const StoreCheck check = checkStore(world.data().database());
+        QCOMPARE(check.damage, QString());
+        QCOMPARE(check.orphans.size(), size_t(1));
+        QCOMPARE(check.orphans.front().column, u"Contact.CompanyKey"_s);
+        QCOMPARE(check.orphans.front().rows, 1);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestCopies)
+#include "tst_copies.moc"

@@ -1,0 +1,127 @@
+#include "store/appfolder.h"
+#include "store/logs.h"
+#include "support/world.h"
+
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+class TestSession : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void entriesOfTheErrorLog_data()
+    {
+        QTest::addColumn<int>("level");
+        QTest::addColumn<bool>("withFailure");
+        QTest::addColumn<bool>("shown");
+        QTest::addColumn<QString>("entry");
+        const QString stamp = u"11/22/2026 9:30:00 AM\r\n"_s;
+        QTest::newRow("failure, shown") << 0 << true << true
+                                        << u"\r\n>>> ERROR:disk is tired\r\n10\r\nSQLite\r\nTag\r\nQuery: q\r\n-------"_s + stamp;
+        QTest::newRow("failure, log only")
+            << 1 << true << false
+            << u"\r\n>>> ERROR:\r\nSuppressed disk is tired\r\n10\r\nSQLite\r\nTag\r\nQuery: q\r\n-------"_s + stamp;
+        QTest::newRow("condition, log only")
+            << 1 << false << false << u"\r\n>>> ERROR:\r\nSuppressed \r\n0\r\n\r\nTag\r\nQuery: q\r\n-------"_s + stamp;
+        QTest::newRow("negative level counts as 0")
+            << -3 << false << true << u"\r\n>>> ERROR:\r\n0\r\n\r\nTag\r\nQuery: q\r\n-------"_s + stamp;
+        QTest::newRow("level 2 is shown") << 2 << false << true << u"\r\n>>> ERROR:\r\n0\r\n\r\nTag\r\nQuery: q\r\n-------"_s + stamp;
+    }
+    void entriesOfTheErrorLog()
+    {
+        QFETCH(int, level);
+        QFETCH(bool, withFailure);
+        QFETCH(bool, shown);
+        QFETCH(QString, entry);
+        World world;
+        const StoreError failure(u"disk is tired"_s, 10, u"SQLite"_s);
+        if (shown)
+            world.prompts.expect(u"Error Occurred :"_s);
+        world.session->logError(u"Tag\r\nQuery: q"_s, level, withFailure ? &failure : nullptr);
+        QCOMPARE(world.errorLog(), entry);
+        QVERIFY(world.prompts.done());
+        if (shown)
+            QCOMPARE(world.prompts.lastTitle(), u"Jobwright Message"_s);
+    }
+
+    void aBoxInsideABoxLeavesTheBusyFlagUp()
+    {
+        World world;
+        world.session->dialogBusy = true;
+        world.prompts.expect(u"Error Occurred :"_s);
+        world.session->logError(u"inner"_s, 0);
+        QVERIFY(world.session->dialogBusy);
+        world.session->dialogBusy = false;
+        world.prompts.expect(u"plain"_s);
+        world.session->msgBox(u"plain"_s);
+        QVERIFY(!world.session->dialogBusy);
+    }
+
+    void aLongWalkIsNotInterrupted()
+    {
+        World world;
+        const Session::QuietReports quiet(*world.session);
+        world.session->logError(u"first"_s, 0); // an unexpected box would fail the test
+        world.session->logError(u"second"_s, 1);
+        QCOMPARE(quiet.held(), 1);
+        QVERIFY(world.errorLog().contains(u">>> ERROR:\r\n0\r\n\r\nfirst"_s));
+    }
+
+    void traceIsWrittenInDebugModeOnly()
+    {
+        World world;
+        world.session->trace(u"quiet"_s);
+        QCOMPARE(world.opLog(), QString());
+        world.session->debugMode = true;
+        world.session->trace(u"Open Company Screen"_s);
+        QCOMPARE(world.opLog(), u"Open Company Screen : 11/22/2026 9:30:00 AM\r\n"_s);
+    }
+
+    void aLogThatCannotBeWrittenDoesNotHideTheFailure()
+    {
+        World world;
+        QVERIFY(QDir(world.folder.path()).mkdir(u"ErrorLog.txt"_s));
+        world.prompts.expect(u"something broke"_s);
+        world.session->logError(u"something broke"_s, 0);
+    }
+
+    void firstStartIsProvisionedOnce()
+    {
+        World world;
+        QVERIFY(isFirstRun(*world.session));
+        provisionFirstRun(*world.session, u"1.2.3"_s);
+        world.restart();
+        QVERIFY(!isFirstRun(*world.session));
+        using enum RegAccess::Hive;
+        RegAccess& settings = world.session->settings();
+        QCOMPARE(settings.QueryValueS(CurrentUser, u"Software\\Ferrow Software\\Jobwright"_s, u"Version"_s), u"1.2.3"_s);
+        QCOMPARE(settings.QueryValueS(CurrentUser, u"Software\\Ferrow Software\\Jobwright"_s, u"AppPath"_s), world.folder.path());
+        QCOMPARE(settings.QueryValueS(CurrentUser, u"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\Jobwright"_s,
+                                      u"DisplayName"_s),
+                 u"Jobwright1.23"_s);
+        QCOMPARE(settings.QueryValueS(ClassesRoot, u".jwg"_s, {}), u"jwGoals"_s);
+        QCOMPARE(settings.QueryValueS(CurrentUser, u"no"_s, u"such"_s), QString());
+        QVERIFY(QFileInfo(world.session->file(u"exchange"_s)).isDir());
+        QVERIFY(world.opLog().startsWith(u"Jobwright Software Setup complete : "_s));
+    }
+
+    void folderComesFromTheNearestSource()
+    {
+        QTemporaryDir named;
+        qputenv("JOBWRIGHT_FOLDER", "/from/environment");
+        QCOMPARE(applicationFolder(named.path()), named.path());
+        QCOMPARE(applicationFolder({}), u"/from/environment"_s);
+        qunsetenv("JOBWRIGHT_FOLDER");
+        qputenv("XDG_DATA_HOME", named.path().toUtf8());
+        QCOMPARE(applicationFolder({}), QString(named.path() + u"/jobwright"));
+        QFile file(named.path() + u"/occupied");
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        QVERIFY(prepareFolder(file.fileName()).contains(u"is a file"_s));
+        QCOMPARE(prepareFolder(named.path() + u"/new/deep"), QString());
+    }
+};
+
+QTEST_GUILESS_MAIN(TestSession)
+#include "tst_session.moc"
