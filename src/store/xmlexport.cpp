@@ -15,6 +15,10 @@
 #include <array>
 #include <vector>
 
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -127,6 +131,14 @@ bool writeDocument(Session& session, QSaveFile& file, bool restore)
     return writer.flush();
 }
 
+/// Gives back what the rows of the tables took; the allocator would keep it beside the document's text.
+void releaseRows()
+{
+#ifdef __GLIBC__
+    ::malloc_trim(0);
+#endif
+}
+
 /// Reads piece by piece, so that the bytes never stand beside the whole text.
 QString readText(const QString& path)
 {
@@ -148,8 +160,10 @@ QString xmlexport::write(Session& session, const QString& file, bool restore)
     const QString path = QDir::isAbsolutePath(file) ? file : session.folder() + u'/' + file;
     QSaveFile target(path);
     const bool opened = target.open(QIODevice::WriteOnly);
-    if (opened && writeDocument(session, target, restore) && target.commit())
+    if (opened && writeDocument(session, target, restore) && target.commit()) {
+        releaseRows();
         return readText(path);
+    }
     // A table that could not be read has been told already, and left the file in order.
     if (!opened || target.error() != QFileDevice::NoError)
         session.logError(u"DataJW-CreateXML"_s + text::crlf +

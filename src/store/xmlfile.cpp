@@ -101,12 +101,16 @@ QString CampaignFile::parse(const QString& path, bool isUtf8)
         return say("The file %1 is no well-formed XML: %2 (line %3).")
             .arg(path, QString::fromLatin1(result.description()))
             .arg(lineOf(path, result.offset));
+    int roots = 0;
     for (const pugi::xml_node& node : m_document.children()) {
+        roots += node.type() == pugi::node_element ? 1 : 0;
         if (node.type() == pugi::node_doctype)
             return say("The file %1 has a document type declaration, which a Jobwright file never has. "
                        "It was not read.")
                 .arg(path);
     }
+    if (roots > 1)
+        return say("The file %1 is no well-formed XML: it has more than one root.").arg(path);
     if (std::string_view(root().name()) != "Jobwright")
         return say("The file %1 is not a Jobwright file: its root is \"%2\" and not \"Jobwright\".")
             .arg(path, QString::fromUtf8(root().name()));

@@ -76,7 +76,7 @@ inline QByteArray contentHash(Database& database)
         hash.addData((table.name + QString::number(rows.rowCount())).toUtf8());
         for (; !rows.atEnd(); rows.next()) {
             for (int i = 0; i < rows.columnCount(); ++i)
-                hash.addData((rows.value(i).isNull() ? QStringLiteral("\x1") : rows.text(i)).toUtf8() + '\x2');
+                hash.addData(QString((rows.value(i).isNull() ? QStringLiteral("\x1") : rows.text(i)) + u'\x2').toUtf8());
         }
     }
     return hash.result();

@@ -44,7 +44,7 @@ void TestXmlHostile::refusedFileLeavesTheStore_data()
     row("otherroot.xml", "its root is \"html\" and not \"Jobwright\"");
     row("smallcase.xml", "its root is \"jobwright\"");
     row("truncated.xml", "no well-formed XML");
-    row("unclosed.xml", "(line 3)");
+    row("unclosed.xml", "(line 2)");
     row("nodata.xml", "holds no data at all");
     row("doctype.xml", "document type");
     row("entities.xml", "document type");

@@ -60,11 +60,11 @@ public:
     }
 
     /// Runs @p statement and takes back whatever it changed.
-    void tryOut(const QString& statement)
+    void tryOut(const QString& statement, const dialect::Want& want = {})
     {
         execute("savepoint try_out");
         try {
-            run(statement);
+            run(statement, want);
         } catch (...) {
             execute("rollback to try_out");
             execute("release try_out");

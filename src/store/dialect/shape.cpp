@@ -2,6 +2,8 @@
 #include "store/dialect/dialect.h"
 #include "store/dialect/refusal.h"
 
+#include <QVarLengthArray>
+
 #include <array>
 
 namespace dialect {
@@ -10,7 +12,8 @@ namespace {
 constexpr qsizetype maxLength = 1'000'000;
 constexpr std::size_t maxLiterals = 1000;
 
-enum class CharClass : quint8 { Foreign, Blank, Letter, Digit, Symbol, Quote, Hash, Bracket };
+/// Comment stands for the two signs that a comment could begin with.
+enum class CharClass : quint8 { Foreign, Plain, Letter, Digit, Comment, Quote, Hash, Bracket };
 
 constexpr std::array<CharClass, 128> makeClasses()
 {
@@ -20,10 +23,10 @@ constexpr std::array<CharClass, 128> makeClasses()
     classes[u'_'] = CharClass::Letter;
     for (char16_t c = u'0'; c <= u'9'; ++c)
         classes[c] = CharClass::Digit;
-    for (const char16_t c : {u' ', u'\t', u'\r', u'\n'})
-        classes[c] = CharClass::Blank;
-    for (const char16_t c : {u'.', u',', u'(', u')', u'*', u'+', u'-', u'/', u'&', u'=', u'<', u'>', u';'})
-        classes[c] = CharClass::Symbol;
+    for (const char16_t c :
+         {u' ', u'\t', u'\r', u'\n', u'.', u',', u'(', u')', u'*', u'+', u'&', u'=', u'<', u'>', u';'})
+        classes[c] = CharClass::Plain;
+    classes[u'-'] = classes[u'/'] = CharClass::Comment;
     classes[u'\''] = CharClass::Quote;
     classes[u'#'] = CharClass::Hash;
     classes[u'['] = CharClass::Bracket;
@@ -32,17 +35,19 @@ constexpr std::array<CharClass, 128> makeClasses()
 
 constexpr auto charClasses = makeClasses();
 
-CharClass classOf(QChar c)
+CharClass classOf(char16_t c)
 {
-    return c.unicode() < charClasses.size() ? charClasses[c.unicode()] : CharClass::Foreign;
+    return c < charClasses.size() ? charClasses[c] : CharClass::Foreign;
 }
 
-bool isWordChar(QChar c)
+bool isWordChar(char16_t c)
 {
     const CharClass kind = classOf(c);
     return kind == CharClass::Letter || kind == CharClass::Digit;
 }
 
+/// Walks over the statement once. Between two literals it only looks for the next sign that needs a closer
+/// look.
 class Splitter
 {
 public:
@@ -53,20 +58,22 @@ public:
     Shape split();
 
 private:
+    [[nodiscard]] qsizetype plainEnd() const;
     void step();
-    void word();
     void number();
     void text();
     void date();
     void bracketedName();
     void symbol();
-    void literal(LiteralKind kind, QStringView value, qsizetype next, QChar mark);
+    void copyTo(qsizetype end);
+    void literal(LiteralKind kind, QStringView value, qsizetype next, char16_t mark);
     [[noreturn]] void refuse(const QString& reason) const;
 
     QStringView m_text;
     qsizetype m_pos = 0;
     qsizetype m_copied = 0; ///< up to here the statement stands in the key
-    Shape m_shape;
+    QVarLengthArray<char16_t, 1024> m_key;
+    std::vector<Literal> m_literals;
 };
 
 Shape Splitter::split()
@@ -74,25 +81,40 @@ Shape Splitter::split()
     if (m_text.size() > maxLength)
         Refusal::raise(StoreError::BadStatement,
                        Refusal::tr("The statement is too long (more than 1,000,000 characters)."));
-    m_shape.key.reserve(std::min<qsizetype>(m_text.size(), 512));
-    m_shape.literals.reserve(std::min<qsizetype>(m_text.size() / 8 + 1, 40));
-    while (m_pos < m_text.size())
+    m_literals.reserve(std::min<std::size_t>(static_cast<std::size_t>(m_text.size()) / 16 + 1, 40));
+    while ((m_pos = plainEnd()) < m_text.size())
         step();
-    m_shape.key.append(m_text.sliced(m_copied));
-    return std::move(m_shape);
+    copyTo(m_text.size());
+    return {QStringView(m_key.data(), m_key.size()).toString(), std::move(m_literals)};
+}
+
+/// The end of the words, blanks and harmless signs that begin here. Digits inside a word belong to it.
+qsizetype Splitter::plainEnd() const
+{
+    const char16_t* const begin = m_text.utf16();
+    const char16_t* const end = begin + m_text.size();
+    const char16_t* at = begin + m_pos;
+    while (at < end) {
+        const CharClass kind = classOf(*at);
+        if (kind == CharClass::Letter) {
+            do
+                ++at;
+            while (at < end && isWordChar(*at));
+        } else if (kind == CharClass::Plain) {
+            ++at;
+        } else {
+            break;
+        }
+    }
+    return at - begin;
 }
 
 void Splitter::step()
 {
-    switch (classOf(m_text[m_pos])) {
-    case CharClass::Blank:
-        ++m_pos;
-        return;
-    case CharClass::Letter:
-        return word();
+    switch (classOf(m_text[m_pos].unicode())) {
     case CharClass::Digit:
         return number();
-    case CharClass::Symbol:
+    case CharClass::Comment:
         return symbol();
     case CharClass::Quote:
         return text();
@@ -100,6 +122,8 @@ void Splitter::step()
         return date();
     case CharClass::Bracket:
         return bracketedName();
+    case CharClass::Plain:
+    case CharClass::Letter:
     case CharClass::Foreign:
         break;
     }
@@ -108,26 +132,20 @@ void Splitter::step()
                     QString::number(m_text[m_pos].unicode(), 16).toUpper().rightJustified(4, u'0')));
 }
 
-void Splitter::word()
-{
-    do
-        ++m_pos;
-    while (m_pos < m_text.size() && isWordChar(m_text[m_pos]));
-}
-
 void Splitter::number()
 {
     qsizetype end = m_pos;
     const auto digits = [&] {
-        while (end < m_text.size() && classOf(m_text[end]) == CharClass::Digit)
+        while (end < m_text.size() && classOf(m_text[end].unicode()) == CharClass::Digit)
             ++end;
     };
     digits();
-    if (end + 1 < m_text.size() && m_text[end] == u'.' && classOf(m_text[end + 1]) == CharClass::Digit) {
+    if (end + 1 < m_text.size() && m_text[end] == u'.' &&
+        classOf(m_text[end + 1].unicode()) == CharClass::Digit) {
         ++end;
         digits();
     }
-    if (end < m_text.size() && classOf(m_text[end]) == CharClass::Letter)
+    if (end < m_text.size() && classOf(m_text[end].unicode()) == CharClass::Letter)
         refuse(Refusal::tr("A number runs into a word: %1").arg(Refusal::quoted(m_text.sliced(m_pos))));
     literal(LiteralKind::Number, m_text.sliced(m_pos, end - m_pos), end, u'?');
 }
@@ -156,7 +174,7 @@ void Splitter::date()
 void Splitter::bracketedName()
 {
     qsizetype end = m_pos + 1;
-    while (end < m_text.size() && (isWordChar(m_text[end]) || m_text[end] == u' '))
+    while (end < m_text.size() && (isWordChar(m_text[end].unicode()) || m_text[end] == u' '))
         ++end;
     if (end == m_text.size() || m_text[end] != u']' || end == m_pos + 1)
         refuse(Refusal::tr("A name in brackets is empty, not closed, or holds a foreign character: %1")
@@ -173,13 +191,18 @@ void Splitter::symbol()
     ++m_pos;
 }
 
-void Splitter::literal(LiteralKind kind, QStringView value, qsizetype next, QChar mark)
+void Splitter::copyTo(qsizetype end)
 {
-    if (m_shape.literals.size() == maxLiterals)
+    m_key.append(m_text.utf16() + m_copied, end - m_copied);
+}
+
+void Splitter::literal(LiteralKind kind, QStringView value, qsizetype next, char16_t mark)
+{
+    if (m_literals.size() == maxLiterals)
         refuse(Refusal::tr("The statement has more than 1000 values"));
-    m_shape.key.append(m_text.sliced(m_copied, m_pos - m_copied));
-    m_shape.key.append(mark);
-    m_shape.literals.push_back({kind, value});
+    copyTo(m_pos);
+    m_key.append(mark);
+    m_literals.push_back({kind, value});
     m_pos = m_copied = next;
 }
 

@@ -1,0 +1,20 @@
+// The user's own programs: browser, mail, documents.
+#pragma once
+
+#include "base/ports.h"
+
+#include <QUrl>
+
+/// Hands addresses and documents to the programs that the desktop has for them.
+class DesktopServices : public Desktop
+{
+public:
+    bool openUrl(const QString& address) override;
+    bool openDocument(const QString& path) override;
+    [[nodiscard]] bool canOpen(const QString& ending) const override;
+
+    /// The address that a person meant by what stands in a field: "www.x.example" and "x.example/jobs" get
+    /// https, a mail address mailto. Invalid for empty texts and for every scheme but http, https, mailto and
+    /// file: an imported address must not start just any program of the desktop.
+    [[nodiscard]] static QUrl cleanAddress(const QString& address);
+};

@@ -1,0 +1,128 @@
+#include "views/common/icons.h"
+
+#include <QDir>
+#include <QGuiApplication>
+#include <QHash>
+#include <QIconEngine>
+#include <QPainter>
+#include <QPalette>
+#include <QPixmap>
+
+using namespace Qt::StringLiterals;
+
+// Outside of any namespace, as the resource compiler's symbol is: a static library's resources are otherwise
+// dropped.
+static void loadPackagedIcons()
+{
+    Q_INIT_RESOURCE(icons);
+}
+
+namespace {
+
+QColor inkFor(QIcon::Mode mode)
+{
+    const QPalette palette = QGuiApplication::palette();
+    switch (mode) {
+    case QIcon::Disabled:
+        return palette.color(QPalette::Disabled, QPalette::WindowText);
+    case QIcon::Selected:
+        return palette.color(QPalette::Active, QPalette::HighlightedText);
+    default:
+        return palette.color(QPalette::Active, QPalette::WindowText);
+    }
+}
+
+bool isOneColour(const QImage& picture)
+{
+    for (int y = 0; y < picture.height(); ++y) {
+        const auto* line = reinterpret_cast<const QRgb*>(picture.constScanLine(y));
+        for (int x = 0; x < picture.width(); ++x) {
+            const QColor colour = QColor::fromRgb(line[x]);
+            if (qAlpha(line[x]) > 128 && colour.saturation() > 60)
+                return false;
+        }
+    }
+    return true;
+}
+
+/// Draws another icon's picture in the palette's text colour, anew whenever the palette has changed.
+class InkEngine : public QIconEngine
+{
+public:
+    explicit InkEngine(QIcon source)
+        : m_source(std::move(source))
+    {
+    }
+
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override
+    {
+        const qreal ratio = painter->device()->devicePixelRatioF();
+        QPixmap picture = pixmap((QSizeF(rect.size()) * ratio).toSize(), mode, state);
+        picture.setDevicePixelRatio(ratio);
+        painter->drawPixmap(rect, picture);
+    }
+
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State) override
+    {
+        const QColor ink = inkFor(mode);
+        const QString key = u"%1x%2#%3"_s.arg(size.width()).arg(size.height()).arg(ink.rgba(), 0, 16);
+        auto found = m_drawn.find(key);
+        if (found == m_drawn.end())
+            found = m_drawn.insert(key, draw(size, ink));
+        return *found;
+    }
+
+    [[nodiscard]] QIconEngine* clone() const override { return new InkEngine(m_source); }
+    bool isNull() override { return m_source.isNull(); }
+
+private:
+    [[nodiscard]] QPixmap draw(const QSize& size, const QColor& ink) const
+    {
+        QImage picture(size, QImage::Format_ARGB32_Premultiplied);
+        picture.fill(Qt::transparent);
+        QPainter painter(&picture);
+        m_source.paint(&painter, picture.rect());
+        if (isOneColour(picture)) {
+            painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+            painter.fillRect(picture.rect(), ink);
+        }
+        painter.end();
+        return QPixmap::fromImage(picture);
+    }
+
+    QIcon m_source;
+    QHash<QString, QPixmap> m_drawn;
+};
+
+bool themeHasAll()
+{
+    const auto has = [](const QString& name) { return QIcon::hasThemeIcon(name); };
+    return std::all_of(icons::names().cbegin(), icons::names().cend(), has);
+}
+
+} // namespace
+
+namespace icons {
+
+const QStringList& names()
+{
+    static const QStringList all = [] {
+        loadPackagedIcons();
+        QStringList files = QDir(u":/jobwright/icons"_s).entryList();
+        for (QString& file : files)
+            file.chop(4); // ".svg"
+        return files;
+    }();
+    return all;
+}
+
+QIcon named(const QString& name)
+{
+    if (!names().contains(name))
+        return {};
+    static const bool fromTheme = themeHasAll();
+    const QIcon source = fromTheme ? QIcon::fromTheme(name) : QIcon(u":/jobwright/icons/%1.svg"_s.arg(name));
+    return QIcon(new InkEngine(source));
+}
+
+} // namespace icons

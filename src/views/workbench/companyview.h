@@ -1,0 +1,35 @@
+// How the Company screen looks.
+#pragma once
+
+#include <QWidget>
+
+#include <memory>
+
+class CompanyScreen;
+class FormBinder;
+class QTextDocument;
+
+namespace Ui {
+class CompanyView;
+}
+
+/// The frame frmeCompany: the form on the left, where the campaign stands on the right.
+class CompanyView : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// The presenter must outlive the view.
+    explicit CompanyView(CompanyScreen& presenter, QWidget* parent = nullptr);
+    ~CompanyView() override;
+
+    [[nodiscard]] FormBinder& binder() { return *m_binder; }
+
+private:
+    void setIcons();
+    void render();
+
+    CompanyScreen& m_presenter;
+    std::unique_ptr<Ui::CompanyView> m_ui;
+    FormBinder* m_binder;
+};

@@ -1,0 +1,351 @@
+#include "views/workbench/workbenchwindow.h"
+
+#include "ui_workbenchwindow.h"
+#include "views/common/formbinder.h"
+#include "views/common/icons.h"
+#include "views/common/look.h"
+#include "views/common/windowstate.h"
+#include "views/workbench/companyview.h"
+#include "views/workbench/emptyview.h"
+#include "views/workbench/importprogressview.h"
+#include "views/workbench/printableform.h"
+#include "views/workbench/workbenchtools.h"
+#include "workbench/companyscreen.h"
+#include "workbench/frmdata.h"
+
+#include <QCloseEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QShortcut>
+#include <QSignalBlocker>
+#include <QTextDocument>
+#include <QToolButton>
+
+using namespace Qt::StringLiterals;
+
+WorkbenchWindow::WorkbenchWindow(FrmData& presenter, QSettings& layout)
+    : m_presenter(presenter)
+    , m_layout(layout)
+    , m_ui(std::make_unique<Ui::WorkbenchWindow>())
+    , m_progress(std::make_unique<ImportProgressView>(presenter.session(), this))
+{
+    m_ui->setupUi(this);
+    look::dress(*this);
+    buildFrames();
+    buildTabs();
+    buildTools();
+    buildMenus();
+    buildStatusBar();
+    buildShortcuts();
+    // The selector keeps its own way of showing and taking a text; its state comes through fillSelector().
+    m_binder = new FormBinder(presenter.form(), presenter, *this, {u"cmbSelection"_s});
+    connectSelector();
+    connectPresenter();
+    fillSelector();
+    render();
+    resize(fontMetrics().averageCharWidth() * 160, fontMetrics().height() * 46);
+    windowstate::restore(*this, m_layout);
+    m_ui->cmbSelection->setFocus();
+}
+
+WorkbenchWindow::~WorkbenchWindow() = default;
+
+// --- Parts of the window
+// --------------------------------------------------------------------------------------
+
+void WorkbenchWindow::buildFrames()
+{
+    m_company = new CompanyView(m_presenter.companyScreen(), this);
+    for (const ScreenTab& tab : workbenchtools::tabs()) {
+        QWidget* frame = m_company;
+        if (tab.frame != m_company->objectName())
+            frame = new EmptyView(tab.frame, tab.text, tab.icon, this);
+        m_ui->layFrames->addWidget(frame);
+    }
+    const QString absent = tr("The questionnaire is not part of this version.");
+    if (!m_presenter.navigator().hasScreen(u"FrmProfileComp"_s))
+        m_company->binder().lock(u"cmdProfile1"_s, absent);
+    if (!m_presenter.toolAvailable(u"target"_s))
+        m_company->binder().lock(u"imgTgt"_s, tr("This company is on your target list."));
+}
+
+void WorkbenchWindow::buildTabs()
+{
+    m_ui->TabStrip1->setDocumentMode(true);
+    m_ui->TabStrip1->setExpanding(false);
+    int number = 0;
+    for (const ScreenTab& tab : workbenchtools::tabs()) {
+        const int index = m_ui->TabStrip1->addTab(icons::named(tab.icon), tab.text);
+        m_ui->TabStrip1->setTabData(index, tab.key);
+        m_ui->TabStrip1->setTabToolTip(index, tr("%1 (Ctrl+%2)").arg(tab.text).arg(++number));
+    }
+    connect(m_ui->TabStrip1, &QTabBar::currentChanged, this, [this](int index) {
+        leaveField();
+        m_presenter.tabStrip1Click(m_ui->TabStrip1->tabData(index).toString());
+        render();
+    });
+}
+
+void WorkbenchWindow::buildTools()
+{
+    for (const ToolButton& tool : workbenchtools::buttons()) {
+        if (tool.key.isEmpty())
+            m_ui->tbar->addSeparator();
+        else
+            buildToolButton(tool.key, tool.text, tool.icon, tool.tip);
+    }
+}
+
+void WorkbenchWindow::buildToolButton(const QString& key, const QString& text, const QString& icon,
+                                      const QString& tip)
+{
+    QAction* action = m_ui->tbar->addAction(icons::named(icon), text);
+    action->setObjectName(u"tbar_"_s + key);
+    action->setData(key);
+    const bool available = key == "new"_L1 || m_presenter.toolAvailable(key);
+    action->setEnabled(available);
+    action->setToolTip(available ? tip : tr("%1: not part of this version").arg(tip));
+    connect(action, &QAction::triggered, this, [this, key] { runTool(key); });
+    QWidget* button = m_ui->tbar->widgetForAction(action);
+    button->setObjectName(u"cmdTool_"_s + key);
+    button->setAccessibleName(text);
+    if (key == "new"_L1)
+        buildNewMenu(*action);
+}
+
+void WorkbenchWindow::buildNewMenu(QAction& button)
+{
+    m_new = &button;
+    m_new->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_N));
+    auto* menu = new QMenu(this);
+    menu->setObjectName(u"mnuNew"_s);
+    for (const ScreenTab& tab : workbenchtools::tabs()) {
+        const QString key = tab.key.toLower();
+        QAction* entry =
+            menu->addAction(icons::named(tab.icon), tab.text, this, [this, key] { runTool(key); });
+        entry->setObjectName(u"tbar_"_s + key);
+        entry->setData(key);
+    }
+    m_new->setMenu(menu);
+    auto* drop = static_cast<QToolButton*>(m_ui->tbar->widgetForAction(m_new));
+    drop->setPopupMode(QToolButton::MenuButtonPopup);
+}
+
+void WorkbenchWindow::buildMenus()
+{
+    using Slot = void (FrmData::*)();
+    const QList<std::pair<QAction*, Slot>> own = {
+        {m_ui->FileExport, &FrmData::fileExport}, {m_ui->RestoreData, &FrmData::restoreData},
+        {m_ui->FilePrint, &FrmData::filePrint},   {m_ui->Setup, &FrmData::setup},
+        {m_ui->Preview, &FrmData::preview},       {m_ui->FileExit, &FrmData::fileExit},
+        {m_ui->HelpAbout, &FrmData::helpAbout},
+    };
+    for (const auto& [action, slot] : own)
+        connect(action, &QAction::triggered, this, [this, slot = slot] {
+            leaveField();
+            (m_presenter.*slot)();
+        });
+    for (QAction* action : {m_ui->FileImport, m_ui->PrintReport, m_ui->Uprofile, m_ui->Goals, m_ui->targets,
+                            m_ui->Events, m_ui->ActionPlan, m_ui->Reminder, m_ui->ToolsPreferences,
+                            m_ui->ToolsOptions, m_ui->Keysearch, m_ui->HelpAll, m_ui->Documentation}) {
+        const QString entry = action->objectName();
+        connect(action, &QAction::triggered, this, [this, entry] { runMenu(entry); });
+        if (m_presenter.toolAvailable(entry))
+            continue;
+        action->setEnabled(false);
+        action->setToolTip(tr("%1: not part of this version").arg(QString(action->text()).remove(u'&')));
+    }
+    const QList<std::pair<QAction*, QString>> pictures = {
+        {m_ui->FileImport, u"document-import"_s},     {m_ui->FileExport, u"document-export"_s},
+        {m_ui->RestoreData, u"document-revert"_s},    {m_ui->FilePrint, u"document-print"_s},
+        {m_ui->Preview, u"document-print-preview"_s}, {m_ui->FileExit, u"application-exit"_s},
+        {m_ui->HelpAbout, u"help-about"_s},
+    };
+    for (const auto& [action, picture] : pictures)
+        action->setIcon(icons::named(picture));
+}
+
+void WorkbenchWindow::buildStatusBar()
+{
+    const auto panel = [this](const QString& name, const QString& accessible) {
+        auto* label = new QLabel(this);
+        label->setObjectName(name);
+        label->setAccessibleName(accessible);
+        return label;
+    };
+    m_proc = panel(u"proc"_s, tr("What is going on"));
+    m_position = panel(u"position"_s, tr("State of the position"));
+    m_counts = panel(u"counts"_s, tr("Records in the database"));
+    m_version = panel(u"version"_s, tr("Version"));
+    m_load = new QProgressBar(this);
+    m_load->setObjectName(u"pbarLoad"_s);
+    m_load->setAccessibleName(tr("Loading"));
+    m_load->setMaximumWidth(fontMetrics().averageCharWidth() * 24);
+    m_load->hide();
+    m_counts->setForegroundRole(QPalette::PlaceholderText);
+    m_ui->sbar->addWidget(m_proc);
+    for (QWidget* widget : std::initializer_list<QWidget*>{m_load, m_position, m_counts, m_version})
+        m_ui->sbar->addPermanentWidget(widget);
+}
+
+void WorkbenchWindow::buildShortcuts()
+{
+    const auto shortcut = [this](QKeyCombination keys, auto action) {
+        connect(new QShortcut(QKeySequence(keys), this), &QShortcut::activated, this, action);
+    };
+    shortcut(Qt::CTRL | Qt::Key_F, [this] {
+        m_ui->cmbSelection->setFocus(Qt::ShortcutFocusReason);
+        m_ui->cmbSelection->lineEdit()->selectAll();
+    });
+    // Says so and saves nothing; the field being edited is deliberately not left for it.
+    shortcut(Qt::CTRL | Qt::Key_S, [this] { m_presenter.ctrlS(); });
+    shortcut(Qt::Key_F1, [this] { helpForField(); });
+    for (int index = 0; index < m_ui->TabStrip1->count(); ++index)
+        shortcut(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_1 + index), [this, index] { selectTab(index); });
+}
+
+// --- What happens
+// ---------------------------------------------------------------------------------------------
+
+void WorkbenchWindow::connectSelector()
+{
+    connect(m_ui->cmbSelection, &CompanySelector::chosen, this, [this](const QString& name) {
+        m_presenter.cmbSelectionClick(name);
+        m_ui->cmbSelection->showChosen(m_presenter.selection().selectedCompanyName());
+        render();
+    });
+    connect(m_ui->cmbSelection, &CompanySelector::nothingFound, this, [this](const QString& typed) {
+        m_ui->lblNoMatch->setText(tr("No company name contains “%1”.").arg(typed));
+    });
+    connect(m_ui->cmbSelection, &CompanySelector::typing, m_ui->lblNoMatch, &QLabel::clear);
+    connect(m_ui->cmbCategory, &QComboBox::activated, this, &WorkbenchWindow::fillSelector);
+}
+
+void WorkbenchWindow::connectPresenter()
+{
+    connect(&m_presenter, &FrmData::changed, this, &WorkbenchWindow::render);
+    connect(&m_presenter, &FrmData::companyListChanged, this, &WorkbenchWindow::fillSelector);
+    connect(&m_presenter, &FrmData::closeRequested, this, &QWidget::close);
+    connect(&m_presenter.selection(), &Selection::selectedCompanyNameChanged, m_ui->cmbSelection,
+            &CompanySelector::showChosen);
+    connect(&m_presenter.form(), &Form::controlChanged, this, [this](const QString& control) {
+        if (control == "sbar"_L1)
+            m_ui->sbar->showMessage(m_presenter.form().text(control));
+    });
+    connect(&m_presenter, &FrmData::importProgress, m_progress.get(), &ImportProgressView::setRunning);
+}
+
+void WorkbenchWindow::runTool(const QString& key)
+{
+    leaveField();
+    m_presenter.tbarButtonClick(key);
+    render();
+}
+
+void WorkbenchWindow::runMenu(const QString& entry)
+{
+    leaveField();
+    m_presenter.menuClick(entry);
+    render();
+}
+
+void WorkbenchWindow::selectTab(int index)
+{
+    m_ui->TabStrip1->setFocus(Qt::ShortcutFocusReason);
+    m_ui->TabStrip1->setCurrentIndex(index);
+}
+
+void WorkbenchWindow::helpForField()
+{
+    for (const QWidget* widget = focusWidget(); widget; widget = widget->parentWidget()) {
+        if (const int id = widget->property("helpContextId").toInt(); id > 0) {
+            m_presenter.help(id);
+            return;
+        }
+    }
+    m_ui->sbar->showMessage(tr("There is no help for this field."), 4000);
+}
+
+void WorkbenchWindow::leaveField()
+{
+    m_company->binder().leaveField();
+}
+
+// --- What is shown
+// --------------------------------------------------------------------------------------------
+
+void WorkbenchWindow::fillSelector()
+{
+    QStringList categories;
+    for (const QString& name : m_presenter.companyList()) {
+        if (name.startsWith(u'~'))
+            categories.append(name);
+    }
+    const QString narrowed = m_ui->cmbCategory->currentData().toString();
+    m_ui->cmbCategory->clear();
+    m_ui->cmbCategory->addItem(tr("All categories"));
+    for (const QString& name : std::as_const(categories))
+        m_ui->cmbCategory->addItem(QString(name).remove(u'~').trimmed(), name);
+    m_ui->cmbCategory->setCurrentIndex(std::max(0, m_ui->cmbCategory->findData(narrowed)));
+
+    // A company does not carry a category; its name may. The entry of the category itself always does.
+    const QString wanted =
+        m_ui->cmbCategory->currentIndex() > 0 ? m_ui->cmbCategory->currentText() : QString();
+    const QStringList shown = wanted.isEmpty()
+                                  ? m_presenter.companyList()
+                                  : m_presenter.companyList().filter(wanted, Qt::CaseInsensitive);
+    m_ui->cmbSelection->setCompanies(shown);
+}
+
+void WorkbenchWindow::render()
+{
+    setWindowTitle(m_presenter.caption());
+    m_new->setToolTip(tr("%1 (Ctrl+N)").arg(m_presenter.newToolTip()));
+    m_proc->setText(m_presenter.procText());
+    m_proc->setVisible(m_presenter.procVisible());
+    m_counts->setText(m_presenter.countsPanel());
+    m_version->setText(m_presenter.versionPanel());
+    renderCompanyLabel();
+    const QSignalBlocker quiet(m_ui->TabStrip1);
+    for (int index = 0; index < m_ui->TabStrip1->count(); ++index) {
+        if (m_ui->TabStrip1->tabData(index).toString() == m_presenter.currentTab())
+            m_ui->TabStrip1->setCurrentIndex(index);
+    }
+}
+
+void WorkbenchWindow::renderCompanyLabel()
+{
+    const bool category = m_presenter.companyLabel() == CompanyLabel::Category;
+    m_ui->Label45->setAutoFillBackground(category);
+    m_ui->Label45->setBackgroundRole(category ? QPalette::Highlight : QPalette::NoRole);
+    m_ui->Label45->setForegroundRole(category ? QPalette::HighlightedText : QPalette::NoRole);
+}
+
+std::unique_ptr<QTextDocument> WorkbenchWindow::printableForm() const
+{
+    return ::printableForm(*m_company, m_presenter.companyScreen().form(),
+                           m_presenter.selection().selectedCompanyName());
+}
+
+bool WorkbenchWindow::event(QEvent* event)
+{
+    if (event->type() == QEvent::WindowActivate && !m_unloaded && !m_progress->isRunning())
+        m_presenter.activated();
+    return QMainWindow::event(event);
+}
+
+void WorkbenchWindow::closeEvent(QCloseEvent* event)
+{
+    if (m_progress->isRunning()) {
+        event->ignore();
+        return;
+    }
+    if (!m_unloaded) {
+        leaveField();
+        windowstate::save(*this, m_layout);
+        m_unloaded = true;
+        m_presenter.unload();
+    }
+    event->accept();
+}

@@ -1,0 +1,74 @@
+// The main window around the five screens.
+#pragma once
+
+#include <QMainWindow>
+#include <QSettings>
+
+#include <memory>
+
+class CompanyView;
+class FormBinder;
+class FrmData;
+class ImportProgressView;
+class QLabel;
+class QProgressBar;
+class QTextDocument;
+class QToolBar;
+
+namespace Ui {
+class WorkbenchWindow;
+}
+
+/// The window frmData: menus, toolbar, company selector, tab strip, one frame a screen, status bar. Closing
+/// it runs the presenter's unload routine.
+class WorkbenchWindow : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    /// The presenter has been loaded. @p layout remembers size and splitters; both must outlive the window.
+    WorkbenchWindow(FrmData& presenter, QSettings& layout);
+    ~WorkbenchWindow() override;
+
+    /// The visible screen as a page: the company's name as heading, the labelled values, the longer texts.
+    [[nodiscard]] std::unique_ptr<QTextDocument> printableForm() const;
+
+protected:
+    bool event(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void buildFrames();
+    void buildTabs();
+    void buildTools();
+    void buildToolButton(const QString& key, const QString& text, const QString& icon, const QString& tip);
+    void buildNewMenu(QAction& button);
+    void buildMenus();
+    void buildStatusBar();
+    void buildShortcuts();
+    void connectSelector();
+    void connectPresenter();
+
+    void render();
+    void renderCompanyLabel();
+    void fillSelector();
+    void runTool(const QString& key);
+    void runMenu(const QString& entry);
+    void helpForField();
+    void selectTab(int index);
+    void leaveField();
+
+    FrmData& m_presenter;
+    QSettings& m_layout;
+    std::unique_ptr<Ui::WorkbenchWindow> m_ui;
+    FormBinder* m_binder = nullptr;
+    CompanyView* m_company = nullptr;
+    QAction* m_new = nullptr;
+    QLabel* m_proc = nullptr;
+    QLabel* m_position = nullptr;
+    QLabel* m_counts = nullptr;
+    QLabel* m_version = nullptr;
+    QProgressBar* m_load = nullptr;
+    std::unique_ptr<ImportProgressView> m_progress;
+    bool m_unloaded = false;
+};
