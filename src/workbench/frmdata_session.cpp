@@ -4,6 +4,8 @@
 #include "workbench/companyscreen.h"
 #include "workbench/frmdata.h"
 
+#include <QLocale>
+
 #include <cmath>
 #include <cstdlib>
 #include <exception>

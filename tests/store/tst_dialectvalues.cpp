@@ -127,9 +127,10 @@ void tst_DialectValues::condition_findsRows_data()
     QTest::newRow("null") << u"AddressKey Is Null"_s << u"Cole,Dane"_s;
     QTest::newRow("not null") << u"EntryDate Is Not Null"_s << u"Acme,Berg,Cole"_s;
     QTest::newRow("division is real") << u"3/2=1.5 And Name='Acme'"_s << u"Acme"_s;
-    QTest::newRow("division of columns is real")
-        << u"AddressKey/CompanyKey=20/2 Or CompanyKey/AddressKey=0.1"_s << u"Acme,Berg"_s;
-    QTest::newRow("product before division is real") << u"CompanyKey*3/2=1.5"_s << u"Acme"_s;
+    QTest::newRow("division of columns is real") << u"CompanyKey/AddressKey=0.1"_s << u"Acme,Berg"_s;
+    QTest::newRow("product before division is real")
+        << u"CompanyKey*CompanyKey/AddressKey=0.2"_s << u"Berg"_s;
+    QTest::newRow("sum in parentheses before product") << u"(1+2)*3=9 And CompanyKey=1"_s << u"Acme"_s;
     QTest::newRow("division by zero") << u"AddressKey/0=1"_s << QString();
     QTest::newRow("product before sum") << u"1+2*3=7 And -(1+2)*3=0-9 And CompanyKey=1"_s << u"Acme"_s;
     QTest::newRow("difference from the left") << u"9-3-2=4 And 9-(3-2)=8 And CompanyKey=1"_s << u"Acme"_s;
@@ -154,6 +155,8 @@ void tst_DialectValues::condition_findsRows_data()
         << u"EntryDate > 2026-11-15 And EntryDate < 46332"_s << u"Acme"_s;
     QTest::newRow("day number of a date") << u"EntryDate=46331"_s << u"Acme"_s;
     QTest::newRow("day number with a fraction") << u"EntryDate>46332.5 And EntryDate<46332.6"_s << u"Berg"_s;
+    QTest::newRow("date beside a number's column")
+        << u"AddressKey Between 5 And EntryDate"_s << u"Acme,Berg"_s;
     QTest::newRow("date reckoned with") << u"EntryDate-30=46331-30"_s << u"Acme"_s;
 }
 

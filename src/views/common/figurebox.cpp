@@ -5,7 +5,8 @@ FigureBox::FigureBox(QWidget* parent)
 {
     setReadOnly(true);
     setFrame(false);
-    setTextMargins(0, 0, 0, 0);
+    // Without these two pixels less, a figure stands beside the edge of the caption below it.
+    setTextMargins(-2, 0, -2, 0);
     // A stop of the Tab key on each figure would only be in the way of somebody filling in the form.
     setFocusPolicy(Qt::ClickFocus);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
@@ -20,9 +21,9 @@ FigureBox::FigureBox(QWidget* parent)
 
 QSize FigureBox::sizeHint() const
 {
-    // The line edit keeps two pixels free on each side of its text, and one for the cursor.
+    // The cursor stands behind the last character.
     const QFontMetrics metrics = fontMetrics();
-    return {metrics.horizontalAdvance(text().isEmpty() ? QStringLiteral("0") : text()) + 6,
+    return {metrics.horizontalAdvance(text().isEmpty() ? QStringLiteral("0") : text()) + 3,
             metrics.height() + 2};
 }
 

@@ -4,6 +4,7 @@
 #include "views/common/icons.h"
 
 #include <QHash>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QStyledItemDelegate>
 
@@ -38,6 +39,7 @@ KindTree::KindTree(QWidget* parent)
     setHeaderHidden(true);
     setUniformRowHeights(true);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
+    connect(this, &QAbstractItemView::doubleClicked, this, &KindTree::opened);
 }
 
 void KindTree::setModel(QAbstractItemModel* model)
@@ -67,6 +69,15 @@ void KindTree::setHint(const QString& hint)
 bool KindTree::isEmpty() const
 {
     return model()->rowCount() == 0 || model()->rowCount(model()->index(0, 0)) == 0;
+}
+
+void KindTree::keyPressEvent(QKeyEvent* event)
+{
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (enter && currentIndex().isValid())
+        emit opened(currentIndex());
+    else
+        QTreeView::keyPressEvent(event);
 }
 
 void KindTree::paintEvent(QPaintEvent* event)

@@ -21,7 +21,13 @@ public:
     /// True while there is nothing below the root.
     [[nodiscard]] bool isEmpty() const;
 
+signals:
+    /// A double click or the Enter key on a node. Other than activated(), never a single click, whatever the desktop's
+    /// habit: opening leaves the screen.
+    void opened(const QModelIndex& index);
+
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:

@@ -17,11 +17,14 @@ void makeHeading(QWidget& widget)
         widget.setContentsMargins(0, widget.fontMetrics().height() / 2, 0, 0);
 }
 
-int boxHeight(const QWidget& box, int lines)
+/// A text box that fills what its neighbours leave, but never less than its lines; its own wish would be a
+/// page.
+void makeBox(QWidget& box, int lines)
 {
     const auto* edit = qobject_cast<const QPlainTextEdit*>(&box);
     const int inside = edit ? qRound(2 * edit->document()->documentMargin()) + 2 * edit->frameWidth() : 0;
-    return box.fontMetrics().lineSpacing() * lines + inside + 2;
+    box.setMinimumHeight(box.fontMetrics().lineSpacing() * lines + inside);
+    box.setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
 }
 
 } // namespace
@@ -49,7 +52,7 @@ void dress(QWidget& view)
         if (const int chars = widget->property("chars").toInt(); chars > 0)
             widget->setFixedWidth(fieldWidth(*widget, chars));
         if (const int lines = widget->property("lines").toInt(); lines > 0)
-            widget->setFixedHeight(boxHeight(*widget, lines));
+            makeBox(*widget, lines);
     }
 }
 

@@ -18,13 +18,15 @@ CompanyView::CompanyView(CompanyScreen& presenter, QWidget* parent)
     for (FigureBox* figure :
          {m_ui->txtPosCount, m_ui->txtContCount, m_ui->txtDaysSince, m_ui->txtHTRatio, m_ui->txtRTRatio})
         figure->setScale(1.5);
+    // A little more for the form than for the figures and texts beside it.
+    m_ui->splCompany->setSizes({600, 500});
     setIcons();
     m_ui->tvwPosContact->setModel(&presenter.tvwPosContact());
     m_binder = new FormBinder(presenter.form(), presenter, *this);
 
     connect(&presenter, &CompanyScreen::changed, this, &CompanyView::render);
     connect(&presenter.tvwPosContact(), &QAbstractItemModel::rowsInserted, this, &CompanyView::render);
-    connect(m_ui->tvwPosContact, &QTreeView::activated, &presenter, &CompanyScreen::tvwPosContactDblClick);
+    connect(m_ui->tvwPosContact, &KindTree::opened, &presenter, &CompanyScreen::tvwPosContactDblClick);
     render();
 }
 

@@ -229,6 +229,10 @@ void WorkbenchWindow::connectPresenter()
     connect(&m_presenter, &FrmData::closeRequested, this, &QWidget::close);
     connect(&m_presenter.selection(), &Selection::selectedCompanyNameChanged, m_ui->cmbSelection,
             &CompanySelector::showChosen);
+    connect(&m_presenter.form(), &Form::controlChanged, this, [this](const QString& control) {
+        if (control == "sbar"_L1)
+            m_ui->sbar->showMessage(m_presenter.form().text(control));
+    });
     connect(&m_presenter, &FrmData::importProgress, m_progress.get(), &ImportProgressView::setRunning);
 }
 
