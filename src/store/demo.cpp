@@ -68,7 +68,8 @@ QString writeShifted(const Session& session, const QString& from, const QString&
     return {};
 }
 
-/// Adds to a restored campaign what a restore leaves out. Records are found by their names, as their keys are new.
+/// Adds to a restored campaign what a restore leaves out. Records are found by their names, as their keys are
+/// new.
 class Completion
 {
 public:
@@ -120,11 +121,12 @@ private:
         for (const pugi::xml_node& profile : m_file.records("JProfile")) {
             const pugi::xml_node position = positions.value(value(profile, "PositionKey"));
             const QString company = m_companies.value(value(position, "CompanyKey"));
-            done = m_data.execQuery(u"INSERT INTO JProfile(PositionKey,QAns,PR,QCount,TemplateKey,CompanyKey) VALUES('"_s +
-                                    QString::number(m_data.getPositionKey(value(position, "Title"), company)) + u"','" +
-                                    value(profile, "QAns") + u"','" + value(profile, "PR") + u"','" +
-                                    value(profile, "QCount") + u"','" + value(profile, "TemplateKey") + u"','" +
-                                    QString::number(m_data.getCompanyKey(company)) + u"')") &&
+            done = m_data.execQuery(
+                       u"INSERT INTO JProfile(PositionKey,QAns,PR,QCount,TemplateKey,CompanyKey) VALUES('"_s +
+                       QString::number(m_data.getPositionKey(value(position, "Title"), company)) + u"','" +
+                       value(profile, "QAns") + u"','" + value(profile, "PR") + u"','" +
+                       value(profile, "QCount") + u"','" + value(profile, "TemplateKey") + u"','" +
+                       QString::number(m_data.getCompanyKey(company)) + u"')") &&
                    done;
         }
         return done;

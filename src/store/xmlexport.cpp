@@ -23,8 +23,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr std::array<QStringView, 12> tables{u"Address", u"Company", u"Contact",  u"CProfile", u"Document", u"Event",
-                                             u"History", u"JProfile", u"Position", u"Question", u"Target",  u"UProfile"};
+constexpr std::array<QStringView, 12> tables{u"Address",  u"Company",  u"Contact", u"CProfile",
+                                             u"Document", u"Event",    u"History", u"JProfile",
+                                             u"Position", u"Question", u"Target",  u"UProfile"};
 /// The bar's steps for one table; the rows of all tables together are not known before the last is read.
 constexpr int stepsPerTable = 100;
 
@@ -36,7 +37,10 @@ public:
         : m_file(file)
     {
     }
-    void write(const void* data, size_t size) override { add({static_cast<const char*>(data), static_cast<qsizetype>(size)}); }
+    void write(const void* data, size_t size) override
+    {
+        add({static_cast<const char*>(data), static_cast<qsizetype>(size)});
+    }
     void add(QByteArrayView piece)
     {
         m_pending.append(piece);

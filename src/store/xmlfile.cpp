@@ -27,7 +27,8 @@ bool isValidUtf8(const QByteArray& bytes)
     constexpr qsizetype step = qsizetype{1} << 20;
     QStringDecoder decoder(QStringDecoder::Utf8);
     for (qsizetype at = 0; at < bytes.size(); at += step) {
-        const QString ignored = decoder.decode(QByteArrayView(bytes).sliced(at, qMin(step, bytes.size() - at)));
+        const QString ignored =
+            decoder.decode(QByteArrayView(bytes).sliced(at, qMin(step, bytes.size() - at)));
         if (decoder.hasError())
             return false;
     }
@@ -91,12 +92,13 @@ QString CampaignFile::load(const QString& path)
 
 QString CampaignFile::parse(const QString& path, bool isUtf8)
 {
-    // The document type is asked for only to be refused: a campaign file has none, and entities of its own are a
-    // way to make a small file grow without bound.
+    // The document type is asked for only to be refused: a campaign file has none, and entities of its own
+    // are a way to make a small file grow without bound.
     const pugi::xml_parse_result result = m_document.load_buffer_inplace(
         m_bytes.data(), static_cast<size_t>(m_bytes.size()), pugi::parse_default | pugi::parse_doctype);
     if (result.encoding == pugi::encoding_utf8 && !isUtf8)
-        return say("The file %1 holds bytes that are no UTF-8 text. Save it again in the UTF-8 encoding.").arg(path);
+        return say("The file %1 holds bytes that are no UTF-8 text. Save it again in the UTF-8 encoding.")
+            .arg(path);
     if (!result)
         return say("The file %1 is no well-formed XML: %2 (line %3).")
             .arg(path, QString::fromLatin1(result.description()))
@@ -130,7 +132,8 @@ QString CampaignFile::checkShape()
     return refusal.isEmpty() ? findDouble("Contact", "ContactKey") : refusal;
 }
 
-// Contacts, positions and histories say by these keys whom they belong to; with a key given twice nobody can tell.
+// Contacts, positions and histories say by these keys whom they belong to; with a key given twice nobody can
+// tell.
 QString CampaignFile::findDouble(std::string_view table, const char* keyColumn) const
 {
     std::unordered_set<std::string_view> seen;

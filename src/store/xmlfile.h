@@ -10,16 +10,18 @@
 #include <unordered_map>
 #include <vector>
 
-/// A loaded campaign file with the lookups that the import walks by: each is made once, so that the walk's cost grows
-/// with the records and not with their square. Nodes and keys point into the file and live as long as it does.
+/// A loaded campaign file with the lookups that the import walks by: each is made once, so that the walk's
+/// cost grows with the records and not with their square. Nodes and keys point into the file and live as long
+/// as it does.
 class CampaignFile
 {
 public:
     using Records = std::vector<pugi::xml_node>;
 
-    /// Reads the file and checks all that can be known before a first row is written: that it is well-formed XML of a
-    /// sane size and encoding without a document type, that its root is the program's own, and that no two companies
-    /// or contacts share a key. Answers "" or, in words for the user, why the file cannot be used.
+    /// Reads the file and checks all that can be known before a first row is written: that it is well-formed
+    /// XML of a sane size and encoding without a document type, that its root is the program's own, and that
+    /// no two companies or contacts share a key. Answers "" or, in words for the user, why the file cannot be
+    /// used.
     [[nodiscard]] QString load(const QString& path);
 
     /// True when the file replaces the store's contents; otherwise it is merged into them.
@@ -32,8 +34,8 @@ public:
     [[nodiscard]] const Records& contactsOf(std::string_view companyKey) const;
     [[nodiscard]] const Records& positionsOf(std::string_view companyKey) const;
     [[nodiscard]] const Records& historiesOf(std::string_view contactKey) const;
-    /// How many records of @p table hang, by their @p column, on no record of @p owner that has this as its key: the
-    /// walk from owner to owner never meets them.
+    /// How many records of @p table hang, by their @p column, on no record of @p owner that has this as its
+    /// key: the walk from owner to owner never meets them.
     [[nodiscard]] int orphans(std::string_view table, const char* column, std::string_view owner) const;
 
 private:

@@ -12,21 +12,26 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr std::array companyColumns{"Industry", "Notes", "EntryDate"};
-constexpr std::array contactColumns{"Department", "ReportsTo", "HiringMgr", "BestMedium", "ContactTime", "Notes"};
+constexpr std::array contactColumns{"Department", "ReportsTo",   "HiringMgr",
+                                    "BestMedium", "ContactTime", "Notes"};
 constexpr std::array addressColumns{"Address1", "Address2", "City", "State", "Zip"};
 constexpr std::array reachColumns{"Phone1", "Phone2", "Phone3", "Fax", "Email1", "Email2", "URL1"};
 constexpr std::array historyColumns{"Medium", "Length",   "Topic",       "Details",     "Location",
                                     "Return", "NextCall", "ContactDate", "DocumentXfer"};
-constexpr std::array positionColumns{"Title",   "EntryDate", "Responsibilities", "Qualifications", "Keyword",
-                                     "Notes",   "Benefits",  "Location"};
+constexpr std::array positionColumns{"Title",   "EntryDate", "Responsibilities", "Qualifications",
+                                     "Keyword", "Notes",     "Benefits",         "Location"};
 /// The step dates of a position, each with its medium behind it.
-constexpr std::array stepColumns{
-    std::array{"CompanyResearch", "CompanyResearchMedium"}, std::array{"PositionResearch", "PositionResearchMedium"},
-    std::array{"InfoContact", "InfoContactMedium"},         std::array{"InfoFollow", "InfoFollowMedium"},
-    std::array{"PrepareCover", "PrepareCoverMedium"},       std::array{"PrepareResume", "PrepareResumeMedium"},
-    std::array{"SentResume", "SentResumeMedium"},           std::array{"Response", "ResponseMedium"},
-    std::array{"Interview", "InterviewMedium"},             std::array{"FollowUp", "FollowUpMedium"},
-    std::array{"Hired", "HiredMedium"}};
+constexpr std::array stepColumns{std::array{"CompanyResearch", "CompanyResearchMedium"},
+                                 std::array{"PositionResearch", "PositionResearchMedium"},
+                                 std::array{"InfoContact", "InfoContactMedium"},
+                                 std::array{"InfoFollow", "InfoFollowMedium"},
+                                 std::array{"PrepareCover", "PrepareCoverMedium"},
+                                 std::array{"PrepareResume", "PrepareResumeMedium"},
+                                 std::array{"SentResume", "SentResumeMedium"},
+                                 std::array{"Response", "ResponseMedium"},
+                                 std::array{"Interview", "InterviewMedium"},
+                                 std::array{"FollowUp", "FollowUpMedium"},
+                                 std::array{"Hired", "HiredMedium"}};
 constexpr std::array offerColumns{"PersonalRanking", "OfferStatus", "Source", "ContactList"};
 constexpr std::array documentColumns{"Document", "Version", "Target", "Sent", "CreationDate",
                                      "Style",    "Notes",   "Path",   "Type"};
@@ -38,7 +43,8 @@ const QString noDate = u"12/31/1999"_s;
 std::optional<Key> usableKey(std::string_view text)
 {
     bool isNumber = false;
-    const auto key = toKey(QByteArrayView(text.data(), static_cast<qsizetype>(text.size())).toLongLong(&isNumber));
+    const auto key =
+        toKey(QByteArrayView(text.data(), static_cast<qsizetype>(text.size())).toLongLong(&isNumber));
     return isNumber && key.value_or(0) > 0 ? key : std::nullopt;
 }
 
@@ -116,11 +122,13 @@ void XmlImport::readCompany(pugi::xml_node record)
 
 Key XmlImport::storeAddress(std::string_view key, const QString& status)
 {
-    // A key that leads to no address is a normal state; the owner then gets an empty one, as every owner has its own.
+    // A key that leads to no address is a normal state; the owner then gets an empty one, as every owner has
+    // its own.
     RecordReader address(m_file.address(key));
     InsertText insert(u"Insert into Address(");
     insert.add(address, addressColumns).add("Country", u"USA").add(address, reachColumns);
-    insert.add("URl2", address.text("URL2")).add("EntryDate", address.textOr("EntryDate", m_session.todayText()));
+    insert.add("URl2", address.text("URL2"))
+        .add("EntryDate", address.textOr("EntryDate", m_session.todayText()));
     const Key stored = storeKeyed(insert, u"Address"_s, u"AddressKey"_s);
     show(status + QString::number(stored));
     return stored;
@@ -216,13 +224,14 @@ void XmlImport::renewLists()
 {
     m_data.updateContactLists(m_contacts.newOld(), u"Contact"_s);
     m_data.updateContactLists(m_contacts.newOld(), u"Position"_s);
-    // The table of documents has no list of documents, so each of these fails and is logged; contacts come in with an
-    // empty list, because the store cannot know which copy of a document the user will go on with.
+    // The table of documents has no list of documents, so each of these fails and is logged; contacts come in
+    // with an empty list, because the store cannot know which copy of a document the user will go on with.
     for (const auto& [newKey, oldKey] : m_documents)
         m_data.updateDocList(newKey, oldKey, u"Document"_s, 1);
 }
 
-// The walk goes from owner to owner, so a record of nobody is never met; the user is to know that it stayed behind.
+// The walk goes from owner to owner, so a record of nobody is never met; the user is to know that it stayed
+// behind.
 void XmlImport::countOrphans()
 {
     struct Belonging
@@ -240,8 +249,9 @@ void XmlImport::countOrphans()
             continue;
         tick(orphans);
         m_lost += orphans;
-        m_data.logError(QCoreApplication::translate("XmlImport", "DataJW-ImportXML: %1 of the %2 records in the file "
-                                                                 "belong to no record of %3 in it and did not come in.")
+        m_data.logError(QCoreApplication::translate("XmlImport",
+                                                    "DataJW-ImportXML: %1 of the %2 records in the file "
+                                                    "belong to no record of %3 in it and did not come in.")
                             .arg(orphans)
                             .arg(QLatin1String(each.table), QLatin1String(each.owner)),
                         1);

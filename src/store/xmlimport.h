@@ -17,9 +17,9 @@ class Session;
 
 namespace xmlimport {
 
-/// Restores from or merges in the file at @p path, as DataJW::importXML() promises. A file that cannot be used is
-/// refused with a message before anything is changed; before a restore the store is copied. How many records did not
-/// come in is told once, at the end; the reasons stand in the error log.
+/// Restores from or merges in the file at @p path, as DataJW::importXML() promises. A file that cannot be
+/// used is refused with a message before anything is changed; before a restore the store is copied. How many
+/// records did not come in is told once, at the end; the reasons stand in the error log.
 void read(Session& session, const QString& path);
 
 } // namespace xmlimport
@@ -32,8 +32,8 @@ public:
     void add(std::string_view oldKey, Key newKey);
     /// The new key of the first record that had this old one, as text; @p oldKey itself when there is none.
     [[nodiscard]] QString mapped(std::string_view oldKey) const;
-    /// New and old keys for the walk over the key lists. Old keys that the program cannot work with are not among
-    /// them: no list holds them.
+    /// New and old keys for the walk over the key lists. Old keys that the program cannot work with are not
+    /// among them: no list holds them.
     [[nodiscard]] const std::vector<std::pair<Key, Key>>& newOld() const { return m_newOld; }
 
 private:

@@ -8,25 +8,28 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr std::array profileColumns{"CompanyKey", "QAns", "PR", "QCount", "TemplateKey"};
-constexpr std::array questionColumns{"Question", "AnswerCount", "AnswerPref", "Answers", "AnswerType", "ProfileType"};
-constexpr std::array eventColumns{"Event",     "EventDate", "EventTime", "EventDuration",
-                                  "AMPM",      "Reminder1", "Reminder2", "Description"};
+constexpr std::array questionColumns{"Question", "AnswerCount", "AnswerPref",
+                                     "Answers",  "AnswerType",  "ProfileType"};
+constexpr std::array eventColumns{"Event", "EventDate", "EventTime", "EventDuration",
+                                  "AMPM",  "Reminder1", "Reminder2", "Description"};
 constexpr std::array eventStateColumns{"Medium", "EventType", "Complete"};
-constexpr std::array targetColumns{
-    "Name",  "InDB",  "Contacted", "Contacts",      "Positions", "Flags",     "Business", "Industry",
-    "Sector", "Type", "Employees", "Sales",         "ExecCEO",   "Exec1",     "Exec2",    "Exec3",
-    "Exec4", "BusinessUnits", "Public", "TargetURL", "Rank", "ProfileRank", "CompanyKey", "EntryDate"};
-constexpr std::array itemColumns{"Title",     "TimeStart",      "TimeEnd",   "Category",    "Function1",
-                                 "Function2", "Function3",      "Index",     "ExperienceTime", "Location",
-                                 "Notes",     "Subcategory",    "Subtitle",  "TimeStartYear",  "TimeEndYear"};
+constexpr std::array targetColumns{"Name",      "InDB",        "Contacted",     "Contacts", "Positions",
+                                   "Flags",     "Business",    "Industry",      "Sector",   "Type",
+                                   "Employees", "Sales",       "ExecCEO",       "Exec1",    "Exec2",
+                                   "Exec3",     "Exec4",       "BusinessUnits", "Public",   "TargetURL",
+                                   "Rank",      "ProfileRank", "CompanyKey",    "EntryDate"};
+constexpr std::array itemColumns{"Title",     "TimeStart",   "TimeEnd",  "Category",       "Function1",
+                                 "Function2", "Function3",   "Index",    "ExperienceTime", "Location",
+                                 "Notes",     "Subcategory", "Subtitle", "TimeStartYear",  "TimeEndYear"};
 
 } // namespace
 
 void XmlImport::readFurtherTables()
 {
     deleteRows({u"CProfile", u"Event", u"JProfile", u"Question", u"Target", u"UProfile"});
-    // Answers keep the company's key as it stands in the file, and answers about a position lose theirs: a profile
-    // describes the day on which it was answered, and is answered again for a record that came in anew.
+    // Answers keep the company's key as it stands in the file, and answers about a position lose theirs: a
+    // profile describes the day on which it was answered, and is answered again for a record that came in
+    // anew.
     readPlain("CProfile", u"INSERT INTO CProfile(", profileColumns);
     readPlain("JProfile", u"INSERT INTO JProfile(", profileColumns);
     readPlain("Question", u"INSERT INTO Question(", questionColumns);

@@ -26,8 +26,9 @@ void report(Session& session, const QString& reason)
     session.msgBox(reason);
 }
 
-/// A restore numbers every record anew and the store never uses a number twice, so it can run out of keys with its
-/// work half done. Known beforehand, it is refused while everything is still there. "" when the keys will do.
+/// A restore numbers every record anew and the store never uses a number twice, so it can run out of keys
+/// with its work half done. Known beforehand, it is refused while everything is still there. "" when the keys
+/// will do.
 QString checkKeys(Session& session, const CampaignFile& file)
 {
     struct Need
@@ -40,10 +41,12 @@ QString checkKeys(Session& session, const CampaignFile& file)
     for (const Need& need : {Need{"Address", companies + contacts}, Need{"Company", companies},
                              Need{"Contact", contacts}, Need{"Position", file.records("Position").size()},
                              Need{"Document", file.records("Document").size()}}) {
-        const QString used = engine::value(session.dataJW().database().handle(),
-                                           QByteArray("SELECT seq FROM sqlite_sequence WHERE name='") + need.table + "'");
+        const QString used =
+            engine::value(session.dataJW().database().handle(),
+                          QByteArray("SELECT seq FROM sqlite_sequence WHERE name='") + need.table + "'");
         if (used.toLongLong() + static_cast<qint64>(need.rows) > keyLimit)
-            return say("This database has given out %1 keys of the table %2 and has none left for %3 more records. "
+            return say("This database has given out %1 keys of the table %2 and has none left for %3 more "
+                       "records. "
                        "Nothing was changed. Restore the file into a new, empty folder instead.")
                 .arg(used.isEmpty() ? u"0"_s : used, QLatin1String(need.table))
                 .arg(need.rows);
@@ -60,8 +63,8 @@ QString prepare(Session& session, CampaignFile& file, const QString& path)
     return checkKeys(session, file);
 }
 
-/// A walk writes all over the indexes of a store that grows under it; with the everyday cache the engine would write
-/// and read the same pages again and again.
+/// A walk writes all over the indexes of a store that grows under it; with the everyday cache the engine
+/// would write and read the same pages again and again.
 class WideCache
 {
 public:
@@ -71,7 +74,11 @@ public:
     {
         engine::execute(m_connection, "PRAGMA cache_size=-98304"); // 96 MB, taken only as far as it is filled
     }
-    ~WideCache() { sqlite3_exec(m_connection, QByteArray("PRAGMA cache_size=" + m_before).constData(), nullptr, nullptr, nullptr); }
+    ~WideCache()
+    {
+        sqlite3_exec(m_connection, QByteArray("PRAGMA cache_size=" + m_before).constData(), nullptr, nullptr,
+                     nullptr);
+    }
     WideCache(const WideCache&) = delete;
     WideCache& operator=(const WideCache&) = delete;
 
@@ -80,8 +87,8 @@ private:
     QByteArray m_before;
 };
 
-/// The walk in one action. Whatever stops it, what was read before stays. True when all of it was reached and is on
-/// the disk; @p lost are the records that did not come in.
+/// The walk in one action. Whatever stops it, what was read before stays. True when all of it was reached and
+/// is on the disk; @p lost are the records that did not come in.
 bool walk(Session& session, const CampaignFile& file, int& lost, QString& stopped)
 {
     const WideCache cache(session.dataJW().database());
@@ -114,10 +121,12 @@ void readChecked(Session& session, const QString& path)
     if (!walk(session, file, lost, stopped))
         session.setStatusLine(say("Import stopped"));
     else if (!stopped.isEmpty())
-        report(session, say("The import stopped: %1 What was read before it is in the database.").arg(stopped));
+        report(session,
+               say("The import stopped: %1 What was read before it is in the database.").arg(stopped));
     else if (lost > 0)
-        session.msgBox(say(lost == 1 ? "One record of the file did not come in. The file ErrorLog.txt says why."
-                                     : "%1 records of the file did not come in. The file ErrorLog.txt says why.")
+        session.msgBox(say(lost == 1
+                               ? "One record of the file did not come in. The file ErrorLog.txt says why."
+                               : "%1 records of the file did not come in. The file ErrorLog.txt says why.")
                            .replace(u"%1"_s, QString::number(lost)));
 }
 

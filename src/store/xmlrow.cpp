@@ -30,10 +30,10 @@ void RecordReader::stop(const char* column) const
     for (pugi::xml_node before = m_record.previous_sibling("Record"); before;
          before = before.previous_sibling("Record"))
         ++place;
-    throw ImportStopped(QCoreApplication::translate("XmlImport", "Record %1 of the table %2 lacks the attribute %3.")
-                            .arg(place)
-                            .arg(QString::fromUtf8(m_record.parent().attribute("Table").value()),
-                                 QString::fromUtf8(column)));
+    throw ImportStopped(
+        QCoreApplication::translate("XmlImport", "Record %1 of the table %2 lacks the attribute %3.")
+            .arg(place)
+            .arg(QString::fromUtf8(m_record.parent().attribute("Table").value()), QString::fromUtf8(column)));
 }
 
 InsertText::InsertText(QStringView opening)

@@ -34,7 +34,8 @@ public:
         : m_record(record)
     {
     }
-    /// The attribute's value in the file itself. Throws ImportStopped when the record has no attribute of that name.
+    /// The attribute's value in the file itself. Throws ImportStopped when the record has no attribute of
+    /// that name.
     std::string_view raw(const char* column);
     /// The attribute's text as it stands; stops as raw() does.
     QString text(const char* column);
@@ -48,8 +49,8 @@ private:
     pugi::xml_attribute m_hint;
 };
 
-/// Builds "INSERT INTO T(a,b) VALUES('1','2')". Values go in as they stand, numbers too between quotes: they were
-/// cleaned when they were first stored.
+/// Builds "INSERT INTO T(a,b) VALUES('1','2')". Values go in as they stand, numbers too between quotes: they
+/// were cleaned when they were first stored.
 class InsertText
 {
 public:

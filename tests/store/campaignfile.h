@@ -35,7 +35,8 @@ public:
     }
     [[nodiscard]] QString text() const
     {
-        return QStringLiteral("<Jobwright%1>%2</Jobwright>").arg(m_restore ? QStringLiteral(" Restore='1'") : QString(), m_data);
+        return QStringLiteral("<Jobwright%1>%2</Jobwright>")
+            .arg(m_restore ? QStringLiteral(" Restore='1'") : QString(), m_data);
     }
     /// Writes the file into the world's folder and imports it.
     void import(World& world) const { world.data().importXML(write(world)); }
@@ -76,7 +77,8 @@ inline QByteArray contentHash(Database& database)
         hash.addData((table.name + QString::number(rows.rowCount())).toUtf8());
         for (; !rows.atEnd(); rows.next()) {
             for (int i = 0; i < rows.columnCount(); ++i)
-                hash.addData(QString((rows.value(i).isNull() ? QStringLiteral("\x1") : rows.text(i)) + u'\x2').toUtf8());
+                hash.addData(QString((rows.value(i).isNull() ? QStringLiteral("\x1") : rows.text(i)) + u'\x2')
+                                 .toUtf8());
         }
     }
     return hash.result();

@@ -1,5 +1,5 @@
-// The i-th store call fails, for every i: what is left is what the statements before and after it make, the log says
-// so under the operation's tag, and doing it again works. And no room on the disk loses nothing.
+// The i-th store call fails, for every i: what is left is what the statements before and after it make, the
+// log says so under the operation's tag, and doing it again works. And no room on the disk loses nothing.
 #include "store/childwork.h"
 
 #include <QCoreApplication>
@@ -71,7 +71,8 @@ QString left(World& world)
 {
     QStringList counts;
     for (const char* table : {"Contact", "Position", "Event", "CProfile", "JProfile", "Company"})
-        counts.append(QString::number(world.data().getCountSp(QLatin1String(table), true, u"CompanyKey=1"_s)));
+        counts.append(
+            QString::number(world.data().getCountSp(QLatin1String(table), true, u"CompanyKey=1"_s)));
     counts.append(QString::number(world.data().getCountSp(u"History"_s, true, u"ContactKey<=3"_s)));
     return counts.join(u' ');
 }
@@ -80,13 +81,16 @@ QString left(World& world)
 QString rowCounts(World& world)
 {
     QStringList counts;
-    for (const char* table : {"Address", "Company", "Contact", "History", "Position", "Document", "Event", "CProfile", "JProfile"})
-        counts.append(QLatin1String(table) + u'=' + QString::number(world.data().getCount(QLatin1String(table), true)));
+    for (const char* table : {"Address", "Company", "Contact", "History", "Position", "Document", "Event",
+                              "CProfile", "JProfile"})
+        counts.append(QLatin1String(table) + u'=' +
+                      QString::number(world.data().getCount(QLatin1String(table), true)));
     return counts.join(u' ');
 }
 
-/// What a restore of one company into the store of load(1) leaves when this statement, and no other, failed: a delete
-/// leaves its old rows beside the new ones, an insert loses its one record, anything else loses no row.
+/// What a restore of one company into the store of load(1) leaves when this statement, and no other, failed:
+/// a delete leaves its old rows beside the new ones, an insert loses its one record, anything else loses no
+/// row.
 QString countsAfter(const QString& failed)
 {
     QStringList counts;
@@ -96,8 +100,9 @@ QString countsAfter(const QString& failed)
         int before;
         int inFile;
     };
-    for (const Rows& rows : {Rows{"Address", 4, 4}, Rows{"Company", 1, 1}, Rows{"Contact", 3, 3}, Rows{"History", 3, 3}, Rows{"Position", 3, 3},
-                             Rows{"Document", 0, 1}, Rows{"Event", 1, 1}, Rows{"CProfile", 1, 0}, Rows{"JProfile", 1, 0}}) {
+    for (const Rows& rows : {Rows{"Address", 4, 4}, Rows{"Company", 1, 1}, Rows{"Contact", 3, 3},
+                             Rows{"History", 3, 3}, Rows{"Position", 3, 3}, Rows{"Document", 0, 1},
+                             Rows{"Event", 1, 1}, Rows{"CProfile", 1, 0}, Rows{"JProfile", 1, 0}}) {
         const QString table = QLatin1String(rows.table);
         int count = rows.inFile;
         if (failed == QString(u"Delete * from " + table))
@@ -119,13 +124,14 @@ bool isKeyRead(const QString& statement)
 
 void TestFaultSweep::companyRemoval()
 {
-    // What is left when the i-th call fails: contacts, positions, events, company and position profiles, the company,
-    // histories. A failure ends the removal of what hangs on the company; the company's own row goes all the same.
+    // What is left when the i-th call fails: contacts, positions, events, company and position profiles, the
+    // company, histories. A failure ends the removal of what hangs on the company; the company's own row goes
+    // all the same.
     const QStringList expected{
         u"3 3 1 1 1 0 3"_s,                                         // the list of contacts
         u"3 3 1 1 1 0 3"_s, u"3 3 1 1 1 0 2"_s, u"3 3 1 1 1 0 1"_s, // the histories of each contact
-        u"3 3 1 1 1 0 0"_s, u"0 3 1 1 1 0 0"_s, u"0 0 1 1 1 0 0"_s, u"0 0 0 1 1 0 0"_s, u"0 0 0 0 1 0 0"_s,
-        u"0 0 0 0 0 1 0"_s, u"0 0 0 0 0 0 0"_s}; // the last: no such call
+        u"3 3 1 1 1 0 0"_s, u"0 3 1 1 1 0 0"_s, u"0 0 1 1 1 0 0"_s, u"0 0 0 1 1 0 0"_s,
+        u"0 0 0 0 1 0 0"_s, u"0 0 0 0 0 1 0"_s, u"0 0 0 0 0 0 0"_s}; // the last: no such call
     for (int i = 1; i <= expected.size(); ++i) {
         World world;
         load(world, 2);
@@ -155,7 +161,8 @@ void TestFaultSweep::restore()
     for (int i = 1; i <= calls; ++i) {
         World world;
         load(world, 1);
-        const QString path = killCampaign(true, u"New"_s, 1).add(u"Document"_s, u"ResumeKey='1' Document='D'"_s).write(world);
+        const QString path =
+            killCampaign(true, u"New"_s, 1).add(u"Document"_s, u"ResumeKey='1' Document='D'"_s).write(world);
         QString failed;
         world.prompts.acceptAll(Answer::Ok);
         {
@@ -166,9 +173,11 @@ void TestFaultSweep::restore()
         }
         QCOMPARE(world.session->statusLine(), u"Import Complete"_s);
         QCOMPARE(rowCounts(world), countsAfter(failed));
-        const bool quiet = failed.startsWith(u"Select * from company where name=") || failed.startsWith(u"Select * from document where");
+        const bool quiet = failed.startsWith(u"Select * from company where name=") ||
+                           failed.startsWith(u"Select * from document where");
         QVERIFY2(quiet || world.errorLog().contains(u"made to fail"), qPrintable(failed));
-        QCOMPARE(world.prompts.asked().filter(u"did not come in"_s).size(), failed.startsWith(u"insert"_s, Qt::CaseInsensitive) || isKeyRead(failed) ? 1 : 0);
+        QCOMPARE(world.prompts.asked().filter(u"did not come in"_s).size(),
+                 failed.startsWith(u"insert"_s, Qt::CaseInsensitive) || isKeyRead(failed) ? 1 : 0);
         world.data().importXML(path);
         QCOMPARE(world.session->statusLine(), u"Import Complete"_s);
         QCOMPARE(rowCounts(world), countsAfter(QString()));
@@ -226,7 +235,8 @@ int restoreOnSmallDisk(const QString& folder)
     if (::setrlimit(RLIMIT_FSIZE, &limit) != 0)
         return 1;
     Mute mute;
-    Session session(folder, [] { return QDateTime(QDate(2026, 11, 22), QTime(9, 30)); }, mute, mute);
+    Session session(
+        folder, [] { return QDateTime(QDate(2026, 11, 22), QTime(9, 30)); }, mute, mute);
     session.dataJW().importXML(folder + u"/given.xml");
     std::puts(qPrintable(session.statusLine()));
     return 0;

@@ -21,7 +21,8 @@ const QString child = u"--work"_s;
 int work(const QString& kind, const QString& folder)
 {
     Mute mute;
-    Session session(folder, [] { return QDateTime(QDate(2026, 11, 22), QTime(9, 30)); }, mute, mute);
+    Session session(
+        folder, [] { return QDateTime(QDate(2026, 11, 22), QTime(9, 30)); }, mute, mute);
     DataJW& data = session.dataJW();
     if (!data.isConnected())
         return 1;
@@ -58,8 +59,8 @@ private slots:
 
 private:
     void makeStore(const QString& folder);
-    /// Starts the work in a process of its own; kills it @p microseconds after it began, lets it end when negative.
-    /// Answers how long it ran.
+    /// Starts the work in a process of its own; kills it @p microseconds after it began, lets it end when
+    /// negative. Answers how long it ran.
     qint64 runChild(const QString& kind, const QString& folder, qint64 microseconds);
 };
 
@@ -71,7 +72,8 @@ void TestKill::makeStore(const QString& folder)
     const QList<std::pair<QString, XmlText>> files{{u"restore"_s, killCampaign(true, u"New"_s, 40)},
                                                    {u"merge"_s, killCampaign(false, u"Own"_s, 60)}};
     for (const auto& [name, text] : files)
-        QVERIFY(QFile::copy(text.write(world), folder + u'/' + name + u".xml") && QFile::remove(text.write(world)));
+        QVERIFY(QFile::copy(text.write(world), folder + u'/' + name + u".xml") &&
+                QFile::remove(text.write(world)));
     world.session.reset();
     QVERIFY(QFile::copy(world.folder.path() + u"/Postledger.db", folder + u"/Postledger.db"));
 }

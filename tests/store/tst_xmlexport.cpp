@@ -47,13 +47,16 @@ void TestXmlExport::shapeFollowsTheTables()
     QStringList tables;
     for (const pugi::xml_node data : document.document_element().children())
         tables.append(QString::fromUtf8(data.attribute("Table").value()));
-    QCOMPARE(tables.join(u' '), u"Address Company Contact CProfile Document Event History JProfile Position Question Target UProfile"_s);
+    QCOMPARE(
+        tables.join(u' '),
+        u"Address Company Contact CProfile Document Event History JProfile Position Question Target UProfile"_s);
     const pugi::xml_node history = document.document_element().find_child_by_attribute("Table", "History");
     QStringList attributes;
     for (const pugi::xml_attribute attribute : history.first_child().attributes())
         attributes.append(QString::fromUtf8(attribute.name()) + u'=' + QString::fromUtf8(attribute.value()));
-    QCOMPARE(attributes.join(u' '), u"HistoryKey=1-1 ContactKey=1 ContactCount=1 Medium= Length= Topic= Details= Location= Return= "
-                                    "NextCall= ContactDate=3/4/2026 2:05:00 PM DocumentXfer="_s);
+    QCOMPARE(attributes.join(u' '),
+             u"HistoryKey=1-1 ContactKey=1 ContactCount=1 Medium= Length= Topic= Details= Location= Return= "
+             "NextCall= ContactDate=3/4/2026 2:05:00 PM DocumentXfer="_s);
     QCOMPARE(QString::fromUtf8(history.last_child().attribute("ContactDate").value()), u"3/4/2026"_s);
 }
 
@@ -114,7 +117,9 @@ void TestXmlExport::fileIsWholeOrNotThere()
     const QString before = world.fileText(u"out.xml"_s);
     const QString elsewhere = world.folder.path() + u"/sub";
     QVERIFY(QDir().mkpath(elsewhere));
-    QVERIFY(!world.data().createXML(elsewhere + u"/abs.xml", false).isEmpty()); // an absolute path is taken as it is
+    QVERIFY(!world.data()
+                 .createXML(elsewhere + u"/abs.xml", false)
+                 .isEmpty()); // an absolute path is taken as it is
     QVERIFY(QFile::exists(elsewhere + u"/abs.xml"));
     world.prompts.expect(u"could not be written"_s);
     QCOMPARE(world.data().createXML(u"nowhere/out.xml"_s, false), QString());
@@ -137,8 +142,8 @@ void TestXmlExport::unreadableTableWritesNoFile()
 
 void TestXmlExport::restoredStoreWritesTheSameFile()
 {
-    // A restore into a fresh store gives the keys of the demo's file again, so that all that comes back is seen
-    // in the text; what does not come back is taken out of the original.
+    // A restore into a fresh store gives the keys of the demo's file again, so that all that comes back is
+    // seen in the text; what does not come back is taken out of the original.
     World world;
     const QString path = QStringLiteral(JOBWRIGHT_SOURCE_DIR "/data/demo/campaign.xml");
     world.data().importXML(path);

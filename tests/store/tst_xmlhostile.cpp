@@ -33,7 +33,9 @@ void TestXmlHostile::refusedFileLeavesTheStore_data()
 {
     QTest::addColumn<QString>("file");
     QTest::addColumn<QString>("message");
-    const auto row = [](const char* file, const char* message) { QTest::addRow("%s", file) << QString::fromLatin1(file) << QString::fromLatin1(message); };
+    const auto row = [](const char* file, const char* message) {
+        QTest::addRow("%s", file) << QString::fromLatin1(file) << QString::fromLatin1(message);
+    };
     row("missing.xml", "does not exist");
     row(".", "is not a file");
     row("empty.xml", "is empty");
@@ -82,14 +84,25 @@ void TestXmlHostile::oddFileComesInAsFarAsItGoes_data()
     QTest::addColumn<QString>("data");
     QTest::addColumn<QString>("message");
     QTest::addColumn<QStringList>("companies");
-    const QString good = u"<Record CompanyKey='7' Name='Good' ShortName='' AddressKey='' Industry='' Notes='' EntryDate=''/>"_s;
+    const QString good =
+        u"<Record CompanyKey='7' Name='Good' ShortName='' AddressKey='' Industry='' Notes='' EntryDate=''/>"_s;
     const QStringList both{u"Good"_s, u"Mine"_s};
-    QTest::addRow("a table that nobody knows is passed over") << u"<Data Table='Nothing'><Record/></Data><Data Table='Company'>%1</Data>"_s.arg(good) << QString() << both;
-    QTest::addRow("records outside of Data are passed over") << u"<Data Table='Company'>%1<Other>%1</Other></Data><Record/>"_s.arg(good) << QString() << both;
-    QTest::addRow("a table in two pieces is one") << u"<Data Table='Company'/><Data Table='Company'>%1</Data>"_s.arg(good) << QString() << both;
-    QTest::addRow("text between records is passed over") << u"<Data Table='Company'>hello%1&lt;</Data>"_s.arg(good) << QString() << both;
-    QTest::addRow("a record without attributes stops the import") << u"<Data Table='Company'>%1<Record/></Data>"_s.arg(good) << u"Record 2 of the table Company lacks the attribute CompanyKey"_s << both;
-    QTest::addRow("a date that is none keeps its record out") << u"<Data Table='Company'>%1<Record CompanyKey='8' Name='Bad' ShortName='' AddressKey='' Industry='' Notes='' EntryDate='31/31/2026'/></Data>"_s.arg(good) << u"One record of the file did not come in"_s << both;
+    QTest::addRow("a table that nobody knows is passed over")
+        << u"<Data Table='Nothing'><Record/></Data><Data Table='Company'>%1</Data>"_s.arg(good) << QString()
+        << both;
+    QTest::addRow("records outside of Data are passed over")
+        << u"<Data Table='Company'>%1<Other>%1</Other></Data><Record/>"_s.arg(good) << QString() << both;
+    QTest::addRow("a table in two pieces is one")
+        << u"<Data Table='Company'/><Data Table='Company'>%1</Data>"_s.arg(good) << QString() << both;
+    QTest::addRow("text between records is passed over")
+        << u"<Data Table='Company'>hello%1&lt;</Data>"_s.arg(good) << QString() << both;
+    QTest::addRow("a record without attributes stops the import")
+        << u"<Data Table='Company'>%1<Record/></Data>"_s.arg(good)
+        << u"Record 2 of the table Company lacks the attribute CompanyKey"_s << both;
+    QTest::addRow("a date that is none keeps its record out")
+        << u"<Data Table='Company'>%1<Record CompanyKey='8' Name='Bad' ShortName='' AddressKey='' Industry='' Notes='' EntryDate='31/31/2026'/></Data>"_s
+               .arg(good)
+        << u"One record of the file did not come in"_s << both;
 }
 
 void TestXmlHostile::oddFileComesInAsFarAsItGoes()
@@ -111,7 +124,8 @@ void TestXmlHostile::utf16FileComesIn()
     const QString path = world.session->file(u"wide.xml"_s);
     QFile file(path);
     QVERIFY(file.open(QIODevice::WriteOnly));
-    const QString text = u"\uFEFF<?xml version=\"1.0\" encoding=\"UTF-16\"?>"_s + XmlText(false).add(u"Company"_s, u"CompanyKey='1' Name='Łódź'"_s).text();
+    const QString text = u"\uFEFF<?xml version=\"1.0\" encoding=\"UTF-16\"?>"_s +
+                         XmlText(false).add(u"Company"_s, u"CompanyKey='1' Name='Łódź'"_s).text();
     file.write(reinterpret_cast<const char*>(text.utf16()), text.size() * 2);
     file.close();
     world.data().importXML(path);
@@ -142,8 +156,10 @@ void TestXmlHostile::statementInAValueStaysAValue()
     fill(world);
     world.prompts.expect(u"records of the file did not come in"_s);
     XmlText(false)
-        .raw(u"<Data Table='Company'><Record CompanyKey='1' Name=\"x'); Delete * from Company; --\" ShortName='' AddressKey='' Industry='' "
-             "Notes='' EntryDate=''/><Record CompanyKey='2' Name=\"y','','1','','','') ,('z\" ShortName='' AddressKey='' Industry='' "
+        .raw(u"<Data Table='Company'><Record CompanyKey='1' Name=\"x'); Delete * from Company; --\" "
+             u"ShortName='' AddressKey='' Industry='' "
+             "Notes='' EntryDate=''/><Record CompanyKey='2' Name=\"y','','1','','','') ,('z\" ShortName='' "
+             "AddressKey='' Industry='' "
              "Notes='' EntryDate=''/></Data>"_s)
         .import(world);
     QCOMPARE(world.data().getCompanyNames(), QStringList{u"Mine"_s});
