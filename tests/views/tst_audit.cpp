@@ -225,6 +225,8 @@ void TestAudit::noTextIsCutOffAtTheSmallestSize()
         if (label->isVisible() && !label->text().isEmpty() && !label->wordWrap())
             QVERIFY2(label->width() >= label->minimumSizeHint().width(), qPrintable(described(*label)));
     }
+    const QWidget* form = window->findChild<QWidget*>(u"pnlForm"_s);
+    QVERIFY(form->width() <= form->parentWidget()->width());
     for (const QPushButton* button : window->findChildren<QPushButton*>())
         QVERIFY2(button->width() >= button->minimumSizeHint().width(), qPrintable(described(*button)));
 }
