@@ -3,5 +3,12 @@
 
 #include <QString>
 
-/// Opens the workbench on @p folder (empty: the usual one) and runs until the user leaves. Answers the exit code.
-int startWorkbench(int& argc, char** argv, const QString& folder, bool noSplash);
+struct StartOptions
+{
+    QString folder;             ///< empty: the usual one
+    bool noSplash = false;      ///< open at once
+    bool exitWhenShown = false; ///< leave as soon as the filled window has been drawn; for timing the start
+};
+
+/// Opens the workbench and runs until the user leaves. Answers the exit code.
+int startWorkbench(int& argc, char** argv, const StartOptions& options);

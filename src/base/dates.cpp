@@ -100,6 +100,15 @@ bool readTime(Cursor& in, QTime& time)
     return time.isValid();
 }
 
+/// Appends a number of at least that many digits. A backup writes hundreds of thousands of dates, and Qt's own
+/// formatting of each goes through printf.
+void addDigits(QString& text, int number, int digits)
+{
+    if (number >= 10 || digits > 1)
+        addDigits(text, number / 10, digits - 1);
+    text += QChar(u'0' + number % 10);
+}
+
 } // namespace
 
 QDateTime Moment::toDateTime() const
@@ -124,8 +133,23 @@ std::optional<Moment> parse(QStringView text)
 
 QString toIso(const Moment& moment)
 {
-    const QString day = moment.date.toString(Qt::ISODate);
-    return moment.time.isValid() ? day + u' ' + moment.time.toString(u"HH:mm:ss") : day;
+    if (!moment.date.isValid())
+        return {};
+    int year = 0;
+    int month = 0;
+    int day = 0;
+    moment.date.getDate(&year, &month, &day);
+    QString text;
+    text.reserve(19);
+    addDigits(text, year, 4);
+    addDigits(text += u'-', month, 2);
+    addDigits(text += u'-', day, 2);
+    if (!moment.time.isValid())
+        return text;
+    addDigits(text += u' ', moment.time.hour(), 2);
+    addDigits(text += u':', moment.time.minute(), 2);
+    addDigits(text += u':', moment.time.second(), 2);
+    return text;
 }
 
 std::optional<Moment> fromIso(QStringView text)
@@ -143,8 +167,16 @@ QString mdyy(QDate date)
 
 QString mdyyyy(QDate date)
 {
-    return QString(QString::number(date.month()) + u'/' + QString::number(date.day()) + u'/' +
-                   QString::number(date.year()).rightJustified(4, u'0'));
+    int year = 0;
+    int month = 0;
+    int day = 0;
+    date.getDate(&year, &month, &day);
+    QString text;
+    text.reserve(10);
+    addDigits(text, month, 1);
+    addDigits(text += u'/', day, 1);
+    addDigits(text += u'/', year, 4);
+    return text;
 }
 
 QString mmddyyyy(QDate date)

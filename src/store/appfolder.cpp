@@ -110,7 +110,9 @@ QString applicationFolder(const QString& named)
 QString deliveredFolder()
 {
     const QString program = QCoreApplication::applicationDirPath();
-    for (const QString& candidate : {QString(program + u"/../share/jobwright"), QString(program + u"/../../data")}) {
+    // Beside an installed program, and above the two kinds of build folder of a source tree.
+    for (const char* place : {"/../share/jobwright", "/../../data", "/../../../data"}) {
+        const QString candidate = program + QString::fromLatin1(place);
         if (QFileInfo::exists(candidate + u"/demo/campaign.xml"))
             return QDir::cleanPath(candidate);
     }

@@ -192,7 +192,7 @@ struct DailyCopy::Impl
 };
 
 DailyCopy::DailyCopy(Session& session)
-    : m_impl(std::make_unique<Impl>(session, nullptr, QString()))
+    : m_impl(new Impl{session, nullptr, {}})
 {
     const QString folder = backupsFolder(session.folder());
     const QString target = folder + u'/' + copyName(session.now(), QStringLiteral("daily"));

@@ -9,13 +9,15 @@
 #include <QStringList>
 
 #include <memory>
+#include <utility>
 #include <vector>
 
 class Session;
 
 /// Keeps what several statements of one user action do together: nothing of it is on the disk until the end.
-/// A statement that fails inside is logged and the rest goes on; a process that dies inside leaves the state before.
-/// Actions nest; the outermost one writes.
+/// A statement that fails inside is logged and the rest goes on, unless the disk is full or broken: then
+/// nothing more is sent and nothing is written. A process that dies inside leaves the state before. Actions
+/// nest; the outermost one writes.
 class Action
 {
 public:
@@ -32,15 +34,16 @@ private:
     bool m_open = true;
 };
 
-/// All of the program's statements and what they answer. No failure leaves an operation: it is logged under the
-/// operation's tag (at level 0 with a message to the user) and the operation answers its default: 0, "", false, an
-/// empty list, or a record set that isNothing(). Arguments named quiet keep a "not found" or a failure out of the log.
-/// Texts go into the statements as they are; callers pass a user's text through text::quoteFix first.
+/// All of the program's statements and what they answer. No failure leaves an operation: it is logged under
+/// the operation's tag (at level 0 with a message to the user) and the operation answers its default: 0, "",
+/// false, an empty list, or a record set that isNothing(). Arguments named quiet keep a "not found" or a
+/// failure out of the log. Arguments named skip answer the default without asking the store. Texts go into
+/// the statements as they are; callers pass a user's text through text::quoteFix first.
 class DataJW
 {
 public:
-    /// Opens the store of the session's folder and tries it with one statement. When that fails the reason is logged
-    /// ("DataJW-Init") and shown, and every later operation fails by itself.
+    /// Opens the store of the session's folder and tries it with one statement. When that fails the reason is
+    /// logged ("DataJW-Init") and shown, and every later operation fails by itself.
     explicit DataJW(Session& session);
     ~DataJW();
     DataJW(const DataJW&) = delete;
@@ -57,8 +60,8 @@ public:
     Key getCount(const QString& table, bool countOnly, const QString& keyField = {}, int keyValue = 0,
                  const QString& orderField = {});
     /// As getCount, with a free condition behind " where ".
-    Key getCountSp(const QString& table, bool countOnly, const QString& condition, const QString& keyField = {},
-                   int keyValue = 0, const QString& orderField = {});
+    Key getCountSp(const QString& table, bool countOnly, const QString& condition,
+                   const QString& keyField = {}, int keyValue = 0, const QString& orderField = {});
     /// The value of column "EXPR1000" of a "Select Count(" statement.
     Key getCounter(const QString& sql);
     QStringList getFields(const QString& table);
@@ -154,11 +157,14 @@ public:
     bool updateCompanySubset(const QString& name, Key oldKey); ///< true only when @p oldKey was 0
     void updateContactSubset(Key newKey, Key oldKey);
     int updateContactList(Key newKey, Key oldKey, const QString& table, int flag);
+    /// As updateContactList for each pair of new and old key in order, in time about linear in rows and
+    /// pairs; answers the sum of what these calls would.
+    int updateContactLists(const std::vector<std::pair<Key, Key>>& newOld, const QString& table);
     int updateDocList(Key newKey, Key oldKey, const QString& table, int flag);
 
     // --- Backup -------------------------------------------------------------------------------------------
-    /// Writes all tables into @p file of the application folder and answers the document's text; empty when the file
-    /// could not be written (logged and shown).
+    /// Writes all tables into @p file of the application folder and answers the document's text; empty when
+    /// the file could not be written (logged and shown).
     QString createXML(const QString& file, bool restore);
     /// Reads such a file, replacing or merging as its root says. "Did the import complete" is
     /// Session::statusLine() == "Import Complete".

@@ -6,6 +6,7 @@
 
 #include <QDate>
 #include <QString>
+#include <QStringList>
 
 class DataJW;
 
@@ -40,10 +41,58 @@ struct History
     Key ContactCount = 0;
     Key ContactKey = 0;
 
-    /// Copies row @p index (from 1) of the contact's histories in date order; the record stays as it was when there is none.
+    /// Copies row @p index (from 1) of the contact's histories in date order; the record stays as it was when
+    /// there is none.
     void loadDataFromDatabase(DataJW& dataJW, Key contactKey, int index);
     /// How many histories the contact has: their number, not the running number of the last one.
     static int getHistoryCount(DataJW& dataJW, Key contactKey);
+};
+
+/// A position as texts; the screens that edit positions keep their own form and send their own statements.
+struct XPosition
+{
+    Key HiredMedium = 0;
+    Key FollowUpMedium = 0;
+    Key InterviewMedium = 0;
+    Key SentResumeMedium = 0;
+    Key PrepareResumeMedium = 0;
+    Key PrepareCoverMedium = 0;
+    Key InfoFollowMedium = 0;
+    Key InfoContactMedium = 0;
+    Key PositionResearchMedium = 0;
+    QString Expires;
+    Key CompanyKey = 0;
+    QString ContactList;
+    QString Source;
+    QString OfferStatus;
+    QString PersonalRanking;
+    QString Hired;
+    QString FollowUp;
+    QString Interview;
+    QString Response;
+    QString SentResume;
+    QString PrepareResume;
+    QString PrepareCover;
+    QString InfoFollow;
+    QString InfoContact;
+    QString PositionResearch;
+    Key CompanyResearchMedium = 0;
+    QString CompanyResearch;
+    QString Location;
+    QString Benefits;
+    QString Notes;
+    QString Keyword;
+    QString Qualifications;
+    QString Responsibilities;
+    QString EntryDate;
+    QString Title;
+    Key Pkey = 0;
+
+    /// A position is read and changed through the gateway; these two leave everything as it is.
+    void loadPos() {}
+    void updatePos() {}
+    /// The front of an INSERT with these columns, up to the opening of its values. Sends nothing.
+    static QString addPos(const QStringList& fields);
 };
 
 /// One item of the user's own profile.
@@ -65,7 +114,10 @@ struct UserProfile
     QString uTitle;
 
     void clear();
+    /// Copies the item's row; the record stays as it was when there is none.
     void loadUProfileFromDatabase(DataJW& dataJW, Key key);
+    /// Items are not counted by their fields: always 0.
+    [[nodiscard]] static Key getCount(const QString&) { return 0; }
 };
 
 /// A row of the target list, as stored.

@@ -16,9 +16,13 @@ QString insertFront(DataJW& dataJW, const QString& written, const QString& table
     return u"INSERT INTO " + written + u" ( " + dataJW.getFields(table).mid(1).join(u',') + u" ) VALUES (";
 }
 
+/// Characters that a record's texts may have together. The store takes statements of a million characters;
+/// one that it refused in the middle of a save would leave the company without its row.
+constexpr qsizetype longestRecord = 900'000;
+
 } // namespace
 
-bool CompanyScreen::titleMayBeSaved(const QString& title)
+bool CompanyScreen::mayBeSaved(const QString& title)
 {
     // "<New>" names the selector's own entry: a company of that name could never be chosen again.
     if (title.trimmed().isEmpty() || title == text::newEntry) {
@@ -32,7 +36,13 @@ bool CompanyScreen::titleMayBeSaved(const QString& title)
                "add/remove categories."));
         return false;
     }
-    return true;
+    qsizetype length = 0;
+    for (const FieldRow& row : m_form.rows())
+        length += row.save == SaveOn::Never ? 0 : fieldtext::toStored(m_form.text(row.control)).size();
+    if (length <= longestRecord)
+        return true;
+    m_workbench.showMessage(tr("These texts are too long to be saved. Please shorten the notes."));
+    return false;
 }
 
 Key CompanyScreen::keyToReplace(const QString& title)
@@ -64,7 +74,7 @@ void CompanyScreen::cmdUpdate1()
     Session& session = m_workbench.session();
     session.trace(u"Update Company"_s);
     const QString title = m_form.text(u"txtTitle"_s);
-    if (!titleMayBeSaved(title))
+    if (!mayBeSaved(title))
         return;
     const Key oldKey = keyToReplace(title);
     if (!replacementAgreed(oldKey, title))
@@ -86,7 +96,8 @@ bool CompanyScreen::insertRecord(Key oldKey, const QString& title)
     // The store is never asked for the number it gave: with one user the highest key is that of the row just
     // added.
     const Key addressKey = dataJW.getCount(u"Address"_s, false, u"AddressKey"_s);
-    const auto value = [this](const QString& control) {
+    // A text and not the joining of one, which would point at what is gone by then.
+    const auto value = [this](const QString& control) -> QString {
         return fieldtext::quoted(m_form.text(control)) + u',';
     };
     company += fieldtext::quoted(title) + u',' + value(u"txtShort"_s) + u'\'' + QString::number(addressKey) +

@@ -62,6 +62,8 @@ CompanyScreen::CompanyScreen(FrmData& workbench)
     : m_workbench(workbench)
     , m_form(companyForm())
 {
+    m_form.setVisible(u"imgTgt"_s, false);
+    showAsCategory(false);
 }
 
 CompanyScreen::~CompanyScreen() = default;

@@ -69,7 +69,7 @@ private:
     bool showSaved(const QString& name);
     void showFigures(const CompanyFigures& figures, const RecordSet& company);
     void fillTree(const QString& kind);
-    [[nodiscard]] bool titleMayBeSaved(const QString& title);
+    [[nodiscard]] bool mayBeSaved(const QString& title);
     [[nodiscard]] Key keyToReplace(const QString& title);
     [[nodiscard]] bool replacementAgreed(Key oldKey, const QString& title);
     bool insertRecord(Key oldKey, const QString& title);

@@ -38,6 +38,10 @@ FrmData::FrmData(Session& session, Navigator& navigator)
 {
     m_form.setText(u"Label45"_s, tr("Company"));
     m_form.setVisible(u"pbarLoad"_s, false);
+    // The program begins on the Company screen, with no company chosen.
+    clearStrip();
+    m_form.setVisible(u"frmeCompany"_s, true);
+    setNewButton(tr("New Company"), u"newco"_s);
 }
 
 QString FrmData::versionPanel() const

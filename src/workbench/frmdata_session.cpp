@@ -4,6 +4,8 @@
 #include "workbench/companyscreen.h"
 #include "workbench/frmdata.h"
 
+#include <QLocale>
+
 #include <cmath>
 #include <cstdlib>
 #include <exception>
@@ -53,9 +55,6 @@ try {
     // could.
     m_session.acrobatPath.clear();
     m_session.sessionStart = timeOfDay(m_session.now());
-    clearStrip();
-    m_form.setVisible(u"frmeCompany"_s, true);
-    setNewButton(tr("New Company"), u"newco"_s);
     loadCompanyList();
     // Here the Document screen's tree gets its root "Documents" with the key "A0".
     readSettings();

@@ -6,7 +6,9 @@
 #include "store/session.h"
 #include "support/scriptedprompts.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 
 #include <memory>
@@ -29,6 +31,13 @@ private:
         return works;
     }
 };
+
+/// Where the worlds lie: in memory when the system has such a place, as every commit waits for the disk.
+inline QString worldTemplate()
+{
+    const QFileInfo memory(QStringLiteral("/dev/shm"));
+    return (memory.isDir() && memory.isWritable() ? memory.filePath() : QDir::tempPath()) + u"/jobwright-XXXXXX";
+}
 
 /// A session on a store of its own in a temporary folder.
 class World
@@ -58,7 +67,7 @@ public:
     [[nodiscard]] QString errorLog() const { return fileText(QStringLiteral("ErrorLog.txt")); }
     [[nodiscard]] QString opLog() const { return fileText(QStringLiteral("OpLog.txt")); }
 
-    QTemporaryDir folder;
+    QTemporaryDir folder{worldTemplate()};
     ScriptedPrompts prompts;
     NotedDesktop desktop;
     std::unique_ptr<Session> session;

@@ -86,6 +86,17 @@ public:
         company().fieldChanged(control);
     }
     QString shown(const QString& control) { return company().form().text(control); }
+    /// The frames that can be seen, joined with ",".
+    QString visibleFrames()
+    {
+        QStringList visible;
+        for (const QString& frame :
+             {u"frmeCompany"_s, u"frmePosition"_s, u"frmeContact"_s, u"frmeDocument"_s, u"frmePipeline"_s}) {
+            if (frm->form().isVisible(frame))
+                visible.append(frame);
+        }
+        return visible.join(u',');
+    }
     /// The statements that @p act sends.
     QStringList statements(const std::function<void()>& act)
     {

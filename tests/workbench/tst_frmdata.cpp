@@ -1,28 +1,11 @@
-// The workbench's shell: start and end, tabs, selector, tools, export and restore.
+// The workbench's shell: start and end, tabs, selector.
 #include "workbench/bench.h"
 
 #include <QSignalSpy>
 #include <QTest>
 
+#include <algorithm>
 #include <stdexcept>
-
-namespace {
-
-const QStringList frames{u"frmeCompany"_s, u"frmePosition"_s, u"frmeContact"_s, u"frmeDocument"_s,
-                         u"frmePipeline"_s};
-
-/// The frames that can be seen, joined with ",".
-QString visibleFrames(FrmData& frm)
-{
-    QStringList visible;
-    for (const QString& frame : frames) {
-        if (frm.form().isVisible(frame))
-            visible.append(frame);
-    }
-    return visible.join(u',');
-}
-
-} // namespace
 
 class TestFrmData : public QObject
 {
@@ -31,578 +14,337 @@ class TestFrmData : public QObject
 private slots:
     void initTestCase() { QCoreApplication::setApplicationVersion(u"1.2.3"_s); }
 
-    void loadedShellShowsTheCompanyScreen();
-    void settingsAreReadAndMended_data();
-    void settingsAreReadAndMended();
-    void failureInLoadIsReportedAndEndsIt();
-    void endWritesUsage_data();
-    void endWritesUsage();
-    void failureAtTheEndIsReported();
-    void storeThatCannotBeOpenedLeavesAnEmptyShell();
-    void selectorIsFilledAnewOnlyWhenItDiffers();
-    void tabShowsItsScreen_data();
-    void tabShowsItsScreen();
-    void positionTabFallsBack_data();
-    void positionTabFallsBack();
-    void contactTabStaysOpenWithoutACompany();
-    void pipelineTabNeedsACompany();
-    void categorySwitchesTheCompanyFieldsOff();
-    void selectionLeadsToTheCompanyScreen_data();
-    void selectionLeadsToTheCompanyScreen();
-    void newButtonStartsACompany();
-    void toolOpensItsScreen_data();
-    void toolOpensItsScreen();
-    void missingToolOpensNothing();
-    void documentationOpensItsFile();
-    void editorKeepsRemindersOut();
-    void keysAnswer();
-    void exportNamesItsFile_data();
-    void exportNamesItsFile();
-    void failedExportClaimsNothing();
-    void restoreAsksFirst_data();
-    void restoreAsksFirst();
-    void restoreReplacesTheStore();
-};
-
-void TestFrmData::loadedShellShowsTheCompanyScreen()
-{
-    Bench bench;
-    bench.addCompany(u"bolt"_s);
-    bench.addCompany(u"Acme"_s);
-    bench.addCompany(u"~ Local ~"_s);
-    bench.world.setNow(QDateTime(QDate(2026, 11, 22), QTime(14, 5, 9, 700)));
-    QVERIFY(bench.frm->load());
-    QCOMPARE(visibleFrames(*bench.frm), u"frmeCompany"_s);
-    QCOMPARE(bench.frm->caption(), u"Jobwright - Data Entry"_s);
-    QCOMPARE(bench.frm->versionPanel(), u"Jobwright v.1.2.3 "_s);
-    QCOMPARE(bench.frm->companyList(), (QStringList{u"Acme"_s, u"bolt"_s, u"~ Local ~"_s, u"<New>"_s}));
-    QCOMPARE(bench.frm->countsPanel(), u"2 companies · 0 positions · 0 contacts"_s);
-    QCOMPARE(bench.world.session->helpDocument, u"\\JWHelp\\Jobwright-Dox.pdf"_s);
-    QCOMPARE(bench.world.session->sessionStart, QTime(14, 5, 9));
-    QCOMPARE(bench.frm->newToolTip() + bench.frm->newImage(), u"New Companynewco"_s);
-}
-
-void TestFrmData::settingsAreReadAndMended_data()
-{
-    QTest::addColumn<QString>("timeDelta");
-    QTest::addColumn<QString>("autosave");
-    QTest::addColumn<int>("interval");
-    QTest::addColumn<bool>("saves");
-    QTest::addColumn<QString>("stored");
-    QTest::newRow("as they should be") << u"25"_s << u"1"_s << 25 << true << u"25"_s;
-    QTest::newRow("no number: mended") << u"abc"_s << u"0"_s << 10 << false << u"10"_s;
-    QTest::newRow("missing: mended") << QString() << QString() << 10 << false << u"10"_s;
-    QTest::newRow("beyond 16 bits: mended") << u"40000"_s << u"1"_s << 10 << true << u"10"_s;
-    QTest::newRow("any other number is off") << u"5"_s << u"2"_s << 5 << false << u"5"_s;
-    QTest::newRow("a word is off") << u"5"_s << u"True"_s << 5 << false << u"5"_s;
-}
-
-void TestFrmData::settingsAreReadAndMended()
-{
-    QFETCH(QString, timeDelta);
-    QFETCH(QString, autosave);
-    Bench bench;
-    bench.run(u"Delete * from Status"_s);
-    if (!timeDelta.isEmpty())
-        bench.data().writeStatus(u"TimeDelta"_s, timeDelta, true);
-    if (!autosave.isEmpty())
-        bench.data().writeStatus(u"Autosave"_s, autosave, true);
-    QVERIFY(bench.frm->load());
-    QTEST(int(bench.world.session->reminderInterval), "interval");
-    QTEST(bench.world.session->autosave, "saves");
-    QTEST(bench.cells(u"Select StatusValue from Status where StatusDescription='TimeDelta'"_s), "stored");
-}
-
-void TestFrmData::failureInLoadIsReportedAndEndsIt()
-{
-    World world;
-    bool broken = false;
-    const Clock clock = [&] {
-        if (std::exchange(broken, false))
-            throw std::runtime_error("no time");
-        return QDateTime(QDate(2026, 11, 22), QTime(9, 30));
-    };
-    Session session(world.folder.path(), clock, world.prompts, world.desktop);
-    NotedNavigator navigator;
-    FrmData frm(session, navigator);
-    broken = true;
-    world.prompts.expect(u"Error onload."_s);
-    QVERIFY(!frm.load());
-    QVERIFY(world.errorLog().contains(u"Error onload."));
-}
-
-void TestFrmData::endWritesUsage_data()
-{
-    QTest::addColumn<QDateTime>("start");
-    QTest::addColumn<QDateTime>("end");
-    QTest::addColumn<QString>("rows");
-    QTest::newRow("forty minutes") << QDateTime(QDate(2026, 11, 22), QTime(13, 10, 30))
-                                   << QDateTime(QDate(2026, 11, 22), QTime(13, 50, 45))
-                                   << u"TimeLog|11/22/2026|1:10:30 PM;TimeLog|11/22/2026|1:50:45 PM;"
-                                      "MinLog|11/22/2026|40"_s;
-    QTest::newRow("across midnight: the distance on the clock")
-        << QDateTime(QDate(2026, 11, 22), QTime(23, 50)) << QDateTime(QDate(2026, 11, 23), QTime(0, 10))
-        << u"TimeLog|11/23/2026|11:50:00 PM;TimeLog|11/23/2026|12:10:00 AM;MinLog|11/23/2026|1420"_s;
-}
-
-void TestFrmData::endWritesUsage()
-{
-    QFETCH(QDateTime, start);
-    QFETCH(QDateTime, end);
-    Bench bench(start);
-    bench.frm->load();
-    bench.world.setNow(end);
-    bench.world.session->debugMode = true;
-    bench.frm->unload();
-    QVERIFY(!bench.world.session->hasDataJW());
-    bench.frm.reset();
-    QCOMPARE(bench.world.opLog().count(u"frmData - Terminate"_s), 2);
-    QTEST(bench.cells(u"Select StatusDescription,StatusDate,StatusValue from Status where "
-                      "StatusDescription='TimeLog' or StatusDescription='MinLog' order by StatusKey"_s),
-          "rows");
-}
-
-void TestFrmData::failureAtTheEndIsReported()
-{
-    World world;
-    bool broken = false;
-    const Clock clock = [&] {
-        if (std::exchange(broken, false))
-            throw std::runtime_error("no time");
-        return QDateTime(QDate(2026, 11, 22), QTime(9, 30));
-    };
-    Session session(world.folder.path(), clock, world.prompts, world.desktop);
-    NotedNavigator navigator;
-    FrmData frm(session, navigator);
-    frm.load();
-    broken = true;
-    world.prompts.expect(u"Error in Termination Sequence."_s);
-    frm.unload();
-}
-
-void TestFrmData::storeThatCannotBeOpenedLeavesAnEmptyShell()
-{
-    Bench bench;
-    bench.frm.reset();
-    bench.world.session.reset();
-    QFile file(bench.world.folder.filePath(u"Postledger.db"_s));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("not a store");
-    file.close();
-    bench.world.restart();
-    bench.world.prompts.acceptAll(Answer::Ok);
-    bench.frm = std::make_unique<FrmData>(*bench.world.session, bench.navigator);
-    QVERIFY(bench.frm->load());
-    QCOMPARE(bench.frm->companyList(), QStringList{u"<New>"_s});
-    QCOMPARE(bench.world.session->reminderInterval, Key(10));
-    QVERIFY(bench.world.prompts.asked().first().contains(u"DataJW-Init"_s));
-    bench.frm->tabStrip1Click(u"Pipeline"_s);
-    bench.choose(u"<New>"_s);
-    bench.frm->unload();
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QCOMPARE(file.readAll(), "not a store");
-}
-
-void TestFrmData::selectorIsFilledAnewOnlyWhenItDiffers()
-{
-    Bench bench;
-    bench.addCompany(u"Acme"_s);
-    bench.frm->load();
-    bench.choose(u"Acme"_s);
-    bench.type(u"txtCity"_s, u"not saved yet"_s);
-    QSignalSpy lists(bench.frm.get(), &FrmData::companyListChanged);
-    bench.frm->activated();
-    QCOMPARE(lists.count(), 0);
-    bench.addCompany(u"Bolt"_s);
-    bench.frm->activated();
-    QCOMPARE(lists.count(), 1);
-    QCOMPARE(bench.frm->companyList(), (QStringList{u"Acme"_s, u"Bolt"_s, u"<New>"_s}));
-    // Selection and what is being typed stay.
-    QCOMPARE(bench.frm->form().text(u"cmbSelection"_s), u"Acme"_s);
-    QCOMPARE(bench.shown(u"txtCity"_s), u"not saved yet"_s);
-    QCOMPARE(bench.frm->countsPanel(), u"2 companies · 0 positions · 0 contacts"_s);
-}
-
-void TestFrmData::tabShowsItsScreen_data()
-{
-    QTest::addColumn<QString>("tab");
-    QTest::addColumn<QString>("frame");
-    QTest::addColumn<QString>("newButton");
-    QTest::newRow("company") << u"Company"_s << u"frmeCompany"_s << u"New Company newco"_s;
-    QTest::newRow("position") << u"Position"_s << u"frmePosition"_s << u"New Position newpos"_s;
-    QTest::newRow("contact") << u"Contact"_s << u"frmeContact"_s << u"New Contact newcon"_s;
-    // These two leave the button as the screen before had set it.
-    QTest::newRow("pipeline") << u"Pipeline"_s << u"frmePipeline"_s << u"New Contact newcon"_s;
-    QTest::newRow("document") << u"Document"_s << u"frmeDocument"_s << u"New Contact newcon"_s;
-}
-
-void TestFrmData::tabShowsItsScreen()
-{
-    QFETCH(QString, tab);
-    Bench bench;
-    bench.addCompany(u"Acme"_s);
-    bench.frm->load();
-    bench.choose(u"Acme"_s);
-    bench.frm->tabStrip1Click(u"Contact"_s);
-    bench.world.session->debugMode = true;
-    bench.frm->tabStrip1Click(tab);
-    QTEST(visibleFrames(*bench.frm), "frame");
-    QTEST(QString(bench.frm->newToolTip() + u' ' + bench.frm->newImage()), "newButton");
-    QCOMPARE(bench.frm->currentTab(), tab);
-    QCOMPARE(bench.frm->selection().currentScreen, tab);
-    QVERIFY(bench.world.opLog().contains(QString(u"Open " + tab + u" Screen")));
-    QVERIFY(!bench.frm->form().isVisible(u"pbarLoad"_s));
-}
-
-void TestFrmData::positionTabFallsBack_data()
-{
-    QTest::addColumn<QString>("selection");
-    QTest::newRow("nothing selected") << QString();
-    QTest::newRow("new company") << u"<New>"_s;
-    QTest::newRow("category") << u"~ Local ~"_s;
-}
-
-void TestFrmData::positionTabFallsBack()
-{
-    QFETCH(QString, selection);
-    Bench bench;
-    bench.addCompany(u"~ Local ~"_s);
-    bench.frm->load();
-    bench.choose(selection);
-    bench.world.prompts.expect(u"Please select a company before viewing positions."_s);
-    bench.frm->tabStrip1Click(u"Position"_s);
-    QCOMPARE(visibleFrames(*bench.frm), u"frmeCompany"_s);
-    QCOMPARE(bench.frm->currentTab(), u"Company"_s);
-    QCOMPARE(bench.frm->selection().currentScreen, u"Company"_s);
-    QCOMPARE(bench.frm->procText(), u"<Unassigned> Selected."_s);
-    QVERIFY(bench.frm->procVisible());
-    QCOMPARE(bench.frm->newImage(), u"newco"_s);
-    QCOMPARE(bench.frm->selection().selectedCompanyName(), selection);
-}
-
-void TestFrmData::contactTabStaysOpenWithoutACompany()
-{
-    Bench bench;
-    bench.addCompany(u"~ Local ~"_s);
-    bench.frm->load();
-    bench.world.prompts.expect(u"Please select a company before viewing contacts."_s);
-    bench.frm->tabStrip1Click(u"Contact"_s);
-    QCOMPARE(visibleFrames(*bench.frm), u"frmeContact"_s);
-    QCOMPARE(bench.frm->procText(), u"No company selected."_s);
-    QVERIFY(bench.frm->procVisible());
-    // A category is good enough for contacts: no question comes.
-    bench.choose(u"~ Local ~"_s);
-    bench.frm->tabStrip1Click(u"Contact"_s);
-    QCOMPARE(visibleFrames(*bench.frm), u"frmeContact"_s);
-}
-
-void TestFrmData::pipelineTabNeedsACompany()
-{
-    Bench bench;
-    bench.frm->load();
-    bench.world.session->debugMode = true;
-    bench.world.prompts.expect(u"No companies exist in your database.  Pipeline cannot be accessed."_s);
-    bench.frm->tabStrip1Click(u"Pipeline"_s);
-    QCOMPARE(visibleFrames(*bench.frm), QString());
-    QCOMPARE(bench.frm->currentTab(), u"Pipeline"_s);
-    QCOMPARE(bench.frm->selection().currentScreen, u"Company"_s);
-    QVERIFY(bench.world.opLog().contains(u"No companies, Pipeline aborted."));
-}
-
-void TestFrmData::categorySwitchesTheCompanyFieldsOff()
-{
-    Bench bench;
-    bench.addCompany(u"Acme"_s);
-    bench.addCompany(u"~ Local ~"_s);
-    bench.data().writeStatus(u"ScreenGraphics"_s, u"0"_s, true);
-    const QStringList companyOnly{u"txtShort"_s, u"txtAddress"_s,  u"txtCity"_s,     u"txtState"_s,
-                                  u"txtZip"_s,   u"txtEm1"_s,      u"txtEm2"_s,      u"txtURL1"_s,
-                                  u"txtURL2"_s,  u"txtP1"_s,       u"txtP2"_s,       u"txtP3"_s,
-                                  u"txtFax"_s,   u"txtIndustry"_s, u"cmdProfile1"_s, u"imgPosition"_s};
-    const auto enabled = [&] {
-        return std::ranges::count_if(
-            companyOnly, [&](const QString& control) { return bench.company().form().isEnabled(control); });
-    };
-    bench.choose(u"~ Local ~"_s);
-    QCOMPARE(bench.frm->form().text(u"Label45"_s), u"Category"_s);
-    QVERIFY(bench.frm->companyLabel() == CompanyLabel::Category);
-    QCOMPARE(enabled(), 0);
-    QVERIFY(bench.company().form().isEnabled(u"txtCompanyNotes"_s));
-    bench.choose(u"Acme"_s);
-    QCOMPARE(bench.frm->form().text(u"Label45"_s), u"Company"_s);
-    QVERIFY(bench.frm->companyLabel() == CompanyLabel::Company);
-    QCOMPARE(enabled(), companyOnly.size());
-    bench.data().writeStatus(u"ScreenGraphics"_s, u"1"_s, true);
-    bench.frm->selectCategory();
-    QVERIFY(bench.frm->companyLabel() == CompanyLabel::CompanyOnGraphics);
-}
-
-void TestFrmData::selectionLeadsToTheCompanyScreen_data()
-{
-    QTest::addColumn<QString>("tab");
-    QTest::addColumn<QString>("choice");
-    QTest::addColumn<QString>("endsOn");
-    QTest::addColumn<QString>("selected");
-    QTest::newRow("category on Position") << u"Position"_s << u"~ Local ~"_s << u"Company"_s << u"<New>"_s;
-    QTest::newRow("new on Position") << u"Position"_s << u"<New>"_s << u"Company"_s << u"<New>"_s;
-    QTest::newRow("new on Document") << u"Document"_s << u"<New>"_s << u"Company"_s << u"<New>"_s;
-    QTest::newRow("category on Contact stays")
-        << u"Contact"_s << u"~ Local ~"_s << u"Contact"_s << u"~ Local ~"_s;
-    QTest::newRow("company on Position stays") << u"Position"_s << u"Bolt"_s << u"Position"_s << u"Bolt"_s;
-}
-
-void TestFrmData::selectionLeadsToTheCompanyScreen()
-{
-    QFETCH(QString, tab);
-    QFETCH(QString, choice);
-    QFETCH(QString, endsOn);
-    QFETCH(QString, selected);
-    Bench bench;
-    for (const QString& name : {u"Acme"_s, u"Bolt"_s, u"~ Local ~"_s})
-        bench.addCompany(name);
-    bench.frm->load();
-    bench.choose(u"Acme"_s);
-    bench.frm->tabStrip1Click(tab);
-    bench.choose(choice);
-    QCOMPARE(bench.frm->currentTab(), endsOn);
-    QCOMPARE(visibleFrames(*bench.frm), QString(u"frme" + endsOn));
-    QCOMPARE(bench.frm->selection().selectedCompanyName(), selected);
-    QCOMPARE(bench.frm->form().text(u"cmbSelection"_s), selected);
-    if (selected == u"<New>")
-        QCOMPARE(bench.shown(u"txtTitle"_s), QString());
-}
-
-void TestFrmData::newButtonStartsACompany()
-{
-    Bench bench;
-    bench.addCompany(u"Acme"_s);
-    bench.frm->load();
-    bench.choose(u"Acme"_s);
-    QSignalSpy focus(&bench.company().form(), &Form::focusRequested);
-    bench.frm->tbarButtonClick(u"new"_s);
-    QCOMPARE(bench.frm->selection().selectedCompanyName(), u"<New>"_s);
-    QCOMPARE(focus.last().first().toString(), u"txtTitle"_s);
-    // On the Document screen the button still makes what the screen before it made.
-    bench.choose(u"Acme"_s);
-    bench.frm->tabStrip1Click(u"Document"_s);
-    bench.frm->tbarButtonClick(u"new"_s);
-    QCOMPARE(visibleFrames(*bench.frm), u"frmeCompany"_s);
-    QCOMPARE(bench.shown(u"txtTitle"_s), QString());
-    QCOMPARE(bench.rows(u"Company"_s), 1);
-}
-
-void TestFrmData::toolOpensItsScreen_data()
-{
-    QTest::addColumn<QString>("key");
-    QTest::addColumn<bool>("menu");
-    QTest::addColumn<QString>("screen");
-    QTest::addColumn<QString>("line");
-    QTest::addColumn<QString>("tabAfter");
-    const auto row = [](const QString& key, bool menu, const QString& screen, const QString& line,
-                        const QString& tabAfter = u"Contact"_s) {
-        QTest::addRow("%s %s", menu ? "menu" : "toolbar", qPrintable(key))
-            << key << menu << screen << line << tabAfter;
-    };
-    row(u"uprofile"_s, false, u"FrmUProfile"_s, u"Open Profile Screen - from Toolbar"_s, u"Company"_s);
-    row(u"Uprofile"_s, true, u"FrmUProfile"_s, u"Open Profile Screen - from Menu"_s, u"Company"_s);
-    row(u"goals"_s, false, u"FrmGoals"_s, u"Open Goals Screen :"_s, u"Company"_s);
-    row(u"Goals"_s, true, u"FrmGoals"_s, u"Open Goals Screen from Menu"_s, u"Company"_s);
-    row(u"keysearch"_s, false, u"FrmKeySearch"_s, u"Open/Set Focus on KeySearch Screen :"_s, u"Company"_s);
-    row(u"Keysearch"_s, true, u"FrmKeySearch"_s, u"Open/Set Focus on KeySearch Screen from Menu"_s,
-        u"Company"_s);
-    row(u"events"_s, false, u"FrmEvCal"_s, u"Open Calendar Screen"_s);
-    row(u"Events"_s, true, u"FrmEvCal"_s, u"Open Calendar Screen"_s);
-    row(u"editor"_s, false, u"FrmEditor"_s, {});
-    row(u"ToolsPreferences"_s, true, u"FrmEditor"_s, u"Open Profile Editor from Menu"_s);
-    row(u"ToolsOptions"_s, true, u"FrmOptions"_s, {});
-    row(u"target"_s, false, u"FrmTargets"_s, {});
-    row(u"targets"_s, true, u"FrmTargets"_s, {});
-    row(u"launch"_s, false, u"FrmLaunchGuide"_s, {});
-    row(u"report"_s, false, u"FrmReport"_s, {});
-    row(u"PrintReport"_s, true, u"FrmReport"_s, {});
-}
-
-void TestFrmData::toolOpensItsScreen()
-{
-    QFETCH(QString, key);
-    QFETCH(bool, menu);
-    QFETCH(QString, screen);
-    QFETCH(QString, line);
-    Bench bench;
-    bench.addCompany(u"Acme"_s);
-    bench.frm->load();
-    bench.choose(u"Acme"_s);
-    bench.frm->tabStrip1Click(u"Contact"_s);
-    QVERIFY(bench.frm->toolAvailable(key));
-    bench.world.session->debugMode = true;
-    menu ? bench.frm->menuClick(key) : bench.frm->tbarButtonClick(key);
-    QCOMPARE(bench.navigator.opened, QStringList{screen});
-    QTEST(bench.frm->currentTab(), "tabAfter");
-    if (line.isEmpty())
-        QCOMPARE(bench.world.opLog(), QString());
-    else
-        QVERIFY2(bench.world.opLog().startsWith(line), qPrintable(bench.world.opLog()));
-}
-
-void TestFrmData::missingToolOpensNothing()
-{
-    Bench bench;
-    bench.navigator.hasAll = false;
-    bench.frm->load();
-    for (const QString& key : {u"uprofile"_s, u"plan"_s, u"Goals"_s, u"FileImport"_s}) {
-        QVERIFY(!bench.frm->toolAvailable(key));
-        bench.frm->tbarButtonClick(key);
-        bench.frm->menuClick(key);
+    void loadedShellShowsTheCompanyScreen()
+    {
+        Bench bench;
+        bench.addCompany(u"bolt"_s);
+        bench.addCompany(u"Acme"_s);
+        bench.addCompany(u"~ Local ~"_s);
+        bench.world.setNow(QDateTime(QDate(2026, 11, 22), QTime(14, 5, 9, 700)));
+        QVERIFY(bench.frm->load());
+        QCOMPARE(bench.visibleFrames(), u"frmeCompany"_s);
+        QCOMPARE(bench.frm->caption(), u"Jobwright - Data Entry"_s);
+        QCOMPARE(bench.frm->versionPanel(), u"Jobwright v.1.2.3 "_s);
+        QCOMPARE(bench.frm->companyList(), (QStringList{u"Acme"_s, u"bolt"_s, u"~ Local ~"_s, u"<New>"_s}));
+        QCOMPARE(bench.frm->countsPanel(), u"2 companies · 0 positions · 0 contacts"_s);
+        QCOMPARE(bench.world.session->helpDocument, u"\\JWHelp\\Jobwright-Dox.pdf"_s);
+        QCOMPARE(bench.world.session->sessionStart, QTime(14, 5, 9));
+        QCOMPARE(bench.frm->newToolTip() + bench.frm->newImage(), u"New Companynewco"_s);
     }
-    QVERIFY(bench.navigator.opened.isEmpty());
-    QVERIFY(bench.frm->toolAvailable(u"new"_s));
-    QVERIFY(!bench.frm->toolAvailable(u"helpdox"_s));
-}
 
-void TestFrmData::documentationOpensItsFile()
-{
-    Bench bench;
-    bench.frm->load();
-    QVERIFY(QDir(bench.world.folder.path()).mkdir(u"JWHelp"_s));
-    const QString path = bench.world.folder.filePath(u"JWHelp/Jobwright-Dox.pdf"_s);
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QVERIFY(bench.frm->toolAvailable(u"Documentation"_s));
-    bench.frm->tbarButtonClick(u"helpdox"_s);
-    bench.frm->menuClick(u"Documentation"_s);
-    QCOMPARE(bench.world.desktop.opened, (QStringList{path, path}));
-    bench.world.desktop.works = false;
-    bench.world.prompts.expect(u"could not be opened"_s);
-    bench.frm->tbarButtonClick(u"helpdox"_s);
-}
+    void settingsAreReadAndMended_data()
+    {
+        QTest::addColumn<QString>("timeDelta");
+        QTest::addColumn<QString>("autosave");
+        QTest::addColumn<int>("interval");
+        QTest::addColumn<bool>("saves");
+        QTest::addColumn<QString>("stored");
+        QTest::newRow("as they should be") << u"25"_s << u"1"_s << 25 << true << u"25"_s;
+        QTest::newRow("no number: mended") << u"abc"_s << u"0"_s << 10 << false << u"10"_s;
+        QTest::newRow("missing: mended") << QString() << QString() << 10 << false << u"10"_s;
+        QTest::newRow("beyond 16 bits: mended") << u"40000"_s << u"1"_s << 10 << true << u"10"_s;
+        QTest::newRow("any other number is off") << u"5"_s << u"2"_s << 5 << false << u"5"_s;
+        QTest::newRow("a word is off") << u"5"_s << u"True"_s << 5 << false << u"5"_s;
+    }
 
-void TestFrmData::editorKeepsRemindersOut()
-{
-    Bench bench;
-    bool busy = false;
-    bench.navigator.whileOpen = [&] { busy = bench.world.session->dialogBusy; };
-    bench.frm->tbarButtonClick(u"editor"_s);
-    QVERIFY(busy);
-    QVERIFY(!bench.world.session->dialogBusy);
-    bench.frm->tbarButtonClick(u"events"_s);
-    QVERIFY(!busy);
-}
+    void settingsAreReadAndMended()
+    {
+        QFETCH(QString, timeDelta);
+        QFETCH(QString, autosave);
+        Bench bench;
+        bench.run(u"Delete * from Status"_s);
+        if (!timeDelta.isEmpty())
+            bench.data().writeStatus(u"TimeDelta"_s, timeDelta, true);
+        if (!autosave.isEmpty())
+            bench.data().writeStatus(u"Autosave"_s, autosave, true);
+        QVERIFY(bench.frm->load());
+        QTEST(int(bench.world.session->reminderInterval), "interval");
+        QTEST(bench.world.session->autosave, "saves");
+        QTEST(bench.cells(u"Select StatusValue from Status where StatusDescription='TimeDelta'"_s), "stored");
+    }
 
-void TestFrmData::keysAnswer()
-{
-    Bench bench;
-    bench.addCompany(u"Acme"_s);
-    bench.choose(u"Acme"_s);
-    bench.type(u"txtShort"_s, u"XX"_s);
-    bench.world.prompts.expect(u"CTRL-S"_s);
-    QVERIFY(bench.statements([&] { bench.frm->ctrlS(); }).isEmpty());
-    QCOMPARE(bench.world.prompts.lastTitle(), u"Jobwright Message"_s);
-    bench.frm->help(0);
-    bench.frm->help(-3);
-    bench.frm->help(12);
-    QCOMPARE(bench.navigator.helped, QList<int>{12});
-}
+    void failureInLoadIsReportedAndEndsIt()
+    {
+        World world;
+        bool broken = false;
+        const Clock clock = [&] {
+            if (std::exchange(broken, false))
+                throw std::runtime_error("no time");
+            return QDateTime(QDate(2026, 11, 22), QTime(9, 30));
+        };
+        Session session(world.folder.path(), clock, world.prompts, world.desktop);
+        NotedNavigator navigator;
+        FrmData frm(session, navigator);
+        broken = true;
+        world.prompts.expect(u"Error onload."_s);
+        QVERIFY(!frm.load());
+        QVERIFY(world.errorLog().contains(u"Error onload."));
+    }
 
-void TestFrmData::exportNamesItsFile_data()
-{
-    QTest::addColumn<QString>("setting");
-    QTest::addColumn<QString>("file");
-    QTest::newRow("none set") << QString() << u"Export.xml"_s;
-    QTest::newRow("set") << u"mine.xml"_s << u"mine.xml"_s;
-}
+    void endWritesUsage_data()
+    {
+        QTest::addColumn<QDateTime>("start");
+        QTest::addColumn<QDateTime>("end");
+        QTest::addColumn<QString>("rows");
+        QTest::newRow("forty minutes") << QDateTime(QDate(2026, 11, 22), QTime(13, 10, 30))
+                                       << QDateTime(QDate(2026, 11, 22), QTime(13, 50, 45))
+                                       << u"TimeLog|11/22/2026|1:10:30 PM;TimeLog|11/22/2026|1:50:45 PM;"
+                                          "MinLog|11/22/2026|40"_s;
+        QTest::newRow("across midnight: the distance on the clock")
+            << QDateTime(QDate(2026, 11, 22), QTime(23, 50)) << QDateTime(QDate(2026, 11, 23), QTime(0, 10))
+            << u"TimeLog|11/23/2026|11:50:00 PM;TimeLog|11/23/2026|12:10:00 AM;MinLog|11/23/2026|1420"_s;
+    }
 
-void TestFrmData::exportNamesItsFile()
-{
-    QFETCH(QString, setting);
-    QFETCH(QString, file);
-    Bench bench;
-    bench.addCompany(u"Acme"_s);
-    bench.data().writeStatus(u"ExportFile"_s, setting, true);
-    bench.world.prompts.expect(u"Data has been exported to "_s + bench.world.folder.path() + u'/' + file);
-    bench.frm->fileExport();
-    const QString text = bench.world.fileText(file);
-    QVERIFY(text.contains(u"Name=\"Acme\""));
-    QVERIFY(!text.contains(u"Restore="));
-}
+    void endWritesUsage()
+    {
+        QFETCH(QDateTime, start);
+        QFETCH(QDateTime, end);
+        Bench bench(start);
+        bench.frm->load();
+        bench.world.setNow(end);
+        bench.world.session->debugMode = true;
+        bench.frm->unload();
+        QVERIFY(!bench.world.session->hasDataJW());
+        bench.frm.reset();
+        QCOMPARE(bench.world.opLog().count(u"frmData - Terminate"_s), 2);
+        QTEST(bench.cells(u"Select StatusDescription,StatusDate,StatusValue from Status where "
+                          "StatusDescription='TimeLog' or StatusDescription='MinLog' order by StatusKey"_s),
+              "rows");
+    }
 
-void TestFrmData::failedExportClaimsNothing()
-{
-    Bench bench;
-    bench.data().writeStatus(u"ExportFile"_s, u"no/such/folder.xml"_s, true);
-    bench.world.prompts.acceptAll(Answer::Ok);
-    bench.frm->fileExport();
-    QCOMPARE(bench.world.prompts.asked().size(), 1);
-    QVERIFY(!bench.world.prompts.asked().first().contains(u"Data has been exported"));
-}
+    void failureAtTheEndIsReported()
+    {
+        World world;
+        bool broken = false;
+        const Clock clock = [&] {
+            if (std::exchange(broken, false))
+                throw std::runtime_error("no time");
+            return QDateTime(QDate(2026, 11, 22), QTime(9, 30));
+        };
+        Session session(world.folder.path(), clock, world.prompts, world.desktop);
+        NotedNavigator navigator;
+        FrmData frm(session, navigator);
+        frm.load();
+        broken = true;
+        world.prompts.expect(u"Error in Termination Sequence."_s);
+        frm.unload();
+    }
 
-void TestFrmData::restoreAsksFirst_data()
-{
-    QTest::addColumn<bool>("present");
-    QTest::addColumn<QString>("answers"); // y or n, in the order of the questions
-    QTest::addColumn<bool>("rewritten");
-    QTest::newRow("absent: written") << false << QString() << true;
-    QTest::newRow("no, no: kept") << true << u"nn"_s << false;
-    QTest::newRow("no, yes: overwritten") << true << u"ny"_s << true;
-}
-
-void TestFrmData::restoreAsksFirst()
-{
-    QFETCH(bool, present);
-    QFETCH(QString, answers);
-    QFETCH(bool, rewritten);
-    Bench bench;
-    bench.addCompany(u"Acme"_s);
-    bench.frm->load();
-    bench.choose(u"Acme"_s);
-    bench.frm->tabStrip1Click(u"Contact"_s);
-    if (present) {
-        QFile file(bench.world.folder.filePath(u"restore.xml"_s));
+    void storeThatCannotBeOpenedLeavesAnEmptyShell()
+    {
+        Bench bench;
+        bench.frm.reset();
+        bench.world.session.reset();
+        QFile file(bench.world.folder.filePath(u"Postledger.db"_s));
         QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write("mine");
+        file.write("not a store");
+        file.close();
+        bench.world.restart();
+        bench.world.prompts.acceptAll(Answer::Ok);
+        bench.frm = std::make_unique<FrmData>(*bench.world.session, bench.navigator);
+        QVERIFY(bench.frm->load());
+        QCOMPARE(bench.frm->companyList(), QStringList{u"<New>"_s});
+        QCOMPARE(bench.world.session->reminderInterval, Key(10));
+        QVERIFY(bench.world.prompts.asked().first().contains(u"DataJW-Init"_s));
+        bench.frm->tabStrip1Click(u"Pipeline"_s);
+        bench.choose(u"<New>"_s);
+        bench.frm->unload();
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.readAll(), "not a store");
     }
-    const auto answer = [&](int i) { return answers.at(i) == u'y' ? Answer::Yes : Answer::No; };
-    if (present) {
-        bench.world.prompts.expect(
-            u"A restore file was found.  Would you like to restore your database now? This will "
-            "DELETE your current database."_s,
-            answer(0));
-        bench.world.prompts.expect(
-            u"Would you like to overwrite your restore file with an updated version?"_s, answer(1));
-    } else {
-        bench.world.prompts.expect(u"Could not locate restore file in "_s + bench.world.folder.path() +
-                                   u" directory. Creating restore file.");
-    }
-    bench.frm->restoreData();
-    QVERIFY(bench.world.prompts.done());
-    QCOMPARE(bench.world.prompts.lastTitle(),
-             present ? u"Overwrite Restore File?"_s : u"Jobwright Message"_s);
-    QCOMPARE(bench.world.fileText(u"restore.xml"_s).contains(u"Restore=\"1\""), rewritten);
-    QCOMPARE(visibleFrames(*bench.frm), u"frmeCompany"_s);
-    QCOMPARE(bench.frm->newImage(), u"newco"_s);
-    QCOMPARE(bench.shown(u"txtTitle"_s), u"Acme"_s);
-}
 
-void TestFrmData::restoreReplacesTheStore()
-{
-    Bench bench;
-    bench.addCompany(u"Acme"_s);
-    bench.data().createXML(u"restore.xml"_s, true);
-    bench.addCompany(u"Bolt"_s);
-    bench.frm->load();
-    bench.choose(u"Bolt"_s);
-    QList<bool> progress;
-    connect(bench.frm.get(), &FrmData::importProgress, this, [&](bool running) { progress.append(running); });
-    bench.world.prompts.expect(u"A restore file was found."_s, Answer::Yes);
-    bench.frm->restoreData();
-    QCOMPARE(progress, (QList<bool>{true, false}));
-    QCOMPARE(bench.frm->companyList(), (QStringList{u"Acme"_s, u"<New>"_s}));
-    QCOMPARE(bench.frm->countsPanel(), u"1 company · 0 positions · 0 contacts"_s);
-    // The company that was shown is gone, and nothing of it stays on the screen.
-    QCOMPARE(bench.frm->selection().selectedCompanyName(), QString());
-    QCOMPARE(bench.shown(u"txtTitle"_s), QString());
-    bench.choose(u"Acme"_s);
-    QCOMPARE(bench.shown(u"txtCity"_s), u"Acme City"_s);
-}
+    void selectorIsFilledAnewOnlyWhenItDiffers()
+    {
+        Bench bench;
+        bench.addCompany(u"Acme"_s);
+        bench.frm->load();
+        bench.choose(u"Acme"_s);
+        bench.type(u"txtCity"_s, u"not saved yet"_s);
+        QSignalSpy lists(bench.frm.get(), &FrmData::companyListChanged);
+        bench.frm->activated();
+        QCOMPARE(lists.count(), 0);
+        bench.addCompany(u"Bolt"_s);
+        bench.frm->activated();
+        QCOMPARE(lists.count(), 1);
+        QCOMPARE(bench.frm->companyList(), (QStringList{u"Acme"_s, u"Bolt"_s, u"<New>"_s}));
+        // Selection and what is being typed stay.
+        QCOMPARE(bench.frm->form().text(u"cmbSelection"_s), u"Acme"_s);
+        QCOMPARE(bench.shown(u"txtCity"_s), u"not saved yet"_s);
+        QCOMPARE(bench.frm->countsPanel(), u"2 companies · 0 positions · 0 contacts"_s);
+    }
+
+    void tabShowsItsScreen_data()
+    {
+        QTest::addColumn<QString>("tab");
+        QTest::addColumn<QString>("frame");
+        QTest::addColumn<QString>("newButton");
+        QTest::newRow("company") << u"Company"_s << u"frmeCompany"_s << u"New Company newco"_s;
+        QTest::newRow("position") << u"Position"_s << u"frmePosition"_s << u"New Position newpos"_s;
+        QTest::newRow("contact") << u"Contact"_s << u"frmeContact"_s << u"New Contact newcon"_s;
+        // These two leave the button as the screen before had set it.
+        QTest::newRow("pipeline") << u"Pipeline"_s << u"frmePipeline"_s << u"New Contact newcon"_s;
+        QTest::newRow("document") << u"Document"_s << u"frmeDocument"_s << u"New Contact newcon"_s;
+    }
+
+    void tabShowsItsScreen()
+    {
+        QFETCH(QString, tab);
+        Bench bench;
+        bench.addCompany(u"Acme"_s);
+        bench.frm->load();
+        bench.choose(u"Acme"_s);
+        bench.frm->tabStrip1Click(u"Contact"_s);
+        bench.world.session->debugMode = true;
+        bench.frm->tabStrip1Click(tab);
+        QTEST(bench.visibleFrames(), "frame");
+        QTEST(QString(bench.frm->newToolTip() + u' ' + bench.frm->newImage()), "newButton");
+        QCOMPARE(bench.frm->currentTab(), tab);
+        QCOMPARE(bench.frm->selection().currentScreen, tab);
+        QVERIFY(bench.world.opLog().contains(QString(u"Open " + tab + u" Screen")));
+        QVERIFY(!bench.frm->form().isVisible(u"pbarLoad"_s));
+    }
+
+    void positionTabFallsBack_data()
+    {
+        QTest::addColumn<QString>("selection");
+        QTest::newRow("nothing selected") << QString();
+        QTest::newRow("new company") << u"<New>"_s;
+        QTest::newRow("category") << u"~ Local ~"_s;
+    }
+
+    void positionTabFallsBack()
+    {
+        QFETCH(QString, selection);
+        Bench bench;
+        bench.addCompany(u"~ Local ~"_s);
+        bench.frm->load();
+        bench.choose(selection);
+        bench.world.prompts.expect(u"Please select a company before viewing positions."_s);
+        bench.frm->tabStrip1Click(u"Position"_s);
+        QCOMPARE(bench.visibleFrames(), u"frmeCompany"_s);
+        QCOMPARE(bench.frm->currentTab(), u"Company"_s);
+        QCOMPARE(bench.frm->selection().currentScreen, u"Company"_s);
+        QCOMPARE(bench.frm->procText(), u"<Unassigned> Selected."_s);
+        QVERIFY(bench.frm->procVisible());
+        QCOMPARE(bench.frm->newImage(), u"newco"_s);
+        QCOMPARE(bench.frm->selection().selectedCompanyName(), selection);
+    }
+
+    void contactTabStaysOpenWithoutACompany()
+    {
+        Bench bench;
+        bench.addCompany(u"~ Local ~"_s);
+        bench.frm->load();
+        bench.world.prompts.expect(u"Please select a company before viewing contacts."_s);
+        bench.frm->tabStrip1Click(u"Contact"_s);
+        QCOMPARE(bench.visibleFrames(), u"frmeContact"_s);
+        QCOMPARE(bench.frm->procText(), u"No company selected."_s);
+        QVERIFY(bench.frm->procVisible());
+        // A category is good enough for contacts: no question comes.
+        bench.choose(u"~ Local ~"_s);
+        bench.frm->tabStrip1Click(u"Contact"_s);
+        QCOMPARE(bench.visibleFrames(), u"frmeContact"_s);
+    }
+
+    void pipelineTabNeedsACompany()
+    {
+        Bench bench;
+        bench.frm->load();
+        bench.world.session->debugMode = true;
+        bench.world.prompts.expect(u"No companies exist in your database.  Pipeline cannot be accessed."_s);
+        bench.frm->tabStrip1Click(u"Pipeline"_s);
+        QCOMPARE(bench.visibleFrames(), QString());
+        QCOMPARE(bench.frm->currentTab(), u"Pipeline"_s);
+        QCOMPARE(bench.frm->selection().currentScreen, u"Company"_s);
+        QVERIFY(bench.world.opLog().contains(u"No companies, Pipeline aborted."));
+    }
+
+    void categorySwitchesTheCompanyFieldsOff()
+    {
+        Bench bench;
+        bench.addCompany(u"Acme"_s);
+        bench.addCompany(u"~ Local ~"_s);
+        bench.data().writeStatus(u"ScreenGraphics"_s, u"0"_s, true);
+        const QStringList companyOnly{u"txtShort"_s, u"txtAddress"_s,  u"txtCity"_s,     u"txtState"_s,
+                                      u"txtZip"_s,   u"txtEm1"_s,      u"txtEm2"_s,      u"txtURL1"_s,
+                                      u"txtURL2"_s,  u"txtP1"_s,       u"txtP2"_s,       u"txtP3"_s,
+                                      u"txtFax"_s,   u"txtIndustry"_s, u"cmdProfile1"_s, u"imgPosition"_s};
+        bench.frm->load();
+        const auto enabled = [&] {
+            return std::ranges::count_if(companyOnly, [&](const QString& control) {
+                return bench.company().form().isEnabled(control);
+            });
+        };
+        bench.choose(u"~ Local ~"_s);
+        QCOMPARE(bench.frm->form().text(u"Label45"_s), u"Category"_s);
+        QVERIFY(bench.frm->companyLabel() == CompanyLabel::Category);
+        QCOMPARE(enabled(), 0);
+        QVERIFY(bench.company().form().isEnabled(u"txtCompanyNotes"_s));
+        bench.choose(u"Acme"_s);
+        QCOMPARE(bench.frm->form().text(u"Label45"_s), u"Company"_s);
+        QVERIFY(bench.frm->companyLabel() == CompanyLabel::Company);
+        QCOMPARE(enabled(), companyOnly.size());
+        bench.data().writeStatus(u"ScreenGraphics"_s, u"1"_s, true);
+        bench.frm->selectCategory();
+        QVERIFY(bench.frm->companyLabel() == CompanyLabel::CompanyOnGraphics);
+    }
+
+    void selectionLeadsToTheCompanyScreen_data()
+    {
+        QTest::addColumn<QString>("tab");
+        QTest::addColumn<QString>("choice");
+        QTest::addColumn<QString>("endsOn");
+        QTest::addColumn<QString>("selected");
+        QTest::newRow("category on Position")
+            << u"Position"_s << u"~ Local ~"_s << u"Company"_s << u"<New>"_s;
+        QTest::newRow("new on Position") << u"Position"_s << u"<New>"_s << u"Company"_s << u"<New>"_s;
+        QTest::newRow("new on Document") << u"Document"_s << u"<New>"_s << u"Company"_s << u"<New>"_s;
+        QTest::newRow("category on Contact stays")
+            << u"Contact"_s << u"~ Local ~"_s << u"Contact"_s << u"~ Local ~"_s;
+        QTest::newRow("company on Position stays")
+            << u"Position"_s << u"Bolt"_s << u"Position"_s << u"Bolt"_s;
+    }
+
+    void selectionLeadsToTheCompanyScreen()
+    {
+        QFETCH(QString, tab);
+        QFETCH(QString, choice);
+        QFETCH(QString, endsOn);
+        QFETCH(QString, selected);
+        Bench bench;
+        for (const QString& name : {u"Acme"_s, u"Bolt"_s, u"~ Local ~"_s})
+            bench.addCompany(name);
+        bench.frm->load();
+        bench.choose(u"Acme"_s);
+        bench.frm->tabStrip1Click(tab);
+        bench.choose(choice);
+        QCOMPARE(bench.frm->currentTab(), endsOn);
+        QCOMPARE(bench.visibleFrames(), QString(u"frme" + endsOn));
+        QCOMPARE(bench.frm->selection().selectedCompanyName(), selected);
+        QCOMPARE(bench.frm->form().text(u"cmbSelection"_s), selected);
+        if (selected == u"<New>")
+            QCOMPARE(bench.shown(u"txtTitle"_s), QString());
+    }
+
+    void newButtonStartsACompany()
+    {
+        Bench bench;
+        bench.addCompany(u"Acme"_s);
+        bench.frm->load();
+        bench.choose(u"Acme"_s);
+        QSignalSpy focus(&bench.company().form(), &Form::focusRequested);
+        bench.frm->tbarButtonClick(u"new"_s);
+        QCOMPARE(bench.frm->selection().selectedCompanyName(), u"<New>"_s);
+        QCOMPARE(focus.last().first().toString(), u"txtTitle"_s);
+        // On the Document screen the button still makes what the screen before it made.
+        bench.choose(u"Acme"_s);
+        bench.frm->tabStrip1Click(u"Document"_s);
+        bench.frm->tbarButtonClick(u"new"_s);
+        QCOMPARE(bench.visibleFrames(), u"frmeCompany"_s);
+        QCOMPARE(bench.shown(u"txtTitle"_s), QString());
+        QCOMPARE(bench.rows(u"Company"_s), 1);
+    }
+};
 
 QTEST_GUILESS_MAIN(TestFrmData)
 #include "tst_frmdata.moc"

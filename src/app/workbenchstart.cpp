@@ -1,0 +1,148 @@
+#include "app/workbenchstart.h"
+
+#include "app/exitcodes.h"
+#include "app/openstore.h"
+#include "app/output.h"
+#include "base/clock.h"
+#include "desktop/desktopprompts.h"
+#include "desktop/desktopservices.h"
+#include "store/appfolder.h"
+#include "store/copies.h"
+#include "store/datajw.h"
+#include "store/session.h"
+#include "store/storecheck.h"
+#include "views/workbench/splashview.h"
+#include "views/workbench/workbenchwindow.h"
+#include "workbench/frmdata.h"
+#include "workbench/frmsplash.h"
+
+#include <QApplication>
+#include <QTimer>
+
+namespace {
+
+QString tr(const char* text)
+{
+    return QCoreApplication::translate("WorkbenchStart", text);
+}
+
+/// The screens that the workbench can open. Those that a later version brings are entered here.
+class ScreenNavigator : public Navigator
+{
+public:
+    [[nodiscard]] bool hasScreen(const QString&) const override { return false; }
+    void openScreen(const QString&) override {}
+    void openHelp(int) override {}
+};
+
+/// Sees to the store before anything touches it. False when the user would rather leave.
+bool readyStore(Session& session)
+{
+    const FileReport report = openOrCreateStore(session, QStringLiteral(JOBWRIGHT_VERSION));
+    if (report.state != FileState::Missing)
+        return true; // good, or the gateway says what is wrong and the workbench comes up empty
+    const Answer answer = session.msgBox(
+        QString(report.message + u"\n\n" + tr("Would you like to start with a new, empty database?")),
+        Buttons::YesNoDefaultNo, tr("Database not found"));
+    if (answer != Answer::Yes)
+        return false;
+    const FileReport made = createStore(session);
+    if (made.state != FileState::Good)
+        session.msgBox(made.message);
+    return made.state == FileState::Good;
+}
+
+/// Makes the copy of the day while the user works, and reports what it finds.
+class DailyCopyRunner : public QObject
+{
+public:
+    explicit DailyCopyRunner(Session& session)
+        : m_session(session)
+        , m_copy(session)
+    {
+        connect(&m_timer, &QTimer::timeout, this, &DailyCopyRunner::step);
+        m_timer.start(stepMs);
+    }
+
+private:
+    // Steps of a few milliseconds with room between them: nobody notices.
+    static constexpr int stepMs = 50;
+
+    void step()
+    {
+        if (m_session.dialogBusy || m_copy.step())
+            return;
+        m_timer.stop();
+        if (!m_copy.failure().isEmpty())
+            m_session.msgBox(tr("Today's copy of the database could not be made: %1\nThe earlier copies are kept. Please "
+                                "run \"jobwright verify\" to see whether the database itself is sound.")
+                                 .arg(m_copy.failure()));
+    }
+
+    Session& m_session;
+    DailyCopy m_copy;
+    QTimer m_timer;
+};
+
+void warnOfKeys(Session& session)
+{
+    if (!session.dataJW().isConnected())
+        return;
+    try {
+        const QString warning = keyWarningText(keysRunningOut(session.dataJW().database()));
+        if (!warning.isEmpty())
+            session.msgBox(warning);
+    } catch (const StoreError& error) {
+        session.logError(QStringLiteral("WorkbenchStart - keys"), 1, &error);
+    }
+}
+
+} // namespace
+
+int startWorkbench(int& argc, char** argv, const StartOptions& options)
+{
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("jobwright"));
+    QApplication::setApplicationDisplayName(QStringLiteral("Jobwright"));
+    QApplication::setApplicationVersion(QStringLiteral(JOBWRIGHT_VERSION));
+    QApplication::setDesktopFileName(QStringLiteral("jobwright"));
+
+    DesktopPrompts prompts;
+    DesktopServices desktop;
+    const QString folder = applicationFolder(options.folder);
+    if (const QString problem = prepareFolder(folder); !problem.isEmpty()) {
+        prompts.msgBox(problem, Buttons::Ok, QStringLiteral("Jobwright Message"));
+        return StoreClosed;
+    }
+    InstanceLock lock(folder);
+    if (!lock.acquire()) {
+        printError(lock.holder());
+        prompts.msgBox(lock.holder(), Buttons::Ok, QStringLiteral("Jobwright Message"));
+        return InUse;
+    }
+
+    Session session(folder, systemClock(), prompts, desktop);
+    if (!readyStore(session))
+        return StoreClosed;
+    ScreenNavigator navigator;
+    FrmData workbench(session, navigator);
+    FrmSplash splash(session);
+    if (options.noSplash) {
+        splash.load(); // it also looks for what the desktop offers
+        splash.unload();
+    } else {
+        SplashView(splash).run();
+    }
+    if (!workbench.load())
+        return Failed;
+
+    WorkbenchWindow window(workbench, session.settings().file());
+    window.show();
+    if (options.exitWhenShown) {
+        QTimer::singleShot(0, &window, [] { QTimer::singleShot(0, qApp, &QApplication::quit); });
+        return QApplication::exec();
+    }
+    DailyCopyRunner copies(session);
+    QTimer::singleShot(0, &window, [&session] { warnOfKeys(session); });
+    return QApplication::exec();
+}

@@ -1,0 +1,139 @@
+// The small syntax tree of a statement. The parser makes it; the resolver fills in tables, columns and types.
+#pragma once
+
+#include "store/dialect/dialect.h"
+
+#include <memory>
+#include <optional>
+#include <variant>
+#include <vector>
+
+namespace dialect {
+
+/// A name with its place in the statement's shape.
+struct Name
+{
+    QStringView text;
+    qsizetype place = 0;
+};
+
+/// A column of a table of the schema.
+struct ColumnId
+{
+    const schema::Table* table = nullptr;
+    int index = -1;
+
+    [[nodiscard]] const schema::Column& column() const
+    {
+        return table->columns[static_cast<std::size_t>(index)];
+    }
+    bool operator==(const ColumnId&) const = default;
+};
+
+/// A column as written, with or without its table in front, and as found in the schema.
+struct ColumnName
+{
+    std::optional<Name> table;
+    Name name;
+    ColumnId id = {};
+};
+
+enum class ExprKind {
+    Literal,
+    Column,
+    Negate,
+    Arithmetic, ///< + - * /
+    Concat,     ///< &
+    Compare,    ///< = < > <= >= <>
+    Between,    ///< three operands
+    IsNull,
+    Not,
+    And,
+    Or,
+};
+
+struct Expr;
+using ExprPtr = std::unique_ptr<Expr>;
+
+/// A part of an expression. One struct for all kinds: the tree is small and walked by kind.
+struct Expr
+{
+    ExprKind kind = ExprKind::Literal;
+    qsizetype place = 0; ///< in the statement's shape
+    int height = 1;      ///< levels below and with this one
+    std::vector<ExprPtr> operands = {};
+    QStringView op = {};  ///< Arithmetic and Compare: the operator's sign
+    bool negated = false; ///< IsNull: Is Not Null
+
+    LiteralKind literalKind = LiteralKind::Text;
+    int literal = -1;
+
+    ColumnName column = {};
+
+    // Set by typing.
+    BindAs bind = BindAs::Text;
+    bool asSerial = false;   ///< a date column that takes part as its day number
+    bool ignoreCase = false; ///< a comparison of texts that no column's collation rules
+};
+
+struct SelectItem
+{
+    ColumnName column;
+    bool isCount = false;
+    bool countsRows = false; ///< Count(*)
+    std::optional<Name> alias;
+};
+
+struct OrderTerm
+{
+    ColumnName column;
+    bool descending = false;
+};
+
+struct Select
+{
+    bool allColumns = false;       ///< Select *; the resolver then fills the items
+    std::vector<SelectItem> items; ///< either all counts or none
+    Name table;
+    std::optional<Name> joinedTable;
+    ExprPtr joinCondition;
+    ExprPtr where;
+    std::vector<OrderTerm> order;
+    std::vector<const schema::Table*> from; ///< one table or two
+
+    [[nodiscard]] bool isCount() const { return !items.empty() && items.front().isCount; }
+};
+
+struct Insert
+{
+    Name table;
+    std::vector<ColumnName> columns; ///< the resolver fills in those that Insert .. Select leaves out
+    std::vector<ExprPtr> values;
+    std::unique_ptr<Select> source; ///< null when there are values
+    const schema::Table* target = nullptr;
+};
+
+struct Assignment
+{
+    ColumnName column;
+    ExprPtr value;
+};
+
+struct Update
+{
+    Name table;
+    std::vector<Assignment> assignments;
+    ExprPtr where;
+    const schema::Table* target = nullptr;
+};
+
+struct Delete
+{
+    Name table;
+    ExprPtr where;
+    const schema::Table* target = nullptr;
+};
+
+using Statement = std::variant<Select, Insert, Update, Delete>;
+
+} // namespace dialect

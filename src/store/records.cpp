@@ -1,0 +1,69 @@
+#include "store/records.h"
+
+#include "base/text.h"
+#include "store/datajw.h"
+
+using namespace Qt::StringLiterals;
+
+void History::loadDataFromDatabase(DataJW& dataJW, Key contactKey, int index)
+{
+    RecordSet rows = dataJW.getHistoryByContactKeyCnt(contactKey);
+    for (int i = 1; i < index && !rows.atEnd(); ++i)
+        rows.next();
+    if (index < 1 || rows.atEnd())
+        return;
+    const auto count = rows.key(u"ContactCount");
+    const auto contact = rows.key(u"ContactKey");
+    if ((!count && !rows.isNull(u"ContactCount")) || !contact) {
+        dataJW.logError(u"History-LoadDataFromDatabase"_s + text::crlf + rows.text(u"HistoryKey"));
+        return;
+    }
+    HistKey = rows.text(u"HistoryKey");
+    DocXfer = rows.text(u"DocumentXfer");
+    ContactDate = rows.date(u"ContactDate");
+    NextCall = rows.date(u"NextCall");
+    ReturnCall = rows.text(u"Return");
+    Location = rows.text(u"Location");
+    Details = rows.text(u"Details");
+    topic = rows.text(u"Topic");
+    Length = rows.text(u"Length");
+    medium = rows.text(u"Medium");
+    ContactCount = count.value_or(0);
+    ContactKey = *contact;
+}
+
+int History::getHistoryCount(DataJW& dataJW, Key contactKey)
+{
+    return dataJW.getHistoryByContactKey(contactKey).rowCount();
+}
+
+void UserProfile::clear()
+{
+    *this = UserProfile();
+}
+
+void UserProfile::loadUProfileFromDatabase(DataJW& dataJW, Key key)
+{
+    const RecordSet row = dataJW.getUProfileByKey(key);
+    if (row.isEmpty())
+        return;
+    UProfileKey = key;
+    Notes = row.text(u"Notes");
+    Location = row.text(u"Location");
+    Function3 = row.text(u"Function3");
+    Function2 = row.text(u"Function2");
+    Function1 = row.text(u"Function1");
+    EtimeYear = row.text(u"TimeEndYear");
+    StimeYear = row.text(u"TimeStartYear");
+    EtimeMonth = row.text(u"TimeEnd");
+    StimeMonth = row.text(u"TimeStart");
+    uSubCategory = row.text(u"Subcategory");
+    uCategory = row.text(u"Category");
+    uSubTitle = row.text(u"Subtitle");
+    uTitle = row.text(u"Title");
+}
+
+QString XPosition::addPos(const QStringList& fields)
+{
+    return u"INSERT INTO Position ( "_s + fields.join(u',') + u" ) VALUES (";
+}

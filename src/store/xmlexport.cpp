@@ -1,0 +1,173 @@
+#include "store/xmlexport.h"
+
+#include "base/text.h"
+#include "store/datajw.h"
+#include "store/session.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QSaveFile>
+#include <QStringDecoder>
+
+#include <pugixml.hpp>
+
+#include <algorithm>
+#include <array>
+#include <vector>
+
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr std::array<QStringView, 12> tables{u"Address", u"Company", u"Contact",  u"CProfile", u"Document", u"Event",
+                                             u"History", u"JProfile", u"Position", u"Question", u"Target",  u"UProfile"};
+/// The bar's steps for one table; the rows of all tables together are not known before the last is read.
+constexpr int stepsPerTable = 100;
+
+/// Collects what pugixml prints and hands it to the file in large pieces.
+class FileWriter : public pugi::xml_writer
+{
+public:
+    explicit FileWriter(QSaveFile& file)
+        : m_file(file)
+    {
+    }
+    void write(const void* data, size_t size) override { add({static_cast<const char*>(data), static_cast<qsizetype>(size)}); }
+    void add(QByteArrayView piece)
+    {
+        m_pending.append(piece);
+        if (m_pending.size() >= 1 << 20)
+            flush();
+    }
+    bool flush()
+    {
+        m_sound = m_sound && m_file.write(m_pending) == m_pending.size();
+        m_pending.clear();
+        return m_sound;
+    }
+
+private:
+    QSaveFile& m_file;
+    QByteArray m_pending;
+    bool m_sound = true;
+};
+
+bool isXmlCharacter(QChar c)
+{
+    const char16_t unit = c.unicode();
+    return (unit >= 0x20 && unit < 0xFFFE) || unit == u'\t' || unit == u'\n' || unit == u'\r';
+}
+
+/// A pasted text may hold control characters; one of them would make the whole file unreadable.
+QByteArray xmlText(QString value)
+{
+    if (!std::all_of(value.cbegin(), value.cend(), isXmlCharacter))
+        value.removeIf([](QChar c) { return !isXmlCharacter(c); });
+    return value.toUtf8();
+}
+
+/// One record element that is filled anew for each row: the document never stands in memory as a whole.
+class RecordElement
+{
+public:
+    explicit RecordElement(const QStringList& columns)
+        : m_record(m_document.append_child("Record"))
+    {
+        for (const QString& column : columns)
+            m_attributes.push_back(m_record.append_attribute(column.toUtf8().constData()));
+    }
+    void print(const RecordSet& row, pugi::xml_writer& writer)
+    {
+        for (size_t i = 0; i < m_attributes.size(); ++i)
+            m_attributes[i].set_value(xmlText(row.text(static_cast<int>(i))).constData());
+        m_record.print(writer, "  ", pugi::format_default, pugi::encoding_utf8, 2);
+    }
+
+private:
+    pugi::xml_document m_document;
+    pugi::xml_node m_record;
+    std::vector<pugi::xml_attribute> m_attributes;
+};
+
+bool writeTable(Session& session, FileWriter& writer, QStringView name, int tablesDone)
+{
+    const QString table = name.toString();
+    RecordElement record(session.dataJW().getFields(table));
+    RecordSet rows = session.dataJW().getExecQueryRecords(u"Select * from "_s + table);
+    if (rows.isNothing())
+        return false;
+    const QByteArray opening = "  <Data Table=\"" + table.toUtf8() + (rows.isEmpty() ? "\" />\n" : "\">\n");
+    writer.add(opening);
+    const int total = stepsPerTable * static_cast<int>(tables.size());
+    int step = -1;
+    for (int row = 0; !rows.atEnd(); rows.next(), ++row) {
+        record.print(rows, writer);
+        const int reached = static_cast<int>(qint64{stepsPerTable} * row / rows.rowCount());
+        if (std::exchange(step, reached) != reached)
+            emit session.progressChanged(tablesDone * stepsPerTable + reached, total);
+    }
+    if (!rows.isEmpty())
+        writer.add("  </Data>\n");
+    emit session.progressChanged((tablesDone + 1) * stepsPerTable, total);
+    return true;
+}
+
+bool writeDocument(Session& session, QSaveFile& file, bool restore)
+{
+    FileWriter writer(file);
+    writer.add("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n");
+    writer.add(restore ? "<Jobwright Restore=\"1\">\n" : "<Jobwright>\n");
+    int done = 0;
+    for (const QStringView table : tables) {
+        // A table that cannot be read is logged and shown by the gateway; half a backup is none.
+        if (!writeTable(session, writer, table, done++))
+            return false;
+    }
+    writer.add("</Jobwright>\n");
+    return writer.flush();
+}
+
+/// Gives back what the rows of the tables took; the allocator would keep it beside the document's text.
+void releaseRows()
+{
+#ifdef __GLIBC__
+    ::malloc_trim(0);
+#endif
+}
+
+/// Reads piece by piece, so that the bytes never stand beside the whole text.
+QString readText(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    QStringDecoder decoder(QStringDecoder::Utf8);
+    QString text;
+    text.reserve(file.size());
+    while (!file.atEnd())
+        text += QString(decoder.decode(file.read(1 << 20)));
+    return text;
+}
+
+} // namespace
+
+QString xmlexport::write(Session& session, const QString& file, bool restore)
+{
+    const QString path = QDir::isAbsolutePath(file) ? file : session.folder() + u'/' + file;
+    QSaveFile target(path);
+    const bool opened = target.open(QIODevice::WriteOnly);
+    if (opened && writeDocument(session, target, restore) && target.commit()) {
+        releaseRows();
+        return readText(path);
+    }
+    // A table that could not be read has been told already, and left the file in order.
+    if (!opened || target.error() != QFileDevice::NoError)
+        session.logError(u"DataJW-CreateXML"_s + text::crlf +
+                         QCoreApplication::translate("XmlExport", "The file %1 could not be written: %2")
+                             .arg(path, target.errorString()));
+    return {};
+}

@@ -1,0 +1,54 @@
+// A campaign's XML file as the import reads it.
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <pugixml.hpp>
+
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+/// A loaded campaign file with the lookups that the import walks by: each is made once, so that the walk's cost grows
+/// with the records and not with their square. Nodes and keys point into the file and live as long as it does.
+class CampaignFile
+{
+public:
+    using Records = std::vector<pugi::xml_node>;
+
+    /// Reads the file and checks all that can be known before a first row is written: that it is well-formed XML of a
+    /// sane size and encoding without a document type, that its root is the program's own, and that no two companies
+    /// or contacts share a key. Answers "" or, in words for the user, why the file cannot be used.
+    [[nodiscard]] QString load(const QString& path);
+
+    /// True when the file replaces the store's contents; otherwise it is merged into them.
+    [[nodiscard]] bool isRestore() const;
+    [[nodiscard]] pugi::xml_node root() const { return m_document.document_element(); }
+    /// All records of a table in file order.
+    [[nodiscard]] const Records& records(std::string_view table) const;
+    /// The first address with this key; a null node when the file has none.
+    [[nodiscard]] pugi::xml_node address(std::string_view key) const;
+    [[nodiscard]] const Records& contactsOf(std::string_view companyKey) const;
+    [[nodiscard]] const Records& positionsOf(std::string_view companyKey) const;
+    [[nodiscard]] const Records& historiesOf(std::string_view contactKey) const;
+    /// How many records of @p table hang, by their @p column, on no record of @p owner that has this as its key: the
+    /// walk from owner to owner never meets them.
+    [[nodiscard]] int orphans(std::string_view table, const char* column, std::string_view owner) const;
+
+private:
+    using Index = std::unordered_map<std::string_view, Records>;
+
+    [[nodiscard]] QString parse(const QString& path, bool isUtf8);
+    [[nodiscard]] QString checkShape();
+    [[nodiscard]] QString findDouble(std::string_view table, const char* keyColumn) const;
+    [[nodiscard]] Index index(std::string_view table, const char* column) const;
+
+    QByteArray m_bytes; // the document's texts lie in here
+    pugi::xml_document m_document;
+    Index m_tables;
+    std::unordered_map<std::string_view, pugi::xml_node> m_addresses;
+    Index m_contacts;
+    Index m_positions;
+    Index m_histories;
+};

@@ -1,0 +1,147 @@
+// A process killed at any moment of a save, a restore or an import leaves the store as before or as after it.
+// JOBWRIGHT_KILLS sets the number of kills (24 without it).
+#include "store/childwork.h"
+#include "store/storefile.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QProcess>
+#include <QRandomGenerator>
+#include <QThread>
+
+#include <csignal>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString child = u"--work"_s;
+
+/// One piece of work on the store in @p folder; says "go" just before it begins.
+int work(const QString& kind, const QString& folder)
+{
+    Mute mute;
+    Session session(folder, [] { return QDateTime(QDate(2026, 11, 22), QTime(9, 30)); }, mute, mute);
+    DataJW& data = session.dataJW();
+    if (!data.isConnected())
+        return 1;
+    std::puts("go");
+    std::fflush(stdout);
+    if (kind == u"save")
+        saveCompany(data, u"Own3"_s);
+    else
+        data.importXML(folder + u'/' + kind + u".xml");
+    return 0;
+}
+
+void copyStore(const QString& from, const QString& to)
+{
+    for (const char* file : {"Postledger.db", "restore.xml", "merge.xml"})
+        QVERIFY(QFile::copy(from + u'/' + QLatin1String(file), to + u'/' + QLatin1String(file)));
+}
+
+QByteArray hashOf(const QString& folder)
+{
+    Database database(folder + u"/Postledger.db");
+    return contentHash(database);
+}
+
+} // namespace
+
+class TestKill : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void killedAtAnyMoment_data();
+    void killedAtAnyMoment();
+
+private:
+    void makeStore(const QString& folder);
+    /// Starts the work in a process of its own; kills it @p microseconds after it began, lets it end when negative.
+    /// Answers how long it ran.
+    qint64 runChild(const QString& kind, const QString& folder, qint64 microseconds);
+};
+
+void TestKill::makeStore(const QString& folder)
+{
+    World world;
+    killCampaign(true, u"Own"_s, 30).import(world);
+    QCOMPARE(world.session->statusLine(), u"Import Complete"_s);
+    const QList<std::pair<QString, XmlText>> files{{u"restore"_s, killCampaign(true, u"New"_s, 40)},
+                                                   {u"merge"_s, killCampaign(false, u"Own"_s, 60)}};
+    for (const auto& [name, text] : files)
+        QVERIFY(QFile::copy(text.write(world), folder + u'/' + name + u".xml") && QFile::remove(text.write(world)));
+    world.session.reset();
+    QVERIFY(QFile::copy(world.folder.path() + u"/Postledger.db", folder + u"/Postledger.db"));
+}
+
+qint64 TestKill::runChild(const QString& kind, const QString& folder, qint64 microseconds)
+{
+    QProcess process;
+    process.start(QCoreApplication::applicationFilePath(), {child, kind, folder});
+    if (!process.waitForReadyRead(20000))
+        return -1;
+    QElapsedTimer timer;
+    timer.start();
+    if (microseconds >= 0) {
+        QThread::usleep(static_cast<unsigned long>(microseconds));
+        ::kill(static_cast<pid_t>(process.processId()), SIGKILL);
+    }
+    process.waitForFinished(60000);
+    return timer.nsecsElapsed() / 1000;
+}
+
+void TestKill::killedAtAnyMoment_data()
+{
+    QTest::addColumn<QString>("kind");
+    QTest::addRow("company save") << u"save"_s;
+    QTest::addRow("restore") << u"restore"_s;
+    QTest::addRow("import") << u"merge"_s;
+}
+
+void TestKill::killedAtAnyMoment()
+{
+    QFETCH(QString, kind);
+    const QTemporaryDir origin;
+    makeStore(origin.path());
+    const QByteArray before = hashOf(origin.path());
+    const QTemporaryDir undisturbed;
+    copyStore(origin.path(), undisturbed.path());
+    const qint64 whole = runChild(kind, undisturbed.path(), -1);
+    QVERIFY(whole > 0);
+    const QByteArray after = hashOf(undisturbed.path());
+    QVERIFY(after != before);
+
+    bool isNumber = false;
+    const int asked = qEnvironmentVariableIntValue("JOBWRIGHT_KILLS", &isNumber);
+    const int kills = ((isNumber ? asked : 24) + 2) / 3;
+    QRandomGenerator random(static_cast<quint32>(kind.size()));
+    int untouched = 0;
+    for (int i = 0; i < kills; ++i) {
+        const QTemporaryDir folder;
+        copyStore(origin.path(), folder.path());
+        runChild(kind, folder.path(), random.bounded(whole + whole / 10));
+        const QString database = folder.path() + u"/Postledger.db";
+        QCOMPARE(inspectStore(database).message, QString());
+        const QByteArray left = hashOf(folder.path());
+        QVERIFY2(left == before || left == after, "the store is neither as before nor as after");
+        untouched += left == before ? 1 : 0;
+        Database opened(database);
+        opened.run(u"Insert into Company(Name) VALUES('Still works')"_s);
+    }
+    // Most of the work lies before its end, so kills that all came too late would have tested nothing.
+    QVERIFY2(untouched > 0, "no kill came before the end of the work");
+}
+
+int main(int argc, char** argv)
+{
+    QCoreApplication application(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments();
+    if (arguments.size() == 4 && arguments[1] == child)
+        return work(arguments[2], arguments[3]);
+    TestKill test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_kill.moc"
