@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QDesktopServices>
+#include <QDir>
 #include <QFile>
 #include <QMessageBox>
 #include <QPushButton>
@@ -24,6 +25,14 @@ public slots:
 public:
     QStringList opened;
 };
+
+static void write(const QString& path, const QByteArray& content)
+{
+    QVERIFY(QDir().mkpath(QFileInfo(path).path()));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(content);
+}
 
 class TestDesktop : public QObject
 {
@@ -80,17 +89,17 @@ void TestDesktop::onlyKnownSchemesReachTheBrowser()
 void TestDesktop::endingIsOpenableWhenAProgramIsListed()
 {
     QTemporaryDir home;
-    qputenv("XDG_DATA_HOME", home.path().toUtf8());
-    qputenv("XDG_DATA_DIRS", home.path().toUtf8());
-    qputenv("XDG_CONFIG_HOME", home.path().toUtf8());
-    qputenv("XDG_CONFIG_DIRS", home.path().toUtf8());
+    for (const char* folder : {"XDG_DATA_HOME", "XDG_DATA_DIRS", "XDG_CONFIG_HOME", "XDG_CONFIG_DIRS"})
+        qputenv(folder, home.path().toUtf8());
+    // Types of its own, so that the test does not hang on what the machine has installed.
+    write(home.filePath(u"mime/packages/types.xml"_s),
+          "<?xml version=\"1.0\"?><mime-info xmlns='http://www.freedesktop.org/standards/shared-mime-info'>"
+          "<mime-type type=\"application/msword\"><glob pattern=\"*.doc\"/></mime-type>"
+          "<mime-type type=\"application/pdf\"><glob pattern=\"*.pdf\"/></mime-type></mime-info>");
     const DesktopServices desktop;
     QVERIFY(!desktop.canOpen(u".doc"_s));
-    QVERIFY(QDir(home.path()).mkpath(u"applications"_s));
-    QFile list(home.filePath(u"applications/mimeinfo.cache"_s));
-    QVERIFY(list.open(QIODevice::WriteOnly));
-    list.write("[MIME Cache]\napplication/msword=writer.desktop;\napplication/pdf=\n");
-    list.close();
+    write(home.filePath(u"applications/mimeinfo.cache"_s),
+          "[MIME Cache]\napplication/msword=writer.desktop;\napplication/pdf=\n");
     QVERIFY(desktop.canOpen(u".doc"_s));
     QVERIFY(!desktop.canOpen(u".pdf"_s));
     QVERIFY(!desktop.canOpen(u".nosuchending"_s));

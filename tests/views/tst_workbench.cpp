@@ -374,6 +374,8 @@ void TestWorkbench::closingWritesFieldAndUsage()
     bench.type(u"Rails"_s);
     bench.press(Qt::Key_Q, Qt::ControlModifier);
     QVERIFY(!bench.window->isVisible());
+    bench.window.reset();
+    bench.frm.reset();
     bench.world.restart();
     QCOMPARE(bench.cells(u"Select Industry from Company"_s), u"Rails"_s);
     QVERIFY(!bench.cells(u"Select StatusValue from Status where StatusDescription='MinLog'"_s).isEmpty());

@@ -4,6 +4,7 @@ FigureBox::FigureBox(QWidget* parent)
     : QLineEdit(parent)
 {
     setReadOnly(true);
+    setPlaceholderText(QStringLiteral("–"));
     setFrame(false);
     // Without these two pixels less, a figure stands beside the edge of the caption below it.
     setTextMargins(-2, 0, -2, 0);

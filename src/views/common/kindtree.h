@@ -22,8 +22,8 @@ public:
     [[nodiscard]] bool isEmpty() const;
 
 signals:
-    /// A double click or the Enter key on a node. Other than activated(), never a single click, whatever the desktop's
-    /// habit: opening leaves the screen.
+    /// A double click or the Enter key on a node. Other than activated(), never a single click, whatever the
+    /// desktop's habit: opening leaves the screen.
     void opened(const QModelIndex& index);
 
 protected:

@@ -50,7 +50,7 @@ void CompanyView::setIcons()
 void CompanyView::render()
 {
     const int days = m_presenter.daysSinceContact();
-    m_ui->txtDaysSince->setText(days < 0 ? u"–"_s : locale().toString(days));
+    m_ui->txtDaysSince->setText(days < 0 ? QString() : locale().toString(days));
     m_ui->shpPtr->setPointer(m_presenter.pointerPlace(), m_presenter.pointerLit());
 
     const TreeModel& tree = m_presenter.tvwPosContact();

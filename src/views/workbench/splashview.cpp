@@ -5,6 +5,7 @@
 #include "views/common/look.h"
 #include "workbench/frmsplash.h"
 
+#include <QEventLoop>
 #include <QIcon>
 #include <QTimer>
 
@@ -28,8 +29,8 @@ SplashView::SplashView(FrmSplash& presenter, QWidget* parent)
          {m_ui->Label1, m_ui->Label2, m_ui->Label3, m_ui->Label4, m_ui->Label5, m_ui->Label6, m_ui->Image1})
         label->installEventFilter(this);
     new FormBinder(presenter.form(), presenter, *this);
+    connect(&presenter, &FrmSplash::closed, this, &QWidget::hide);
     connect(m_timer, &QTimer::timeout, &presenter, &FrmSplash::tick);
-    connect(&presenter, &FrmSplash::closed, this, &QDialog::accept);
 }
 
 SplashView::~SplashView() = default;
@@ -39,7 +40,14 @@ void SplashView::run()
     m_presenter.load();
     m_presenter.activate();
     m_timer->start(FrmSplash::interval);
-    exec();
+    // Not exec(): a key pressed while the window is still coming up would end it before exec() waits for its
+    // end.
+    QEventLoop loop;
+    connect(&m_presenter, &FrmSplash::closed, &loop, &QEventLoop::quit);
+    setModal(true);
+    show();
+    if (m_presenter.timerEnabled())
+        loop.exec();
     m_timer->stop();
 }
 

@@ -17,6 +17,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QProgressBar>
+#include <QScreen>
 #include <QShortcut>
 #include <QSignalBlocker>
 #include <QTextDocument>
@@ -44,7 +45,8 @@ WorkbenchWindow::WorkbenchWindow(FrmData& presenter, QSettings& layout)
     connectPresenter();
     fillSelector();
     render();
-    resize(fontMetrics().averageCharWidth() * 160, fontMetrics().height() * 46);
+    const QSize wanted(fontMetrics().averageCharWidth() * 190, fontMetrics().height() * 48);
+    resize(wanted.boundedTo(screen()->availableSize()));
     windowstate::restore(*this, m_layout);
     m_ui->cmbSelection->setFocus();
 }
