@@ -76,6 +76,20 @@ void Form::markClean(const QString& control)
     m_states[control].dirty = false;
 }
 
+void Form::setItems(const QString& control, const QStringList& items)
+{
+    State& state = m_states[control];
+    if (state.items == items)
+        return;
+    state.items = items;
+    emit itemsChanged(control);
+}
+
+QStringList Form::items(const QString& control) const
+{
+    return m_states.value(control).items;
+}
+
 void Form::clear()
 {
     for (const FieldRow& row : m_rows)

@@ -4,6 +4,7 @@
 #include <QHash>
 #include <QObject>
 #include <QString>
+#include <QStringList>
 
 #include <vector>
 
@@ -49,6 +50,9 @@ public:
     void setEnabled(const QString& control, bool enabled);
     void setVisible(const QString& control, bool visible);
     void markClean(const QString& control);
+    /// The entries of a combo box or a plain list, in order.
+    void setItems(const QString& control, const QStringList& items);
+    [[nodiscard]] QStringList items(const QString& control) const;
     /// Empties every control of the table.
     void clear();
     /// Asks the view to put the keyboard focus on a control.
@@ -57,6 +61,7 @@ public:
 signals:
     /// Text, enabled or visible state of a control is new; the view shows it again.
     void controlChanged(const QString& control);
+    void itemsChanged(const QString& control);
     void focusRequested(const QString& control);
 
 private:
@@ -66,6 +71,7 @@ private:
         bool enabled = true;
         bool visible = true;
         bool dirty = false;
+        QStringList items;
     };
 
     std::vector<FieldRow> m_rows;

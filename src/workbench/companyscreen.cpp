@@ -4,7 +4,9 @@
 #include "store/datajw.h"
 #include "store/storeerror.h"
 #include "workbench/fieldtext.h"
+#include "workbench/contactscreen.h"
 #include "workbench/frmdata.h"
+#include "workbench/positionscreen.h"
 
 #include <QLocale>
 
@@ -229,10 +231,13 @@ void CompanyScreen::tvwPosContactDblClick(const QModelIndex& index)
 {
     if (!index.parent().isValid())
         return;
-    // Here the Contact or Position screen takes the record: it looks it up by the node's text, fills its form
-    // and shows it in its own selector.
     const bool position = m_tree.data(index, TreeModel::KindRole).toString() == u"position";
+    const QString name = m_tree.text(index);
     m_workbench.tabStrip1Click(position ? u"Position"_s : u"Contact"_s);
+    if (position)
+        m_workbench.positionScreen().showPosition(name);
+    else
+        m_workbench.contactScreen().showContact(name);
 }
 
 // --- Events of the fields ---------------------------------------------------------------------------------

@@ -4,6 +4,10 @@
 #include "base/text.h"
 #include "store/datajw.h"
 #include "workbench/companyscreen.h"
+#include "workbench/contactscreen.h"
+#include "workbench/documentscreen.h"
+#include "workbench/pipelinescreen.h"
+#include "workbench/positionscreen.h"
 
 #include <QCoreApplication>
 
@@ -35,6 +39,10 @@ FrmData::FrmData(Session& session, Navigator& navigator)
     , m_navigator(navigator)
     , m_form(shellForm())
     , m_company(std::make_unique<CompanyScreen>(*this))
+    , m_position(std::make_unique<PositionScreen>(*this))
+    , m_contact(std::make_unique<ContactScreen>(*this))
+    , m_document(std::make_unique<DocumentScreen>(*this))
+    , m_pipeline(std::make_unique<PipelineScreen>(*this))
 {
     m_form.setText(u"Label45"_s, tr("Company"));
     m_form.setVisible(u"pbarLoad"_s, false);
@@ -59,8 +67,10 @@ void FrmData::setSbar(const QString& kind)
 
 void FrmData::sbarVis()
 {
-    // Here the Position screen's txtPosTitle is trimmed: at every change, whichever field it was.
     m_procVisible = true;
+    // At every change, whichever field it was: a title with blanks around it must not be stored by a save that another
+    // field sets off.
+    m_position->trimTitle();
     emit changed();
 }
 
@@ -154,8 +164,13 @@ void FrmData::cmbSelectionClick(const QString& text)
         return;
     }
     m_company->loadCompanySelection(text);
-    // Here the screen that is open takes the company: Position refills its contacts and places its pointer,
-    // Contact clears its form, Pipeline opens the company's node.
+    const QString& screen = m_selection.currentScreen;
+    if (screen == u"Position")
+        m_position->companyChosen();
+    else if (screen == u"Contact")
+        m_contact->companyChosen();
+    else if (screen == u"Pipeline")
+        m_pipeline->companyChosen(text);
 }
 
 void FrmData::startNewCompany()
@@ -169,7 +184,7 @@ void FrmData::startNewCompany()
 
 void FrmData::clearPipeBoxes()
 {
-    // The Pipeline screen's step boxes are cleared here once it is there.
+    m_pipeline->clearPipeBoxes();
 }
 
 // --- Tabs -------------------------------------------------------------------------------------------------
@@ -231,12 +246,11 @@ void FrmData::loadPositionFrame()
     m_selection.currentScreen = u"Position"_s;
     const QString selected = m_selection.selectedCompanyName();
     if (!text::isUnsaved(selected) && !text::isCategory(selected)) {
-        // Here the Position screen clears its form and loads the company's positions and contacts.
-        clearPipeBoxes();
-        selectCategory();
+        m_position->load();
         return;
     }
     showMessage(tr("Please select a company before viewing positions."));
+    m_position->clearPositionForm();
     clearPipeBoxes();
     showCompanyScreen();
     // Loading the company hides the panel; what happened is said when the user is there.
@@ -259,11 +273,11 @@ void FrmData::loadContactFrame()
         // The screen stays open, empty: a contact list needs no company to look at. A category counts as one,
         // as people may be kept under a category alone.
         showMessage(tr("Please select a company before viewing contacts."));
+        m_contact->clearContactForm();
         showProc(tr("No company selected."));
         return;
     }
-    // Here the Contact screen clears its form and loads the company's contacts and the documents to give.
-    selectCategory();
+    m_contact->load();
 }
 
 void FrmData::showPipelineScreen()
@@ -280,12 +294,13 @@ void FrmData::showPipelineScreen()
     m_form.setVisible(u"pbarLoad"_s, true);
     loadPipelineFrame();
     m_form.setVisible(u"pbarLoad"_s, false);
+    m_pipeline->displayVisual();
 }
 
 void FrmData::loadPipelineFrame()
 {
-    // Here the Pipeline screen builds its tree and shows its visual page.
     m_selection.currentScreen = u"Pipeline"_s;
+    m_pipeline->load();
 }
 
 void FrmData::showDocumentScreen()
@@ -298,6 +313,6 @@ void FrmData::showDocumentScreen()
 
 void FrmData::loadDocumentFrame()
 {
-    // Here the Document screen loads its tree.
     m_selection.currentScreen = u"Document"_s;
+    m_document->load();
 }

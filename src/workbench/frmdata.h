@@ -13,6 +13,10 @@
 #include <memory>
 
 class CompanyScreen;
+class ContactScreen;
+class DocumentScreen;
+class PipelineScreen;
+class PositionScreen;
 
 /// How the label beside the company selector looks.
 enum class CompanyLabel {
@@ -34,6 +38,10 @@ public:
     [[nodiscard]] Session& session() { return m_session; }
     [[nodiscard]] Selection& selection() { return m_selection; }
     [[nodiscard]] CompanyScreen& companyScreen() { return *m_company; }
+    [[nodiscard]] PositionScreen& positionScreen() { return *m_position; }
+    [[nodiscard]] ContactScreen& contactScreen() { return *m_contact; }
+    [[nodiscard]] DocumentScreen& documentScreen() { return *m_document; }
+    [[nodiscard]] PipelineScreen& pipelineScreen() { return *m_pipeline; }
     /// The shell's own controls: cmbSelection, Label45, the frames frmeCompany ... frmePipeline, pbarLoad.
     [[nodiscard]] Form& form() { return m_form; }
     /// The items of cmbSelection: the company names in order, "<New>" last.
@@ -137,6 +145,10 @@ private:
     Selection m_selection;
     Form m_form;
     std::unique_ptr<CompanyScreen> m_company;
+    std::unique_ptr<PositionScreen> m_position;
+    std::unique_ptr<ContactScreen> m_contact;
+    std::unique_ptr<DocumentScreen> m_document;
+    std::unique_ptr<PipelineScreen> m_pipeline;
     QStringList m_companyList;
     QString m_caption;
     QString m_procText;

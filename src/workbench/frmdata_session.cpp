@@ -2,6 +2,10 @@
 #include "base/text.h"
 #include "store/datajw.h"
 #include "workbench/companyscreen.h"
+#include "workbench/contactscreen.h"
+#include "workbench/documentscreen.h"
+#include "workbench/pipelinescreen.h"
+#include "workbench/positionscreen.h"
 #include "workbench/frmdata.h"
 
 #include <QLocale>
@@ -56,7 +60,7 @@ try {
     m_session.acrobatPath.clear();
     m_session.sessionStart = timeOfDay(m_session.now());
     loadCompanyList();
-    // Here the Document screen's tree gets its root "Documents" with the key "A0".
+    m_document->resetTree();
     readSettings();
     m_caption = tr("Jobwright - Data Entry");
     updateCounts();

@@ -2,6 +2,10 @@
 #include "base/text.h"
 #include "store/datajw.h"
 #include "workbench/companyscreen.h"
+#include "workbench/contactscreen.h"
+#include "workbench/documentscreen.h"
+#include "workbench/pipelinescreen.h"
+#include "workbench/positionscreen.h"
 #include "workbench/frmdata.h"
 
 #include <QCoreApplication>
@@ -127,9 +131,9 @@ void FrmData::newRecord()
     // The button says what it makes. On the Document and Pipeline screens that is still what the screen
     // before made.
     if (m_newImage == u"newpos") {
-        // Here the Position screen chooses "<New>" and puts the focus on txtPosTitle.
+        m_position->newRecord();
     } else if (m_newImage == u"newcon") {
-        // Here the Contact screen chooses "<New>" and puts the focus on txtFirst.
+        m_contact->newRecord();
     } else {
         cmbSelectionClick(text::newEntry.toString());
     }

@@ -3,10 +3,12 @@
 #include "views/common/fieldwidgets.h"
 
 #include <QAbstractButton>
+#include <QComboBox>
 #include <QFocusEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMetaMethod>
+#include <QSignalBlocker>
 
 using namespace Qt::StringLiterals;
 
@@ -43,10 +45,13 @@ FormBinder::FormBinder(Form& form, QWidget& view, const QStringList& others)
         const bool stated = form.row(name) || !form.isEnabled(name) || !form.isVisible(name);
         if (form.row(name))
             watch(*widget);
+        if (!form.items(name).isEmpty())
+            showItems(name);
         if (stated || !form.text(name).isEmpty())
             show(name);
     }
     connect(&form, &Form::controlChanged, this, &FormBinder::show);
+    connect(&form, &Form::itemsChanged, this, &FormBinder::showItems);
     connect(&form, &Form::focusRequested, this, &FormBinder::focus);
 }
 
@@ -111,6 +116,18 @@ void FormBinder::show(const QString& control)
     widget->setVisible(m_form.isVisible(control));
     if (QLabel* label = m_buddies.value(widget))
         label->setEnabled(widget->isEnabled());
+}
+
+void FormBinder::showItems(const QString& control)
+{
+    auto* box = qobject_cast<QComboBox*>(m_widgets.value(control));
+    if (!box)
+        return;
+    // Filling a box is not a choice of the user's.
+    const QSignalBlocker quiet(box);
+    box->clear();
+    box->addItems(m_form.items(control));
+    fieldwidgets::write(*box, m_form.text(control));
 }
 
 void FormBinder::focus(const QString& control)

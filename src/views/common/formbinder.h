@@ -59,6 +59,7 @@ private:
     void watch(QWidget& widget);
     void fieldEdited(QWidget& widget, const QString& text);
     void show(const QString& control);
+    void showItems(const QString& control);
     void focus(const QString& control);
     bool giveBack(QWidget& widget);
 

@@ -9,7 +9,7 @@
 using namespace Qt::StringLiterals;
 
 CompanyView::CompanyView(CompanyScreen& presenter, QWidget* parent)
-    : QWidget(parent)
+    : ScreenView(parent)
     , m_presenter(presenter)
     , m_ui(std::make_unique<Ui::CompanyView>())
 {
@@ -31,6 +31,11 @@ CompanyView::CompanyView(CompanyScreen& presenter, QWidget* parent)
 }
 
 CompanyView::~CompanyView() = default;
+
+Form& CompanyView::form()
+{
+    return m_presenter.form();
+}
 
 void CompanyView::setIcons()
 {

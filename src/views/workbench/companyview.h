@@ -1,7 +1,7 @@
 // How the Company screen looks.
 #pragma once
 
-#include <QWidget>
+#include "views/common/screenview.h"
 
 #include <memory>
 
@@ -14,7 +14,7 @@ class CompanyView;
 }
 
 /// The frame frmeCompany: the form on the left, where the campaign stands on the right.
-class CompanyView : public QWidget
+class CompanyView : public ScreenView
 {
     Q_OBJECT
 
@@ -23,7 +23,8 @@ public:
     explicit CompanyView(CompanyScreen& presenter, QWidget* parent = nullptr);
     ~CompanyView() override;
 
-    [[nodiscard]] FormBinder& binder() { return *m_binder; }
+    [[nodiscard]] FormBinder& binder() override { return *m_binder; }
+    [[nodiscard]] Form& form() override;
 
 private:
     void setIcons();

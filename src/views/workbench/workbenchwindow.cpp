@@ -6,8 +6,11 @@
 #include "views/common/look.h"
 #include "views/common/windowstate.h"
 #include "views/workbench/companyview.h"
-#include "views/workbench/emptyview.h"
+#include "views/workbench/contactview.h"
+#include "views/workbench/documentview.h"
 #include "views/workbench/importprogressview.h"
+#include "views/workbench/pipelineview.h"
+#include "views/workbench/positionview.h"
 #include "views/workbench/printableform.h"
 #include "views/workbench/workbenchtools.h"
 #include "workbench/companyscreen.h"
@@ -22,6 +25,8 @@
 #include <QSignalBlocker>
 #include <QTextDocument>
 #include <QToolButton>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -58,18 +63,18 @@ WorkbenchWindow::~WorkbenchWindow() = default;
 
 void WorkbenchWindow::buildFrames()
 {
-    m_company = new CompanyView(m_presenter.companyScreen(), this);
-    for (const ScreenTab& tab : workbenchtools::tabs()) {
-        QWidget* frame = m_company;
-        if (tab.frame != m_company->objectName())
-            frame = new EmptyView(tab.frame, tab.text, tab.icon, this);
-        m_ui->layFrames->addWidget(frame);
-    }
+    m_screens = {new CompanyView(m_presenter.companyScreen(), this),
+                 new PositionView(m_presenter.positionScreen(), this),
+                 new ContactView(m_presenter.contactScreen(), this),
+                 new DocumentView(m_presenter.documentScreen(), this),
+                 new PipelineView(m_presenter.pipelineScreen(), this)};
+    for (ScreenView* screen : m_screens)
+        m_ui->layFrames->addWidget(screen);
     const QString absent = tr("The questionnaire is not part of this version.");
     if (!m_presenter.navigator().hasScreen(u"FrmProfileComp"_s))
-        m_company->binder().lock(u"cmdProfile1"_s, absent);
+        m_screens.front()->binder().lock(u"cmdProfile1"_s, absent);
     if (!m_presenter.toolAvailable(u"target"_s))
-        m_company->binder().lock(u"imgTgt"_s, tr("This company is on your target list."));
+        m_screens.front()->binder().lock(u"imgTgt"_s, tr("This company is on your target list."));
 }
 
 void WorkbenchWindow::buildTabs()
@@ -271,7 +276,8 @@ void WorkbenchWindow::helpForField()
 
 void WorkbenchWindow::leaveField()
 {
-    m_company->binder().leaveField();
+    for (ScreenView* screen : m_screens)
+        screen->binder().leaveField();
 }
 
 // --- What is shown
@@ -326,8 +332,9 @@ void WorkbenchWindow::renderCompanyLabel()
 
 std::unique_ptr<QTextDocument> WorkbenchWindow::printableForm() const
 {
-    return ::printableForm(*m_company, m_presenter.companyScreen().form(),
-                           m_presenter.selection().selectedCompanyName());
+    const auto open = std::ranges::find_if(m_screens, [](const ScreenView* screen) { return !screen->isHidden(); });
+    ScreenView* const screen = open == m_screens.end() ? m_screens.front() : *open;
+    return ::printableForm(*screen, screen->form(), m_presenter.selection().selectedCompanyName());
 }
 
 bool WorkbenchWindow::event(QEvent* event)

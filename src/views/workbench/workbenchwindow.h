@@ -5,8 +5,8 @@
 #include <QSettings>
 
 #include <memory>
+#include <vector>
 
-class CompanyView;
 class FormBinder;
 class FrmData;
 class ImportProgressView;
@@ -14,6 +14,7 @@ class QLabel;
 class QProgressBar;
 class QTextDocument;
 class QToolBar;
+class ScreenView;
 
 namespace Ui {
 class WorkbenchWindow;
@@ -62,7 +63,7 @@ private:
     QSettings& m_layout;
     std::unique_ptr<Ui::WorkbenchWindow> m_ui;
     FormBinder* m_binder = nullptr;
-    CompanyView* m_company = nullptr;
+    std::vector<ScreenView*> m_screens; ///< in the order of their tabs
     QAction* m_new = nullptr;
     QLabel* m_proc = nullptr;
     QLabel* m_position = nullptr;
