@@ -6,6 +6,7 @@
 #include "base/clock.h"
 #include "desktop/desktopprompts.h"
 #include "desktop/desktopservices.h"
+#include "desktop/printing.h"
 #include "store/appfolder.h"
 #include "store/copies.h"
 #include "store/datajw.h"
@@ -17,7 +18,10 @@
 #include "workbench/frmsplash.h"
 
 #include <QApplication>
+#include <QTextDocument>
 #include <QTimer>
+
+#include <optional>
 
 namespace {
 
@@ -74,14 +78,41 @@ private:
             return;
         m_timer.stop();
         if (!m_copy.failure().isEmpty())
-            m_session.msgBox(tr("Today's copy of the database could not be made: %1\nThe earlier copies are kept. Please "
-                                "run \"jobwright verify\" to see whether the database itself is sound.")
-                                 .arg(m_copy.failure()));
+            m_session.msgBox(
+                tr("Today's copy of the database could not be made: %1\nThe earlier copies are kept. Please "
+                   "run \"jobwright verify\" to see whether the database itself is sound.")
+                    .arg(m_copy.failure()));
     }
 
     Session& m_session;
     DailyCopy m_copy;
     QTimer m_timer;
+};
+
+/// Answers the workbench's print entries with the page that the window makes of its form. The printer is
+/// looked for at the first of them, as asking the system for printers takes longer than the whole start.
+class PrintDesk : public QObject
+{
+public:
+    PrintDesk(FrmData& workbench, WorkbenchWindow& window)
+    {
+        connect(&workbench, &FrmData::printRequested, this,
+                [this, &window] { printing().print(&window, *window.printableForm()); });
+        connect(&workbench, &FrmData::previewRequested, this,
+                [this, &window] { printing().preview(&window, *window.printableForm()); });
+        connect(&workbench, &FrmData::printSetupRequested, this,
+                [this, &window] { printing().setUpPage(&window); });
+    }
+
+private:
+    Printing& printing()
+    {
+        if (!m_printing)
+            m_printing.emplace();
+        return *m_printing;
+    }
+
+    std::optional<Printing> m_printing;
 };
 
 void warnOfKeys(Session& session)
@@ -103,7 +134,7 @@ int startWorkbench(int& argc, char** argv, const StartOptions& options)
 {
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("jobwright"));
-    QApplication::setApplicationDisplayName(QStringLiteral("Jobwright"));
+    // No display name: Qt would append it to titles that begin with the program's name already.
     QApplication::setApplicationVersion(QStringLiteral(JOBWRIGHT_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("jobwright"));
 
@@ -137,6 +168,7 @@ int startWorkbench(int& argc, char** argv, const StartOptions& options)
         return Failed;
 
     WorkbenchWindow window(workbench, session.settings().file());
+    const PrintDesk printDesk(workbench, window);
     window.show();
     if (options.exitWhenShown) {
         QTimer::singleShot(0, &window, [] { QTimer::singleShot(0, qApp, &QApplication::quit); });
