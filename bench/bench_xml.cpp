@@ -162,15 +162,17 @@ int main(int argc, char** argv)
 {
     const int large = argc > 1 ? std::atoi(argv[1]) : generate::fullCampaign;
     const int factor = 10;
-    // The small campaign takes tenths of a second, which a busy machine blurs: the middle of several tries is
-    // taken.
-    std::vector<Times> tries;
-    for (int i = 0; i < 7; ++i)
-        tries.push_back(measure(large / factor));
-    const Times many = measure(large);
-    printGrowth("createXML", middle(tries, &Times::write), many.write, factor);
-    printGrowth("importXML, merge", middle(tries, &Times::merge), many.merge, factor);
-    printGrowth("importXML, restore", middle(tries, &Times::restore), many.restore, factor);
+    // A machine changes its pace within a run: both sizes take turns, and the middle of the tries is taken.
+    std::vector<Times> small;
+    std::vector<Times> full;
+    for (int i = 0; i < 3; ++i) {
+        for (int j = 0; j < 3; ++j)
+            small.push_back(measure(large / factor));
+        full.push_back(measure(large));
+    }
+    printGrowth("createXML", middle(small, &Times::write), middle(full, &Times::write), factor);
+    printGrowth("importXML, merge", middle(small, &Times::merge), middle(full, &Times::merge), factor);
+    printGrowth("importXML, restore", middle(small, &Times::restore), middle(full, &Times::restore), factor);
     compareWithTheEngine(large);
     return 0;
 }
