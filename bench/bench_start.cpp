@@ -1,4 +1,4 @@
-// How long the program takes from its start to a filled window, beside an empty window of the same toolkit, and how
+// How long the program takes from its start to a filled window, beside an empty window with the same toolbar, and how
 // much memory it holds then. The runs alternate, so that a drifting machine drifts for both.
 #include <algorithm>
 #include <chrono>

@@ -5,6 +5,7 @@
 #include "store/session.h"
 
 #include <QDir>
+#include <QFileInfo>
 
 FileReport createStore(Session& session)
 {
@@ -19,11 +20,14 @@ FileReport createStore(Session& session)
 FileReport openOrCreateStore(Session& session, const QString& version)
 {
     const bool firstRun = isFirstRun(session);
-    FileReport report = inspectStore(session.databasePath());
-    // A first start, and no copies of an earlier life either: this folder is new.
-    if (report.state == FileState::Missing && firstRun && !QDir(session.file(QStringLiteral("backups"))).exists())
-        report = createStore(session);
-    if (report.state == FileState::Good && firstRun)
+    if (!QFileInfo::exists(session.databasePath())) {
+        // A first start, and no copies of an earlier life either: this folder is new.
+        const bool isNew = firstRun && !QDir(session.file(QStringLiteral("backups"))).exists();
+        FileReport report = isNew ? createStore(session) : inspectStore(session.databasePath());
+        if (report.state != FileState::Good)
+            return report;
+    }
+    if (firstRun && inspectStore(session.databasePath()).state == FileState::Good)
         provisionFirstRun(session, version);
-    return report;
+    return {};
 }

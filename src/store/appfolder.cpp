@@ -143,6 +143,11 @@ bool InstanceLock::acquire()
     return m_file->tryLock(0);
 }
 
+void InstanceLock::release()
+{
+    m_file->unlock();
+}
+
 QString InstanceLock::holder() const
 {
     qint64 process = 0;

@@ -29,6 +29,7 @@ public:
     InstanceLock& operator=(const InstanceLock&) = delete;
     /// False when another running program holds the folder. A lock that a dead program left is taken over.
     bool acquire();
+    void release();
     /// Who holds the folder, in plain words.
     [[nodiscard]] QString holder() const;
 
