@@ -1,5 +1,5 @@
-// How long the program takes from its start to a filled window, beside an empty window with the same toolbar, and how
-// much memory it holds then. The runs alternate, so that a drifting machine drifts for both.
+// How long the program takes from its start to a filled window, beside an empty window with the same toolbar,
+// and how much memory it holds then. The runs alternate, so that a drifting machine drifts for both.
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
@@ -62,7 +62,8 @@ int main(int argc, char** argv)
     constexpr int rounds = 9;
     std::printf("%-12s %12s %12s %8s %12s\n", "campaign", "start (s)", "empty (s)", "ratio", "peak (MB)");
     for (int i = 3; i + 1 < argc; i += 2) {
-        const std::vector<std::string> program{argv[2], "--folder", argv[i + 1], "--no-splash", "--exit-when-shown"};
+        const std::vector<std::string> program{argv[2], "--folder", argv[i + 1], "--no-splash",
+                                               "--exit-when-shown"};
         const std::vector<std::string> empty{argv[1]};
         runOnce(program); // the first run reads everything from the disk and makes the copy of the day
         runOnce(empty);
@@ -78,8 +79,8 @@ int main(int argc, char** argv)
             ratios.push_back(a.seconds / b.seconds);
             peak = std::max(peak, a.peakKilobytes);
         }
-        std::printf("%-12s %12.3f %12.3f %8.2f %12.1f\n", argv[i], median(starts), median(empties), median(ratios),
-                    static_cast<double>(peak) / 1024.0);
+        std::printf("%-12s %12.3f %12.3f %8.2f %12.1f\n", argv[i], median(starts), median(empties),
+                    median(ratios), static_cast<double>(peak) / 1024.0);
     }
     return 0;
 }

@@ -1,4 +1,5 @@
-// What the start is measured against: an empty window with the workbench's toolbar, which ends once it has been drawn.
+// What the start is measured against: an empty window with the workbench's toolbar, which ends once it has
+// been drawn.
 #include "views/common/icons.h"
 #include "views/workbench/workbenchtools.h"
 

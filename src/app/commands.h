@@ -19,8 +19,8 @@ struct CommandContext
 {
     QString folder;  ///< the application folder
     QString version; ///< "1.0.0"
-    /// The folder's session with an open store. Makes a new store in a folder that never had one. Nothing, with the
-    /// reason printed and exitCode set, when it cannot be opened.
+    /// The folder's session with an open store. Makes a new store in a folder that never had one. Nothing,
+    /// with the reason printed and exitCode set, when it cannot be opened.
     Session* openSession();
     /// As openSession, and holds the folder: for commands that write.
     Session* openForWriting();

@@ -78,8 +78,9 @@ int importFile(CommandContext& context, const QString& file, bool agreed)
         return Failed;
     }
     if (asksForRestore(path) && !agreed) {
-        printError(tr("This file replaces the whole database. Call the command with --yes if that is what you want; "
-                      "a copy is kept in the folder \"backups\"."));
+        printError(
+            tr("This file replaces the whole database. Call the command with --yes if that is what you want; "
+               "a copy is kept in the folder \"backups\"."));
         return Failed;
     }
     Session* const session = context.openForWriting();
@@ -96,9 +97,11 @@ int status(CommandContext& context, const std::optional<QString>& name, const st
     if (!session)
         return context.exitCode;
     if (value) {
-        return session->dataJW().writeStatus(text::quoteFix(*name), text::quoteFix(*value), true) ? Done : Failed;
+        return session->dataJW().writeStatus(text::quoteFix(*name), text::quoteFix(*value), true) ? Done
+                                                                                                  : Failed;
     }
-    RecordSet rows = session->dataJW().getExecQueryRecords(QStringLiteral("Select * from Status Order by StatusKey"));
+    RecordSet rows =
+        session->dataJW().getExecQueryRecords(QStringLiteral("Select * from Status Order by StatusKey"));
     if (rows.isNothing())
         return Failed;
     QSet<QString> seen; // the oldest row of a name is the one that counts
@@ -122,14 +125,17 @@ int verify(CommandContext& context)
 {
     Session* const session = context.openSession();
     if (!session)
-        return inspectStore(context.folder + u"/Postledger.db").state == FileState::Damaged ? StoreDamaged : context.exitCode;
+        return inspectStore(context.folder + u"/Postledger.db").state == FileState::Damaged
+                   ? StoreDamaged
+                   : context.exitCode;
     try {
         const StoreCheck check = checkStore(session->dataJW().database());
         for (const KeyUse& use : check.keys)
             printLine(tr("keys\t%1\t%2 of %3").arg(use.table).arg(use.highest).arg(keyLimit));
         for (const OrphanCount& orphan : check.orphans)
             printLine(tr("points nowhere\t%1\t%2").arg(orphan.column).arg(orphan.rows));
-        if (const QString warning = keyWarningText(keysRunningOut(session->dataJW().database())); !warning.isEmpty())
+        if (const QString warning = keyWarningText(keysRunningOut(session->dataJW().database()));
+            !warning.isEmpty())
             printError(warning);
         if (!check.damage.isEmpty()) {
             printError(tr("The database is damaged: %1").arg(check.damage));
@@ -168,7 +174,8 @@ int paths(CommandContext& context)
         printLine(QString(QString::fromLatin1(what) + u'\t' + QDir::toNativeSeparators(path)));
     };
     show("folder", context.folder);
-    for (const char* name : {"Postledger.db", "backups", "exchange", "settings.ini", "OpLog.txt", "ErrorLog.txt", "restore.xml"})
+    for (const char* name :
+         {"Postledger.db", "backups", "exchange", "settings.ini", "OpLog.txt", "ErrorLog.txt", "restore.xml"})
         show(name, context.folder + u'/' + QString::fromLatin1(name));
     show("delivered", deliveredFolder());
     return Done;
@@ -212,7 +219,8 @@ void addStoreCommands(CLI::App& app, Command& chosen)
     auto target = std::make_shared<std::string>();
     auto restore = std::make_shared<bool>(false);
     exportCommand->add_option("FILE", *target, "Where to; without it the folder's export file");
-    exportCommand->add_flag("--restore", *restore, "Mark the file as one that replaces the database when read");
+    exportCommand->add_flag("--restore", *restore,
+                            "Mark the file as one that replaces the database when read");
     exportCommand->callback([=, &chosen] {
         chosen = [=](CommandContext& context) { return exportFile(context, qstring(*target), *restore); };
     });

@@ -51,9 +51,10 @@ void printAsJson(Session& session, const QStringList& names)
             {QStringLiteral("contacts"), figures.contactCount},
             {QStringLiteral("interactions"), figures.interactionCount},
         };
-        company.insert(QStringLiteral("lastContact"), figures.lastContact > dates::sentinel
-                                                          ? QJsonValue(figures.lastContact.toString(Qt::ISODate))
-                                                          : QJsonValue());
+        company.insert(QStringLiteral("lastContact"),
+                       figures.lastContact > dates::sentinel
+                           ? QJsonValue(figures.lastContact.toString(Qt::ISODate))
+                           : QJsonValue());
         array.append(company);
     }
     printJson(array);
@@ -89,7 +90,8 @@ QString findCompany(const QStringList& names, const QString& wanted)
     if (close.isEmpty())
         printError(tr("There is no company of the name %1.").arg(wanted));
     else
-        printError(tr("Several companies are called like that: %1").arg(close.mid(0, 10).join(QStringLiteral(", "))));
+        printError(tr("Several companies are called like that: %1")
+                       .arg(close.mid(0, 10).join(QStringLiteral(", "))));
     return {};
 }
 
@@ -120,9 +122,11 @@ void addWorkbenchCommands(CLI::App& app, Command& chosen)
         chosen = [=](CommandContext& context) { return companies(context, *table, *json); };
     });
 
-    auto* const summaryCommand = app.add_subcommand("summary", "Say in sentences where the campaign stands at a company");
+    auto* const summaryCommand =
+        app.add_subcommand("summary", "Say in sentences where the campaign stands at a company");
     auto name = std::make_shared<std::string>();
-    summaryCommand->add_option("NAME", *name, "The company's name, or a part that only one name has")->required();
+    summaryCommand->add_option("NAME", *name, "The company's name, or a part that only one name has")
+        ->required();
     summaryCommand->callback([=, &chosen] {
         chosen = [=](CommandContext& context) { return summary(context, QString::fromStdString(*name)); };
     });

@@ -4,8 +4,9 @@
 
 namespace {
 
-/// A failure's message is the log's entry: description, number, source, the caller's text, a closing line. On a
-/// terminal the description says it; where a mere condition is reported there is none, and the caller's text does.
+/// A failure's message is the log's entry: description, number, source, the caller's text, a closing line. On
+/// a terminal the description says it; where a mere condition is reported there is none, and the caller's
+/// text does.
 QString essence(const QString& text)
 {
     const QString prefix = QStringLiteral("Error Occurred :");

@@ -24,9 +24,12 @@ struct Line
 void describe(CLI::App& app, Line& line)
 {
     app.set_version_flag("--version", std::string("Jobwright ") + JOBWRIGHT_VERSION);
-    app.add_option("--folder", line.folder, "The application folder: database, logs, copies")->type_name("DIR");
+    app.add_option("--folder", line.folder, "The application folder: database, logs, copies")
+        ->type_name("DIR");
     app.add_flag("--no-splash", line.noSplash, "Open the workbench at once");
-    app.add_flag("--exit-when-shown", line.exitWhenShown, "Leave again when the window is filled (for timing)")->group("");
+    app.add_flag("--exit-when-shown", line.exitWhenShown,
+                 "Leave again when the window is filled (for timing)")
+        ->group("");
     app.require_subcommand(0, 1);
     app.fallthrough(); // --folder may stand behind the command too
     addWorkbenchCommands(app, line.command);
@@ -58,7 +61,8 @@ int main(int argc, char** argv)
         return app.exit(error) == 0 ? Done : WrongUsage;
     }
     if (!line.command)
-        return startWorkbench(argc, argv, {QString::fromStdString(line.folder), line.noSplash, line.exitWhenShown});
+        return startWorkbench(argc, argv,
+                              {QString::fromStdString(line.folder), line.noSplash, line.exitWhenShown});
 
     QCoreApplication application(argc, argv);
     CommandContext context;

@@ -15,7 +15,8 @@ void write(FILE* stream, const QString& text)
 
 QString csvField(const QString& value)
 {
-    const bool quoted = value.contains(u',') || value.contains(u'"') || value.contains(u'\n') || value.contains(u'\r');
+    const bool quoted =
+        value.contains(u',') || value.contains(u'"') || value.contains(u'\n') || value.contains(u'\r');
     return quoted ? QString(u'"' + QString(value).replace(u'"', QStringLiteral("\"\"")) + u'"') : value;
 }
 

@@ -6,7 +6,8 @@
 #include <QJsonArray>
 #include <QString>
 
-/// Writes text to standard output as UTF-8. Ends the program quietly when the reader has gone away ("| head").
+/// Writes text to standard output as UTF-8. Ends the program quietly when the reader has gone away ("|
+/// head").
 void print(const QString& text);
 void printLine(const QString& line);
 /// Writes one message to standard error, behind the program's name.

@@ -100,8 +100,8 @@ bool readTime(Cursor& in, QTime& time)
     return time.isValid();
 }
 
-/// Appends a number of at least that many digits. A backup writes hundreds of thousands of dates, and Qt's own
-/// formatting of each goes through printf.
+/// Appends a number of at least that many digits. A backup writes hundreds of thousands of dates, and Qt's
+/// own formatting of each goes through printf.
 void addDigits(QString& text, int number, int digits)
 {
     if (number >= 10 || digits > 1)

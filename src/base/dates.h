@@ -28,8 +28,8 @@ inline const QDate missing{2001, 1, 1};
 
 /// Reads a date in any form the program writes: m/d/yy, m/d/yyyy, mm/dd/yyyy, yyyy-mm-dd, each with an
 /// optional time behind a blank (or "T" in the last form): h:mm, h:mm:ss, with or without AM or PM.
-/// Two-digit years 00 to 29 are 2000 to 2029, 30 to 99 are 1930 to 1999; four-digit years run from 100 to 9999.
-/// Nothing for any other text, and for a day that no calendar has.
+/// Two-digit years 00 to 29 are 2000 to 2029, 30 to 99 are 1930 to 1999; four-digit years run from 100 to
+/// 9999. Nothing for any other text, and for a day that no calendar has.
 std::optional<Moment> parse(QStringView text);
 
 /// The stored form: "2026-11-22", or "2026-11-22 14:05:00" when the moment has a time.
@@ -40,7 +40,8 @@ std::optional<Moment> fromIso(QStringView text);
 QString mdyy(QDate date);     ///< "11/5/26": entry dates of addresses and categories
 QString mdyyyy(QDate date);   ///< "11/5/2026": steps, Status rows, XML attributes
 QString mmddyyyy(QDate date); ///< "11/05/2026": calendar exchange and action plan
-/// mdyyyy with the time of day behind it when there is one ("11/5/2026 2:05:00 PM"); what an XML attribute holds.
+/// mdyyyy with the time of day behind it when there is one ("11/5/2026 2:05:00 PM"); what an XML attribute
+/// holds.
 QString general(const Moment& moment);
 /// General form of a date and time: "11/5/2026 2:05:00 PM". Used by the logs.
 QString general(const QDateTime& moment);

@@ -24,8 +24,8 @@ struct FieldRow
     SaveOn save = SaveOn::Never;
 };
 
-/// The state of a screen's controls by name, without a widget: text, enabled, visible, and what the user changed.
-/// A view is tied to it by object names (FormBinder); a test sets and reads it directly.
+/// The state of a screen's controls by name, without a widget: text, enabled, visible, and what the user
+/// changed. A view is tied to it by object names (FormBinder); a test sets and reads it directly.
 class Form : public QObject
 {
     Q_OBJECT

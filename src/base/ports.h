@@ -1,4 +1,5 @@
-// What the rules ask of the outside world. Each port has two real implementations: the desktop's and the test's.
+// What the rules ask of the outside world. Each port has two real implementations: the desktop's and the
+// test's.
 #pragma once
 
 #include <QString>
@@ -10,7 +11,8 @@ enum class Buttons { Ok, YesNo, YesNoDefaultNo, YesNoCancel };
 /// The button pressed, with the codes that the program's rules speak of.
 enum class Answer { Ok = 1, Cancel = 2, Yes = 6, No = 7 };
 
-/// Questions to the user. An answer always comes back; closing a box counts as Cancel, or No where there is no Cancel.
+/// Questions to the user. An answer always comes back; closing a box counts as Cancel, or No where there is
+/// no Cancel.
 class Prompts
 {
 public:

@@ -60,7 +60,8 @@ void TreeModel::clear()
     endResetModel();
 }
 
-QModelIndex TreeModel::add(const QModelIndex& parent, const QString& text, const QString& key, const QString& kind)
+QModelIndex TreeModel::add(const QModelIndex& parent, const QString& text, const QString& key,
+                           const QString& kind)
 {
     Node* owner = node(parent);
     const int row = static_cast<int>(owner->children.size());
@@ -141,9 +142,13 @@ QVariant TreeModel::data(const QModelIndex& index, int role) const
         return {};
     const Node* item = node(index);
     switch (role) {
-    case Qt::DisplayRole: return item->text;
-    case KeyRole: return item->key;
-    case KindRole: return item->kind;
-    default: return {};
+    case Qt::DisplayRole:
+        return item->text;
+    case KeyRole:
+        return item->key;
+    case KindRole:
+        return item->kind;
+    default:
+        return {};
     }
 }

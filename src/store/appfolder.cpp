@@ -23,7 +23,8 @@ void writeProgramEntries(Session& session, const QString& version)
 {
     using enum RegAccess::Hive;
     RegAccess& settings = session.settings();
-    const QString removal = QStringLiteral("SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\Jobwright");
+    const QString removal =
+        QStringLiteral("SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\Jobwright");
     settings.SetKeyValue(CurrentUser, programKey, QStringLiteral("AppPath"), session.folder());
     // Major, ".", then minor and revision with nothing between them: the name under which it is listed.
     const QStringList parts = version.split(u'.');
@@ -34,7 +35,8 @@ void writeProgramEntries(Session& session, const QString& version)
     session.addLog(QStringLiteral("Jobwright Software Setup complete"));
 }
 
-/// The file types; the desktop learns them from the package's own files, this is the program's record of them.
+/// The file types; the desktop learns them from the package's own files, this is the program's record of
+/// them.
 void writeFileTypes(Session& session)
 {
     struct FileType
@@ -59,7 +61,8 @@ void writeFileTypes(Session& session)
     }
 }
 
-/// The data source under its name. The values say what it is on this system; the engine itself reads none of them.
+/// The data source under its name. The values say what it is on this system; the engine itself reads none of
+/// them.
 void writeDataSource(Session& session)
 {
     using enum RegAccess::Hive;
@@ -73,7 +76,8 @@ void writeDataSource(Session& session)
     session.addLog(QStringLiteral("ODBC.INI setting created"));
     settings.CreateNewKey(CurrentUser, source + u"\\Engines");
     session.addLog(QStringLiteral("ODBC Engines setting created"));
-    settings.SetKeyValue(CurrentUser, source + u"\\Engines\\Jet", QStringLiteral("UserCommitSync"), QStringLiteral("Yes"));
+    settings.SetKeyValue(CurrentUser, source + u"\\Engines\\Jet", QStringLiteral("UserCommitSync"),
+                         QStringLiteral("Yes"));
     session.addLog(QStringLiteral("ODBC Jet setting created"));
     settings.SetKeyValue(CurrentUser, QStringLiteral("Software\\ODBC\\ODBC.INI\\ODBC Data Sources"),
                          QStringLiteral("Postledger"), QStringLiteral("SQLite (*.db)"));
@@ -125,14 +129,16 @@ QString prepareFolder(const QString& folder)
     if (info.exists() && !info.isDir())
         return tr("%1 is a file, not a folder.").arg(QDir::toNativeSeparators(folder));
     if (!info.exists() && !QDir().mkpath(folder))
-        return tr("The folder %1 cannot be made. Please choose another with --folder.").arg(QDir::toNativeSeparators(folder));
+        return tr("The folder %1 cannot be made. Please choose another with --folder.")
+            .arg(QDir::toNativeSeparators(folder));
     return {};
 }
 
 InstanceLock::InstanceLock(const QString& folder)
     : m_file(std::make_unique<QLockFile>(folder + u"/jobwright.lock"))
 {
-    // A lock never grows stale by age: a campaign stays open for days. One whose process is gone is taken over.
+    // A lock never grows stale by age: a campaign stays open for days. One whose process is gone is taken
+    // over.
     m_file->setStaleLockTime(0);
 }
 
@@ -162,7 +168,9 @@ QString InstanceLock::holder() const
 
 bool isFirstRun(Session& session)
 {
-    return session.settings().QueryValueS(RegAccess::Hive::CurrentUser, programKey, QStringLiteral("Version")).isEmpty();
+    return session.settings()
+        .QueryValueS(RegAccess::Hive::CurrentUser, programKey, QStringLiteral("Version"))
+        .isEmpty();
 }
 
 void provisionFirstRun(Session& session, const QString& version)
@@ -173,6 +181,7 @@ void provisionFirstRun(Session& session, const QString& version)
     copyDeliveredFiles(session.folder());
     QDir().mkpath(session.file(QStringLiteral("exchange")));
     // Last, so that a first start that dies on the way is a first start again.
-    session.settings().SetKeyValue(RegAccess::Hive::CurrentUser, programKey, QStringLiteral("Version"), version);
+    session.settings().SetKeyValue(RegAccess::Hive::CurrentUser, programKey, QStringLiteral("Version"),
+                                   version);
     session.settings().file().sync();
 }

@@ -8,12 +8,13 @@
 class QLockFile;
 class Session;
 
-/// The application folder: @p named (the --folder option), else JOBWRIGHT_FOLDER, else the program's own folder when a
-/// Postledger.db lies there (portable use), else jobwright in the user's data folder (XDG_DATA_HOME).
+/// The application folder: @p named (the --folder option), else JOBWRIGHT_FOLDER, else the program's own
+/// folder when a Postledger.db lies there (portable use), else jobwright in the user's data folder
+/// (XDG_DATA_HOME).
 QString applicationFolder(const QString& named);
 
-/// The folder of the files that the program is delivered with: share/jobwright beside an installed program, data in a
-/// source tree. Empty when there is none.
+/// The folder of the files that the program is delivered with: share/jobwright beside an installed program,
+/// data in a source tree. Empty when there is none.
 QString deliveredFolder();
 
 /// Makes the folder when it is missing. "" on success, else why it cannot be used.
@@ -40,6 +41,6 @@ private:
 /// True until provisionFirstRun() has been through once for this folder.
 bool isFirstRun(Session& session);
 
-/// What the first start of an installation does: settings entries, file types, the delivered data files, the exchange
-/// folder. The marker of a first run is set last.
+/// What the first start of an installation does: settings entries, file types, the delivered data files, the
+/// exchange folder. The marker of a first run is set last.
 void provisionFirstRun(Session& session, const QString& version);

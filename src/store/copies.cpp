@@ -38,7 +38,8 @@ QString backupsFolder(const QString& folder)
 /// "Postledger-2026-11-22-daily.db"; the time of day keeps several copies of one day apart.
 QString copyName(const QDateTime& now, const QString& kind)
 {
-    return u"Postledger-" + now.toString(kind == u"daily" ? u"yyyy-MM-dd" : u"yyyy-MM-dd-HHmmss") + u'-' + kind + u".db";
+    return u"Postledger-" + now.toString(kind == u"daily" ? u"yyyy-MM-dd" : u"yyyy-MM-dd-HHmmss") + u'-' +
+           kind + u".db";
 }
 
 /// Waits until the file's content is on the disk, so that its final name never stands for less.
@@ -101,7 +102,8 @@ public:
         if (!found.isEmpty())
             throw StoreError(found, SQLITE_CORRUPT, QStringLiteral("Jobwright"));
         if (!flushToDisk(m_unfinished) || !replaceFile(m_unfinished, m_target))
-            throw StoreError(tr("%1 cannot be written").arg(m_target), SQLITE_IOERR, QStringLiteral("Jobwright"));
+            throw StoreError(tr("%1 cannot be written").arg(m_target), SQLITE_IOERR,
+                             QStringLiteral("Jobwright"));
     }
 
 private:
@@ -127,7 +129,8 @@ QStringList listCopies(const QString& folder)
 {
     const QDir backups(backupsFolder(folder));
     QFileInfoList files = backups.entryInfoList({QStringLiteral("Postledger-*.db")}, QDir::Files);
-    // By the day in the name and then by the file's own time: clocks may be set back, names are what a person sees.
+    // By the day in the name and then by the file's own time: clocks may be set back, names are what a person
+    // sees.
     std::ranges::sort(files, [](const QFileInfo& a, const QFileInfo& b) {
         const QString dayA = a.fileName().mid(11, 10);
         const QString dayB = b.fileName().mid(11, 10);
@@ -179,7 +182,8 @@ bool copyBefore(Session& session, const QString& reason)
         rotate(session.folder());
         return true;
     }
-    session.msgBox(tr("Before this step the database is copied, and the copy could not be made: %1. Nothing was changed.")
+    session.msgBox(tr("Before this step the database is copied, and the copy could not be made: %1. Nothing "
+                      "was changed.")
                        .arg(failure));
     return false;
 }
@@ -200,7 +204,8 @@ DailyCopy::DailyCopy(Session& session)
         return;
     try {
         if (!QDir().mkpath(folder))
-            throw StoreError(tr("the folder %1 cannot be made").arg(folder), SQLITE_CANTOPEN, QStringLiteral("Jobwright"));
+            throw StoreError(tr("the folder %1 cannot be made").arg(folder), SQLITE_CANTOPEN,
+                             QStringLiteral("Jobwright"));
         m_impl->copy = std::make_unique<GrowingCopy>(session.dataJW().database().handle(), target);
     } catch (const StoreError& error) {
         m_impl->failure = error.description();

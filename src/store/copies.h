@@ -16,17 +16,17 @@ QStringList listCopies(const QString& folder);
 /// Checks a database file in whole. "" when it is sound, else what was found.
 QString checkFile(const QString& path);
 
-/// Copies the open database into @p target, checks the copy and puts it there under its name only when it is sound;
-/// an existing file of that name is replaced. "" on success, else what went wrong.
+/// Copies the open database into @p target, checks the copy and puts it there under its name only when it is
+/// sound; an existing file of that name is replaced. "" on success, else what went wrong.
 QString copyTo(Database& database, const QString& target);
 
-/// Makes the copy that a step which deletes much ("restore", "reset") takes first. False when it could not be made:
-/// the user has been told, and the step must not go on.
+/// Makes the copy that a step which deletes much ("restore", "reset") takes first. False when it could not be
+/// made: the user has been told, and the step must not go on.
 bool copyBefore(Session& session, const QString& reason);
 
 /// The copy of the day, made in small steps so that the screen stays alive: call step() from a timer until it
-/// answers false. Does nothing when the day has its copy. Afterwards the oldest copies are removed: the last ten
-/// daily ones and the last five of each other kind are kept.
+/// answers false. Does nothing when the day has its copy. Afterwards the oldest copies are removed: the last
+/// ten daily ones and the last five of each other kind are kept.
 class DailyCopy
 {
 public:

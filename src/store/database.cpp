@@ -31,7 +31,8 @@ void bindParameter(sqlite3_stmt* statement, int place, const dialect::BoundValue
         sqlite3_bind_double(statement, place, *real);
     } else if (const auto* text = std::get_if<QString>(&value)) {
         const QByteArray utf8 = text->toUtf8();
-        sqlite3_bind_text(statement, place, utf8.constData(), static_cast<int>(utf8.size()), SQLITE_TRANSIENT);
+        sqlite3_bind_text(statement, place, utf8.constData(), static_cast<int>(utf8.size()),
+                          SQLITE_TRANSIENT);
     } else {
         sqlite3_bind_null(statement, place);
     }
@@ -40,10 +41,14 @@ void bindParameter(sqlite3_stmt* statement, int place, const dialect::BoundValue
 QVariant cell(sqlite3_stmt* statement, int column)
 {
     switch (sqlite3_column_type(statement, column)) {
-    case SQLITE_INTEGER: return QVariant(static_cast<qlonglong>(sqlite3_column_int64(statement, column)));
-    case SQLITE_FLOAT: return QVariant(sqlite3_column_double(statement, column));
-    case SQLITE_NULL: return {};
-    default: break;
+    case SQLITE_INTEGER:
+        return QVariant(static_cast<qlonglong>(sqlite3_column_int64(statement, column)));
+    case SQLITE_FLOAT:
+        return QVariant(sqlite3_column_double(statement, column));
+    case SQLITE_NULL:
+        return {};
+    default:
+        break;
     }
     const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
     return QVariant(QString::fromUtf8(text, sqlite3_column_bytes(statement, column)));
@@ -133,7 +138,9 @@ RecordSet Database::run(QStringView statement, const dialect::Want& want)
     const Use use(compiled);
     int place = 0;
     for (const dialect::Parameter& parameter : prepared.translation.parameters)
-        bindParameter(compiled, ++place, dialect::bindValue(shape.literals[static_cast<size_t>(parameter.literal)], parameter.as));
+        bindParameter(
+            compiled, ++place,
+            dialect::bindValue(shape.literals[static_cast<size_t>(parameter.literal)], parameter.as));
 
     auto rows = std::make_shared<RecordSet::Rows>();
     rows->columns = prepared.columns;

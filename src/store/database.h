@@ -23,7 +23,8 @@ public:
     Database(const Database&) = delete;
     Database& operator=(const Database&) = delete;
 
-    /// Makes a new, empty store with all tables at @p path, which must not exist: written beside it and renamed.
+    /// Makes a new, empty store with all tables at @p path, which must not exist: written beside it and
+    /// renamed.
     static void create(const QString& path);
 
     /// Runs one statement of the dialect. The result has rows for a Select only.

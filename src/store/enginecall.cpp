@@ -22,8 +22,9 @@ Connection open(const QString& path, int flags)
     const int code = sqlite3_open_v2(QFile::encodeName(path).constData(), &raw, flags, nullptr);
     Connection connection(raw);
     if (code != SQLITE_OK)
-        throw connection ? failure(connection.get())
-                         : StoreError(QString::fromUtf8(sqlite3_errstr(code)), code, QStringLiteral("SQLite"));
+        throw connection
+            ? failure(connection.get())
+            : StoreError(QString::fromUtf8(sqlite3_errstr(code)), code, QStringLiteral("SQLite"));
     sqlite3_extended_result_codes(connection.get(), 1);
     // A quoted name is a name: the engine would take one that it does not know for a text.
     sqlite3_db_config(connection.get(), SQLITE_DBCONFIG_DQS_DML, 0, nullptr);

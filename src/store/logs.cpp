@@ -12,7 +12,8 @@ bool append(const QString& path, const QString& entry)
 {
     QFile file(path);
     const QByteArray bytes = entry.toUtf8();
-    return file.open(QIODevice::WriteOnly | QIODevice::Append) && file.write(bytes) == bytes.size() && file.flush();
+    return file.open(QIODevice::WriteOnly | QIODevice::Append) && file.write(bytes) == bytes.size() &&
+           file.flush();
 }
 
 } // namespace
@@ -43,6 +44,6 @@ bool ErrLogger::addLog(const QString& message, int level, const QDateTime& now) 
 QString ErrLogger::compose(const QString& description, int number, const QString& source, const QString& text)
 {
     // The line of hyphens closes an entry: the log's viewer counts by it.
-    return description + text::crlf + QString::number(number) + text::crlf + source + text::crlf + text + text::crlf +
-           u"-------";
+    return description + text::crlf + QString::number(number) + text::crlf + source + text::crlf + text +
+           text::crlf + u"-------";
 }

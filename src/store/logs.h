@@ -24,8 +24,10 @@ public:
     /// Writes one entry; level 1 is marked "Suppressed". False when the file cannot be written.
     bool addLog(const QString& message, int level, const QDateTime& now) const;
 
-    /// The message of an entry: description, number, source, the caller's text, and the closing line, each on its own.
-    static QString compose(const QString& description, int number, const QString& source, const QString& text);
+    /// The message of an entry: description, number, source, the caller's text, and the closing line, each on
+    /// its own.
+    static QString compose(const QString& description, int number, const QString& source,
+                           const QString& text);
 
 private:
     QString m_path;

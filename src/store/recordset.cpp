@@ -2,7 +2,8 @@
 
 QString RecordSet::columnName(int column) const
 {
-    return column >= 0 && column < columnCount() ? m_rows->columns[static_cast<size_t>(column)].name : QString();
+    return column >= 0 && column < columnCount() ? m_rows->columns[static_cast<size_t>(column)].name
+                                                 : QString();
 }
 
 int RecordSet::columnIndex(QStringView name) const

@@ -13,8 +13,8 @@
 
 /// The rows of one statement and a place among them. A value: copying is cheap (the rows are shared and never
 /// change), and one that is kept stays what it was whatever the store does next.
-/// Columns are reached by name in any case or by position; reading a column that does not exist, or past the end,
-/// gives the empty value.
+/// Columns are reached by name in any case or by position; reading a column that does not exist, or past the
+/// end, gives the empty value.
 class RecordSet
 {
 public:
@@ -55,7 +55,8 @@ public:
     /// The cell as text: "" for NULL, a date in the program's own form ("11/5/2026").
     [[nodiscard]] QString text(int column) const;
     [[nodiscard]] QString text(QStringView name) const { return text(columnIndex(name)); }
-    /// The cell as a 16-bit number, texts read as the number they are; nothing when it is NULL, no number or too large.
+    /// The cell as a 16-bit number, texts read as the number they are; nothing when it is NULL, no number or
+    /// too large.
     [[nodiscard]] std::optional<Key> key(QStringView name) const;
     /// The cell as a date; nothing when it is NULL or no date.
     [[nodiscard]] std::optional<dates::Moment> moment(QStringView name) const;

@@ -31,7 +31,8 @@ struct Table
     [[nodiscard]] int indexOf(QStringView column) const;
 };
 
-/// The version that this program writes into a file's user_version. Older files are migrated, newer ones refused.
+/// The version that this program writes into a file's user_version. Older files are migrated, newer ones
+/// refused.
 inline constexpr int version = 1;
 /// Marks a file as this program's own (application_id): the letters "JWdb".
 inline constexpr int applicationId = 0x4A576462;
@@ -40,7 +41,8 @@ inline constexpr int applicationId = 0x4A576462;
 std::span<const Table> tables();
 /// The table of that name in any case; null when there is none.
 const Table* findTable(QStringView name);
-/// The statements that make an empty store: tables, indexes, and the counters that keep keys from being used twice.
+/// The statements that make an empty store: tables, indexes, and the counters that keep keys from being used
+/// twice.
 QStringList createStatements();
 
 } // namespace schema

@@ -65,8 +65,9 @@ void Session::logError(const QString& text, int level, const StoreError* failure
 {
     // Anything that is not above 0 counts as 0: such an entry is shown.
     const int shown = level > 0 ? level : 0;
-    const QString message = failure ? ErrLogger::compose(failure->description(), failure->number(), failure->source(), text)
-                                    : ErrLogger::compose({}, 0, {}, text);
+    const QString message =
+        failure ? ErrLogger::compose(failure->description(), failure->number(), failure->source(), text)
+                : ErrLogger::compose({}, 0, {}, text);
     (void)ErrLogger(m_folder).addLog(message, shown, now());
     if (shown == 1)
         return;

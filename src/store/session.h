@@ -15,8 +15,8 @@
 class DataJW;
 class StoreError;
 
-/// Folder, flags, logs and the gateway of one run. Created once by main (or a test) with its ports; there is no other
-/// global state.
+/// Folder, flags, logs and the gateway of one run. Created once by main (or a test) with its ports; there is
+/// no other global state.
 class Session : public QObject
 {
     Q_OBJECT
@@ -47,19 +47,20 @@ public:
     /// The settings store: what the program keeps outside the database.
     [[nodiscard]] RegAccess& settings() { return m_settings; }
 
-    /// The standard message box. An empty title becomes "Jobwright Message"; dialogBusy is up while it is open.
+    /// The standard message box. An empty title becomes "Jobwright Message"; dialogBusy is up while it is
+    /// open.
     Answer msgBox(const QString& text, Buttons buttons = Buttons::Ok, const QString& title = {});
 
     /// Writes one line into "OpLog.txt", always.
     void addLog(const QString& message);
     /// Writes one line into "OpLog.txt" while debugMode is on.
     void trace(const QString& message);
-    /// Writes an entry into "ErrorLog.txt" and, at any level but 1, shows it. @p failure is what went wrong at the
-    /// store; null when a caller reports a mere condition.
+    /// Writes an entry into "ErrorLog.txt" and, at any level but 1, shows it. @p failure is what went wrong
+    /// at the store; null when a caller reports a mere condition.
     void logError(const QString& text, int level = 0, const StoreError* failure = nullptr);
 
-    /// While one lives, entries that would be shown go to the log only and are counted: a walk over thousands of
-    /// records reports once at its end instead of a box for each.
+    /// While one lives, entries that would be shown go to the log only and are counted: a walk over thousands
+    /// of records reports once at its end instead of a box for each.
     class QuietReports
     {
     public:

@@ -8,7 +8,8 @@ QString entry(RegAccess::Hive hive, const QString& key, const QString& name)
     path.replace(u'\\', u'/');
     while (path.startsWith(u'/'))
         path.remove(0, 1);
-    const QString root = hive == RegAccess::Hive::ClassesRoot ? QStringLiteral("ClassesRoot/") : QStringLiteral("CurrentUser/");
+    const QString root = hive == RegAccess::Hive::ClassesRoot ? QStringLiteral("ClassesRoot/")
+                                                              : QStringLiteral("CurrentUser/");
     // A key's default value has no name of its own.
     return root + path + u'/' + (name.isEmpty() ? QStringLiteral("Default") : name);
 }
@@ -32,9 +33,11 @@ void RegAccess::SetKeyValue(Hive hive, const QString& key, const QString& name, 
     SetValueEx(hive, key, name, value, value.typeId() == QMetaType::Int ? NumberValue : TextValue);
 }
 
-void RegAccess::SetValueEx(Hive hive, const QString& key, const QString& name, const QVariant& value, ValueType type)
+void RegAccess::SetValueEx(Hive hive, const QString& key, const QString& name, const QVariant& value,
+                           ValueType type)
 {
-    m_file.setValue(entry(hive, key, name), type == NumberValue ? QVariant(value.toInt()) : QVariant(value.toString()));
+    m_file.setValue(entry(hive, key, name),
+                    type == NumberValue ? QVariant(value.toInt()) : QVariant(value.toString()));
 }
 
 QVariant RegAccess::QueryValue(Hive hive, const QString& key, const QString& name)
@@ -54,7 +57,9 @@ QVariant RegAccess::QueryValueEx(Hive hive, const QString& key, const QString& n
         return QString();
     switch (value.typeId()) {
     case QMetaType::QString:
-    case QMetaType::Int: return value;
-    default: return -1;
+    case QMetaType::Int:
+        return value;
+    default:
+        return -1;
     }
 }

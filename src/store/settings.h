@@ -5,7 +5,8 @@
 #include <QString>
 #include <QVariant>
 
-/// Keys with named values, in the file "settings.ini" of the application folder. A key is a path with backslashes
+/// Keys with named values, in the file "settings.ini" of the application folder. A key is a path with
+/// backslashes
 /// ("Software\\Ferrow Software\\Jobwright") below a hive; hives and keys are groups of the file.
 class RegAccess
 {
@@ -21,7 +22,8 @@ public:
     /// Writes a value as the kind that it is: whole numbers as numbers, everything else as text.
     void SetKeyValue(Hive hive, const QString& key, const QString& name, const QVariant& value);
     /// Writes a value as the given kind.
-    void SetValueEx(Hive hive, const QString& key, const QString& name, const QVariant& value, ValueType type);
+    void SetValueEx(Hive hive, const QString& key, const QString& name, const QVariant& value,
+                    ValueType type);
     /// A text or a 32-bit number; "" when there is none; -1 for a value of any other type.
     [[nodiscard]] QVariant QueryValueEx(Hive hive, const QString& key, const QString& name);
     /// As QueryValueEx.

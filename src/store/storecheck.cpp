@@ -21,11 +21,16 @@ struct Reference
 };
 
 constexpr Reference references[] = {
-    {"Company", "AddressKey", "Address", "AddressKey"},   {"Contact", "AddressKey", "Address", "AddressKey"},
-    {"Contact", "CompanyKey", "Company", "CompanyKey"},   {"Position", "CompanyKey", "Company", "CompanyKey"},
-    {"History", "ContactKey", "Contact", "ContactKey"},   {"Event", "CompanyKey", "Company", "CompanyKey"},
-    {"Event", "ContactKey", "Contact", "ContactKey"},     {"Event", "PositionKey", "Position", "PositionKey"},
-    {"CProfile", "CompanyKey", "Company", "CompanyKey"},  {"JProfile", "PositionKey", "Position", "PositionKey"},
+    {"Company", "AddressKey", "Address", "AddressKey"},
+    {"Contact", "AddressKey", "Address", "AddressKey"},
+    {"Contact", "CompanyKey", "Company", "CompanyKey"},
+    {"Position", "CompanyKey", "Company", "CompanyKey"},
+    {"History", "ContactKey", "Contact", "ContactKey"},
+    {"Event", "CompanyKey", "Company", "CompanyKey"},
+    {"Event", "ContactKey", "Contact", "ContactKey"},
+    {"Event", "PositionKey", "Position", "PositionKey"},
+    {"CProfile", "CompanyKey", "Company", "CompanyKey"},
+    {"JProfile", "PositionKey", "Position", "PositionKey"},
     {"Target", "CompanyKey", "Company", "CompanyKey"},
 };
 
@@ -38,9 +43,11 @@ bool isShadow(QStringView table)
 std::vector<KeyUse> keyUse(Database& database, qint64 above)
 {
     std::vector<KeyUse> found;
-    const engine::Statement query = engine::prepare(database.handle(), "SELECT name, seq FROM sqlite_sequence ORDER BY name");
+    const engine::Statement query =
+        engine::prepare(database.handle(), "SELECT name, seq FROM sqlite_sequence ORDER BY name");
     while (sqlite3_step(query.get()) == SQLITE_ROW) {
-        const QString table = QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(query.get(), 0)));
+        const QString table =
+            QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(query.get(), 0)));
         const qint64 highest = sqlite3_column_int64(query.get(), 1);
         if (highest > above && !isShadow(table))
             found.push_back({table, highest});
@@ -59,12 +66,14 @@ StoreCheck checkStore(Database& database)
     check.keys = keyUse(database, 0);
     for (const Reference& reference : references) {
         // A key of 0 or NULL says "belongs to nothing" and is no orphan.
-        const QByteArray sql = QByteArray("SELECT count(*) FROM \"") + reference.table + "\" WHERE \"" + reference.column +
-                               "\" > 0 AND \"" + reference.column + "\" NOT IN (SELECT \"" + reference.key + "\" FROM \"" +
-                               reference.target + "\")";
+        const QByteArray sql = QByteArray("SELECT count(*) FROM \"") + reference.table + "\" WHERE \"" +
+                               reference.column + "\" > 0 AND \"" + reference.column +
+                               "\" NOT IN (SELECT \"" + reference.key + "\" FROM \"" + reference.target +
+                               "\")";
         const int rows = engine::value(database.handle(), sql).toInt();
         if (rows > 0)
-            check.orphans.push_back({QString::fromLatin1(reference.table) + u'.' + QString::fromLatin1(reference.column), rows});
+            check.orphans.push_back(
+                {QString::fromLatin1(reference.table) + u'.' + QString::fromLatin1(reference.column), rows});
     }
     return check;
 }
@@ -81,10 +90,11 @@ QString keyWarningText(const std::vector<KeyUse>& keys)
     QStringList tables;
     for (const KeyUse& use : keys)
         tables.append(QStringLiteral("%1: %2").arg(use.table).arg(use.highest));
-    return QCoreApplication::translate("StoreCheck",
-                                       "The database is running out of keys (%1; the highest possible is %2). Nothing is "
-                                       "lost yet. Please export the data soon (\"jobwright export restore.xml --restore\"), "
-                                       "and restore that file into a fresh folder, where keys begin at 1 again.")
+    return QCoreApplication::translate(
+               "StoreCheck",
+               "The database is running out of keys (%1; the highest possible is %2). Nothing is "
+               "lost yet. Please export the data soon (\"jobwright export restore.xml --restore\"), "
+               "and restore that file into a fresh folder, where keys begin at 1 again.")
         .arg(tables.join(QStringLiteral(", ")))
         .arg(keyLimit);
 }

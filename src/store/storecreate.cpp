@@ -18,35 +18,22 @@ struct DeliveredRow
     const char* value;
 };
 
-/// No code supplies a default when a row is missing, so the store comes with sensible ones. Names that stand for a
-/// choice of the user's own (viewers, the alarm's sound, the name in the About box) come empty.
+/// No code supplies a default when a row is missing, so the store comes with sensible ones. Names that stand
+/// for a choice of the user's own (viewers, the alarm's sound, the name in the About box) come empty.
 constexpr std::array deliveredRows{
-    DeliveredRow{"TimeDelta", "10"},
-    DeliveredRow{"DateDelta", "7"},
-    DeliveredRow{"TimeFreq", "weeks"},
-    DeliveredRow{"Autosave", "0"},
-    DeliveredRow{"ScreenGraphics", "0"},
-    DeliveredRow{"ExecutionLog", "0"},
-    DeliveredRow{"ActionWordTest", "1"},
-    DeliveredRow{"CriticalityWordTest", "1"},
-    DeliveredRow{"QuantificationTest", "1"},
-    DeliveredRow{"OccupationTest", "1"},
-    DeliveredRow{"PositionCorrelation", "1"},
-    DeliveredRow{"PositionThreshold", "25"},
-    DeliveredRow{"DetailStats", "0"},
-    DeliveredRow{"WriteEvents2Outlook", "0"},
-    DeliveredRow{"ShowComplete", "1"},
-    DeliveredRow{"OutlookIncoming", "Inbox"},
-    DeliveredRow{"MailImportInterval", "7"},
-    DeliveredRow{"AlarmFile", ""},
-    DeliveredRow{"Multimedia", "No"},
-    DeliveredRow{"PDFViewer", ""},
-    DeliveredRow{"TextViewer", ""},
-    DeliveredRow{"WordViewer", ""},
-    DeliveredRow{"DocumentDirectory", ""},
-    DeliveredRow{"ExportFile", "Export.xml"},
-    DeliveredRow{"CategoryCount", "0"},
-    DeliveredRow{"UserName", ""},
+    DeliveredRow{"TimeDelta", "10"},          DeliveredRow{"DateDelta", "7"},
+    DeliveredRow{"TimeFreq", "weeks"},        DeliveredRow{"Autosave", "0"},
+    DeliveredRow{"ScreenGraphics", "0"},      DeliveredRow{"ExecutionLog", "0"},
+    DeliveredRow{"ActionWordTest", "1"},      DeliveredRow{"CriticalityWordTest", "1"},
+    DeliveredRow{"QuantificationTest", "1"},  DeliveredRow{"OccupationTest", "1"},
+    DeliveredRow{"PositionCorrelation", "1"}, DeliveredRow{"PositionThreshold", "25"},
+    DeliveredRow{"DetailStats", "0"},         DeliveredRow{"WriteEvents2Outlook", "0"},
+    DeliveredRow{"ShowComplete", "1"},        DeliveredRow{"OutlookIncoming", "Inbox"},
+    DeliveredRow{"MailImportInterval", "7"},  DeliveredRow{"AlarmFile", ""},
+    DeliveredRow{"Multimedia", "No"},         DeliveredRow{"PDFViewer", ""},
+    DeliveredRow{"TextViewer", ""},           DeliveredRow{"WordViewer", ""},
+    DeliveredRow{"DocumentDirectory", ""},    DeliveredRow{"ExportFile", "Export.xml"},
+    DeliveredRow{"CategoryCount", "0"},       DeliveredRow{"UserName", ""},
 };
 
 void fill(sqlite3* connection)
@@ -58,7 +45,8 @@ void fill(sqlite3* connection)
     for (const QString& statement : schema::createStatements())
         engine::execute(connection, statement.toUtf8());
     const engine::Statement insert = engine::prepare(
-        connection, "INSERT INTO \"Status\"(\"StatusDescription\",\"StatusDate\",\"StatusValue\") VALUES(?1,?2,?3)");
+        connection,
+        "INSERT INTO \"Status\"(\"StatusDescription\",\"StatusDate\",\"StatusValue\") VALUES(?1,?2,?3)");
     // The rows' day has no meaning yet: it is the day on which a setting was last written.
     const char* const day = "1999-12-31";
     for (const DeliveredRow& row : deliveredRows) {
@@ -77,7 +65,8 @@ void fill(sqlite3* connection)
 void Database::create(const QString& path)
 {
     if (QFileInfo::exists(path))
-        throw StoreError(QStringLiteral("%1 exists already").arg(path), SQLITE_CANTOPEN, QStringLiteral("Jobwright"));
+        throw StoreError(QStringLiteral("%1 exists already").arg(path), SQLITE_CANTOPEN,
+                         QStringLiteral("Jobwright"));
     // Under its own name only when it is whole: a start that dies here leaves no half-made database behind.
     const QString unfinished = path + u".new";
     QFile::remove(unfinished);
@@ -87,5 +76,6 @@ void Database::create(const QString& path)
         fill(connection.get());
     }
     if (!QFile::rename(unfinished, path))
-        throw StoreError(QStringLiteral("%1 cannot be written").arg(path), SQLITE_CANTOPEN, QStringLiteral("Jobwright"));
+        throw StoreError(QStringLiteral("%1 cannot be written").arg(path), SQLITE_CANTOPEN,
+                         QStringLiteral("Jobwright"));
 }

@@ -14,7 +14,8 @@
 
 namespace {
 
-// Places in the file's header, from the engine's description of its file format (sqlite.org/fileformat2.html).
+// Places in the file's header, from the engine's description of its file format
+// (sqlite.org/fileformat2.html).
 constexpr int headerSize = 100;
 constexpr int userVersionAt = 60;
 constexpr int applicationIdAt = 68;
@@ -31,7 +32,8 @@ QString newestCopyAdvice(const QString& path)
     const QStringList copies = listCopies(QFileInfo(path).absolutePath());
     if (copies.isEmpty())
         return tr("There is no copy of it in the folder \"backups\" yet.");
-    return tr("What you can do: end Jobwright, move the file to another place, and put the newest copy in its place, "
+    return tr("What you can do: end Jobwright, move the file to another place, and put the newest copy in "
+              "its place, "
               "under the name Postledger.db. The newest copy is\n%1")
         .arg(QDir::toNativeSeparators(copies.first()));
 }
@@ -41,28 +43,32 @@ FileReport report(FileState state, const QString& path, const QString& detail)
     const QString file = QDir::toNativeSeparators(path);
     QString message;
     switch (state) {
-    case FileState::Good: break;
+    case FileState::Good:
+        break;
     case FileState::Missing:
         message = tr("The database %1 does not exist.").arg(file) + u' ' + newestCopyAdvice(path);
         break;
     case FileState::Damaged:
-        message = tr("The database %1 is damaged (%2). Nothing in it was changed.").arg(file, detail) + u'\n' +
-                  newestCopyAdvice(path);
+        message = tr("The database %1 is damaged (%2). Nothing in it was changed.").arg(file, detail) +
+                  u'\n' + newestCopyAdvice(path);
         break;
     case FileState::Newer:
-        message = tr("The database %1 was written by a later version of Jobwright (%2). Nothing in it was changed. "
-                     "Please use that version, or a newer one, to open it.")
-                      .arg(file, detail);
+        message =
+            tr("The database %1 was written by a later version of Jobwright (%2). Nothing in it was changed. "
+               "Please use that version, or a newer one, to open it.")
+                .arg(file, detail);
         break;
     case FileState::Foreign:
-        message = tr("The file %1 is not a database of Jobwright (%2). Nothing in it was changed. Please move it away, "
+        message = tr("The file %1 is not a database of Jobwright (%2). Nothing in it was changed. Please "
+                     "move it away, "
                      "or start Jobwright with another folder (--folder).")
                       .arg(file, detail);
         break;
     case FileState::ReadOnly:
-        message = tr("The database %1 may not be written (%2). Nothing in it was changed. Please give yourself the "
-                     "right to write the file and its folder, or copy both to another place.")
-                      .arg(file, detail);
+        message =
+            tr("The database %1 may not be written (%2). Nothing in it was changed. Please give yourself the "
+               "right to write the file and its folder, or copy both to another place.")
+                .arg(file, detail);
         break;
     }
     return {state, detail, message};
@@ -70,9 +76,10 @@ FileReport report(FileState state, const QString& path, const QString& detail)
 
 bool isWriteProtected(const QFileInfo& info)
 {
-    // The permission bits are asked as well as the system: an administrator may write anything, but a file that
-    // nobody is meant to write stays unwritten.
-    return !info.isWritable() || !(info.permissions() & (QFile::WriteOwner | QFile::WriteGroup | QFile::WriteOther));
+    // The permission bits are asked as well as the system: an administrator may write anything, but a file
+    // that nobody is meant to write stays unwritten.
+    return !info.isWritable() ||
+           !(info.permissions() & (QFile::WriteOwner | QFile::WriteGroup | QFile::WriteOther));
 }
 
 FileReport inspectHeader(const QString& path)
@@ -94,7 +101,8 @@ FileReport inspectHeader(const QString& path)
     if (version < schema::version)
         return report(FileState::Damaged, path, tr("format %1 never existed").arg(version));
     if (version > schema::version)
-        return report(FileState::Newer, path, tr("format %1, this version knows %2").arg(version).arg(schema::version));
+        return report(FileState::Newer, path,
+                      tr("format %1, this version knows %2").arg(version).arg(schema::version));
     return {};
 }
 
@@ -104,13 +112,14 @@ FileReport inspectContent(const QString& path)
         const engine::Connection connection = engine::open(path, SQLITE_OPEN_READWRITE);
         sqlite3_busy_timeout(connection.get(), 2000);
         for (const schema::Table& table : schema::tables()) {
-            // Asks for every column by name, so that a missing one is found here and not in the middle of a save.
+            // Asks for every column by name, so that a missing one is found here and not in the middle of a
+            // save.
             QStringList columns;
             for (const schema::Column& column : table.columns)
                 columns.append(u'"' + column.name + u'"');
-            engine::value(connection.get(), QString(u"SELECT " + columns.join(u',') + u" FROM \"" + table.name +
-                                                    u"\" LIMIT 1")
-                                                .toUtf8());
+            engine::value(
+                connection.get(),
+                QString(u"SELECT " + columns.join(u',') + u" FROM \"" + table.name + u"\" LIMIT 1").toUtf8());
         }
         if (QFileInfo(path).size() <= wholeCheckBytes) {
             const QString found = engine::value(connection.get(), "PRAGMA quick_check(1)");
@@ -120,7 +129,8 @@ FileReport inspectContent(const QString& path)
     } catch (const StoreError& error) {
         const int code = error.number() & 0xff;
         const bool busy = code == SQLITE_BUSY || code == SQLITE_LOCKED;
-        return report(busy || code == SQLITE_READONLY || code == SQLITE_CANTOPEN ? FileState::ReadOnly : FileState::Damaged,
+        return report(busy || code == SQLITE_READONLY || code == SQLITE_CANTOPEN ? FileState::ReadOnly
+                                                                                 : FileState::Damaged,
                       path, error.description());
     }
     return {};

@@ -20,6 +20,6 @@ struct FileReport
     QString message; ///< plain words for the user: what is wrong, that nothing was touched, what can be done
 };
 
-/// Looks at the file at @p path without changing it. Small files are checked in whole, large ones by header, tables and
-/// a first read; `verify` and the daily copy check those in whole.
+/// Looks at the file at @p path without changing it. Small files are checked in whole, large ones by header,
+/// tables and a first read; `verify` and the daily copy check those in whole.
 FileReport inspectStore(const QString& path);

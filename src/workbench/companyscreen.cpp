@@ -3,8 +3,8 @@
 #include "base/text.h"
 #include "store/datajw.h"
 #include "store/storeerror.h"
-#include "workbench/fieldtext.h"
 #include "workbench/contactscreen.h"
+#include "workbench/fieldtext.h"
 #include "workbench/frmdata.h"
 #include "workbench/positionscreen.h"
 

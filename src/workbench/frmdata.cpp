@@ -68,8 +68,8 @@ void FrmData::setSbar(const QString& kind)
 void FrmData::sbarVis()
 {
     m_procVisible = true;
-    // At every change, whichever field it was: a title with blanks around it must not be stored by a save that another
-    // field sets off.
+    // At every change, whichever field it was: a title with blanks around it must not be stored by a save
+    // that another field sets off.
     m_position->trimTitle();
     emit changed();
 }

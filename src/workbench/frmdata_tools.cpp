@@ -4,9 +4,9 @@
 #include "workbench/companyscreen.h"
 #include "workbench/contactscreen.h"
 #include "workbench/documentscreen.h"
+#include "workbench/frmdata.h"
 #include "workbench/pipelinescreen.h"
 #include "workbench/positionscreen.h"
-#include "workbench/frmdata.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -7,7 +7,8 @@
 
 class FrmData;
 
-/// Builds the tree of companies and positions, shows and writes the steps of one position, and draws the bars of all.
+/// Builds the tree of companies and positions, shows and writes the steps of one position, and draws the bars
+/// of all.
 class PipelineScreen : public QObject
 {
     Q_OBJECT

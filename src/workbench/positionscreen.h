@@ -7,7 +7,8 @@
 
 class FrmData;
 
-/// Shows, saves and removes a position of the selected company; assigns contacts; places the pointer of the ranks.
+/// Shows, saves and removes a position of the selected company; assigns contacts; places the pointer of the
+/// ranks.
 class PositionScreen : public QObject
 {
     Q_OBJECT

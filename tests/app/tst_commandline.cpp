@@ -60,22 +60,29 @@ private slots:
     {
         QTest::addColumn<QStringList>("arguments");
         QTest::addColumn<int>("status");
-        QTest::addColumn<QString>("output"); // must stand in standard output, or in standard error when it failed
+        QTest::addColumn<QString>(
+            "output"); // must stand in standard output, or in standard error when it failed
         QTest::newRow("help") << QStringList{u"--help"_s} << 0 << u"companies"_s;
         QTest::newRow("version") << QStringList{u"--version"_s} << 0 << u"Jobwright 1."_s;
         QTest::newRow("unknown command") << QStringList{u"frobnicate"_s} << 2 << QString();
         QTest::newRow("two commands") << QStringList{u"companies"_s, u"paths"_s} << 2 << QString();
         QTest::newRow("missing argument") << QStringList{u"summary"_s} << 2 << u"NAME"_s;
-        QTest::newRow("unknown company") << QStringList{u"summary"_s, u"Nobody & Sons"_s} << 1 << u"no company"_s;
-        QTest::newRow("query, no statement") << QStringList{u"query"_s, u"drop table Company"_s} << 1 << u"jobwright: "_s;
-        QTest::newRow("query, no table") << QStringList{u"query"_s, u"Select * from Wages"_s} << 1 << u"Wages"_s;
+        QTest::newRow("unknown company")
+            << QStringList{u"summary"_s, u"Nobody & Sons"_s} << 1 << u"no company"_s;
+        QTest::newRow("query, no statement")
+            << QStringList{u"query"_s, u"drop table Company"_s} << 1 << u"jobwright: "_s;
+        QTest::newRow("query, no table")
+            << QStringList{u"query"_s, u"Select * from Wages"_s} << 1 << u"Wages"_s;
         QTest::newRow("query, two statements")
-            << QStringList{u"query"_s, u"Select * from Company; Delete * from Company"_s} << 1 << u"jobwright: "_s;
-        QTest::newRow("query, a count") << QStringList{u"query"_s, u"Select Count(*) from Event where EventKey=0"_s} << 0
-                                        << u"EXPR1000\r\n0\r\n"_s;
+            << QStringList{u"query"_s, u"Select * from Company; Delete * from Company"_s} << 1
+            << u"jobwright: "_s;
+        QTest::newRow("query, a count")
+            << QStringList{u"query"_s, u"Select Count(*) from Event where EventKey=0"_s} << 0
+            << u"EXPR1000\r\n0\r\n"_s;
         QTest::newRow("status, one") << QStringList{u"status"_s, u"timedelta"_s} << 0 << u"10\n"_s;
         QTest::newRow("status, unknown") << QStringList{u"status"_s, u"Salary"_s} << 1 << u"Salary"_s;
-        QTest::newRow("import, no file") << QStringList{u"import"_s, u"/no/such.xml"_s} << 1 << u"not there"_s;
+        QTest::newRow("import, no file")
+            << QStringList{u"import"_s, u"/no/such.xml"_s} << 1 << u"not there"_s;
         QTest::newRow("verify") << QStringList{u"verify"_s} << 0 << u"sound"_s;
         QTest::newRow("paths") << QStringList{u"paths"_s} << 0 << u"Postledger.db"_s;
     }
@@ -95,7 +102,9 @@ private slots:
     void demoCampaignIsOfFullSize()
     {
         const auto count = [this](const QString& table) {
-            return run(demo(), {u"query"_s, u"Select Count(*) As n from "_s + table}).out.section(u"\r\n"_s, 1, 1).toInt();
+            return run(demo(), {u"query"_s, u"Select Count(*) As n from "_s + table})
+                .out.section(u"\r\n"_s, 1, 1)
+                .toInt();
         };
         QVERIFY(count(u"Company where Name > '~~'"_s) + count(u"Company where Name < '~'"_s) >= 15);
         QVERIFY(count(u"Contact"_s) >= 45);
@@ -111,11 +120,13 @@ private slots:
     void rowsAsCsvAndJson()
     {
         QTemporaryDir folder;
-        const QString insert = u"INSERT INTO Company (Name,Notes,EntryDate) VALUES ('Quinn, \"Q\" & Co','two\r\nlines','1/2/26')"_s;
+        const QString insert =
+            u"INSERT INTO Company (Name,Notes,EntryDate) VALUES ('Quinn, \"Q\" & Co','two\r\nlines','1/2/26')"_s;
         QCOMPARE(run(folder.path(), {u"query"_s, insert}).status, 0);
         const QString select = u"Select Name,Notes,EntryDate,Industry,CompanyKey from Company"_s;
-        QCOMPARE(run(folder.path(), {u"query"_s, select}).out,
-                 u"Name,Notes,EntryDate,Industry,CompanyKey\r\n\"Quinn, \"\"Q\"\" & Co\",\"two\r\nlines\",2026-01-02,,1\r\n"_s);
+        QCOMPARE(
+            run(folder.path(), {u"query"_s, select}).out,
+            u"Name,Notes,EntryDate,Industry,CompanyKey\r\n\"Quinn, \"\"Q\"\" & Co\",\"two\r\nlines\",2026-01-02,,1\r\n"_s);
         const QByteArray json = run(folder.path(), {u"query"_s, select, u"--json"_s}).out.toUtf8();
         const QJsonObject row = QJsonDocument::fromJson(json).array().at(0).toObject();
         QCOMPARE(row.value(u"Name"_s).toString(), u"Quinn, \"Q\" & Co"_s);

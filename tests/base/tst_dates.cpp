@@ -68,9 +68,11 @@ private slots:
         QTest::addColumn<int>("expected");
         QTest::newRow("six days are no week") << QChar(u'w') << QDate(2026, 1, 1) << QDate(2026, 1, 7) << 0;
         QTest::newRow("seven are one") << QChar(u'w') << QDate(2026, 1, 1) << QDate(2026, 1, 8) << 1;
-        QTest::newRow("backwards is cut toward zero") << QChar(u'w') << QDate(2026, 1, 8) << QDate(2026, 1, 2) << 0;
+        QTest::newRow("backwards is cut toward zero")
+            << QChar(u'w') << QDate(2026, 1, 8) << QDate(2026, 1, 2) << 0;
         QTest::newRow("days") << QChar(u'd') << QDate(2026, 2, 27) << QDate(2026, 3, 1) << 2;
-        QTest::newRow("a month begins overnight") << QChar(u'm') << QDate(2026, 1, 31) << QDate(2026, 2, 1) << 1;
+        QTest::newRow("a month begins overnight")
+            << QChar(u'm') << QDate(2026, 1, 31) << QDate(2026, 2, 1) << 1;
         QTest::newRow("months over a year") << QChar(u'm') << QDate(2025, 11, 30) << QDate(2026, 11, 1) << 12;
     }
     void difference()

@@ -14,7 +14,8 @@ class TestCopies : public QObject
     static void runDaily(World& world)
     {
         DailyCopy copy(*world.session);
-        while (copy.step()) { }
+        while (copy.step()) {
+        }
         QCOMPARE(copy.failure(), QString());
     }
 
@@ -39,11 +40,13 @@ private slots:
     {
         World world;
         for (int i = 0; i < 400; ++i)
-            QVERIFY(world.data().execQuery(u"INSERT INTO Company (Name,Notes) VALUES ('C%1','%2')"_s.arg(i).arg(u"x"_s.repeated(8000))));
+            QVERIFY(world.data().execQuery(
+                u"INSERT INTO Company (Name,Notes) VALUES ('C%1','%2')"_s.arg(i).arg(u"x"_s.repeated(8000))));
         DailyCopy copy(*world.session);
         QVERIFY(copy.step());
         QVERIFY(world.data().execQuery(u"Update Company set Name='Renamed' where Name='C3'"_s));
-        while (copy.step()) { }
+        while (copy.step()) {
+        }
         QCOMPARE(copy.failure(), QString());
         Database made(listCopies(world.folder.path()).first());
         QCOMPARE(made.run(u"Select * from Company where Name='Renamed'").rowCount(), 1);
@@ -93,13 +96,15 @@ private slots:
         world.data().execQuery(u"Insert into Target (TargetKey,Name) VALUES(30001,'y')"_s);
         world.data().execQuery(u"Delete * from Target"_s); // a key that was used stays used
         const QString warning = keyWarningText(keysRunningOut(database));
-        QVERIFY2(warning.contains(u"Target: 30001"_s) && warning.contains(u"fresh folder"_s), qPrintable(warning));
+        QVERIFY2(warning.contains(u"Target: 30001"_s) && warning.contains(u"fresh folder"_s),
+                 qPrintable(warning));
     }
 
     void checkCountsKeysThatPointNowhere()
     {
         World world;
-        world.data().execQuery(u"INSERT INTO Contact (FirstName,LastName,CompanyKey,AddressKey) VALUES ('A','B',77,0)"_s);
+        world.data().execQuery(
+            u"INSERT INTO Contact (FirstName,LastName,CompanyKey,AddressKey) VALUES ('A','B',77,0)"_s);
         const StoreCheck check = checkStore(world.data().database());
         QCOMPARE(check.damage, QString());
         QCOMPARE(check.orphans.size(), size_t(1));

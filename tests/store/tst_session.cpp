@@ -18,16 +18,20 @@ private slots:
         QTest::addColumn<bool>("shown");
         QTest::addColumn<QString>("entry");
         const QString stamp = u"11/22/2026 9:30:00 AM\r\n"_s;
-        QTest::newRow("failure, shown") << 0 << true << true
-                                        << u"\r\n>>> ERROR:disk is tired\r\n10\r\nSQLite\r\nTag\r\nQuery: q\r\n-------"_s + stamp;
+        QTest::newRow("failure, shown")
+            << 0 << true << true
+            << u"\r\n>>> ERROR:disk is tired\r\n10\r\nSQLite\r\nTag\r\nQuery: q\r\n-------"_s + stamp;
         QTest::newRow("failure, log only")
             << 1 << true << false
-            << u"\r\n>>> ERROR:\r\nSuppressed disk is tired\r\n10\r\nSQLite\r\nTag\r\nQuery: q\r\n-------"_s + stamp;
+            << u"\r\n>>> ERROR:\r\nSuppressed disk is tired\r\n10\r\nSQLite\r\nTag\r\nQuery: q\r\n-------"_s +
+                   stamp;
         QTest::newRow("condition, log only")
-            << 1 << false << false << u"\r\n>>> ERROR:\r\nSuppressed \r\n0\r\n\r\nTag\r\nQuery: q\r\n-------"_s + stamp;
+            << 1 << false << false
+            << u"\r\n>>> ERROR:\r\nSuppressed \r\n0\r\n\r\nTag\r\nQuery: q\r\n-------"_s + stamp;
         QTest::newRow("negative level counts as 0")
             << -3 << false << true << u"\r\n>>> ERROR:\r\n0\r\n\r\nTag\r\nQuery: q\r\n-------"_s + stamp;
-        QTest::newRow("level 2 is shown") << 2 << false << true << u"\r\n>>> ERROR:\r\n0\r\n\r\nTag\r\nQuery: q\r\n-------"_s + stamp;
+        QTest::newRow("level 2 is shown")
+            << 2 << false << true << u"\r\n>>> ERROR:\r\n0\r\n\r\nTag\r\nQuery: q\r\n-------"_s + stamp;
     }
     void entriesOfTheErrorLog()
     {
@@ -96,9 +100,12 @@ private slots:
         QVERIFY(!isFirstRun(*world.session));
         using enum RegAccess::Hive;
         RegAccess& settings = world.session->settings();
-        QCOMPARE(settings.QueryValueS(CurrentUser, u"Software\\Ferrow Software\\Jobwright"_s, u"Version"_s), u"1.2.3"_s);
-        QCOMPARE(settings.QueryValueS(CurrentUser, u"Software\\Ferrow Software\\Jobwright"_s, u"AppPath"_s), world.folder.path());
-        QCOMPARE(settings.QueryValueS(CurrentUser, u"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\Jobwright"_s,
+        QCOMPARE(settings.QueryValueS(CurrentUser, u"Software\\Ferrow Software\\Jobwright"_s, u"Version"_s),
+                 u"1.2.3"_s);
+        QCOMPARE(settings.QueryValueS(CurrentUser, u"Software\\Ferrow Software\\Jobwright"_s, u"AppPath"_s),
+                 world.folder.path());
+        QCOMPARE(settings.QueryValueS(CurrentUser,
+                                      u"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\Jobwright"_s,
                                       u"DisplayName"_s),
                  u"Jobwright1.23"_s);
         QCOMPARE(settings.QueryValueS(ClassesRoot, u".jwg"_s, {}), u"jwGoals"_s);

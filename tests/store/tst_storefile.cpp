@@ -50,30 +50,35 @@ private slots:
         QTest::addColumn<Spoil>("spoil");
         QTest::addColumn<FileState>("state");
         QTest::addColumn<QString>("word");
-        QTest::newRow("missing") << Spoil([](const QString& p) { QFile::remove(p); }) << FileState::Missing << u"does not exist"_s;
-        QTest::newRow("empty") << Spoil([](const QString& p) { QFile(p).resize(0); }) << FileState::Damaged << u"is empty"_s;
-        QTest::newRow("half a header") << Spoil([](const QString& p) { QFile(p).resize(60); }) << FileState::Damaged << u"end is missing"_s;
+        QTest::newRow("missing") << Spoil([](const QString& p) { QFile::remove(p); }) << FileState::Missing
+                                 << u"does not exist"_s;
+        QTest::newRow("empty") << Spoil([](const QString& p) { QFile(p).resize(0); }) << FileState::Damaged
+                               << u"is empty"_s;
+        QTest::newRow("half a header") << Spoil([](const QString& p) { QFile(p).resize(60); })
+                                       << FileState::Damaged << u"end is missing"_s;
         QTest::newRow("cut off") << Spoil([](const QString& p) { QFile(p).resize(QFileInfo(p).size() / 2); })
                                  << FileState::Damaged << u"is damaged"_s;
         QTest::newRow("a page overwritten")
-            << Spoil([](const QString& p) { overwrite(p, 4096 * 3, QByteArray(4096, '\x5a')); }) << FileState::Damaged
-            << u"is damaged"_s;
+            << Spoil([](const QString& p) { overwrite(p, 4096 * 3, QByteArray(4096, '\x5a')); })
+            << FileState::Damaged << u"is damaged"_s;
         QTest::newRow("a text file") << Spoil([](const QString& p) {
             QFile::remove(p);
             QFile file(p);
             QVERIFY(file.open(QIODevice::WriteOnly));
-            file.write("my notes, much longer than a database's header would have to be to count as one, and then some");
+            file.write("my notes, much longer than a database's header would have to be to count as one, and "
+                       "then some");
         }) << FileState::Foreign << u"not a database of Jobwright"_s;
         QTest::newRow("another program's") << Spoil([](const QString& p) {
             QFile::remove(p);
             runSql(p, "CREATE TABLE songs(title TEXT)");
         }) << FileState::Foreign << u"another program"_s;
-        QTest::newRow("newer") << Spoil([](const QString& p) { runSql(p, "PRAGMA user_version=99"); }) << FileState::Newer
-                               << u"later version"_s;
+        QTest::newRow("newer") << Spoil([](const QString& p) { runSql(p, "PRAGMA user_version=99"); })
+                               << FileState::Newer << u"later version"_s;
         QTest::newRow("a table gone") << Spoil([](const QString& p) { runSql(p, "DROP TABLE History"); })
                                       << FileState::Damaged << u"no such table"_s;
-        QTest::newRow("a column gone") << Spoil([](const QString& p) { runSql(p, "ALTER TABLE History DROP COLUMN Topic"); })
-                                       << FileState::Damaged << u"Topic"_s;
+        QTest::newRow("a column gone")
+            << Spoil([](const QString& p) { runSql(p, "ALTER TABLE History DROP COLUMN Topic"); })
+            << FileState::Damaged << u"Topic"_s;
         QTest::newRow("write-protected")
             << Spoil([](const QString& p) { QFile::setPermissions(p, QFile::ReadOwner | QFile::ReadUser); })
             << FileState::ReadOnly << u"may not be written"_s;
@@ -91,7 +96,8 @@ private slots:
         const QString path = world.session->databasePath();
         spoil(path);
         const QByteArray before = contentOf(path);
-        const QStringList filesBefore = QDir(world.folder.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
+        const QStringList filesBefore =
+            QDir(world.folder.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
 
         const FileReport report = inspectStore(path);
         QCOMPARE(report.state, state);
@@ -124,16 +130,36 @@ private slots:
         RecordSet rows = world.data().getExecQueryRecords(u"Select * from Status Order by StatusKey"_s);
         QSet<QString> names;
         for (; !rows.atEnd(); rows.next()) {
-            QVERIFY2(!names.contains(rows.text(u"StatusDescription")), qPrintable(rows.text(u"StatusDescription")));
+            QVERIFY2(!names.contains(rows.text(u"StatusDescription")),
+                     qPrintable(rows.text(u"StatusDescription")));
             names.insert(rows.text(u"StatusDescription"));
         }
-        for (const QString& name : {u"TimeDelta"_s, u"DateDelta"_s, u"TimeFreq"_s, u"Autosave"_s, u"ScreenGraphics"_s,
-                                    u"ExecutionLog"_s, u"ActionWordTest"_s, u"CriticalityWordTest"_s,
-                                    u"QuantificationTest"_s, u"OccupationTest"_s, u"PositionCorrelation"_s,
-                                    u"PositionThreshold"_s, u"DetailStats"_s, u"WriteEvents2Outlook"_s, u"ShowComplete"_s,
-                                    u"OutlookIncoming"_s, u"MailImportInterval"_s, u"AlarmFile"_s, u"Multimedia"_s,
-                                    u"PDFViewer"_s, u"TextViewer"_s, u"WordViewer"_s, u"DocumentDirectory"_s,
-                                    u"ExportFile"_s, u"CategoryCount"_s, u"UserName"_s})
+        for (const QString& name : {u"TimeDelta"_s,
+                                    u"DateDelta"_s,
+                                    u"TimeFreq"_s,
+                                    u"Autosave"_s,
+                                    u"ScreenGraphics"_s,
+                                    u"ExecutionLog"_s,
+                                    u"ActionWordTest"_s,
+                                    u"CriticalityWordTest"_s,
+                                    u"QuantificationTest"_s,
+                                    u"OccupationTest"_s,
+                                    u"PositionCorrelation"_s,
+                                    u"PositionThreshold"_s,
+                                    u"DetailStats"_s,
+                                    u"WriteEvents2Outlook"_s,
+                                    u"ShowComplete"_s,
+                                    u"OutlookIncoming"_s,
+                                    u"MailImportInterval"_s,
+                                    u"AlarmFile"_s,
+                                    u"Multimedia"_s,
+                                    u"PDFViewer"_s,
+                                    u"TextViewer"_s,
+                                    u"WordViewer"_s,
+                                    u"DocumentDirectory"_s,
+                                    u"ExportFile"_s,
+                                    u"CategoryCount"_s,
+                                    u"UserName"_s})
             QVERIFY2(names.contains(name), qPrintable(name));
         QCOMPARE(world.data().getStatusValue(u"TimeDelta"_s), u"10"_s);
         QCOMPARE(world.data().getStatusValue(u"OutlookIncoming"_s), u"Inbox"_s);

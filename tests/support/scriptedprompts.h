@@ -7,8 +7,8 @@
 
 #include <deque>
 
-/// Answers the expected questions in order. An unexpected question, a wrong text or a left-over answer fails the
-/// test; nothing ever blocks.
+/// Answers the expected questions in order. An unexpected question, a wrong text or a left-over answer fails
+/// the test; nothing ever blocks.
 class ScriptedPrompts : public Prompts
 {
 public:
@@ -21,7 +21,10 @@ public:
     /// The next question must contain @p text; it gets @p answer.
     void expect(const QString& text, Answer answer = Answer::Ok) { m_expected.push_back({text, answer, {}}); }
     /// The next file question has this title and gets @p path.
-    void expectFile(const QString& title, const QString& path) { m_expected.push_back({title, Answer::Ok, path}); }
+    void expectFile(const QString& title, const QString& path)
+    {
+        m_expected.push_back({title, Answer::Ok, path});
+    }
     /// Takes any question as it comes, with this answer, until the test ends; for sweeps that count failures.
     void acceptAll(Answer answer) { m_default = answer; }
     [[nodiscard]] const QStringList& asked() const { return m_asked; }
@@ -36,8 +39,14 @@ public:
             return *m_default;
         return take(text).answer;
     }
-    QString openFile(const QString& title, const QString&, const QStringList&) override { return take(title).path; }
-    QString saveFile(const QString& title, const QString&, const QStringList&) override { return take(title).path; }
+    QString openFile(const QString& title, const QString&, const QStringList&) override
+    {
+        return take(title).path;
+    }
+    QString saveFile(const QString& title, const QString&, const QStringList&) override
+    {
+        return take(title).path;
+    }
 
 private:
     struct Expected
@@ -56,8 +65,8 @@ private:
         const Expected next = m_expected.front();
         m_expected.pop_front();
         if (!text.contains(next.text))
-            QTest::qFail(qPrintable(u"asked \"" + text + u"\" where \"" + next.text + u"\" was expected"), __FILE__,
-                         __LINE__);
+            QTest::qFail(qPrintable(u"asked \"" + text + u"\" where \"" + next.text + u"\" was expected"),
+                         __FILE__, __LINE__);
         return next;
     }
 

@@ -36,7 +36,8 @@ private:
 inline QString worldTemplate()
 {
     const QFileInfo memory(QStringLiteral("/dev/shm"));
-    return (memory.isDir() && memory.isWritable() ? memory.filePath() : QDir::tempPath()) + u"/jobwright-XXXXXX";
+    return (memory.isDir() && memory.isWritable() ? memory.filePath() : QDir::tempPath()) +
+           u"/jobwright-XXXXXX";
 }
 
 /// A session on a store of its own in a temporary folder.
@@ -54,7 +55,8 @@ public:
     void restart()
     {
         session.reset();
-        session = std::make_unique<Session>(folder.path(), [this] { return m_now; }, prompts, desktop);
+        session = std::make_unique<Session>(
+            folder.path(), [this] { return m_now; }, prompts, desktop);
     }
     DataJW& data() { return session->dataJW(); }
     void setNow(const QDateTime& now) { m_now = now; }

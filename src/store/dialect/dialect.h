@@ -11,11 +11,11 @@
 #include <variant>
 #include <vector>
 
-/// Statements are concatenated texts in the program's dialect: one Select, Insert, Update or Delete on the program's
-/// own tables. A statement is first split into its shape (the text without literals) and its literals; the shape is
-/// translated once and cached, the literals are bound as what the columns they meet are. So no literal of a user or a
-/// file ever reaches the engine as SQL. Every refusal is a StoreError (BadStatement, UnknownName or TypeMismatch)
-/// whose description names what was found and where.
+/// Statements are concatenated texts in the program's dialect: one Select, Insert, Update or Delete on the
+/// program's own tables. A statement is first split into its shape (the text without literals) and its
+/// literals; the shape is translated once and cached, the literals are bound as what the columns they meet
+/// are. So no literal of a user or a file ever reaches the engine as SQL. Every refusal is a StoreError
+/// (BadStatement, UnknownName or TypeMismatch) whose description names what was found and where.
 namespace dialect {
 
 enum class LiteralKind : quint8 {
@@ -42,16 +42,17 @@ struct Shape
 /// statement, statements of more than 1,000,000 characters and more than 1000 literals.
 Shape splitShape(QStringView statement);
 
-/// What a caller wants of a Select's rows. The statement stays as the program writes it; the engine is asked for no more.
+/// What a caller wants of a Select's rows. The statement stays as the program writes it; the engine is asked
+/// for no more.
 struct Want
 {
     enum Kind {
-        AllRows,    ///< the rows as the statement says
-        RowCount,   ///< one row with one column: how many rows there are
-        LastValue,  ///< one column of the last row
-        FirstRow,   ///< the first row only
-        OneColumn,  ///< one column of all rows
-        Exists,     ///< at most one row with one constant column
+        AllRows,   ///< the rows as the statement says
+        RowCount,  ///< one row with one column: how many rows there are
+        LastValue, ///< one column of the last row
+        FirstRow,  ///< the first row only
+        OneColumn, ///< one column of all rows
+        Exists,    ///< at most one row with one constant column
     };
     Kind kind = AllRows;
     QString column = {}; ///< for LastValue and OneColumn; empty means the first column
@@ -60,7 +61,8 @@ struct Want
 /// How a literal is bound.
 enum class BindAs : quint8 {
     Text,          ///< as text, numbers in their written form
-    StoredInteger, ///< into an integer column: "" is NULL, decimals are rounded, anything else must be a 32-bit number
+    StoredInteger, ///< into an integer column: "" is NULL, decimals are rounded, anything else must be a
+                   ///< 32-bit number
     StoredDate,    ///< into a date column: "" is NULL, any date form becomes ISO
     Number,        ///< compared with an integer column or used in arithmetic: "" is NULL
     Real,          ///< operand of arithmetic, always a real number, so that a division is a real division

@@ -332,7 +332,8 @@ void WorkbenchWindow::renderCompanyLabel()
 
 std::unique_ptr<QTextDocument> WorkbenchWindow::printableForm() const
 {
-    const auto open = std::ranges::find_if(m_screens, [](const ScreenView* screen) { return !screen->isHidden(); });
+    const auto open =
+        std::ranges::find_if(m_screens, [](const ScreenView* screen) { return !screen->isHidden(); });
     ScreenView* const screen = open == m_screens.end() ? m_screens.front() : *open;
     return ::printableForm(*screen, screen->form(), m_presenter.selection().selectedCompanyName());
 }
