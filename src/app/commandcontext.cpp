@@ -56,7 +56,7 @@ Session* CommandContext::openForWriting()
         auto lock = std::make_unique<InstanceLock>(folder);
         if (!lock->acquire()) {
             printError(lock->holder());
-            exitCode = InUse;
+            exitCode = lock->isHeldByAnother() ? InUse : StoreClosed;
             return nullptr;
         }
         m_impl->lock = std::move(lock);

@@ -13,7 +13,11 @@ QString essence(const QString& text)
     if (!text.startsWith(prefix))
         return text;
     const QStringList lines = text.mid(prefix.size()).split(QStringLiteral("\r\n"));
-    return lines.first().isEmpty() ? lines.value(3) : lines.first();
+    if (!lines.first().isEmpty())
+        return lines.first();
+    QStringList said = lines.mid(3);
+    said.removeAll(QStringLiteral("-------"));
+    return said.join(u'\n');
 }
 
 } // namespace

@@ -151,7 +151,7 @@ int startWorkbench(int& argc, char** argv, const StartOptions& options)
     if (!lock.acquire()) {
         printError(lock.holder());
         prompts.msgBox(lock.holder(), Buttons::Ok, QStringLiteral("Jobwright Message"));
-        return InUse;
+        return lock.isHeldByAnother() ? InUse : StoreClosed;
     }
 
     Session session(folder, systemClock(), prompts, desktop);

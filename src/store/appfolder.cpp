@@ -154,13 +154,18 @@ void InstanceLock::release()
     m_file->unlock();
 }
 
+bool InstanceLock::isHeldByAnother() const
+{
+    return m_file->error() == QLockFile::LockFailedError;
+}
+
 QString InstanceLock::holder() const
 {
+    if (!isHeldByAnother())
+        return tr("The folder cannot be written: either the disk is full, or you lack the right to write there.");
     qint64 process = 0;
     QString host;
     QString program;
-    if (m_file->error() == QLockFile::PermissionError)
-        return tr("The folder cannot be written: its lock file could not be made.");
     if (!m_file->getLockInfo(&process, &host, &program))
         return tr("Jobwright is open already on this folder.");
     return tr("Jobwright is open already on this folder (process %1 on %2).").arg(process).arg(host);
