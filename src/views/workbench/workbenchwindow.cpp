@@ -12,6 +12,7 @@
 #include "views/workbench/pipelineview.h"
 #include "views/workbench/positionview.h"
 #include "views/workbench/printableform.h"
+#include "views/workbench/screenframe.h"
 #include "views/workbench/workbenchtools.h"
 #include "workbench/companyscreen.h"
 #include "workbench/frmdata.h"
@@ -63,18 +64,21 @@ WorkbenchWindow::~WorkbenchWindow() = default;
 
 void WorkbenchWindow::buildFrames()
 {
-    m_screens = {new CompanyView(m_presenter.companyScreen(), this),
-                 new PositionView(m_presenter.positionScreen(), this),
-                 new ContactView(m_presenter.contactScreen(), this),
-                 new DocumentView(m_presenter.documentScreen(), this),
-                 new PipelineView(m_presenter.pipelineScreen(), this)};
-    for (ScreenView* screen : m_screens)
-        m_ui->layFrames->addWidget(screen);
-    const QString absent = tr("The questionnaire is not part of this version.");
+    const auto frame = [this](const QString& name, ScreenFrame::Builder builder) {
+        m_frames.push_back(new ScreenFrame(name, std::move(builder), this));
+        m_ui->layFrames->addWidget(m_frames.back());
+    };
+    frame(u"frmeCompany"_s, [this] { return new CompanyView(m_presenter.companyScreen(), this); });
+    frame(u"frmePosition"_s, [this] { return new PositionView(m_presenter.positionScreen(), this); });
+    frame(u"frmeContact"_s, [this] { return new ContactView(m_presenter.contactScreen(), this); });
+    frame(u"frmeDocument"_s, [this] { return new DocumentView(m_presenter.documentScreen(), this); });
+    frame(u"frmePipeline"_s, [this] { return new PipelineView(m_presenter.pipelineScreen(), this); });
+
+    FormBinder& company = m_frames.front()->build().binder();
     if (!m_presenter.navigator().hasScreen(u"FrmProfileComp"_s))
-        m_screens.front()->binder().lock(u"cmdProfile1"_s, absent);
+        company.lock(u"cmdProfile1"_s, tr("The questionnaire is not part of this version."));
     if (!m_presenter.toolAvailable(u"target"_s))
-        m_screens.front()->binder().lock(u"imgTgt"_s, tr("This company is on your target list."));
+        company.lock(u"imgTgt"_s, tr("This company is on your target list."));
 }
 
 void WorkbenchWindow::buildTabs()
@@ -276,8 +280,10 @@ void WorkbenchWindow::helpForField()
 
 void WorkbenchWindow::leaveField()
 {
-    for (ScreenView* screen : m_screens)
-        screen->binder().leaveField();
+    for (const ScreenFrame* frame : m_frames) {
+        if (frame->screen())
+            frame->screen()->binder().leaveField();
+    }
 }
 
 // --- What is shown
@@ -333,9 +339,9 @@ void WorkbenchWindow::renderCompanyLabel()
 std::unique_ptr<QTextDocument> WorkbenchWindow::printableForm() const
 {
     const auto open =
-        std::ranges::find_if(m_screens, [](const ScreenView* screen) { return !screen->isHidden(); });
-    ScreenView* const screen = open == m_screens.end() ? m_screens.front() : *open;
-    return ::printableForm(*screen, screen->form(), m_presenter.selection().selectedCompanyName());
+        std::ranges::find_if(m_frames, [](const ScreenFrame* frame) { return !frame->isHidden(); });
+    ScreenView& screen = (open == m_frames.end() ? m_frames.front() : *open)->build();
+    return ::printableForm(screen, screen.form(), m_presenter.selection().selectedCompanyName());
 }
 
 bool WorkbenchWindow::event(QEvent* event)

@@ -14,7 +14,7 @@ class QLabel;
 class QProgressBar;
 class QTextDocument;
 class QToolBar;
-class ScreenView;
+class ScreenFrame;
 
 namespace Ui {
 class WorkbenchWindow;
@@ -63,7 +63,7 @@ private:
     QSettings& m_layout;
     std::unique_ptr<Ui::WorkbenchWindow> m_ui;
     FormBinder* m_binder = nullptr;
-    std::vector<ScreenView*> m_screens; ///< in the order of their tabs
+    std::vector<ScreenFrame*> m_frames; ///< in the order of their tabs
     QAction* m_new = nullptr;
     QLabel* m_proc = nullptr;
     QLabel* m_position = nullptr;
