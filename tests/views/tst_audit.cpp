@@ -219,6 +219,7 @@ void TestAudit::everyRowOfTheFormHasItsControl()
 void TestAudit::noTextIsCutOffAtTheSmallestSize()
 {
     QWidget* window = view(u"frmData"_s);
+    QCoreApplication::processEvents(); // what the company's figures changed has reached the window's hint
     window->resize(window->minimumSizeHint());
     QCoreApplication::processEvents();
     for (const QLabel* label : window->findChildren<QLabel*>()) {
