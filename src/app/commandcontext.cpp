@@ -6,6 +6,16 @@
 #include "store/appfolder.h"
 #include "store/datajw.h"
 
+#include <QDeadlineTimer>
+#include <QFileInfo>
+#include <QThread>
+
+namespace {
+
+constexpr int makingMs = 5000;
+
+} // namespace
+
 struct CommandContext::Impl
 {
     ConsolePrompts prompts;
@@ -30,6 +40,12 @@ Session* CommandContext::openSession()
         exitCode = StoreClosed;
         return nullptr;
     }
+    // Several commands may meet in a new folder: one of them makes the store, the others wait for it.
+    InstanceLock making(folder);
+    const QDeadlineTimer patience(makingMs);
+    while (!m_impl->lock && !QFileInfo::exists(folder + u"/Postledger.db") && !making.acquire() &&
+           !patience.hasExpired())
+        QThread::msleep(20);
     auto session = std::make_unique<Session>(folder, systemClock(), m_impl->prompts, m_impl->desktop);
     const FileReport report = openOrCreateStore(*session, version);
     if (report.state != FileState::Good) {

@@ -11,12 +11,23 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <optional>
 
 namespace {
 
 QString tr(const char* text)
 {
     return QCoreApplication::translate("Commands", text);
+}
+
+/// A name on one line of a terminal: a line break or an escape in it stays harmless.
+QString onOneLine(QString name)
+{
+    for (QChar& c : name) {
+        if (c.category() == QChar::Other_Control)
+            c = u' ';
+    }
+    return name;
 }
 
 QString lastContactText(QDate date)
@@ -32,7 +43,7 @@ void printTable(Session& session, const QStringList& names)
                       tr("Contacts").rightJustified(11) + tr("Last contact").rightJustified(14)));
     for (const QString& name : names) {
         const CompanyFigures figures = CompanyScreen::gather(session, name);
-        printLine(QString(name.leftJustified(nameWidth, u' ', true) +
+        printLine(QString(onOneLine(name).leftJustified(nameWidth, u' ', true) +
                           QString::number(figures.positionCount).rightJustified(11) +
                           QString::number(figures.contactCount).rightJustified(11) +
                           lastContactText(figures.lastContact).rightJustified(14)));
@@ -71,12 +82,12 @@ int companies(CommandContext& context, bool table, bool json)
     else if (table)
         printTable(*session, names);
     else
-        std::ranges::for_each(names, printLine);
+        std::ranges::for_each(names, [](const QString& name) { printLine(onOneLine(name)); });
     return Done;
 }
 
 /// The company that the user means: the name itself in any case, else the only one that holds the text.
-QString findCompany(const QStringList& names, const QString& wanted)
+std::optional<QString> findCompany(const QStringList& names, const QString& wanted)
 {
     QStringList close;
     for (const QString& name : names) {
@@ -92,7 +103,7 @@ QString findCompany(const QStringList& names, const QString& wanted)
     else
         printError(tr("Several companies are called like that: %1")
                        .arg(close.mid(0, 10).join(QStringLiteral(", "))));
-    return {};
+    return std::nullopt;
 }
 
 int summary(CommandContext& context, const QString& wanted)
@@ -101,10 +112,10 @@ int summary(CommandContext& context, const QString& wanted)
     if (!session)
         return context.exitCode;
     // Stored names hold backquotes where the user types apostrophes.
-    const QString name = findCompany(session->dataJW().getCompanyNames(), text::quoteFix(wanted));
-    if (name.isEmpty())
+    const auto name = findCompany(session->dataJW().getCompanyNames(), text::quoteFix(wanted));
+    if (!name)
         return Failed;
-    QString summary = companySummary(CompanyScreen::gather(*session, name), session->today());
+    QString summary = companySummary(CompanyScreen::gather(*session, *name), session->today());
     printLine(summary.replace(text::crlf.toString(), QStringLiteral("\n")));
     return Done;
 }

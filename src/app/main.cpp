@@ -8,6 +8,8 @@
 #include <CLI/CLI.hpp>
 
 #include <clocale>
+#include <cstdio>
+#include <iostream>
 #include <langinfo.h>
 
 namespace {
@@ -25,7 +27,11 @@ void describe(CLI::App& app, Line& line)
 {
     app.set_version_flag("--version", std::string("Jobwright ") + JOBWRIGHT_VERSION);
     app.add_option("--folder", line.folder, "The application folder: database, logs, copies")
-        ->type_name("DIR");
+        ->type_name("DIR")
+        ->check([](const std::string& folder) {
+            // A script's empty variable must not lead to the user's own campaign.
+            return folder.empty() ? std::string("the folder's name is empty") : std::string();
+        });
     app.add_flag("--no-splash", line.noSplash, "Open the workbench at once");
     app.add_flag("--exit-when-shown", line.exitWhenShown,
                  "Leave again when the window is filled (for timing)")
@@ -47,6 +53,23 @@ void useUtf8Locale()
         qputenv("LC_ALL", "C.UTF-8");
 }
 
+bool hasDisplay()
+{
+    return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ||
+           qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+}
+
+/// What was printed must have arrived: a full disk behind ">" is a failure like any other.
+int finish(int code)
+{
+    std::cout.flush();
+    const bool written = std::fflush(stdout) == 0 && std::ferror(stdout) == 0 && std::cout.good();
+    if (written || code != Done)
+        return code;
+    printError(QStringLiteral("The output could not be written."));
+    return Failed;
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -58,7 +81,12 @@ int main(int argc, char** argv)
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
-        return app.exit(error) == 0 ? Done : WrongUsage;
+        return finish(app.exit(error) == 0 ? Done : WrongUsage);
+    }
+    if (!line.command && !hasDisplay()) {
+        printError(QStringLiteral(
+            "There is no display to open the workbench on. \"jobwright --help\" lists what works without."));
+        return Failed;
     }
     if (!line.command)
         return startWorkbench(argc, argv,
@@ -68,5 +96,5 @@ int main(int argc, char** argv)
     CommandContext context;
     context.folder = applicationFolder(QString::fromStdString(line.folder));
     context.version = QStringLiteral(JOBWRIGHT_VERSION);
-    return line.command(context);
+    return finish(line.command(context));
 }

@@ -20,6 +20,20 @@ QString csvField(const QString& value)
     return quoted ? QString(u'"' + QString(value).replace(u'"', QStringLiteral("\"\"")) + u'"') : value;
 }
 
+/// The columns' names; a later column of the same name (a join has them) gets a number, as an object holds
+/// one of each.
+QStringList distinctNames(const RecordSet& rows)
+{
+    QStringList names;
+    for (int i = 0; i < rows.columnCount(); ++i) {
+        QString name = rows.columnName(i);
+        for (int number = 2; names.contains(name); ++number)
+            name = rows.columnName(i) + u'_' + QString::number(number);
+        names.append(name);
+    }
+    return names;
+}
+
 } // namespace
 
 void print(const QString& text)
@@ -56,10 +70,11 @@ void printCsv(RecordSet rows)
 void printJson(RecordSet rows)
 {
     QJsonArray array;
+    const QStringList names = distinctNames(rows);
     for (rows.first(); !rows.atEnd(); rows.next()) {
         QJsonObject object;
         for (int i = 0; i < rows.columnCount(); ++i)
-            object.insert(rows.columnName(i), QJsonValue::fromVariant(rows.value(i)));
+            object.insert(names.at(i), QJsonValue::fromVariant(rows.value(i)));
         array.append(object);
     }
     printJson(array);

@@ -42,6 +42,15 @@ QString copyName(const QDateTime& now, const QString& kind)
            kind + u".db";
 }
 
+/// A path that no copy has yet: two steps within one second must not cost the first one its copy.
+QString freePath(const QString& folder, const QString& name)
+{
+    QString path = folder + u'/' + name;
+    for (int i = 2; QFileInfo::exists(path); ++i)
+        path = folder + u'/' + QString(name).insert(name.lastIndexOf(u'-'), QStringLiteral("-%1").arg(i));
+    return path;
+}
+
 /// Waits until the file's content is on the disk, so that its final name never stands for less.
 bool flushToDisk(const QString& path)
 {
@@ -174,7 +183,7 @@ bool copyBefore(Session& session, const QString& reason)
         if (!QDir().mkpath(folder))
             failure = tr("the folder %1 cannot be made").arg(folder);
         else
-            failure = copyTo(session.dataJW().database(), folder + u'/' + copyName(session.now(), reason));
+            failure = copyTo(session.dataJW().database(), freePath(folder, copyName(session.now(), reason)));
     } catch (const StoreError& error) {
         failure = error.description();
     }

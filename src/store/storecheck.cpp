@@ -83,6 +83,22 @@ std::vector<KeyUse> keysRunningOut(Database& database)
     return keyUse(database, keyWarning);
 }
 
+QString keysUsedUp(Database& database, const QStringList& tables)
+{
+    for (const KeyUse& use : keyUse(database, keyLimit - 1)) {
+        if (tables.contains(use.table))
+            return QCoreApplication::translate(
+                       "StoreCheck",
+                       "The table %1 has given out all its %2 keys, so nothing more can be saved in it. "
+                       "Nothing "
+                       "was changed. Please export the data (\"jobwright export restore.xml --restore\") and "
+                       "restore that file into a fresh folder.")
+                .arg(use.table)
+                .arg(keyLimit);
+    }
+    return {};
+}
+
 QString keyWarningText(const std::vector<KeyUse>& keys)
 {
     if (keys.empty())

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <vector>
 
@@ -37,6 +38,11 @@ StoreCheck checkStore(Database& database);
 
 /// The tables whose keys have passed keyWarning; quick, for every start.
 std::vector<KeyUse> keysRunningOut(Database& database);
+
+/// Why no further row may be stored in these tables: the text for the user, "" when each has a key left. A
+/// save that replaces a row must know it beforehand: with the new row out of reach, what belongs to the old
+/// one would be lost.
+QString keysUsedUp(Database& database, const QStringList& tables);
 
 /// What to tell the user about them, and what to do; "" for none.
 QString keyWarningText(const std::vector<KeyUse>& keys);

@@ -6,6 +6,8 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <QSaveFile>
 #include <QStringDecoder>
 
@@ -157,11 +159,37 @@ QString readText(const QString& path)
     return text;
 }
 
+/// Why nothing may be written to this path; "" when it may. The file's name is the user's (a setting, an
+/// argument), and writing replaces what is there: never one of the program's own files, nor anything that is
+/// no plain file.
+QString refusalOf(const Session& session, const QString& path)
+{
+    const QFileInfo target(path);
+    if (target.exists() && !target.isFile())
+        return QCoreApplication::translate("XmlExport", "it is no plain file");
+    const bool inFolder = QFileInfo(target.absolutePath()).canonicalFilePath() ==
+                          QFileInfo(session.folder()).canonicalFilePath();
+    static const QStringList own{u"Postledger.db"_s, u"Postledger.db-journal"_s, u"ErrorLog.txt"_s,
+                                 u"OpLog.txt"_s,     u"settings.ini"_s,          u"jobwright.lock"_s};
+    const QString real =
+        target.isSymLink() ? QFileInfo(target.symLinkTarget()).fileName() : target.fileName();
+    if (inFolder &&
+        (own.contains(target.fileName(), Qt::CaseInsensitive) || own.contains(real, Qt::CaseInsensitive)))
+        return QCoreApplication::translate("XmlExport", "it is one of the program's own files");
+    return {};
+}
+
 } // namespace
 
 QString xmlexport::write(Session& session, const QString& file, bool restore)
 {
     const QString path = QDir::isAbsolutePath(file) ? file : session.folder() + u'/' + file;
+    if (const QString refusal = refusalOf(session, path); !refusal.isEmpty()) {
+        session.logError(u"DataJW-CreateXML"_s + text::crlf +
+                         QCoreApplication::translate("XmlExport", "The file %1 could not be written: %2")
+                             .arg(path, refusal));
+        return {};
+    }
     QSaveFile target(path);
     const bool opened = target.open(QIODevice::WriteOnly);
     if (opened && writeDocument(session, target, restore) && target.commit()) {

@@ -112,7 +112,8 @@ void XmlImport::readCompany(pugi::xml_node record)
         insert.add("Name", name).add("ShortName", shortName).add("AddressKey", QString::number(address));
         key = storeKeyed(insert.add(company, companyColumns), u"Company"_s, u"CompanyKey"_s);
         show(u"Company Key: "_s + QString::number(key));
-    }
+    } else
+        noteKnown("Company", name);
     m_companies.add(oldKey, key);
     for (const pugi::xml_node& contact : m_file.contactsOf(oldKey))
         readContact(contact, name, key);
@@ -147,6 +148,7 @@ void XmlImport::readContact(pugi::xml_node record, const QString& company, Key c
     if (existing != 0) {
         // Somebody who is known already keeps the history of the store; the file's is dropped.
         tick(static_cast<int>(m_file.historiesOf(oldKey).size()));
+        noteKnown("Contact", first + u' ' + last);
         m_contacts.add(oldKey, existing);
         return;
     }
@@ -197,6 +199,8 @@ void XmlImport::readPosition(pugi::xml_node record, const QString& company, Key 
         insert.add("Expires", position.textOr("Expires", noDate));
         key = storeKeyed(insert, u"Position"_s, u"PositionKey"_s);
         show(u"Position Key"_s);
+    } else {
+        noteKnown("Position", position.text("Title"));
     }
     m_positions.add(oldKey, key);
 }
@@ -210,6 +214,7 @@ void XmlImport::readDocuments()
         tick();
         if (existing != 0) {
             m_documents.emplace_back(existing, existing);
+            noteKnown("Document", document.text("Document"));
             continue;
         }
         InsertText insert(u"INSERT INTO Document(");
@@ -256,6 +261,20 @@ void XmlImport::countOrphans()
                             .arg(QLatin1String(each.table), QLatin1String(each.owner)),
                         1);
     }
+}
+
+// In a merge a name that is known is what the user wants. A restore begins with empty tables: there the name
+// stands twice in the file, only the first one comes in, and the user is to know.
+void XmlImport::noteKnown(const char* table, const QString& name)
+{
+    if (!m_file.isRestore())
+        return;
+    ++m_lost;
+    m_data.logError(QCoreApplication::translate(
+                        "XmlImport", "DataJW-ImportXML: the name \"%1\" stands more than once among the "
+                                     "records of %2 in the file; only the first one came in.")
+                        .arg(name, QLatin1String(table)),
+                    1);
 }
 
 bool XmlImport::store(const InsertText& insert)

@@ -49,6 +49,9 @@ CompanyFigures CompanyScreen::gather(Session& session, const QString& name)
     if (company.isEmpty())
         return figures;
     const Key key = company.key(u"CompanyKey").value_or(0);
+    // A key that the program cannot work with leads to nothing; counting without one would count everybody's.
+    if (key == 0)
+        return figures;
     if (const QDate entered = company.date(u"EntryDate"); entered.isValid())
         figures.entryDate = entered;
     figures.positionCount = dataJW.getCount(u"Position"_s, true, u"CompanyKey"_s, key);

@@ -25,7 +25,7 @@ constexpr qsizetype longestRecord = 900'000;
 bool CompanyScreen::mayBeSaved(const QString& title)
 {
     // "<New>" names the selector's own entry: a company of that name could never be chosen again.
-    if (title.trimmed().isEmpty() || title == text::newEntry) {
+    if (title.trimmed().isEmpty() || text::newEntry.compare(title.trimmed(), Qt::CaseInsensitive) == 0) {
         m_workbench.showMessage(tr("Please select a company title to save in the database."));
         return false;
     }
@@ -39,10 +39,11 @@ bool CompanyScreen::mayBeSaved(const QString& title)
     qsizetype length = 0;
     for (const FieldRow& row : m_form.rows())
         length += row.save == SaveOn::Never ? 0 : fieldtext::toStored(m_form.text(row.control)).size();
-    if (length <= longestRecord)
-        return true;
-    m_workbench.showMessage(tr("These texts are too long to be saved. Please shorten the notes."));
-    return false;
+    if (length > longestRecord) {
+        m_workbench.showMessage(tr("These texts are too long to be saved. Please shorten the notes."));
+        return false;
+    }
+    return m_workbench.haveKeys({u"Company"_s, u"Address"_s});
 }
 
 Key CompanyScreen::keyToReplace(const QString& title)

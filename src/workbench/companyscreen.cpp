@@ -273,3 +273,18 @@ void CompanyScreen::fieldLeft(const QString& control)
     m_form.markClean(control);
     m_workbench.savedSbar();
 }
+
+bool CompanyScreen::mayLeave()
+{
+    bool unsaved = false;
+    for (const FieldRow& row : m_form.rows()) {
+        if (row.save != SaveOn::Leave || !m_form.isDirty(row.control))
+            continue;
+        fieldLeft(row.control);
+        const QString selected = m_workbench.selection().selectedCompanyName();
+        unsaved |= m_form.isDirty(row.control) && !text::isUnsaved(selected) && !text::isCategory(selected);
+    }
+    return !unsaved || m_workbench.showMessage(
+                           tr("A change on this screen could not be saved. Leave it and lose the change?"),
+                           Buttons::YesNoDefaultNo, tr("Change not saved")) == Answer::Yes;
+}

@@ -3,6 +3,7 @@
 
 #include "base/text.h"
 #include "store/datajw.h"
+#include "store/storecheck.h"
 #include "workbench/companyscreen.h"
 #include "workbench/contactscreen.h"
 #include "workbench/documentscreen.h"
@@ -109,6 +110,22 @@ Answer FrmData::showMessage(const QString& prompt, Buttons buttons, const QStrin
     return m_session.msgBox(prompt, buttons, title);
 }
 
+bool FrmData::haveKeys(const QStringList& tables)
+{
+    DataJW& dataJW = m_session.dataJW();
+    if (!dataJW.isConnected())
+        return true; // the save's own statements tell it
+    try {
+        const QString reason = keysUsedUp(dataJW.database(), tables);
+        if (!reason.isEmpty())
+            showMessage(reason);
+        return reason.isEmpty();
+    } catch (const StoreError& failure) {
+        m_session.logError(u"frmData - haveKeys"_s, 0, &failure);
+        return false;
+    }
+}
+
 QStringList FrmData::csvParse(const QString& keyList)
 {
     m_session.trace(u"frmdata - csvParse"_s);
@@ -153,6 +170,10 @@ void FrmData::selectCategory()
 
 void FrmData::cmbSelectionClick(const QString& text)
 {
+    if (!m_company->mayLeave()) {
+        m_form.setText(u"cmbSelection"_s, m_selection.selectedCompanyName());
+        return;
+    }
     clearPipeBoxes();
     setSelection(text);
     selectCategory();

@@ -86,6 +86,9 @@ public:
     void setSelection(const QString& name);
     /// Counts the records for the status bar; to be called where their number has changed.
     void updateCounts();
+    /// True when each of these tables has a key left for a new row; else the user has been told why nothing
+    /// was saved.
+    bool haveKeys(const QStringList& tables);
     /// Runs the whole list of start steps that a restore or another outside change calls for.
     void refresh();
 

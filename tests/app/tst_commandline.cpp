@@ -67,6 +67,7 @@ private slots:
         QTest::newRow("unknown command") << QStringList{u"frobnicate"_s} << 2 << QString();
         QTest::newRow("two commands") << QStringList{u"companies"_s, u"paths"_s} << 2 << QString();
         QTest::newRow("missing argument") << QStringList{u"summary"_s} << 2 << u"NAME"_s;
+        QTest::newRow("no display, no command") << QStringList{} << 1 << u"no display"_s;
         QTest::newRow("unknown company")
             << QStringList{u"summary"_s, u"Nobody & Sons"_s} << 1 << u"no company"_s;
         QTest::newRow("query, no statement")
@@ -158,6 +159,40 @@ private slots:
         QCOMPARE(refused.status, 1);
         QVERIFY2(!refused.error.isEmpty(), "a broken file was refused without a word");
         QCOMPARE(run(fresh, {u"companies"_s}).out, run(demo(), {u"companies"_s}).out);
+    }
+
+    void folderWithoutANameIsNotTheUsersOwn()
+    {
+        QProcess process;
+        process.start(QStringLiteral(JOBWRIGHT_PROGRAM), {u"--folder"_s, QString(), u"paths"_s});
+        QVERIFY(process.waitForFinished(60000));
+        QCOMPARE(process.exitCode(), 2);
+        QVERIFY(process.readAllStandardError().contains("name is empty"));
+    }
+
+    void outputThatDoesNotArriveIsAFailure()
+    {
+        QProcess process;
+        process.setStandardOutputFile(u"/dev/full"_s);
+        process.start(QStringLiteral(JOBWRIGHT_PROGRAM), {u"--folder"_s, demo(), u"companies"_s});
+        QVERIFY(process.waitForFinished(60000));
+        QCOMPARE(process.exitCode(), 1);
+        QVERIFY(process.readAllStandardError().contains("could not be written"));
+    }
+
+    void severalReadersInANewFolderAllSucceed()
+    {
+        QTemporaryDir folder;
+        std::vector<std::unique_ptr<QProcess>> readers;
+        for (int i = 0; i < 6; ++i) {
+            readers.push_back(std::make_unique<QProcess>());
+            readers.back()->start(QStringLiteral(JOBWRIGHT_PROGRAM),
+                                  {u"--folder"_s, folder.path(), u"companies"_s});
+        }
+        for (const auto& reader : readers) {
+            QVERIFY(reader->waitForFinished(60000));
+            QVERIFY2(reader->exitCode() == 0, reader->readAllStandardError().constData());
+        }
     }
 
     void settingIsWrittenAndRead()

@@ -67,6 +67,14 @@ private slots:
         QVERIFY(copies.filter(u"daily"_s).last().contains(u"2026-11-05"_s));
     }
 
+    void twoStepsInOneSecondKeepTwoCopies()
+    {
+        World world;
+        QVERIFY(copyBefore(*world.session, u"restore"_s));
+        QVERIFY(copyBefore(*world.session, u"restore"_s));
+        QCOMPARE(listCopies(world.folder.path()).filter(u"-restore.db"_s).size(), 2);
+    }
+
     void copyThatCannotBeMadeStopsTheStep()
     {
         World world;

@@ -1,5 +1,6 @@
 // What a written campaign file looks like, and that it brings back what was stored.
 #include "store/campaignfile.h"
+#include "store/storefile.h"
 
 #include <pugixml.hpp>
 
@@ -20,6 +21,8 @@ private slots:
     void controlCharactersAreLeftOut();
     void fileIsWholeOrNotThere();
     void unreadableTableWritesNoFile();
+    void ownFilesAreNeverWrittenOver_data();
+    void ownFilesAreNeverWrittenOver();
     void restoredStoreWritesTheSameFile();
 };
 
@@ -165,6 +168,27 @@ void TestXmlExport::restoredStoreWritesTheSameFile()
     const QStringList wanted = QString::fromStdString(text.str()).split(u'\n');
     for (qsizetype i = 0; i < wanted.size(); ++i)
         QCOMPARE(lines.value(i), wanted[i]);
+}
+
+void TestXmlExport::ownFilesAreNeverWrittenOver_data()
+{
+    QTest::addColumn<QString>("name");
+    for (const char* name : {"Postledger.db", "POSTLEDGER.DB", "ErrorLog.txt", "settings.ini",
+                             "./Postledger.db", "alias.xml", "folder"})
+        QTest::newRow(name) << QString::fromLatin1(name);
+}
+
+void TestXmlExport::ownFilesAreNeverWrittenOver()
+{
+    QFETCH(QString, name);
+    World world;
+    world.data().execQuery(u"INSERT INTO Company (Name) VALUES ('Acme')"_s);
+    QVERIFY(QDir(world.folder.path()).mkdir(u"folder"_s));
+    QVERIFY(QFile::link(world.session->databasePath(), world.folder.path() + u"/alias.xml"));
+    world.prompts.expect(u"could not be written"_s);
+    QCOMPARE(world.data().createXML(name, false), QString());
+    QCOMPARE(inspectStore(world.session->databasePath()).state, FileState::Good);
+    QCOMPARE(world.data().getCompanyNames(), QStringList{u"Acme"_s});
 }
 
 QTEST_GUILESS_MAIN(TestXmlExport)

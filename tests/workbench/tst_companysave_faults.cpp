@@ -152,6 +152,43 @@ private slots:
         QVERIFY2(mended.endsWith(u"|3/5/2024 3 3 3 3 3"), qPrintable(mended));
         QCOMPARE(bench.cells(u"Select Notes from Company where Name='Acme'"_s).size(), 600'000);
     }
+
+    void changeThatCannotBeWrittenIsNotLostUnasked()
+    {
+        Bench bench;
+        furnish(bench);
+        sqlite3* const handle = bench.data().database().handle();
+        sqlite3_exec(handle, "PRAGMA max_page_count=1", nullptr, nullptr, nullptr);
+        bench.type(u"txtCompanyNotes"_s, QString(600'000, u'n'));
+        bench.world.prompts.expect(u"full"_s); // at leaving the field
+        bench.company().fieldLeft(u"txtCompanyNotes"_s);
+        bench.world.prompts.expect(u"full"_s); // tried again when another company is chosen
+        bench.world.prompts.expect(u"could not be saved"_s, Answer::No);
+        bench.frm->cmbSelectionClick(u"Bolt"_s);
+        QCOMPARE(bench.frm->selection().selectedCompanyName(), u"Acme"_s);
+        QCOMPARE(bench.shown(u"txtCompanyNotes"_s).size(), 600'000);
+
+        sqlite3_exec(handle, "PRAGMA max_page_count=1000000", nullptr, nullptr, nullptr);
+        bench.frm->cmbSelectionClick(u"Bolt"_s);
+        QCOMPARE(bench.frm->selection().selectedCompanyName(), u"Bolt"_s);
+        QCOMPARE(bench.cells(u"Select Notes from Company where Name='Acme'"_s).size(), 600'000);
+    }
+
+    void saveWithoutAKeyLeftChangesNothing()
+    {
+        Bench bench;
+        furnish(bench);
+        sqlite3_exec(bench.data().database().handle(),
+                     "UPDATE sqlite_sequence SET seq=32767 WHERE name='Company'", nullptr, nullptr, nullptr);
+        bench.world.prompts.expect(u"given out all its 32767 keys"_s);
+        bench.company().cmdUpdate1();
+        QCOMPARE(state(bench), before);
+        // One key is enough.
+        sqlite3_exec(bench.data().database().handle(),
+                     "UPDATE sqlite_sequence SET seq=32766 WHERE name='Company'", nullptr, nullptr, nullptr);
+        bench.company().cmdUpdate1();
+        QVERIFY(state(bench).startsWith(u"32767|"_s));
+    }
 };
 
 QTEST_GUILESS_MAIN(TestCompanySaveFaults)
