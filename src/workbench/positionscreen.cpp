@@ -44,7 +44,10 @@ PositionScreen::PositionScreen(FrmData& workbench)
     , m_form(positionForm())
 {
     m_form.setEnabled(u"cmdJProfile1"_s, workbench.navigator().hasScreen(u"FrmProfileJob"_s));
-    clearPositionForm();
+    // The shell around is still being built: the form's own part of its empty state only.
+    clearContacts();
+    m_form.setText(u"dtpExpires"_s,
+                   workbench.session().today().addDays(defaultExpiryDays).toString(Qt::ISODate));
     // The position shown belongs to the company that was selected; with another one, or after that company's
     // removal, nobody may act on its key.
     connect(&workbench.selection(), &Selection::selectedCompanyNameChanged, this,
@@ -146,6 +149,11 @@ void PositionScreen::clearPositionForm()
     m_workbench.selection().currentPositionKey = 0;
     showExpires(m_workbench.session().today().addDays(defaultExpiryDays));
     emit changed();
+}
+
+QString PositionScreen::nextStep() const
+{
+    return PipelineSteps::nextStep(m_progress);
 }
 
 void PositionScreen::trimTitle()

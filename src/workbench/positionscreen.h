@@ -31,6 +31,8 @@ public:
     [[nodiscard]] TreeModel& tvwContacts() { return m_contacts; }
     /// Length of the bar shpProgress: the furthest step done, 0 (none) to 11.
     [[nodiscard]] int progress() const { return m_progress; }
+    /// What to do next for this position; empty when nothing is left.
+    [[nodiscard]] QString nextStep() const;
     /// Place of the pointer shpJPtr: the share of its questionnaire that the company (to the right) and the
     /// position (upward) reach, from 0 to 1 and above.
     [[nodiscard]] double companyPlace() const { return m_companyPlace; }

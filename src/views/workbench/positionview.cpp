@@ -87,7 +87,11 @@ void PositionView::setIcons()
 
 void PositionView::render()
 {
-    m_ui->shpProgress->setValue(m_presenter.progress());
+    const int step = m_presenter.progress();
+    m_ui->shpProgress->setValue(step);
+    const QString next = m_presenter.nextStep();
+    m_ui->lblStep->setText(next.isEmpty() ? tr("step %1 of 11").arg(step)
+                                          : tr("step %1 of 11, next: %2").arg(QString::number(step), next));
     m_ui->shpJPtr->setPointer(m_presenter.companyPlace(), m_presenter.positionPlace());
     m_ui->chkExpires->setChecked(m_presenter.hasExpiry());
 }
