@@ -52,7 +52,10 @@ void PositionScreen::cmdUpdatePos1()
         saved = upPosx({}, {});
     } else {
         const RecordSet row = m_workbench.session().dataJW().getPositionByKey(key);
-        saved = upPosx(storedSteps(row), row.text(u"OfferStatus"));
+        if (row.isEmpty())
+            tellUnreadable();
+        else
+            saved = upPosx(storedSteps(row), row.text(u"OfferStatus"));
     }
     if (saved)
         reloadPipeline();
@@ -85,6 +88,12 @@ bool PositionScreen::mayBeSaved()
     return false;
 }
 
+void PositionScreen::tellUnreadable()
+{
+    m_workbench.showMessage(
+        tr("The position could not be read from the database, so nothing was saved or changed."));
+}
+
 bool PositionScreen::titleIsTaken()
 {
     // Positions are found by title within their company: of two with the same one could be reached no more.
@@ -103,8 +112,7 @@ bool PositionScreen::upPosx(const QString& stepValues, const QString& offerStatu
     Action action(dataJW);
     const std::optional<Replacement> record = prepare(stepValues, offerStatus);
     if (!record) {
-        m_workbench.showMessage(
-            tr("The position could not be read from the database, so nothing was saved or changed."));
+        tellUnreadable();
         return false;
     }
     const Key newKey = replaceRow(*record);
@@ -112,9 +120,15 @@ bool PositionScreen::upPosx(const QString& stepValues, const QString& offerStatu
     // try.
     if (!action.commit())
         return false;
-    if (newKey > 0) {
+    if (newKey > 0 && newKey != record->oldKey) {
         showSaved(newKey);
         return true;
+    }
+    if (newKey > 0) {
+        // The old row could not be deleted and hides the new one, which has its title. The form stays as
+        // typed, and the next save takes both away.
+        m_twin = dataJW.getLastKeyInTable(u"Position"_s, u"PositionKey"_s);
+        return false;
     }
     // The old row is gone and the new one did not get in. What only the old row knew is kept for the next
     // try, and nobody else may act on a key without a row.
@@ -179,6 +193,7 @@ Key PositionScreen::replaceRow(const Replacement& record)
 {
     DataJW& dataJW = m_workbench.session().dataJW();
     dataJW.delRecord(record.oldKey, u"Position"_s);
+    dataJW.delRecord(m_twin, u"Position"_s);
     const bool inserted = dataJW.execQuery(record.insert);
     // The journal of versions takes what the user wrote even if the position itself could not.
     dataJW.execQuery(QString(record.insert).replace(0, insertStart.size(), insertStart + u"Recovery"));
@@ -199,7 +214,7 @@ Key PositionScreen::replaceRow(const Replacement& record)
 void PositionScreen::showSaved(Key newKey)
 {
     m_workbench.selection().currentPositionKey = newKey;
-    m_lost.reset();
+    forgetFailedSave();
     loadPositionList();
     const RecordSet row = m_workbench.session().dataJW().getPositionByKey(newKey);
     // What was typed is what was stored; it stays when it cannot be shown anew.

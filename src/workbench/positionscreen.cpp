@@ -125,7 +125,7 @@ void PositionScreen::fillPosForm(const RecordSet& record)
         const StoreError overflow(tr("Overflow"), StoreError::Overflow, u"Jobwright"_s);
         session.logError(u"frmData - fillPosForm (Position)"_s, 0, &overflow);
     }
-    m_lost.reset();
+    forgetFailedSave();
     m_workbench.selection().currentPositionKey = key.value_or(0);
     for (const FieldRow& row : m_form.rows()) {
         if (!row.column.isEmpty() && row.save != SaveOn::Change)
@@ -144,7 +144,7 @@ void PositionScreen::clearPositionForm()
 {
     m_form.clear();
     clearContacts();
-    m_lost.reset();
+    forgetFailedSave();
     m_progress = 0;
     m_workbench.selection().currentPositionKey = 0;
     showExpires(m_workbench.session().today().addDays(defaultExpiryDays));
@@ -154,6 +154,12 @@ void PositionScreen::clearPositionForm()
 QString PositionScreen::nextStep() const
 {
     return PipelineSteps::nextStep(m_progress);
+}
+
+void PositionScreen::forgetFailedSave()
+{
+    m_lost.reset();
+    m_twin = 0;
 }
 
 void PositionScreen::trimTitle()

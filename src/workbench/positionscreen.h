@@ -110,6 +110,8 @@ private:
     void saveWhenAuto();
 
     [[nodiscard]] bool mayBeSaved();
+    void tellUnreadable();
+    void forgetFailedSave();
     [[nodiscard]] bool titleIsTaken();
     [[nodiscard]] std::optional<Replacement> prepare(const QString& stepValues, const QString& offerStatus);
     [[nodiscard]] QString values(const QString& entryDate, const QString& stepValues,
@@ -125,6 +127,7 @@ private:
     TreeModel m_contacts;
     QPersistentModelIndex m_selectedContact;
     std::optional<LostRow> m_lost;
+    Key m_twin = 0; ///< the row that a save added beside the one it could not delete
     int m_progress = 0;
     double m_companyPlace = 0;
     double m_positionPlace = 0;

@@ -90,8 +90,8 @@ void PositionView::render()
     const int step = m_presenter.progress();
     m_ui->shpProgress->setValue(step);
     const QString next = m_presenter.nextStep();
-    m_ui->lblStep->setText(next.isEmpty() ? tr("step %1 of 11").arg(step)
-                                          : tr("step %1 of 11, next: %2").arg(QString::number(step), next));
+    m_ui->lblStep->setText(next.isEmpty() ? tr("Step %1 of 11").arg(step)
+                                          : tr("Step %1 of 11. Next: %2").arg(QString::number(step), next));
     m_ui->shpJPtr->setPointer(m_presenter.companyPlace(), m_presenter.positionPlace());
     m_ui->chkExpires->setChecked(m_presenter.hasExpiry());
 }
