@@ -160,8 +160,8 @@ std::optional<PositionScreen::Replacement> PositionScreen::prepare(const QString
     const Key company = dataJW.getCompanyKey(companyName());
     if (front.isEmpty() || company <= 0)
         return std::nullopt;
-    record.insert = front + values(record.entryDate, stepValues, offerStatus) + QString::number(company) + u",'" +
-                    expiryText() + u"')";
+    record.insert = front + values(record.entryDate, stepValues, offerStatus) + QString::number(company) +
+                    u",'" + expiryText() + u"')";
     return record;
 }
 
@@ -203,8 +203,8 @@ Key PositionScreen::replaceRow(const Replacement& record)
     if (newKey <= 0) // not found by its title, but the highest key is that of the row just added
         newKey = dataJW.getLastKeyInTable(u"Position"_s, u"PositionKey"_s);
     if (record.oldKey > 0 && newKey > 0 && newKey != record.oldKey) {
-        const QString moved =
-            u" PositionKey=" + QString::number(newKey) + u" where PositionKey=" + QString::number(record.oldKey);
+        const QString moved = u" PositionKey=" + QString::number(newKey) + u" where PositionKey=" +
+                              QString::number(record.oldKey);
         dataJW.execQuery(u"Update Event Set" + moved);
         dataJW.execQuery(u"Update JProfile set" + moved);
     }

@@ -40,10 +40,11 @@ void TestPositionSave::newPositionIsInserted()
     for (int step = 0; step < 11; ++step)
         steps += u"'12/31/1999',0,"_s;
     const QString columns = bench.data().getFields(u"Position"_s).mid(1).join(u',');
-    const QString values = u" ( "_s + columns + u" ) VALUES ('Master`s Welder','11/22/2026','','','steel','','','',"_s +
-                           steps + u"'','','fair','',1,'12/22/2026')";
-    QCOMPARE(sent.filter(u"INSERT"_s), (QStringList{u"INSERT INTO Position"_s + values,
-                                                    u"INSERT INTO PositionRecovery"_s + values}));
+    const QString values = u" ( "_s + columns +
+                           u" ) VALUES ('Master`s Welder','11/22/2026','','','steel','','','',"_s + steps +
+                           u"'','','fair','',1,'12/22/2026')";
+    QCOMPARE(sent.filter(u"INSERT"_s),
+             (QStringList{u"INSERT INTO Position"_s + values, u"INSERT INTO PositionRecovery"_s + values}));
     QVERIFY(sent.filter(u"Delete"_s).isEmpty());
     QCOMPARE(bench.currentKey(), Key(2));
     QCOMPARE(bench.field(u"cmbPosSelection"_s), u"Master`s Welder"_s);
@@ -68,9 +69,10 @@ void TestPositionSave::newPositionWithoutExpiryAndWithPeople()
     bench.assign(u"Bob Orr"_s);
     bench.assign(u"Ann Lee"_s);
     bench.position().cmdUpdatePos1();
-    QCOMPARE(bench.cells(u"Select EntryDate,ContactList,Expires,CompanyKey,InfoContactMedium from Position where "
-                         "Title='Welder'"_s),
-             u"11/22/2026|3,1|12/31/1999|1|0"_s);
+    QCOMPARE(
+        bench.cells(u"Select EntryDate,ContactList,Expires,CompanyKey,InfoContactMedium from Position where "
+                    "Title='Welder'"_s),
+        u"11/22/2026|3,1|12/31/1999|1|0"_s);
 }
 
 void TestPositionSave::existingPositionGetsANewKeyAndKeepsTheRest()
@@ -123,7 +125,8 @@ void TestPositionSave::savedAgainAndAgainStaysTheSame()
     for (int saves = 0; saves < 3; ++saves)
         bench.position().cmdUpdatePos1();
     QCOMPARE(bench.cells(u"Select "_s + columns + u" from Position"), once);
-    QCOMPARE(bench.cells(u"Select PositionKey,Interview,InterviewMedium,SentResume,SentResumeMedium from Position"_s),
+    QCOMPARE(bench.cells(
+                 u"Select PositionKey,Interview,InterviewMedium,SentResume,SentResumeMedium from Position"_s),
              u"5|12/31/1999|0|12/31/1999|0"_s);
 }
 
@@ -136,7 +139,8 @@ void TestPositionSave::typedTitleRenames()
     bench.edit(u"txtPosTitle"_s, u"Lead Engineer"_s);
     bench.position().cmdUpdatePos1();
     QCOMPARE(bench.cells(u"Select PositionKey,Title from Position"_s), u"3|Lead Engineer"_s);
-    QCOMPARE(bench.position().form().items(u"cmbPosSelection"_s), (QStringList{u"Lead Engineer"_s, u"<New>"_s}));
+    QCOMPARE(bench.position().form().items(u"cmbPosSelection"_s),
+             (QStringList{u"Lead Engineer"_s, u"<New>"_s}));
     QCOMPARE(bench.field(u"cmbPosSelection"_s), u"Lead Engineer"_s);
 }
 
@@ -155,8 +159,8 @@ void TestPositionSave::refusedSavesWriteNothing_data()
     QTest::newRow("no title") << u"Acme"_s << u"Engineer"_s << QString() << noTitle;
     QTest::newRow("blanks") << u"Acme"_s << u"<New>"_s << u"  "_s << noTitle;
     QTest::newRow("the box's own entry") << u"Acme"_s << u"<New>"_s << u"<New>"_s << noTitle;
-    QTest::newRow("new with a known title") << u"Acme"_s << u"<New>"_s << u"engineer"_s
-                                            << u"already called \"engineer\""_s;
+    QTest::newRow("new with a known title")
+        << u"Acme"_s << u"<New>"_s << u"engineer"_s << u"already called \"engineer\""_s;
     QTest::newRow("another's title") << u"Acme"_s << u"Planner"_s << u"Engineer"_s
                                      << u"already called \"Engineer\""_s;
 }
@@ -188,7 +192,8 @@ void TestPositionSave::sameTitleAtAnotherCompanyIsFine()
     bench.open(u"Bolt"_s, u"<New>"_s);
     bench.edit(u"txtPosTitle"_s, u"Engineer"_s);
     bench.position().cmdUpdatePos1();
-    QCOMPARE(bench.cells(u"Select PositionKey,CompanyKey from Position order by PositionKey"_s), u"1|1;2|2"_s);
+    QCOMPARE(bench.cells(u"Select PositionKey,CompanyKey from Position order by PositionKey"_s),
+             u"1|1;2|2"_s);
     QCOMPARE(bench.currentKey(), Key(2));
 }
 

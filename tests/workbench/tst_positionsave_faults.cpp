@@ -15,8 +15,8 @@ void furnish(PositionBench& bench)
     bench.edit(u"txtPosNotes"_s, u"new notes"_s);
 }
 
-/// One line for the whole state: Engineer's rows, then the owners of event and questionnaire and the number of
-/// versions in the journal. Keys: 1 is the old row, 3 the new one.
+/// One line for the whole state: Engineer's rows, then the owners of event and questionnaire and the number
+/// of versions in the journal. Keys: 1 is the old row, 3 the new one.
 QString state(PositionBench& bench)
 {
     return QStringList{bench.rowsCalled(u"Engineer"_s), bench.cells(u"Select PositionKey from Event"_s),
@@ -44,7 +44,8 @@ const std::vector<Fault> faults{
     {u"Select * from company where name="_s, before},
     {u"Select * from Contact where ContactKey=1"_s, after}, // found again by its name
     {u"Select * from Contact where ContactKey=3"_s, after},
-    {u"Delete * from Position"_s, QString(u'1' + row + u";3" + row + u" 1 1 1")}, // the old row is found by title
+    {u"Delete * from Position"_s,
+     QString(u'1' + row + u";3" + row + u" 1 1 1")}, // the old row is found by title
     {u"INSERT INTO Position"_s, u" 1 1 1"_s},
     {u"INSERT INTO PositionRecovery"_s, QString(u'3' + row + u" 3 3 0")},
     {u"Select * from company where name="_s, after}, // not found by title: the highest key is taken
@@ -137,7 +138,8 @@ private slots:
         furnish(bench);
         bench.edit(u"txtPosNotes"_s, QString(600'000, u'n'));
         sqlite3* const handle = bench.data().database().handle();
-        sqlite3_exec(handle, "PRAGMA max_page_count=1", nullptr, nullptr, nullptr); // no page more than there are
+        sqlite3_exec(handle, "PRAGMA max_page_count=1", nullptr, nullptr,
+                     nullptr); // no page more than there are
         bench.world.prompts.acceptAll(Answer::Ok);
         bench.position().cmdUpdatePos1();
         QCOMPARE(state(bench), before);

@@ -63,7 +63,8 @@ void TestPositionScreen::newEntryEmptiesTheForm()
     PositionBench bench;
     bench.open(u"Acme"_s, u"Engineer"_s);
     QString focused;
-    connect(&bench.position().form(), &Form::focusRequested, this, [&](const QString& name) { focused = name; });
+    connect(&bench.position().form(), &Form::focusRequested, this,
+            [&](const QString& name) { focused = name; });
     if (byToolbar)
         bench.frm->tbarButtonClick(u"new"_s);
     else
@@ -128,8 +129,8 @@ void TestPositionScreen::fieldLeftIsStored()
     QVERIFY(bench.frm->procVisible());
     QCOMPARE(bench.frm->procText(), u"Update Position"_s);
     const QStringList sent = bench.statements([&] { bench.position().fieldLeft(control); });
-    QCOMPARE(sent.last(), QString(u"Update Position set " + column +
-                                  u"='it`s\r\nhard`); Delete' where positionkey=1"));
+    QCOMPARE(sent.last(),
+             QString(u"Update Position set " + column + u"='it`s\r\nhard`); Delete' where positionkey=1"));
     QCOMPARE(bench.cells(u"Select "_s + column + u" from Position where PositionKey=1"),
              u"it`s\r\nhard`); Delete"_s);
     QVERIFY(!bench.cells(u"Select "_s + column + u" from Position where PositionKey=2").contains(u"hard"_s));
@@ -254,11 +255,13 @@ void TestPositionScreen::assignedContactMovesTheStep()
     bench.assign(u"Mary Jo Ray"_s); // a first name of two words
     QCOMPARE(bench.assigned(), QStringList{u"Mary Jo Ray"_s});
     QVERIFY(bench.frm->procVisible());
-    QCOMPARE(bench.cells(u"Select InfoContact,InfoContactMedium,ContactList from Position order by PositionKey"_s),
-             u"12/31/1999|0|1,3;11/22/2026|6|"_s);
+    QCOMPARE(
+        bench.cells(u"Select InfoContact,InfoContactMedium,ContactList from Position order by PositionKey"_s),
+        u"12/31/1999|0|1,3;11/22/2026|6|"_s);
     QCOMPARE(bench.position().progress(), 3);
     bench.position().cmdUpdatePos1();
-    QCOMPARE(bench.cells(u"Select ContactList,InfoContactMedium from Position where Title='Planner'"_s), u"2|6"_s);
+    QCOMPARE(bench.cells(u"Select ContactList,InfoContactMedium from Position where Title='Planner'"_s),
+             u"2|6"_s);
 }
 
 void TestPositionScreen::refusedAssignmentsChangeNothing_data()
@@ -310,7 +313,8 @@ void TestPositionScreen::autosaveBringsTheListIntoTheStore()
     bench.world.session->autosave = true;
     bench.open(u"Acme"_s, u"Engineer"_s);
     bench.assign(u"Mary Jo Ray"_s);
-    QCOMPARE(bench.cells(u"Select PositionKey,ContactList,InfoContactMedium from Position"_s), u"2|1,3,2|6"_s);
+    QCOMPARE(bench.cells(u"Select PositionKey,ContactList,InfoContactMedium from Position"_s),
+             u"2|1,3,2|6"_s);
     bench.position().selectContact(
         bench.position().tvwContacts().index(0, 0, bench.position().tvwContacts().index(0, 0)));
     bench.position().cmdRemoveContactAssign1();
@@ -350,8 +354,9 @@ void TestPositionScreen::questionnaireNeedsASavedPosition()
 {
     PositionBench bench;
     bench.open(u"Acme"_s, u"<New>"_s);
-    bench.world.prompts.expect(u"No existing position has been selected.\r\nMake sure you saved and selected any "
-                               "position data prior to creating a profile."_s);
+    bench.world.prompts.expect(
+        u"No existing position has been selected.\r\nMake sure you saved and selected any "
+        "position data prior to creating a profile."_s);
     bench.position().cmdJProfile1();
     QVERIFY(bench.navigator.opened.isEmpty());
     bench.position().cmbPosSelectionClick(u"Engineer"_s);
