@@ -97,11 +97,8 @@ void PositionScreen::tellUnreadable()
 bool PositionScreen::titleIsTaken()
 {
     // Positions are found by title within their company: of two with the same one could be reached no more.
-    const QString title = text::quoteFix(m_form.text(u"txtPosTitle"_s));
-    const QString shown = m_form.text(u"cmbPosSelection"_s).trimmed();
-    if (!text::isUnsaved(shown) && shown.compare(title, Qt::CaseInsensitive) == 0)
-        return false;
-    const Key other = m_workbench.session().dataJW().getPositionKey(title, companyName());
+    const Key other = m_workbench.session().dataJW().getPositionKey(
+        text::quoteFix(m_form.text(u"txtPosTitle"_s)), companyName());
     return other != 0 && other != m_workbench.selection().currentPositionKey;
 }
 
