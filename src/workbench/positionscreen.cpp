@@ -27,3 +27,10 @@ void PositionScreen::newRecord() {}
 void PositionScreen::showPosition(const QString&) {}
 
 void PositionScreen::trimTitle() {}
+
+void PositionScreen::fillPosForm(const RecordSet&) {}
+
+bool PositionScreen::upPosx(const QString&, const QString&)
+{
+    return false;
+}

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/form.h"
+#include "store/recordset.h"
 
 #include <QObject>
 
@@ -27,6 +28,11 @@ public:
     void newRecord();
     /// Shows a position of the selected company by its title.
     void showPosition(const QString& title);
+    /// Shows the position at which @p record stands, and makes it the current one.
+    void fillPosForm(const RecordSet& record);
+    /// Writes the form's position anew, with these values of the eleven steps ("'date',medium," each) and this offer
+    /// status. False when the row did not get into the store.
+    bool upPosx(const QString& stepValues, const QString& offerStatus);
     /// Trims txtPosTitle: the shell asks for it at every change of any screen's field.
     void trimTitle();
 
