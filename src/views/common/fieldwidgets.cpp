@@ -38,6 +38,9 @@ QString checked(bool on)
 /// A label keeps its mnemonic when the program gives it another text: the letter stands in its property.
 QString withMnemonic(const QLabel& label, const QString& text)
 {
+    // Without a field to go to an ampersand is no mnemonic, and is drawn as it stands.
+    if (!label.buddy())
+        return text;
     const QString letter = label.property("mnemonic").toString();
     QString shown = QString(text).replace(u'&', u"&&"_s);
     const auto place = letter.isEmpty() ? -1 : shown.indexOf(letter, 0, Qt::CaseInsensitive);

@@ -42,6 +42,7 @@ PipelineView::PipelineView(PipelineScreen& presenter, QWidget* parent)
     buildBars();
     look::dress(*this);
     dressTexts();
+    orderTabs();
     buildTree();
     m_ui->splPipeline->setSizes({270, 540, 320});
     m_binder = new FormBinder(presenter.form(), presenter, *this);
@@ -102,6 +103,7 @@ void PipelineView::buildStep(QGridLayout& grid, int index)
     grid.addWidget(date, index, 1);
     grid.addWidget(medium, index, 2);
     m_ticks.push_back(tick);
+    m_dates.push_back(date);
     m_mediums.push_back(medium);
 }
 
@@ -132,6 +134,20 @@ void PipelineView::buildBars()
         grid.addWidget(bar, 2 * index + 1, 0, 1, 2);
         m_bars.push_back({label, figure, bar});
     }
+}
+
+void PipelineView::orderTabs()
+{
+    // Steps and bars are made after the rest, but stand in its midst.
+    QWidgetList order{m_ui->txtFind, m_ui->tvwHire, m_ui->cmdRefresh1, m_ui->imgOpenContact1};
+    for (size_t index = 0; index < m_ticks.size(); ++index)
+        order.append({m_ticks[index], m_dates[index], m_mediums[index]});
+    order.append({m_ui->optProg1, m_ui->optProg2, m_ui->optProg3, m_ui->cmdVisualBack, m_ui->cmdVisualNext});
+    for (const BarRow& row : m_bars)
+        order.append(row.label);
+    order.append(m_ui->cmdUpdateTrack1);
+    for (qsizetype place = 1; place < order.size(); ++place)
+        setTabOrder(order.at(place - 1), order.at(place));
 }
 
 void PipelineView::buildTree()

@@ -15,6 +15,7 @@ class QGridLayout;
 class QLabel;
 class QProgressBar;
 class QToolButton;
+class StepDateEdit;
 
 namespace Ui {
 class PipelineView;
@@ -50,6 +51,7 @@ private:
     void buildStep(QGridLayout& grid, int index);
     void buildBars();
     void buildTree();
+    void orderTabs();
     void dressTexts();
     void tintNextStep();
     void choose(const QModelIndex& index, bool alone);
@@ -62,6 +64,7 @@ private:
     std::unique_ptr<Ui::PipelineView> m_ui;
     FormBinder* m_binder = nullptr;
     std::vector<QCheckBox*> m_ticks;
+    std::vector<StepDateEdit*> m_dates;
     std::vector<QToolButton*> m_mediums;
     std::vector<BarRow> m_bars;
     bool m_choosing = false; ///< the program moves in the tree, not the user

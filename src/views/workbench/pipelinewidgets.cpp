@@ -87,8 +87,8 @@ namespace mediums {
 QIcon picture(const QString& tag)
 {
     loadMediumPictures();
-    const QString file = u":/jobwright/mediums/%1.svg"_s.arg(tag.toLower());
-    return tag.isEmpty() || !QFile::exists(file) ? QIcon() : icons::inPaletteInk(QIcon(file));
+    const QString file = u":/jobwright/mediums/%1.svg"_s.arg(tag.isEmpty() ? u"none"_s : tag.toLower());
+    return QFile::exists(file) ? icons::inPaletteInk(QIcon(file)) : QIcon();
 }
 
 } // namespace mediums

@@ -48,7 +48,8 @@ protected:
 
 namespace mediums {
 
-/// The picture of a medium by its tag ("Phone"), in the palette's text colour; null for a tag without one.
+/// The picture of a medium by its tag ("Phone"), in the palette's text colour; an empty circle for no medium,
+/// null for an unknown tag.
 [[nodiscard]] QIcon picture(const QString& tag);
 
 } // namespace mediums
