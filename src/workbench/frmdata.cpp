@@ -87,6 +87,14 @@ void FrmData::showProc(const QString& text)
     emit changed();
 }
 
+void FrmData::setPositionPanel(const QString& text)
+{
+    if (m_positionPanel == text)
+        return;
+    m_positionPanel = text;
+    emit changed();
+}
+
 void FrmData::updateCounts()
 {
     const auto counted = [](int number, const QString& one, const QString& many) {

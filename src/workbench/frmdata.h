@@ -51,6 +51,8 @@ public:
     [[nodiscard]] QString versionPanel() const; ///< first panel of the status bar
     [[nodiscard]] QString procText() const { return m_procText; }
     [[nodiscard]] bool procVisible() const { return m_procVisible; }
+    /// Third panel of the status bar: the state of the position shown ("Position EXPIRED"); empty: hidden.
+    [[nodiscard]] QString positionPanel() const { return m_positionPanel; }
     [[nodiscard]] QString currentTab() const { return m_currentTab; } ///< tab key of TabStrip1
     [[nodiscard]] QString newToolTip() const
     {
@@ -77,6 +79,7 @@ public:
     void savedSbar();
     /// Puts a text into the "proc" panel and shows it.
     void showProc(const QString& text);
+    void setPositionPanel(const QString& text);
     void clearPipeBoxes();
     QStringList csvParse(const QString& keyList);
     Answer showMessage(const QString& prompt, Buttons buttons = Buttons::Ok, const QString& title = {});
@@ -154,6 +157,7 @@ private:
     QString m_caption;
     QString m_procText;
     bool m_procVisible = false;
+    QString m_positionPanel;
     QString m_currentTab = QStringLiteral("Company");
     QString m_newToolTip;
     QString m_newImage;

@@ -73,6 +73,8 @@ void WorkbenchWindow::buildFrames()
     const QString absent = tr("The questionnaire is not part of this version.");
     if (!m_presenter.navigator().hasScreen(u"FrmProfileComp"_s))
         m_screens.front()->binder().lock(u"cmdProfile1"_s, absent);
+    if (!m_presenter.navigator().hasScreen(u"FrmProfileJob"_s))
+        m_screens.at(1)->binder().lock(u"cmdJProfile1"_s, absent);
     if (!m_presenter.toolAvailable(u"target"_s))
         m_screens.front()->binder().lock(u"imgTgt"_s, tr("This company is on your target list."));
 }
@@ -312,6 +314,8 @@ void WorkbenchWindow::render()
     m_new->setToolTip(tr("%1 (Ctrl+N)").arg(m_presenter.newToolTip()));
     m_proc->setText(m_presenter.procText());
     m_proc->setVisible(m_presenter.procVisible());
+    m_position->setText(m_presenter.positionPanel());
+    m_position->setVisible(!m_presenter.positionPanel().isEmpty());
     m_counts->setText(m_presenter.countsPanel());
     m_version->setText(m_presenter.versionPanel());
     renderCompanyLabel();
