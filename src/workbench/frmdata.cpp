@@ -298,7 +298,7 @@ void FrmData::showPipelineScreen()
         return;
     }
     m_form.setVisible(u"frmePipeline"_s, true);
-    m_form.setText(u"pbarLoad"_s, QString::number(companies)); // the bar's end; it begins at 0
+    m_form.setText(u"pbarLoad"_s, u"0/%1"_s.arg(companies));
     m_form.setVisible(u"pbarLoad"_s, true);
     loadPipelineFrame();
     m_form.setVisible(u"pbarLoad"_s, false);

@@ -42,7 +42,8 @@ public:
     [[nodiscard]] ContactScreen& contactScreen() { return *m_contact; }
     [[nodiscard]] DocumentScreen& documentScreen() { return *m_document; }
     [[nodiscard]] PipelineScreen& pipelineScreen() { return *m_pipeline; }
-    /// The shell's own controls: cmbSelection, Label45, the frames frmeCompany ... frmePipeline, pbarLoad.
+    /// The shell's own controls: cmbSelection, Label45, the frames frmeCompany ... frmePipeline, pbarLoad ("3/15" when
+    /// it stands at 3 of 15).
     [[nodiscard]] Form& form() { return m_form; }
     /// The items of cmbSelection: the company names in order, "<New>" last.
     [[nodiscard]] const QStringList& companyList() const { return m_companyList; }
