@@ -228,6 +228,8 @@ void PositionScreen::reloadPipeline()
 {
     m_workbench.pipelineScreen().load();
     m_workbench.selection().currentScreen = u"Position"_s;
+    // Showing an expired position raises the panel again, and nothing is left to be saved.
+    m_workbench.savedSbar();
 }
 
 void PositionScreen::cmdRemovePos1()

@@ -48,7 +48,10 @@ private slots:
         PositionBench bench;
         bench.open(u"Acme"_s, u"Engineer"_s);
         bench.edit(u"txtPosNotes"_s, u"new notes"_s);
+        bench.world.setNow(QDateTime(QDate(2027, 1, 5), QTime(9, 0))); // expired meanwhile
         bench.position().cmdUpdatePos1();
+        QVERIFY(!bench.frm->procVisible());
+        QCOMPARE(bench.frm->positionPanel(), u"Position EXPIRED"_s);
         QCOMPARE(bench.rowsCalled(u"Engineer"_s), u"2|3/5/2024|10/1/2026|4|10/9/2026|7|Open|1,3"_s);
         QCOMPARE(bench.cells(u"Select Keyword,Notes,Expires,Response,ResponseMedium from Position"_s),
                  u"cad|new notes|12/31/2026|12/31/1999|0"_s);
