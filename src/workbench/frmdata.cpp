@@ -88,6 +88,14 @@ void FrmData::showProc(const QString& text)
     emit changed();
 }
 
+void FrmData::setPositionPanel(const QString& text)
+{
+    if (m_positionPanel == text)
+        return;
+    m_positionPanel = text;
+    emit changed();
+}
+
 void FrmData::updateCounts()
 {
     const auto counted = [](int number, const QString& one, const QString& many) {
@@ -311,7 +319,7 @@ void FrmData::showPipelineScreen()
         return;
     }
     m_form.setVisible(u"frmePipeline"_s, true);
-    m_form.setText(u"pbarLoad"_s, QString::number(companies)); // the bar's end; it begins at 0
+    m_form.setText(u"pbarLoad"_s, u"0/%1"_s.arg(companies));
     m_form.setVisible(u"pbarLoad"_s, true);
     loadPipelineFrame();
     m_form.setVisible(u"pbarLoad"_s, false);

@@ -42,7 +42,8 @@ public:
     [[nodiscard]] ContactScreen& contactScreen() { return *m_contact; }
     [[nodiscard]] DocumentScreen& documentScreen() { return *m_document; }
     [[nodiscard]] PipelineScreen& pipelineScreen() { return *m_pipeline; }
-    /// The shell's own controls: cmbSelection, Label45, the frames frmeCompany ... frmePipeline, pbarLoad.
+    /// The shell's own controls: cmbSelection, Label45, the frames frmeCompany ... frmePipeline, pbarLoad ("3/15" when
+    /// it stands at 3 of 15).
     [[nodiscard]] Form& form() { return m_form; }
     /// The items of cmbSelection: the company names in order, "<New>" last.
     [[nodiscard]] const QStringList& companyList() const { return m_companyList; }
@@ -50,6 +51,8 @@ public:
     [[nodiscard]] QString versionPanel() const; ///< first panel of the status bar
     [[nodiscard]] QString procText() const { return m_procText; }
     [[nodiscard]] bool procVisible() const { return m_procVisible; }
+    /// Third panel of the status bar: the state of the position shown ("Position EXPIRED"); empty: hidden.
+    [[nodiscard]] QString positionPanel() const { return m_positionPanel; }
     [[nodiscard]] QString currentTab() const { return m_currentTab; } ///< tab key of TabStrip1
     [[nodiscard]] QString newToolTip() const
     {
@@ -76,6 +79,7 @@ public:
     void savedSbar();
     /// Puts a text into the "proc" panel and shows it.
     void showProc(const QString& text);
+    void setPositionPanel(const QString& text);
     void clearPipeBoxes();
     QStringList csvParse(const QString& keyList);
     Answer showMessage(const QString& prompt, Buttons buttons = Buttons::Ok, const QString& title = {});
@@ -156,6 +160,7 @@ private:
     QString m_caption;
     QString m_procText;
     bool m_procVisible = false;
+    QString m_positionPanel;
     QString m_currentTab = QStringLiteral("Company");
     QString m_newToolTip;
     QString m_newImage;

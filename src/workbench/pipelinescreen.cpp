@@ -1,19 +1,309 @@
+// The Pipeline screen's tree, and what it shows of the chosen company or position.
 #include "workbench/pipelinescreen.h"
 
+#include "base/text.h"
+#include "store/datajw.h"
+#include "store/storeerror.h"
 #include "workbench/frmdata.h"
+#include "workbench/positionscreen.h"
+
+#include <QHash>
+#include <QLocale>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+std::vector<FieldRow> pipelineForm()
+{
+    std::vector<FieldRow> rows{{u"txtFind"_s, {}, SaveOn::Never},
+                               {u"txtCCompany"_s, {}, SaveOn::Never},
+                               {u"txtPosition"_s, {}, SaveOn::Never},
+                               {u"txtPosEntryDate"_s, u"EntryDate"_s, SaveOn::Never},
+                               {u"txtExpiryDate"_s, u"Expires"_s, SaveOn::Never},
+                               {u"txtNext"_s, {}, SaveOn::Never}};
+    for (int index = 0; index < PipelineSteps::count; ++index) {
+        const QString number = QString::number(index);
+        const QString column = PipelineSteps::getIndexTitle(index);
+        rows.push_back({u"chkP"_s + number, {}, SaveOn::Change});
+        rows.push_back({u"dtpProg"_s + number, column, SaveOn::Change});
+        rows.push_back({u"Image1"_s + number, PipelineSteps::getIndexMediumTitle(index), SaveOn::Change});
+    }
+    for (const auto& option : {u"optProg1"_s, u"optProg2"_s, u"optProg3"_s})
+        rows.push_back({option, u"OfferStatus"_s, SaveOn::Change});
+    return rows;
+}
+
+QString shownDate(QDate date)
+{
+    return QLocale().toString(date, QLocale::ShortFormat);
+}
+
+} // namespace
 
 PipelineScreen::PipelineScreen(FrmData& workbench)
     : m_workbench(workbench)
-    , m_form({})
+    , m_form(pipelineForm())
 {
+    clearPipeBoxes();
+    setMark(u"optProg1"_s, false);
 }
 
 PipelineScreen::~PipelineScreen() = default;
 
-void PipelineScreen::load() {}
+// --- The tree ---------------------------------------------------------------------------------------------
 
-void PipelineScreen::displayVisual() {}
+void PipelineScreen::load()
+{
+    m_workbench.session().trace(u"frmData - loadPipelineFrame"_s);
+    m_workbench.selection().currentScreen = u"Pipeline"_s;
+    if (!m_tree.hasNodes())
+        buildTree();
+    if (m_workbench.selection().currentPositionKey == 0 || !showCurrentPosition())
+        showNothing();
+    emit changed();
+}
 
-void PipelineScreen::clearPipeBoxes() {}
+bool PipelineScreen::showCurrentPosition()
+{
+    const Key key = m_workbench.selection().currentPositionKey;
+    DataJW& dataJW = m_workbench.session().dataJW();
+    const QString title = dataJW.getPositionNameByKey(key);
+    if (title.isEmpty()) {
+        // Gone since it was chosen, so the tree is of yesterday too.
+        m_workbench.selection().currentPositionKey = 0;
+        buildTree();
+        return false;
+    }
+    const QString company = m_workbench.selection().selectedCompanyName();
+    QModelIndex node = reveal(company, title);
+    if (!node.isValid() &&
+        dataJW.getPositionKey(text::quoteFix(title), text::quoteFix(company), true) == key) {
+        // Entered or renamed since the tree was built.
+        buildTree();
+        node = reveal(company, title);
+    }
+    if (!node.isValid())
+        return false;
+    emit nodeChosen(node, false);
+    showPosition(company, title);
+    return true;
+}
 
-void PipelineScreen::companyChosen(const QString&) {}
+void PipelineScreen::buildTree()
+{
+    Form& shell = m_workbench.form();
+    m_tree.clear();
+    std::vector<PipelineTree::Company> companies = readCompanies();
+    m_tree.fill(std::move(companies));
+    shell.setText(u"sbar"_s, {});
+}
+
+std::vector<PipelineTree::Company> PipelineScreen::readCompanies()
+{
+    // Two statements for the whole tree; one for each company takes seconds on a large campaign.
+    DataJW& dataJW = m_workbench.session().dataJW();
+    RecordSet names = dataJW.getExecQueryRecords(u"Select CompanyKey,Name from Company order by Name"_s);
+    QHash<qint64, QStringList> titles;
+    RecordSet positions =
+        dataJW.getExecQueryRecords(u"Select CompanyKey,Title from Position order by CompanyKey,Title"_s);
+    for (; !positions.atEnd(); positions.next())
+        titles[positions.value(0).toLongLong()].append(positions.text(1));
+
+    std::vector<PipelineTree::Company> companies;
+    companies.reserve(static_cast<size_t>(names.rowCount()));
+    // Nobody can tell more than a hundred places of the bar apart, and each one is drawn at once.
+    const int stride = std::max(1, names.rowCount() / 100);
+    for (int done = 0; !names.atEnd(); names.next()) {
+        companies.push_back({names.text(1), titles.value(names.value(0).toLongLong())});
+        if (++done % stride == 0 || done == names.rowCount()) {
+            m_workbench.form().setText(u"sbar"_s, companies.back().name);
+            m_workbench.form().setText(u"pbarLoad"_s, u"%1/%2"_s.arg(done).arg(names.rowCount()));
+        }
+    }
+    return companies;
+}
+
+QModelIndex PipelineScreen::reveal(const QString& company, const QString& title)
+{
+    const auto find = [&] {
+        return title.isEmpty() ? m_tree.findCompany(company) : m_tree.findPosition(company, title);
+    };
+    if (const QModelIndex node = find(); node.isValid() || m_tree.filter().isEmpty())
+        return node;
+    m_form.setText(u"txtFind"_s, {});
+    m_tree.setFilter({});
+    return find();
+}
+
+void PipelineScreen::cmdRefresh1()
+{
+    m_workbench.session().trace(u"Refresh Pipeline"_s);
+    Form& shell = m_workbench.form();
+    const Key companies = m_workbench.session().dataJW().getCount(u"Company"_s, true);
+    shell.setText(u"pbarLoad"_s, u"0/%1"_s.arg(companies));
+    shell.setVisible(u"pbarLoad"_s, true);
+    m_tree.clear();
+    load();
+    shell.setVisible(u"pbarLoad"_s, false);
+    displayVisual();
+    showNothing();
+}
+
+// --- What is chosen ---------------------------------------------------------------------------------------
+
+bool PipelineScreen::isShown(const QModelIndex& index) const
+{
+    const bool position = m_tree.kind(index) == u"Position";
+    const QString company = m_tree.text(position ? index.parent() : index);
+    return company == m_form.text(u"txtCCompany"_s) &&
+           (position ? m_tree.text(index) : QString()) == m_form.text(u"txtPosition"_s);
+}
+
+void PipelineScreen::tvwHireClick(const QModelIndex& index)
+{
+    if (m_tree.kind(index) == u"Company")
+        showCompany(m_tree.text(index));
+    else if (m_tree.kind(index) == u"Position")
+        showPosition(m_tree.text(index.parent()), m_tree.text(index));
+}
+
+void PipelineScreen::tvwHireDblClick(const QModelIndex& index)
+{
+    if (m_tree.kind(index) == u"Position")
+        openPosition(m_tree.text(index.parent()), m_tree.text(index));
+    else
+        tvwHireClick(index);
+}
+
+void PipelineScreen::companyChosen(const QString& company)
+{
+    if (text::isUnsaved(company))
+        return;
+    const QModelIndex node = reveal(company, {});
+    showCompany(company);
+    emit nodeChosen(node, true);
+}
+
+void PipelineScreen::showNothing()
+{
+    m_form.setText(u"txtCCompany"_s, {});
+    clearPipeBoxes();
+    emit nodeChosen({}, false);
+    emit changed();
+}
+
+void PipelineScreen::showCompany(const QString& company)
+{
+    m_form.setText(u"txtCCompany"_s, company);
+    m_workbench.setSelection(company);
+    // The screens that save go by this key; the one of the company before would move the record over there.
+    m_workbench.selection().currentCompanyKey =
+        m_workbench.session().dataJW().getCompanyKey(text::quoteFix(company));
+    m_workbench.selectCategory();
+    clearPipeBoxes();
+    emit changed();
+}
+
+void PipelineScreen::showPosition(const QString& company, const QString& title)
+{
+    showCompany(company);
+    // Whatever was current before is not what the fields show from here on.
+    m_workbench.selection().currentPositionKey = 0;
+    if (title == text::newEntry) {
+        m_workbench.positionScreen().clearPositionForm();
+        setPosition(title);
+        return;
+    }
+    const RecordSet record =
+        m_workbench.session().dataJW().getPosition(text::quoteFix(company), text::quoteFix(title));
+    if (record.isEmpty())
+        return; // the tree still shows what is no longer there; the gateway has said so
+    m_workbench.positionScreen().fillPosForm(record);
+    showRecord(record, title);
+}
+
+void PipelineScreen::showRecord(const RecordSet& record, const QString& title)
+{
+    fillProgForm(record);
+    setPosition(m_workbench.selection().currentPositionKey == 0 ? QString() : title);
+    const QDate expires = record.date(u"Expires");
+    const QDate entered = record.date(u"EntryDate");
+    m_form.setText(u"txtExpiryDate"_s, PipelineSteps::isDone(expires) ? shownDate(expires) : tr("No Expiry"));
+    m_form.setText(u"txtPosEntryDate"_s, entered.isValid() ? shownDate(entered) : QString());
+    showOffer(record.text(u"OfferStatus"));
+    m_form.setText(u"txtNext"_s, getNextStep());
+    emit changed();
+}
+
+void PipelineScreen::setPosition(const QString& title)
+{
+    m_form.setText(u"txtPosition"_s, title);
+    m_form.setEnabled(u"imgOpenContact1"_s, !title.isEmpty());
+}
+
+void PipelineScreen::clearPipeBoxes()
+{
+    for (int index = 0; index < PipelineSteps::count; ++index) {
+        setTick(index, false);
+        setDate(index, dates::sentinel);
+        setMedium(index, {});
+    }
+    // "On File" keeps its mark until the next position brings its own status: it is the answer that stands
+    // when nothing else has been heard.
+    setMark(u"optProg2"_s, false);
+    setMark(u"optProg3"_s, false);
+    setPosition({});
+    for (const auto& box : {u"txtNext"_s, u"txtExpiryDate"_s, u"txtPosEntryDate"_s})
+        m_form.setText(box, {});
+    emit changed();
+}
+
+void PipelineScreen::fillProgForm(const RecordSet& record)
+{
+    Session& session = m_workbench.session();
+    session.trace(u"frmData - fillProgForm (Pipeline)"_s);
+    const auto key = record.key(u"PositionKey");
+    if (!key && !record.isEmpty()) {
+        const StoreError overflow(tr("Overflow"), StoreError::Overflow, u"Jobwright"_s);
+        session.logError(u"frmData - fillProgForm (Pipeline)"_s, 0, &overflow);
+    }
+    m_workbench.selection().currentPositionKey = key.value_or(0);
+    const PipelineSteps steps(record);
+    for (int index = 0; index < PipelineSteps::count; ++index) {
+        const PipelineSteps::Step step = steps.step(index);
+        const bool empty = record.isNull(PipelineSteps::getIndexTitle(index));
+        setTick(index, PipelineSteps::isDone(step.date));
+        setMedium(index, empty ? QString() : PipelineSteps::mediumTag(step.medium));
+        if (step.date.isValid())
+            setDate(index, step.date);
+        else
+            // Research of the company is what everybody begins with, so its day is laid out ready.
+            setDate(index, empty && index == 0 ? session.today() : dates::sentinel);
+    }
+    showOffer(record.text(u"OfferStatus"));
+}
+
+void PipelineScreen::showOffer(const QString& status)
+{
+    setMark(u"optProg1"_s, status.compare(u"On File", Qt::CaseInsensitive) == 0);
+    setMark(u"optProg2"_s, status.compare(u"Reject", Qt::CaseInsensitive) == 0);
+    setMark(u"optProg3"_s, status.compare(u"Open", Qt::CaseInsensitive) == 0);
+}
+
+// --- Ways to other screens --------------------------------------------------------------------------------
+
+void PipelineScreen::openPosition(const QString& company, const QString& title)
+{
+    m_workbench.tabStrip1Click(u"Position"_s);
+    if (title == text::newEntry)
+        return;
+    const RecordSet record =
+        m_workbench.session().dataJW().getPosition(text::quoteFix(company), text::quoteFix(title));
+    if (record.isEmpty())
+        return;
+    m_workbench.positionScreen().fillPosForm(record);
+    fillProgForm(record);
+}

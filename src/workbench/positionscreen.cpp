@@ -1,29 +1,302 @@
+// The Position screen's form: choosing, showing, saving field by field. Contacts and the whole save have
+// files of their own.
 #include "workbench/positionscreen.h"
 
+#include "base/text.h"
+#include "store/datajw.h"
+#include "store/storeerror.h"
+#include "workbench/fieldtext.h"
 #include "workbench/frmdata.h"
+#include "workbench/pipelinesteps.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int defaultExpiryDays = 30;
+
+std::vector<FieldRow> positionForm()
+{
+    return {
+        {u"cmbPosSelection"_s, {}, SaveOn::Never},
+        {u"txtPosTitle"_s, u"Title"_s, SaveOn::Record},
+        {u"txtKeyword"_s, u"Keyword"_s, SaveOn::Leave},
+        {u"txtLocation"_s, u"Location"_s, SaveOn::Leave},
+        {u"txtSource"_s, u"Source"_s, SaveOn::Leave},
+        {u"dtpExpires"_s, u"Expires"_s, SaveOn::Change},
+        {u"txtResponsibilities"_s, u"Responsibilities"_s, SaveOn::Leave},
+        {u"txtQualifications"_s, u"Qualifications"_s, SaveOn::Leave},
+        {u"txtBenefits"_s, u"Benefits"_s, SaveOn::Leave},
+        {u"txtPosNotes"_s, u"Notes"_s, SaveOn::Leave},
+        {u"cmbAssignContact"_s, {}, SaveOn::Never},
+    };
+}
+
+bool sameTitle(const QString& one, const QString& other)
+{
+    return text::quoteFix(one.trimmed()).compare(text::quoteFix(other.trimmed()), Qt::CaseInsensitive) == 0;
+}
+
+} // namespace
 
 PositionScreen::PositionScreen(FrmData& workbench)
     : m_workbench(workbench)
-    , m_form({})
+    , m_form(positionForm())
 {
+    m_form.setEnabled(u"cmdJProfile1"_s, workbench.navigator().hasScreen(u"FrmProfileJob"_s));
+    // The shell around is still being built: the form's own part of its empty state only.
+    clearContacts();
+    m_form.setText(u"dtpExpires"_s,
+                   workbench.session().today().addDays(defaultExpiryDays).toString(Qt::ISODate));
+    // The position shown belongs to the company that was selected; with another one, or after that company's
+    // removal, nobody may act on its key.
+    connect(&workbench.selection(), &Selection::selectedCompanyNameChanged, this,
+            &PositionScreen::clearPositionForm);
 }
 
 PositionScreen::~PositionScreen() = default;
 
-void PositionScreen::load()
+QString PositionScreen::companyName()
 {
-    m_workbench.clearPipeBoxes();
-    m_workbench.selectCategory();
+    return text::quoteFix(m_workbench.selection().selectedCompanyName());
 }
 
-void PositionScreen::clearPositionForm() {}
+void PositionScreen::load()
+{
+    clearPositionForm();
+    m_workbench.clearPipeBoxes();
+    loadPositionList();
+    listAssignable();
+    m_workbench.selectCategory();
+    computeJptr();
+    emit changed();
+}
 
-void PositionScreen::loadPositionList() {}
+void PositionScreen::companyChosen()
+{
+    load();
+    m_workbench.savedSbar();
+}
 
-void PositionScreen::companyChosen() {}
+void PositionScreen::newRecord()
+{
+    cmbPosSelectionClick(text::newEntry.toString());
+}
 
-void PositionScreen::newRecord() {}
+void PositionScreen::showPosition(const QString& title)
+{
+    cmbPosSelectionClick(title);
+}
 
-void PositionScreen::showPosition(const QString&) {}
+void PositionScreen::loadPositionList()
+{
+    QStringList titles;
+    if (!companyName().isEmpty())
+        titles = m_workbench.session().dataJW().getPositionNames(companyName());
+    titles.append(text::newEntry.toString());
+    m_form.setItems(u"cmbPosSelection"_s, titles);
+}
 
-void PositionScreen::trimTitle() {}
+void PositionScreen::cmbPosSelectionClick(const QString& text)
+{
+    m_workbench.savedSbar();
+    RecordSet position;
+    if (!text::isUnsaved(text))
+        position = m_workbench.session().dataJW().getPosition(companyName(), text::quoteFix(text));
+    if (!position.isEmpty()) {
+        fillPosForm(position);
+    } else {
+        clearPositionForm();
+        m_workbench.clearPipeBoxes();
+        // A title that is no longer there, or could not be read, must not look like a position to be saved.
+        m_form.setText(u"cmbPosSelection"_s, text::isUnsaved(text) ? text::newEntry.toString() : QString());
+        m_form.requestFocus(u"txtPosTitle"_s);
+    }
+    computeJptr();
+    emit changed();
+}
+
+void PositionScreen::fillPosForm(const RecordSet& record)
+{
+    Session& session = m_workbench.session();
+    session.trace(u"frmData - fillPosForm (Position)"_s);
+    const auto key = record.key(u"PositionKey");
+    if (!key) {
+        const StoreError overflow(tr("Overflow"), StoreError::Overflow, u"Jobwright"_s);
+        session.logError(u"frmData - fillPosForm (Position)"_s, 0, &overflow);
+    }
+    forgetFailedSave();
+    m_workbench.selection().currentPositionKey = key.value_or(0);
+    for (const FieldRow& row : m_form.rows()) {
+        if (!row.column.isEmpty() && row.save != SaveOn::Change)
+            m_form.setText(row.control, fieldtext::toShown(record.text(row.column)));
+    }
+    m_form.setText(u"cmbPosSelection"_s, record.text(u"Title"));
+    m_progress = PipelineSteps(record).progress();
+    const QDate expires = record.date(u"Expires");
+    // A row that never got an expiry shows the day for missing dates: long past, so that somebody looks.
+    showExpires(expires.isValid() ? expires : dates::missing);
+    fillContacts(record.text(u"ContactList"));
+    emit changed();
+}
+
+void PositionScreen::clearPositionForm()
+{
+    m_form.clear();
+    clearContacts();
+    forgetFailedSave();
+    m_progress = 0;
+    m_workbench.selection().currentPositionKey = 0;
+    showExpires(m_workbench.session().today().addDays(defaultExpiryDays));
+    emit changed();
+}
+
+QString PositionScreen::nextStep() const
+{
+    return PipelineSteps::nextStep(m_progress);
+}
+
+void PositionScreen::forgetFailedSave()
+{
+    m_lost.reset();
+    m_twin = 0;
+}
+
+void PositionScreen::trimTitle()
+{
+    m_form.setText(u"txtPosTitle"_s, m_form.text(u"txtPosTitle"_s).trimmed());
+}
+
+// --- Expiry -----------------------------------------------------------------------------------------------
+
+bool PositionScreen::hasExpiry() const
+{
+    return m_form.text(u"dtpExpires"_s) != dates::sentinel.toString(Qt::ISODate);
+}
+
+void PositionScreen::showExpires(QDate date)
+{
+    m_form.setText(u"dtpExpires"_s, date.toString(Qt::ISODate));
+    m_form.setEnabled(u"dtpExpires"_s, hasExpiry());
+    checkExpiry(date);
+}
+
+void PositionScreen::checkExpiry(QDate expires)
+{
+    const QString expired = tr("Position EXPIRED");
+    // The empty date is no date, so nothing expires on it.
+    if (expires != dates::sentinel && m_workbench.session().today() > expires) {
+        m_workbench.setPositionPanel(expired);
+        m_workbench.sbarVis();
+    } else if (m_workbench.positionPanel() == expired) {
+        m_workbench.setPositionPanel({});
+    }
+}
+
+void PositionScreen::tickExpires(bool ticked)
+{
+    if (ticked == hasExpiry())
+        return;
+    m_workbench.setSbar(u"Position"_s);
+    expiresEdited(ticked ? m_workbench.session().today().addDays(defaultExpiryDays) : dates::sentinel);
+}
+
+void PositionScreen::expiresEdited(QDate date)
+{
+    showExpires(date);
+    m_workbench.sbarVis();
+    if (writeColumn(u"Expires"_s, u'\'' + dates::mdyyyy(date) + u'\''))
+        m_workbench.savedSbar();
+    emit changed();
+}
+
+// --- Events of the fields ---------------------------------------------------------------------------------
+
+void PositionScreen::fieldKeyDown(const QString&)
+{
+    m_workbench.setSbar(u"Position"_s);
+}
+
+void PositionScreen::fieldChanged(const QString& control)
+{
+    if (control == u"dtpExpires")
+        expiresEdited(QDate::fromString(m_form.text(control), Qt::ISODate));
+    else if (control == u"txtPosTitle")
+        // The shell's way to show the panel trims the title; done here, no title could get a blank typed.
+        m_workbench.showProc(m_workbench.procText());
+    else
+        m_workbench.sbarVis();
+}
+
+void PositionScreen::fieldLeft(const QString& control)
+{
+    const FieldRow* row = m_form.row(control);
+    if (row && row->save == SaveOn::Record)
+        trimTitle();
+    // A field that holds what is stored has nothing to write.
+    if (!row || row->save != SaveOn::Leave || !m_form.isDirty(control))
+        return;
+    // What was not written stays marked as changed, and the next leaving of the field tries again.
+    if (!writeColumn(row->column, fieldtext::quoted(m_form.text(control))))
+        return;
+    m_form.markClean(control);
+    m_workbench.savedSbar();
+}
+
+Key PositionScreen::savedKey()
+{
+    const QString selected = m_form.text(u"cmbPosSelection"_s);
+    // A title that is being changed names another position of the company, or none.
+    if (text::isUnsaved(selected) || !sameTitle(selected, m_form.text(u"txtPosTitle"_s)))
+        return 0;
+    const Key key = m_workbench.session().dataJW().getPositionKey(text::quoteFix(selected), companyName());
+    return key == m_workbench.selection().currentPositionKey ? key : Key{0};
+}
+
+bool PositionScreen::writeColumn(const QString& column, const QString& value)
+{
+    const Key key = savedKey();
+    return key > 0 &&
+           m_workbench.session().dataJW().execQuery(u"Update Position set " + column + u'=' + value +
+                                                    u" where positionkey=" + QString::number(key));
+}
+
+// --- Ranks ------------------------------------------------------------------------------------------------
+
+double PositionScreen::place(bool position, Key key, double before)
+{
+    Session& session = m_workbench.session();
+    const Key rank = session.dataJW().getProfileRank(position, key);
+    const Key count = session.dataJW().getProfileCount(position);
+    if (rank <= 0)
+        return 0;
+    if (count != 0)
+        return double(rank) / count;
+    // A questionnaire without questions has no scale to place a rank on: the pointer stays where it was.
+    const StoreError division(tr("Division by zero"), 11, u"Jobwright"_s);
+    session.logError(u"frmData - computeJptr"_s, 1, &division);
+    return before;
+}
+
+void PositionScreen::computeJptr()
+{
+    const Selection& selection = m_workbench.selection();
+    m_companyPlace = place(false, selection.currentCompanyKey, m_companyPlace);
+    m_positionPlace = place(true, selection.currentPositionKey, m_positionPlace);
+    emit changed();
+}
+
+void PositionScreen::cmdJProfile1()
+{
+    Session& session = m_workbench.session();
+    session.trace(u"Open Profile - Position"_s);
+    if (m_workbench.selection().currentPositionKey == 0) {
+        m_workbench.showMessage(tr("No existing position has been selected.") + text::crlf +
+                                tr("Make sure you saved and selected any position data prior to creating a "
+                                   "profile."));
+        session.trace(u"Position not selected. Abort Open Profile."_s);
+        return;
+    }
+    m_workbench.navigator().openScreen(u"FrmProfileJob"_s);
+    computeJptr();
+}

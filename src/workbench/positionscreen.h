@@ -2,13 +2,21 @@
 #pragma once
 
 #include "base/form.h"
+#include "base/key.h"
+#include "base/treemodel.h"
+#include "store/recordset.h"
 
+#include <QDate>
 #include <QObject>
+#include <QPersistentModelIndex>
+
+#include <optional>
 
 class FrmData;
 
 /// Shows, saves and removes a position of the selected company; assigns contacts; places the pointer of the
-/// ranks.
+/// ranks. The shell's currentPositionKey is that of the position shown, 0 while there is none: an empty form
+/// can never be saved over a position that is no longer to be seen.
 class PositionScreen : public QObject
 {
     Q_OBJECT
@@ -17,7 +25,19 @@ public:
     explicit PositionScreen(FrmData& workbench);
     ~PositionScreen() override;
 
+    /// The controls; dtpExpires holds an ISO date, that of dates::sentinel while the picker is unticked.
     [[nodiscard]] Form& form() { return m_form; }
+    /// The people assigned: a root with a node "A" and the contact's key for each.
+    [[nodiscard]] TreeModel& tvwContacts() { return m_contacts; }
+    /// Length of the bar shpProgress: the furthest step done, 0 (none) to 11.
+    [[nodiscard]] int progress() const { return m_progress; }
+    /// What to do next for this position; empty when nothing is left.
+    [[nodiscard]] QString nextStep() const;
+    /// Place of the pointer shpJPtr: the share of its questionnaire that the company (to the right) and the
+    /// position (upward) reach, from 0 to 1 and above.
+    [[nodiscard]] double companyPlace() const { return m_companyPlace; }
+    [[nodiscard]] double positionPlace() const { return m_positionPlace; }
+    [[nodiscard]] bool hasExpiry() const; ///< dtpExpires is ticked
 
     void load(); ///< loadPositionFrame, behind the shell's own refusals
     void clearPositionForm();
@@ -28,13 +48,87 @@ public:
     void newRecord();
     /// Shows a position of the selected company by its title.
     void showPosition(const QString& title);
+    /// Shows the position at which @p record stands, and makes it the current one.
+    void fillPosForm(const RecordSet& record);
+    /// Writes the form's position: the row of the current key is replaced by a new one with a new key, its
+    /// references follow, the version goes into the journal; all in one action. A current key of 0 adds a
+    /// position. @p stepValues is the statement's text for the eleven steps, "'date',medium," each; empty for
+    /// no step done. False when the row did not get into the store: what was shown is shown still.
+    bool upPosx(const QString& stepValues, const QString& offerStatus);
+    void computeJptr();
     /// Trims txtPosTitle: the shell asks for it at every change of any screen's field.
     void trimTitle();
+
+    // --- Events, called by the view -----------------------------------------------------------------------
+    void cmbPosSelectionClick(const QString& text);
+    void fieldKeyDown(const QString& control);
+    void fieldChanged(const QString& control);
+    void fieldLeft(const QString& control);
+    void tickExpires(bool ticked);                ///< the picker's own tick
+    void selectContact(const QModelIndex& index); ///< the node selected in tvwContacts; invalid for none
+    void tvwContactsDblClick(const QModelIndex& index);
+
+public slots:
+    void cmdUpdatePos1();
+    void cmdRemovePos1();
+    void cmdAssign1();
+    void cmdRemoveContactAssign1();
+    void cmdJProfile1();
 
 signals:
     void changed();
 
 private:
+    /// What a row held that is no longer in the store: its replacement failed behind its delete.
+    struct LostRow
+    {
+        Key key = 0;
+        QString entryDate;
+        QString stepValues;
+        QString offerStatus;
+    };
+    /// What a save has to know before it deletes anything.
+    struct Replacement
+    {
+        Key oldKey = 0; ///< 0: nothing is replaced
+        QString entryDate;
+        QString insert; ///< the statement that adds the new row
+    };
+
+    [[nodiscard]] Key savedKey();
+    bool writeColumn(const QString& column, const QString& value);
+    void showExpires(QDate date);
+    void expiresEdited(QDate date);
+    void checkExpiry(QDate expires);
+    [[nodiscard]] double place(bool position, Key key, double before);
+
+    void fillContacts(const QString& keyList);
+    void clearContacts();
+    void listAssignable();
+    [[nodiscard]] QString contactList();
+    void writeInfoContact();
+    void saveWhenAuto();
+
+    [[nodiscard]] bool mayBeSaved();
+    void tellUnreadable();
+    void forgetFailedSave();
+    [[nodiscard]] bool titleIsTaken();
+    [[nodiscard]] std::optional<Replacement> prepare(const QString& stepValues, const QString& offerStatus);
+    [[nodiscard]] QString values(const QString& entryDate, const QString& stepValues,
+                                 const QString& offerStatus);
+    [[nodiscard]] QString expiryText() const;
+    Key replaceRow(const Replacement& record);
+    void showSaved(Key newKey);
+    [[nodiscard]] QString companyName();
+    void reloadPipeline();
+
     FrmData& m_workbench;
     Form m_form;
+    TreeModel m_contacts;
+    QPersistentModelIndex m_selectedContact;
+    std::optional<LostRow> m_lost;
+    Key m_twin = 0; ///< the row that a save added beside the one it could not delete
+    int m_progress = 0;
+    double m_companyPlace = 0;
+    double m_positionPlace = 0;
 };

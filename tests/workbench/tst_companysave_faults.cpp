@@ -1,5 +1,5 @@
 // What a company save leaves behind when one of its steps fails, and that saving again mends it.
-#include "workbench/bench.h"
+#include "workbench/failing.h"
 
 #include <QTest>
 
@@ -61,22 +61,6 @@ const std::vector<Fault> faults{
     {u"Update JProfile"_s, u"3|3|3/5/2024 3 3 3 1 3"_s},
     {u"Update Event"_s, u"3|3|3/5/2024 3 3 3 3 1"_s},
 };
-
-/// Lets the i-th statement of @p act fail; answers its text, "" when there were fewer.
-QString failing(Bench& bench, size_t i, const std::function<void()>& act)
-{
-    QString failed;
-    size_t count = 0;
-    bench.data().database().setInterceptor([&](QStringView statement) {
-        if (count++ != i)
-            return;
-        failed = statement.toString();
-        throw StoreError(u"failed on purpose"_s, 1, u"test"_s);
-    });
-    act();
-    bench.data().database().setInterceptor({});
-    return failed;
-}
 
 } // namespace
 

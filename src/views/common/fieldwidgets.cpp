@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QProgressBar>
 #include <QRadioButton>
 #include <QSignalBlocker>
 #include <QSlider>
@@ -37,6 +38,9 @@ QString checked(bool on)
 /// A label keeps its mnemonic when the program gives it another text: the letter stands in its property.
 QString withMnemonic(const QLabel& label, const QString& text)
 {
+    // Without a field to go to an ampersand is no mnemonic, and is drawn as it stands.
+    if (!label.buddy())
+        return text;
     const QString letter = label.property("mnemonic").toString();
     QString shown = QString(text).replace(u'&', u"&&"_s);
     const auto place = letter.isEmpty() ? -1 : shown.indexOf(letter, 0, Qt::CaseInsensitive);
@@ -58,6 +62,19 @@ void writeCombo(QComboBox& combo, const QString& text)
         combo.setCurrentIndex(row);
     if (combo.isEditable())
         combo.setEditText(text);
+}
+
+/// "3/15": at 3 of 15.
+void writeBar(QProgressBar& bar, const QString& text)
+{
+    bool isPlace = false;
+    bool isEnd = false;
+    const int place = text.section(u'/', 0, 0).toInt(&isPlace);
+    const int end = text.section(u'/', 1).toInt(&isEnd);
+    if (!isPlace || !isEnd)
+        return;
+    bar.setRange(0, end);
+    bar.setValue(place);
 }
 
 } // namespace
@@ -95,6 +112,8 @@ void write(QWidget& widget, const QString& text)
         writeCombo(*combo, text);
     } else if (auto* label = qobject_cast<QLabel*>(&widget)) {
         label->setText(withMnemonic(*label, withLf(text)));
+    } else if (auto* bar = qobject_cast<QProgressBar*>(&widget)) {
+        writeBar(*bar, text);
     } else if (auto* slider = qobject_cast<QSlider*>(&widget)) {
         bool isNumber = false;
         const int value = text.toInt(&isNumber);

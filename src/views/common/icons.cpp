@@ -122,7 +122,12 @@ QIcon named(const QString& name)
         return {};
     static const bool fromTheme = themeHasAll();
     const QIcon source = fromTheme ? QIcon::fromTheme(name) : QIcon(u":/jobwright/icons/%1.svg"_s.arg(name));
-    return QIcon(new InkEngine(source));
+    return inPaletteInk(source);
+}
+
+QIcon inPaletteInk(const QIcon& picture)
+{
+    return QIcon(new InkEngine(picture));
 }
 
 } // namespace icons

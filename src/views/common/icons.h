@@ -11,6 +11,8 @@ namespace icons {
 
 /// The icon with this freedesktop name ("document-save"); null for a name outside names().
 [[nodiscard]] QIcon named(const QString& name);
+/// Another picture drawn in the same way: in the palette's text colour when it is of one colour.
+[[nodiscard]] QIcon inPaletteInk(const QIcon& picture);
 /// Every name that named() knows.
 [[nodiscard]] const QStringList& names();
 

@@ -3,21 +3,40 @@
 
 #include "views/common/screenview.h"
 
+#include <memory>
+
+class CompanySelector;
+class FormBinder;
 class PositionScreen;
 
-/// frmePosition.
+namespace Ui {
+class PositionView;
+}
+
+/// The frame frmePosition: what the position is on the left; steps, ranks and people on the right.
 class PositionView : public ScreenView
 {
     Q_OBJECT
 
 public:
+    /// The presenter must outlive the view.
     explicit PositionView(PositionScreen& presenter, QWidget* parent = nullptr);
     ~PositionView() override;
 
     [[nodiscard]] FormBinder& binder() override { return *m_binder; }
     [[nodiscard]] Form& form() override;
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
+    void connectSelectors();
+    void connectContacts();
+    void setIcons();
+    void render();
+    void showSelector(CompanySelector& selector);
+
     PositionScreen& m_presenter;
+    std::unique_ptr<Ui::PositionView> m_ui;
     FormBinder* m_binder = nullptr;
 };

@@ -69,7 +69,12 @@ void WorkbenchWindow::buildFrames()
         m_ui->layFrames->addWidget(m_frames.back());
     };
     frame(u"frmeCompany"_s, [this] { return new CompanyView(m_presenter.companyScreen(), this); });
-    frame(u"frmePosition"_s, [this] { return new PositionView(m_presenter.positionScreen(), this); });
+    frame(u"frmePosition"_s, [this] {
+        auto* view = new PositionView(m_presenter.positionScreen(), this);
+        if (!m_presenter.navigator().hasScreen(u"FrmProfileJob"_s))
+            view->binder().lock(u"cmdJProfile1"_s, tr("The questionnaire is not part of this version."));
+        return view;
+    });
     frame(u"frmeContact"_s, [this] { return new ContactView(m_presenter.contactScreen(), this); });
     frame(u"frmeDocument"_s, [this] { return new DocumentView(m_presenter.documentScreen(), this); });
     frame(u"frmePipeline"_s, [this] { return new PipelineView(m_presenter.pipelineScreen(), this); });
@@ -318,6 +323,8 @@ void WorkbenchWindow::render()
     m_new->setToolTip(tr("%1 (Ctrl+N)").arg(m_presenter.newToolTip()));
     m_proc->setText(m_presenter.procText());
     m_proc->setVisible(m_presenter.procVisible());
+    m_position->setText(m_presenter.positionPanel());
+    m_position->setVisible(!m_presenter.positionPanel().isEmpty());
     m_counts->setText(m_presenter.countsPanel());
     m_version->setText(m_presenter.versionPanel());
     renderCompanyLabel();

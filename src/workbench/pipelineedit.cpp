@@ -1,0 +1,266 @@
+// What the user changes on the Pipeline screen: ticks, days, mediums, the answer of the employer, and the
+// save.
+#include "base/text.h"
+#include "store/datajw.h"
+#include "workbench/contactscreen.h"
+#include "workbench/frmdata.h"
+#include "workbench/pipelinescreen.h"
+#include "workbench/positionscreen.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString control(const QString& name, int index)
+{
+    return name + QString::number(index);
+}
+
+/// The number behind a control's name; nothing when the control has another name.
+std::optional<int> indexOf(const QString& control, QStringView name)
+{
+    bool isNumber = false;
+    const int index = control.startsWith(name) ? QStringView(control).mid(name.size()).toInt(&isNumber) : 0;
+    return isNumber && index >= 0 && index < PipelineSteps::count ? std::optional(index) : std::nullopt;
+}
+
+/// What each option of the offer status stores.
+struct Offer
+{
+    QStringView option;
+    QStringView status;
+};
+constexpr std::array offers{Offer{u"optProg1", u"On File"}, Offer{u"optProg2", u"Reject"},
+                            Offer{u"optProg3", u"Open"}};
+
+} // namespace
+
+// --- The controls' values ---------------------------------------------------------------------------------
+
+bool PipelineScreen::isTicked(int index) const
+{
+    return m_form.text(control(u"chkP"_s, index)) == u"1";
+}
+
+QDate PipelineScreen::dateOf(int index) const
+{
+    return QDate::fromString(m_form.text(control(u"dtpProg"_s, index)), Qt::ISODate);
+}
+
+void PipelineScreen::setTick(int index, bool on)
+{
+    setMark(control(u"chkP"_s, index), on);
+}
+
+void PipelineScreen::setDate(int index, QDate date)
+{
+    m_form.setText(control(u"dtpProg"_s, index), date.toString(Qt::ISODate));
+}
+
+void PipelineScreen::setMedium(int index, const QString& tag)
+{
+    m_form.setText(control(u"Image1"_s, index), tag);
+}
+
+void PipelineScreen::setMark(const QString& control, bool on)
+{
+    m_form.setText(control, on ? u"1"_s : u"0"_s);
+}
+
+QString PipelineScreen::getNextStep() const
+{
+    int next = 0;
+    for (int index = 0; index < PipelineSteps::count; ++index) {
+        if (isTicked(index))
+            next = index + 1;
+    }
+    return PipelineSteps::nextStep(next);
+}
+
+// --- Steps ------------------------------------------------------------------------------------------------
+
+void PipelineScreen::fieldChanged(const QString& control)
+{
+    if (control == u"txtFind") {
+        m_tree.setFilter(m_form.text(control).trimmed());
+        emit nodeChosen(m_tree.findPosition(m_form.text(u"txtCCompany"_s), m_form.text(u"txtPosition"_s)),
+                        false);
+    } else if (const auto tick = indexOf(control, u"chkP")) {
+        chkPClick(*tick);
+    } else if (const auto date = indexOf(control, u"dtpProg")) {
+        dtpProgChange(*date);
+    } else if (control.startsWith(u"optProg")) {
+        optProgClick(control);
+    }
+}
+
+bool PipelineScreen::refuseWithoutPosition(const QString& message)
+{
+    if (hasPosition() && m_workbench.selection().currentPositionKey != 0)
+        return false;
+    m_workbench.showMessage(message);
+    return true;
+}
+
+void PipelineScreen::chkPClick(int index)
+{
+    if (refuseWithoutPosition(tr("Must select a position to modify progress data."))) {
+        setTick(index, false);
+        return;
+    }
+    if (!isTicked(index)) {
+        setDate(index, dates::sentinel);
+        setMedium(index, {});
+    } else if (!PipelineSteps::isDone(dateOf(index))) {
+        setDate(index, m_workbench.session().today());
+    }
+    writeStep(index);
+}
+
+void PipelineScreen::dtpProgChange(int index)
+{
+    if (refuseWithoutPosition(tr("Must select a position to modify progress data."))) {
+        setDate(index, dates::sentinel);
+        return;
+    }
+    // A step is taken back by its tick alone; a day that stands for none becomes today.
+    if (!PipelineSteps::isDone(dateOf(index)))
+        setDate(index, m_workbench.session().today());
+    setTick(index, true);
+    writeStep(index);
+}
+
+void PipelineScreen::dtpProgDropDown(int index)
+{
+    // Without a position the choice of a day says what is missing; opening the calendar need not.
+    if (!hasPosition())
+        return;
+    setDate(index, m_workbench.session().today());
+    dtpProgChange(index);
+}
+
+void PipelineScreen::image1Click(int index)
+{
+    if (refuseWithoutPosition(tr("Must select a position to modify progress data.")))
+        return;
+    const int code = PipelineSteps::getIndexMedium(index, m_form.text(control(u"Image1"_s, index))) + 1;
+    setMedium(index, PipelineSteps::mediumTag(code));
+    // The empty place at the end of the round is only passed through on the way to the first medium.
+    if (PipelineSteps::mediumTag(code).isEmpty())
+        return;
+    setTick(index, true);
+    if (!PipelineSteps::isDone(dateOf(index)))
+        setDate(index, m_workbench.session().today());
+    writeStep(index);
+}
+
+void PipelineScreen::writeStep(int index)
+{
+    DataJW& dataJW = m_workbench.session().dataJW();
+    const Key key = m_workbench.selection().currentPositionKey;
+    const QString where = u" where PositionKey=" + QString::number(key);
+    const int medium = PipelineSteps::getIndexMedium(index, m_form.text(control(u"Image1"_s, index)));
+    Action action(dataJW);
+    const bool dated = dataJW.execQuery(u"Update Position set " + PipelineSteps::getIndexTitle(index) +
+                                        u"='" + dates::mdyyyy(dateOf(index)) + u'\'' + where);
+    const bool coded = dataJW.execQuery(u"Update Position set " + PipelineSteps::getIndexMediumTitle(index) +
+                                        u'=' + QString::number(medium) + where);
+    if (!action.commit() || !dated || !coded) {
+        // What is shown must be what is kept.
+        if (const RecordSet record = dataJW.getPositionByKey(key); !record.isEmpty())
+            fillProgForm(record);
+    }
+    showProgress();
+}
+
+void PipelineScreen::showProgress()
+{
+    m_form.setText(u"txtNext"_s, getNextStep());
+    for (Bar& bar : m_bars) {
+        if (bar.position == 0 || bar.position != m_workbench.selection().currentPositionKey)
+            continue;
+        bar.progress = 0;
+        for (int index = 0; index < PipelineSteps::count; ++index)
+            bar.progress = isTicked(index) ? index + 1 : bar.progress;
+    }
+    emit changed();
+}
+
+// --- The employer's answer --------------------------------------------------------------------------------
+
+void PipelineScreen::optProgClick(const QString& option)
+{
+    if (refuseWithoutPosition(tr("Please select a position to save from the company/position box."))) {
+        setMark(option, false);
+        return;
+    }
+    for (const Offer& offer : offers) {
+        const bool chosen = offer.option == option;
+        setMark(offer.option.toString(), chosen);
+        if (chosen)
+            m_workbench.session().dataJW().execQuery(
+                u"Update position set OfferStatus='" + offer.status + u"' where positionkey=" +
+                QString::number(m_workbench.selection().currentPositionKey));
+    }
+}
+
+QString PipelineScreen::offerStatus() const
+{
+    for (const Offer& offer : offers) {
+        if (m_form.text(offer.option.toString()) == u"1")
+            return offer.status.toString();
+    }
+    return {};
+}
+
+// --- The whole record -------------------------------------------------------------------------------------
+
+QString PipelineScreen::stepValues() const
+{
+    QString values;
+    for (int index = 0; index < PipelineSteps::count; ++index) {
+        // The day counts here and not the tick: a day laid out ready is taken as it stands.
+        const QDate date = dateOf(index);
+        if (!PipelineSteps::isDone(date)) {
+            values += u"'','',";
+            continue;
+        }
+        // By the picture as it is drawn: six have a place of their own in the list, all else is "other".
+        constexpr int other = 7;
+        int code = 1;
+        while (code < other && PipelineSteps::mediumTag(code) != m_form.text(control(u"Image1"_s, index)))
+            ++code;
+        values += u'\'' + dates::mdyyyy(date) + u"','" + QString::number(code) + u"',";
+    }
+    return values;
+}
+
+void PipelineScreen::cmdUpdateTrack1()
+{
+    if (refuseWithoutPosition(tr("Please select a position to save from the company/position box.")))
+        return;
+    m_workbench.session().trace(u"Update Pipeline"_s);
+    if (!m_workbench.positionScreen().upPosx(stepValues(), offerStatus()))
+        return;
+    m_workbench.savedSbar();
+    displayVisual();
+}
+
+void PipelineScreen::imgOpenContact1()
+{
+    if (!hasPosition())
+        return;
+    DataJW& dataJW = m_workbench.session().dataJW();
+    const RecordSet record = dataJW.getPosition(text::quoteFix(m_form.text(u"txtCCompany"_s)),
+                                                text::quoteFix(m_form.text(u"txtPosition"_s)));
+    const QStringList keys = m_workbench.csvParse(record.text(u"ContactList"));
+    bool isNumber = false;
+    const Key key = keys.isEmpty() ? Key(0) : keys.first().toShort(&isNumber);
+    const QString name = isNumber ? dataJW.getContactByKey(key) : QString();
+    if (name.trimmed().isEmpty()) {
+        m_workbench.showMessage(tr("No contacts found for this position"));
+        return;
+    }
+    m_workbench.tabStrip1Click(u"Contact"_s);
+    m_workbench.contactScreen().showContact(name);
+}
