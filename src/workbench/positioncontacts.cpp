@@ -61,7 +61,8 @@ QString PositionScreen::contactList()
         if (!dataJW.keyVerification(key, u"ContactKey"_s, u"Contact"_s)) {
             const QString name = text::quoteFix(m_contacts.text(node));
             const auto blank = name.indexOf(u' ');
-            const Key renewed = dataJW.getContactKey(name.left(blank), name.mid(blank + 1), companyName(), true);
+            const Key renewed =
+                dataJW.getContactKey(name.left(blank), name.mid(blank + 1), companyName(), true);
             key = renewed > 0 ? renewed : key;
         }
         keys.append(QString::number(key));

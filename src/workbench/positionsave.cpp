@@ -97,11 +97,8 @@ void PositionScreen::tellUnreadable()
 bool PositionScreen::titleIsTaken()
 {
     // Positions are found by title within their company: of two with the same one could be reached no more.
-    const QString title = text::quoteFix(m_form.text(u"txtPosTitle"_s));
-    const QString shown = m_form.text(u"cmbPosSelection"_s).trimmed();
-    if (!text::isUnsaved(shown) && shown.compare(title, Qt::CaseInsensitive) == 0)
-        return false;
-    const Key other = m_workbench.session().dataJW().getPositionKey(title, companyName());
+    const Key other = m_workbench.session().dataJW().getPositionKey(
+        text::quoteFix(m_form.text(u"txtPosTitle"_s)), companyName());
     return other != 0 && other != m_workbench.selection().currentPositionKey;
 }
 
@@ -160,8 +157,8 @@ std::optional<PositionScreen::Replacement> PositionScreen::prepare(const QString
     const Key company = dataJW.getCompanyKey(companyName());
     if (front.isEmpty() || company <= 0)
         return std::nullopt;
-    record.insert = front + values(record.entryDate, stepValues, offerStatus) + QString::number(company) + u",'" +
-                    expiryText() + u"')";
+    record.insert = front + values(record.entryDate, stepValues, offerStatus) + QString::number(company) +
+                    u",'" + expiryText() + u"')";
     return record;
 }
 
@@ -203,8 +200,8 @@ Key PositionScreen::replaceRow(const Replacement& record)
     if (newKey <= 0) // not found by its title, but the highest key is that of the row just added
         newKey = dataJW.getLastKeyInTable(u"Position"_s, u"PositionKey"_s);
     if (record.oldKey > 0 && newKey > 0 && newKey != record.oldKey) {
-        const QString moved =
-            u" PositionKey=" + QString::number(newKey) + u" where PositionKey=" + QString::number(record.oldKey);
+        const QString moved = u" PositionKey=" + QString::number(newKey) + u" where PositionKey=" +
+                              QString::number(record.oldKey);
         dataJW.execQuery(u"Update Event Set" + moved);
         dataJW.execQuery(u"Update JProfile set" + moved);
     }

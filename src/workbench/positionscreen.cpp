@@ -1,5 +1,5 @@
-// The Position screen's form: choosing, showing, saving field by field. Contacts and the whole save have files
-// of their own.
+// The Position screen's form: choosing, showing, saving field by field. Contacts and the whole save have
+// files of their own.
 #include "workbench/positionscreen.h"
 
 #include "base/text.h"

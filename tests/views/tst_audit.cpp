@@ -163,10 +163,11 @@ void TestAudit::noMnemonicIsTakenTwice()
         QVERIFY2(!owners.contains(key), qPrintable(key + u": "_s + owners.value(key) + u" and "_s + owner));
         owners.insert(key, owner);
     };
+    // The letters of a screen that is not open are free.
     for (const QLabel* label : window->findChildren<QLabel*>())
-        take(label->text(), label->objectName());
+        take(label->isVisible() ? label->text() : QString(), label->objectName());
     for (const QAbstractButton* button : window->findChildren<QAbstractButton*>()) {
-        if (!button->objectName().startsWith("cmdTool_"_L1))
+        if (button->isVisible() && !button->objectName().startsWith("cmdTool_"_L1))
             take(button->text(), button->objectName());
     }
     for (const QAction* menu : m_bench->window->menuBar()->actions())
@@ -228,7 +229,7 @@ void TestAudit::noTextIsCutOffAtTheSmallestSize()
     const QWidget* form = window->findChild<QWidget*>(u"pnlForm"_s);
     QVERIFY(form->width() <= form->parentWidget()->width());
     for (const QPushButton* button : window->findChildren<QPushButton*>())
-        QVERIFY2(button->width() >= button->minimumSizeHint().width(), qPrintable(described(*button)));
+        QVERIFY2(!button->isVisible() || button->width() >= button->minimumSizeHint().width(), qPrintable(described(*button)));
 }
 
 QTEST_MAIN(TestAudit)

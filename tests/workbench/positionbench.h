@@ -4,8 +4,8 @@
 #include "workbench/bench.h"
 #include "workbench/positionscreen.h"
 
-/// Acme (people Ann Lee 1, Mary Jo Ray 2, Bob Orr 3) and Bolt (Cy Dee 4). Acme's position 1 is "Engineer": two
-/// steps done, Ann and Bob assigned, entered 3/5/2024, an event and a questionnaire pointing to it.
+/// Acme (people Ann Lee 1, Mary Jo Ray 2, Bob Orr 3) and Bolt (Cy Dee 4). Acme's position 1 is "Engineer":
+/// two steps done, Ann and Bob assigned, entered 3/5/2024, an event and a questionnaire pointing to it.
 class PositionBench : public Bench
 {
 public:
@@ -31,9 +31,9 @@ public:
         QString steps;
         for (int step = 0; step < 11; ++step)
             steps += u"'12/31/1999',0,"_s;
-        run(u"Insert into Position ( "_s + data().getFields(u"Position"_s).mid(1).join(u',') + u" ) VALUES ('" +
-            title + u"','11/1/2026','','','','','',''," + steps + u"'','','',''," + QString::number(company) +
-            u",'12/31/99')");
+        run(u"Insert into Position ( "_s + data().getFields(u"Position"_s).mid(1).join(u',') +
+            u" ) VALUES ('" + title + u"','11/1/2026','','','','','',''," + steps + u"'','','',''," +
+            QString::number(company) + u",'12/31/99')");
     }
     /// Chooses a company and goes to its positions.
     void open(const QString& company, const QString& title = {})

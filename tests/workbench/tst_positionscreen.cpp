@@ -8,358 +8,301 @@ class TestPositionScreen : public QObject
     Q_OBJECT
 
 private slots:
-    void chosenPositionIsShown();
-    void newEntryEmptiesTheForm_data();
-    void newEntryEmptiesTheForm();
-    void positionGoneMeanwhileIsNotShownAsOne();
-    void formIsEmptyOnAnotherCompany();
-    void fieldLeftIsStored_data();
-    void fieldLeftIsStored();
-    void fieldLeftUnderAnotherTitleIsKeptForTheSave_data();
-    void fieldLeftUnderAnotherTitleIsKeptForTheSave();
-    void failedFieldIsWrittenByTheNextLeaving();
-    void titleMayHoldBlanksWhileItIsTyped();
-    void expiryIsToldInThePanel_data();
-    void expiryIsToldInThePanel();
-    void changedExpiryIsStoredAtOnce();
-    void untickedExpiryIsTheEmptyDate();
-    void assignedContactMovesTheStep();
-    void refusedAssignmentsChangeNothing_data();
-    void refusedAssignmentsChangeNothing();
-    void unassignTakesTheSelectedOrTheOnlyOne();
-    void autosaveBringsTheListIntoTheStore();
-    void pointerStandsOnBothRanks_data();
-    void pointerStandsOnBothRanks();
-    void questionnaireNeedsASavedPosition();
-};
+    void chosenPositionIsShown()
+    {
+        PositionBench bench;
+        bench.open(u"Acme"_s, u"engineer"_s);
+        QCOMPARE(bench.field(u"cmbPosSelection"_s), u"Engineer"_s);
+        QCOMPARE(bench.field(u"txtPosTitle"_s), u"Engineer"_s);
+        QCOMPARE(bench.field(u"txtPosNotes"_s), u"old notes"_s);
+        QCOMPARE(bench.field(u"dtpExpires"_s), u"2026-12-31"_s);
+        QCOMPARE(bench.assigned(), (QStringList{u"Ann Lee"_s, u"Bob Orr"_s}));
+        QCOMPARE(bench.position().progress(), 6);
+        QCOMPARE(bench.currentKey(), Key(1));
+        QCOMPARE(bench.position().form().items(u"cmbPosSelection"_s),
+                 (QStringList{u"Engineer"_s, u"<New>"_s}));
+        QCOMPARE(bench.position().form().items(u"cmbAssignContact"_s),
+                 (QStringList{u"Ann Lee"_s, u"Mary Jo Ray"_s, u"Bob Orr"_s}));
+        QVERIFY(!bench.position().form().isDirty(u"txtKeyword"_s));
+    }
 
-void TestPositionScreen::chosenPositionIsShown()
-{
-    PositionBench bench;
-    bench.open(u"Acme"_s, u"engineer"_s);
-    QCOMPARE(bench.field(u"cmbPosSelection"_s), u"Engineer"_s);
-    QCOMPARE(bench.field(u"txtPosTitle"_s), u"Engineer"_s);
-    QCOMPARE(bench.field(u"txtPosNotes"_s), u"old notes"_s);
-    QCOMPARE(bench.field(u"dtpExpires"_s), u"2026-12-31"_s);
-    QCOMPARE(bench.assigned(), (QStringList{u"Ann Lee"_s, u"Bob Orr"_s}));
-    QCOMPARE(bench.position().progress(), 6);
-    QCOMPARE(bench.currentKey(), Key(1));
-    QCOMPARE(bench.position().form().items(u"cmbPosSelection"_s), (QStringList{u"Engineer"_s, u"<New>"_s}));
-    QCOMPARE(bench.position().form().items(u"cmbAssignContact"_s),
-             (QStringList{u"Ann Lee"_s, u"Mary Jo Ray"_s, u"Bob Orr"_s}));
-    QVERIFY(!bench.position().form().isDirty(u"txtKeyword"_s));
-}
-
-void TestPositionScreen::newEntryEmptiesTheForm_data()
-{
-    QTest::addColumn<bool>("byToolbar");
-    QTest::newRow("box") << false;
-    QTest::newRow("toolbar") << true;
-}
-
-void TestPositionScreen::newEntryEmptiesTheForm()
-{
-    QFETCH(bool, byToolbar);
-    PositionBench bench;
-    bench.open(u"Acme"_s, u"Engineer"_s);
-    QString focused;
-    connect(&bench.position().form(), &Form::focusRequested, this, [&](const QString& name) { focused = name; });
-    if (byToolbar)
+    void newEntryEmptiesTheForm()
+    {
+        PositionBench bench;
+        bench.open(u"Acme"_s, u"Engineer"_s);
+        QString focused;
+        connect(&bench.position().form(), &Form::focusRequested, this,
+                [&](const QString& name) { focused = name; });
         bench.frm->tbarButtonClick(u"new"_s);
-    else
+        QCOMPARE(bench.field(u"cmbPosSelection"_s), u"<New>"_s);
+        QCOMPARE(bench.field(u"txtPosTitle"_s) + bench.field(u"txtPosNotes"_s), QString());
+        QCOMPARE(bench.field(u"dtpExpires"_s), u"2026-12-22"_s); // thirty days ahead
+        QVERIFY(bench.assigned().isEmpty());
+        QCOMPARE(bench.position().progress(), 0);
+        QCOMPARE(bench.currentKey(), Key(0));
+        QCOMPARE(focused, u"txtPosTitle"_s);
+    }
+
+    void positionGoneMeanwhileIsNotShownAsOne()
+    {
+        PositionBench bench;
+        bench.open(u"Acme"_s, u"Engineer"_s);
+        bench.run(u"Delete * from Position"_s);
+        bench.world.prompts.expect(u"DataJW-GetPosition- Position Key not found."_s);
+        bench.position().cmbPosSelectionClick(u"Engineer"_s);
+        QCOMPARE(bench.field(u"cmbPosSelection"_s) + bench.field(u"txtPosTitle"_s), QString());
+        QCOMPARE(bench.currentKey(), Key(0));
+    }
+
+    void formIsEmptyOnAnotherCompany()
+    {
+        PositionBench bench;
+        bench.open(u"Acme"_s, u"Engineer"_s);
+        bench.choose(u"Bolt"_s);
+        QCOMPARE(bench.field(u"txtPosTitle"_s), QString());
+        QCOMPARE(bench.currentKey(), Key(0));
+        QCOMPARE(bench.position().form().items(u"cmbPosSelection"_s), QStringList{u"<New>"_s});
+        QCOMPARE(bench.position().form().items(u"cmbAssignContact"_s), QStringList{u"Cy Dee"_s});
+        // Also when the choice is made on another screen.
+        bench.open(u"Acme"_s, u"Engineer"_s);
+        bench.frm->tabStrip1Click(u"Company"_s);
+        bench.choose(u"Bolt"_s);
+        QCOMPARE(bench.currentKey(), Key(0));
+    }
+
+    void fieldLeftIsStored()
+    {
+        PositionBench bench;
+        bench.addPosition(u"Planner"_s, 1);
+        bench.open(u"Acme"_s, u"Engineer"_s);
+        QStringList columns;
+        for (const FieldRow& row : bench.position().form().rows()) {
+            if (row.save != SaveOn::Leave)
+                continue;
+            bench.edit(row.control, u"it's\nhard'); Delete"_s);
+            QVERIFY(bench.frm->procVisible());
+            const QStringList sent = bench.statements([&] { bench.position().fieldLeft(row.control); });
+            QCOMPARE(sent.last(), QString(u"Update Position set " + row.column +
+                                          u"='it`s\r\nhard`); Delete' where positionkey=1"));
+            QVERIFY(!bench.frm->procVisible());
+            QCOMPARE(bench.statements([&] { bench.position().fieldLeft(row.control); }), QStringList());
+            columns.append(row.column);
+        }
+        QCOMPARE(columns.join(u' '),
+                 u"Keyword Location Source Responsibilities Qualifications Benefits Notes"_s);
+        QCOMPARE(bench.cells(u"Select Keyword,Notes from Position order by PositionKey"_s),
+                 u"it`s\r\nhard`); Delete|it`s\r\nhard`); Delete;|"_s);
+    }
+
+    void fieldLeftUnderAnotherTitleIsKeptForTheSave_data()
+    {
+        QTest::addColumn<QString>("chosen");
+        QTest::addColumn<QString>("title");
+        QTest::newRow("new entry") << u"<New>"_s << u"Welder"_s;
+        QTest::newRow("renamed") << u"Engineer"_s << u"Welder"_s;
+        QTest::newRow("renamed to another position") << u"Engineer"_s << u"Planner"_s;
+    }
+
+    void fieldLeftUnderAnotherTitleIsKeptForTheSave()
+    {
+        QFETCH(QString, chosen);
+        QFETCH(QString, title);
+        PositionBench bench;
+        bench.addPosition(u"Planner"_s, 1);
+        bench.open(u"Acme"_s, chosen);
+        bench.edit(u"txtPosTitle"_s, title);
+        bench.edit(u"txtKeyword"_s, u"typed"_s);
+        bench.position().fieldLeft(u"txtKeyword"_s);
+        QCOMPARE(bench.cells(u"Select Keyword from Position order by PositionKey"_s), u"cad;"_s);
+        QVERIFY(bench.position().form().isDirty(u"txtKeyword"_s));
+        QVERIFY(bench.frm->procVisible());
+    }
+
+    void failedFieldIsWrittenByTheNextLeaving()
+    {
+        PositionBench bench;
+        bench.open(u"Acme"_s, u"Engineer"_s);
+        bench.edit(u"txtKeyword"_s, u"steel"_s);
+        bench.data().database().setInterceptor([](QStringView statement) {
+            if (statement.startsWith(u"Update"))
+                throw StoreError(u"failed on purpose"_s, 1, u"test"_s);
+        });
+        bench.world.prompts.expect(u"failed on purpose"_s);
+        bench.position().fieldLeft(u"txtKeyword"_s);
+        bench.data().database().setInterceptor({});
+        bench.position().fieldLeft(u"txtKeyword"_s);
+        QCOMPARE(bench.cells(u"Select Keyword from Position"_s), u"steel"_s);
+    }
+
+    void titleMayHoldBlanksWhileItIsTyped()
+    {
+        PositionBench bench;
+        bench.open(u"Acme"_s, u"<New>"_s);
+        bench.edit(u"txtPosTitle"_s, u" Senior "_s);
+        QCOMPARE(bench.field(u"txtPosTitle"_s), u" Senior "_s);
+        QVERIFY(bench.frm->procVisible());
+        // Any other field's change trims it, on whichever screen.
+        bench.edit(u"txtKeyword"_s, u"x"_s);
+        QCOMPARE(bench.field(u"txtPosTitle"_s), u"Senior"_s);
+        bench.edit(u"txtPosTitle"_s, u"Senior Welder "_s);
+        bench.position().fieldLeft(u"txtPosTitle"_s);
+        QCOMPARE(bench.field(u"txtPosTitle"_s), u"Senior Welder"_s);
+    }
+
+    void expiryIsToldInThePanel_data()
+    {
+        QTest::addColumn<QString>("stored");
+        QTest::addColumn<QString>("shown");
+        QTest::addColumn<bool>("ticked");
+        QTest::addColumn<bool>("expired");
+        QTest::newRow("tomorrow") << u"'11/23/2026'"_s << u"2026-11-23"_s << true << false;
+        QTest::newRow("today") << u"'11/22/2026'"_s << u"2026-11-22"_s << true << false;
+        QTest::newRow("yesterday") << u"'11/21/2026'"_s << u"2026-11-21"_s << true << true;
+        QTest::newRow("no expiry") << u"'12/31/99'"_s << u"1999-12-31"_s << false << false;
+        QTest::newRow("never entered") << u"''"_s << u"2001-01-01"_s << true << true;
+    }
+
+    void expiryIsToldInThePanel()
+    {
+        QFETCH(QString, stored);
+        QFETCH(bool, ticked);
+        QFETCH(bool, expired);
+        PositionBench bench;
+        bench.run(u"Update Position set Expires="_s + stored);
+        bench.open(u"Acme"_s, u"Engineer"_s);
+        QTEST(bench.field(u"dtpExpires"_s), "shown");
+        QCOMPARE(bench.position().hasExpiry(), ticked);
+        QCOMPARE(bench.position().form().isEnabled(u"dtpExpires"_s), ticked);
+        QCOMPARE(bench.frm->positionPanel(), expired ? u"Position EXPIRED"_s : QString());
+        QCOMPARE(bench.frm->procVisible(), expired);
         bench.position().cmbPosSelectionClick(u"<New>"_s);
-    QCOMPARE(bench.field(u"cmbPosSelection"_s), u"<New>"_s);
-    QCOMPARE(bench.field(u"txtPosTitle"_s) + bench.field(u"txtPosNotes"_s), QString());
-    QCOMPARE(bench.field(u"dtpExpires"_s), u"2026-12-22"_s); // thirty days ahead
-    QVERIFY(bench.assigned().isEmpty());
-    QCOMPARE(bench.position().progress(), 0);
-    QCOMPARE(bench.currentKey(), Key(0));
-    QCOMPARE(focused, u"txtPosTitle"_s);
-}
+        QCOMPARE(bench.frm->positionPanel(), QString());
+    }
 
-void TestPositionScreen::positionGoneMeanwhileIsNotShownAsOne()
-{
-    PositionBench bench;
-    bench.open(u"Acme"_s, u"Engineer"_s);
-    bench.run(u"Delete * from Position"_s);
-    bench.world.prompts.expect(u"DataJW-GetPosition- Position Key not found."_s);
-    bench.position().cmbPosSelectionClick(u"Engineer"_s);
-    QCOMPARE(bench.field(u"cmbPosSelection"_s) + bench.field(u"txtPosTitle"_s), QString());
-    QCOMPARE(bench.currentKey(), Key(0));
-}
+    void changedExpiryIsStoredAtOnce()
+    {
+        PositionBench bench;
+        bench.open(u"Acme"_s, u"Engineer"_s);
+        const QStringList sent = bench.statements([&] { bench.edit(u"dtpExpires"_s, u"2026-11-05"_s); });
+        QCOMPARE(sent.last(), u"Update Position set Expires='11/5/2026' where positionkey=1"_s);
+        QCOMPARE(bench.frm->positionPanel(), u"Position EXPIRED"_s);
+        QVERIFY(!bench.frm->procVisible());
+        bench.edit(u"dtpExpires"_s, u"2027-01-05"_s);
+        QCOMPARE(bench.cells(u"Select Expires from Position"_s), u"1/5/2027"_s);
+        QCOMPARE(bench.frm->positionPanel(), QString());
+    }
 
-void TestPositionScreen::formIsEmptyOnAnotherCompany()
-{
-    PositionBench bench;
-    bench.open(u"Acme"_s, u"Engineer"_s);
-    bench.choose(u"Bolt"_s);
-    QCOMPARE(bench.field(u"txtPosTitle"_s), QString());
-    QCOMPARE(bench.currentKey(), Key(0));
-    QCOMPARE(bench.position().form().items(u"cmbPosSelection"_s), QStringList{u"<New>"_s});
-    QCOMPARE(bench.position().form().items(u"cmbAssignContact"_s), QStringList{u"Cy Dee"_s});
-    // Also when the choice is made on another screen.
-    bench.open(u"Acme"_s, u"Engineer"_s);
-    bench.frm->tabStrip1Click(u"Company"_s);
-    bench.choose(u"Bolt"_s);
-    QCOMPARE(bench.currentKey(), Key(0));
-}
+    void untickedExpiryIsTheEmptyDate()
+    {
+        PositionBench bench;
+        bench.open(u"Acme"_s, u"Engineer"_s);
+        bench.position().tickExpires(false);
+        QCOMPARE(bench.cells(u"Select Expires from Position"_s), u"12/31/1999"_s);
+        QVERIFY(!bench.position().hasExpiry());
+        bench.position().tickExpires(true);
+        QCOMPARE(bench.cells(u"Select Expires from Position"_s), u"12/22/2026"_s);
+    }
 
-void TestPositionScreen::fieldLeftIsStored_data()
-{
-    QTest::addColumn<QString>("control");
-    QTest::addColumn<QString>("column");
-    QTest::newRow("keyword") << u"txtKeyword"_s << u"Keyword"_s;
-    QTest::newRow("responsibilities") << u"txtResponsibilities"_s << u"Responsibilities"_s;
-    QTest::newRow("qualifications") << u"txtQualifications"_s << u"Qualifications"_s;
-    QTest::newRow("notes") << u"txtPosNotes"_s << u"Notes"_s;
-    QTest::newRow("benefits") << u"txtBenefits"_s << u"Benefits"_s;
-    QTest::newRow("source") << u"txtSource"_s << u"Source"_s;
-    QTest::newRow("location") << u"txtLocation"_s << u"Location"_s;
-}
+    void assignedContactMovesTheStep()
+    {
+        PositionBench bench;
+        bench.addPosition(u"Planner"_s, 1);
+        bench.open(u"Acme"_s, u"Planner"_s);
+        bench.assign(u"Mary Jo Ray"_s); // a first name of two words
+        QCOMPARE(bench.assigned(), QStringList{u"Mary Jo Ray"_s});
+        QVERIFY(bench.frm->procVisible());
+        QCOMPARE(
+            bench.cells(
+                u"Select InfoContact,InfoContactMedium,ContactList from Position order by PositionKey"_s),
+            u"12/31/1999|0|1,3;11/22/2026|6|"_s);
+        QCOMPARE(bench.position().progress(), 3);
+        bench.position().cmdUpdatePos1();
+        QCOMPARE(bench.cells(u"Select ContactList,InfoContactMedium from Position where Title='Planner'"_s),
+                 u"2|6"_s);
+    }
 
-void TestPositionScreen::fieldLeftIsStored()
-{
-    QFETCH(QString, control);
-    QFETCH(QString, column);
-    PositionBench bench;
-    bench.addPosition(u"Planner"_s, 1);
-    bench.open(u"Acme"_s, u"Engineer"_s);
-    bench.edit(control, u"it's\nhard'); Delete"_s);
-    QVERIFY(bench.frm->procVisible());
-    QCOMPARE(bench.frm->procText(), u"Update Position"_s);
-    const QStringList sent = bench.statements([&] { bench.position().fieldLeft(control); });
-    QCOMPARE(sent.last(), QString(u"Update Position set " + column +
-                                  u"='it`s\r\nhard`); Delete' where positionkey=1"));
-    QCOMPARE(bench.cells(u"Select "_s + column + u" from Position where PositionKey=1"),
-             u"it`s\r\nhard`); Delete"_s);
-    QVERIFY(!bench.cells(u"Select "_s + column + u" from Position where PositionKey=2").contains(u"hard"_s));
-    QVERIFY(!bench.frm->procVisible());
-    QCOMPARE(bench.statements([&] { bench.position().fieldLeft(control); }), QStringList());
-}
+    void unassignTakesTheSelectedOrTheOnlyOne()
+    {
+        PositionBench bench;
+        bench.open(u"Acme"_s, u"Engineer"_s);
+        TreeModel& tree = bench.position().tvwContacts();
+        const QModelIndex root = tree.index(0, 0);
+        bench.position().selectContact(root); // the root stands for nobody
+        bench.world.prompts.expect(
+            u"You have multiple contacts, please select who you would like to remove from "
+            "this assignment."_s);
+        bench.position().cmdRemoveContactAssign1();
+        bench.position().selectContact(tree.index(1, 0, root));
+        bench.position().cmdRemoveContactAssign1();
+        QCOMPARE(bench.assigned(), QStringList{u"Ann Lee"_s});
+        bench.position().cmdRemoveContactAssign1();
+        QVERIFY(bench.assigned().isEmpty());
+        bench.world.prompts.expect(u"No contacts assigned to this position for removal."_s);
+        bench.position().cmdRemoveContactAssign1();
+        QCOMPARE(bench.cells(u"Select ContactList from Position"_s), u"1,3"_s); // until it is saved
+        bench.position().cmdUpdatePos1();
+        QCOMPARE(bench.cells(u"Select ContactList from Position"_s), QString());
+    }
 
-void TestPositionScreen::fieldLeftUnderAnotherTitleIsKeptForTheSave_data()
-{
-    QTest::addColumn<QString>("chosen");
-    QTest::addColumn<QString>("title");
-    QTest::newRow("new entry") << u"<New>"_s << u"Welder"_s;
-    QTest::newRow("renamed") << u"Engineer"_s << u"Welder"_s;
-    QTest::newRow("renamed to another position") << u"Engineer"_s << u"Planner"_s;
-}
+    void autosaveBringsTheListIntoTheStore()
+    {
+        PositionBench bench;
+        bench.world.session->autosave = true;
+        bench.open(u"Acme"_s, u"Engineer"_s);
+        bench.assign(u"Mary Jo Ray"_s);
+        QCOMPARE(bench.cells(u"Select PositionKey,ContactList,InfoContactMedium from Position"_s),
+                 u"2|1,3,2|6"_s);
+        bench.position().selectContact(
+            bench.position().tvwContacts().index(0, 0, bench.position().tvwContacts().index(0, 0)));
+        bench.position().cmdRemoveContactAssign1();
+        QCOMPARE(bench.cells(u"Select PositionKey,ContactList from Position"_s), u"3|3,2"_s);
+    }
 
-void TestPositionScreen::fieldLeftUnderAnotherTitleIsKeptForTheSave()
-{
-    QFETCH(QString, chosen);
-    QFETCH(QString, title);
-    PositionBench bench;
-    bench.addPosition(u"Planner"_s, 1);
-    bench.open(u"Acme"_s, chosen);
-    bench.edit(u"txtPosTitle"_s, title);
-    bench.edit(u"txtKeyword"_s, u"typed"_s);
-    bench.position().fieldLeft(u"txtKeyword"_s);
-    QCOMPARE(bench.cells(u"Select Keyword from Position order by PositionKey"_s), u"cad;"_s);
-    QVERIFY(bench.position().form().isDirty(u"txtKeyword"_s));
-    QVERIFY(bench.frm->procVisible());
-}
+    void pointerStandsOnBothRanks_data()
+    {
+        QTest::addColumn<QString>("company");
+        QTest::addColumn<QString>("title");
+        QTest::addColumn<double>("companyPlace");
+        QTest::addColumn<double>("positionPlace");
+        QTest::newRow("both ranked") << u"Acme"_s << u"Engineer"_s << 0.25 << 0.6;
+        QTest::newRow("position not ranked") << u"Acme"_s << u"Planner"_s << 0.25 << 0.0;
+        QTest::newRow("none ranked") << u"Bolt"_s << u"<New>"_s << 0.0 << 0.0;
+    }
 
-void TestPositionScreen::failedFieldIsWrittenByTheNextLeaving()
-{
-    PositionBench bench;
-    bench.open(u"Acme"_s, u"Engineer"_s);
-    bench.edit(u"txtKeyword"_s, u"steel"_s);
-    bench.data().database().setInterceptor([](QStringView statement) {
-        if (statement.startsWith(u"Update"))
-            throw StoreError(u"failed on purpose"_s, 1, u"test"_s);
-    });
-    bench.world.prompts.expect(u"failed on purpose"_s);
-    bench.position().fieldLeft(u"txtKeyword"_s);
-    bench.data().database().setInterceptor({});
-    bench.position().fieldLeft(u"txtKeyword"_s);
-    QCOMPARE(bench.cells(u"Select Keyword from Position"_s), u"steel"_s);
-}
+    void pointerStandsOnBothRanks()
+    {
+        QFETCH(QString, company);
+        QFETCH(QString, title);
+        PositionBench bench;
+        bench.addPosition(u"Planner"_s, 1);
+        bench.run(u"Insert into CProfile(CompanyKey,PR,QCount) Values(1,2,8)"_s);
+        bench.open(u"Acme"_s, u"Engineer"_s);
+        bench.open(company, title);
+        QTEST(bench.position().companyPlace(), "companyPlace");
+        QTEST(bench.position().positionPlace(), "positionPlace");
+        // Without questions there is no scale: the pointer stays, and the log says why.
+        bench.run(u"Update CProfile set QCount=0"_s);
+        bench.position().computeJptr();
+        QTEST(bench.position().companyPlace(), "companyPlace");
+        QCOMPARE(bench.world.errorLog().contains(u"frmData - computeJptr"_s), company == u"Acme");
+    }
 
-void TestPositionScreen::titleMayHoldBlanksWhileItIsTyped()
-{
-    PositionBench bench;
-    bench.open(u"Acme"_s, u"<New>"_s);
-    bench.edit(u"txtPosTitle"_s, u" Senior "_s);
-    QCOMPARE(bench.field(u"txtPosTitle"_s), u" Senior "_s);
-    QVERIFY(bench.frm->procVisible());
-    // Any other field's change trims it, on whichever screen.
-    bench.edit(u"txtKeyword"_s, u"x"_s);
-    QCOMPARE(bench.field(u"txtPosTitle"_s), u"Senior"_s);
-    bench.edit(u"txtPosTitle"_s, u"Senior Welder "_s);
-    bench.position().fieldLeft(u"txtPosTitle"_s);
-    QCOMPARE(bench.field(u"txtPosTitle"_s), u"Senior Welder"_s);
-}
-
-void TestPositionScreen::expiryIsToldInThePanel_data()
-{
-    QTest::addColumn<QString>("stored");
-    QTest::addColumn<QString>("shown");
-    QTest::addColumn<bool>("ticked");
-    QTest::addColumn<bool>("expired");
-    QTest::newRow("tomorrow") << u"'11/23/2026'"_s << u"2026-11-23"_s << true << false;
-    QTest::newRow("today") << u"'11/22/2026'"_s << u"2026-11-22"_s << true << false;
-    QTest::newRow("yesterday") << u"'11/21/2026'"_s << u"2026-11-21"_s << true << true;
-    QTest::newRow("no expiry") << u"'12/31/99'"_s << u"1999-12-31"_s << false << false;
-    QTest::newRow("never entered") << u"''"_s << u"2001-01-01"_s << true << true;
-}
-
-void TestPositionScreen::expiryIsToldInThePanel()
-{
-    QFETCH(QString, stored);
-    QFETCH(bool, ticked);
-    QFETCH(bool, expired);
-    PositionBench bench;
-    bench.run(u"Update Position set Expires="_s + stored);
-    bench.open(u"Acme"_s, u"Engineer"_s);
-    QTEST(bench.field(u"dtpExpires"_s), "shown");
-    QCOMPARE(bench.position().hasExpiry(), ticked);
-    QCOMPARE(bench.position().form().isEnabled(u"dtpExpires"_s), ticked);
-    QCOMPARE(bench.frm->positionPanel(), expired ? u"Position EXPIRED"_s : QString());
-    QCOMPARE(bench.frm->procVisible(), expired);
-    bench.position().cmbPosSelectionClick(u"<New>"_s);
-    QCOMPARE(bench.frm->positionPanel(), QString());
-}
-
-void TestPositionScreen::changedExpiryIsStoredAtOnce()
-{
-    PositionBench bench;
-    bench.open(u"Acme"_s, u"Engineer"_s);
-    const QStringList sent = bench.statements([&] { bench.edit(u"dtpExpires"_s, u"2026-11-05"_s); });
-    QCOMPARE(sent.last(), u"Update Position set Expires='11/5/2026' where positionkey=1"_s);
-    QCOMPARE(bench.frm->positionPanel(), u"Position EXPIRED"_s);
-    QVERIFY(!bench.frm->procVisible());
-    bench.edit(u"dtpExpires"_s, u"2027-01-05"_s);
-    QCOMPARE(bench.cells(u"Select Expires from Position"_s), u"1/5/2027"_s);
-    QCOMPARE(bench.frm->positionPanel(), QString());
-}
-
-void TestPositionScreen::untickedExpiryIsTheEmptyDate()
-{
-    PositionBench bench;
-    bench.open(u"Acme"_s, u"Engineer"_s);
-    bench.position().tickExpires(false);
-    QCOMPARE(bench.cells(u"Select Expires from Position"_s), u"12/31/1999"_s);
-    QVERIFY(!bench.position().hasExpiry());
-    bench.position().tickExpires(true);
-    QCOMPARE(bench.cells(u"Select Expires from Position"_s), u"12/22/2026"_s);
-}
-
-void TestPositionScreen::assignedContactMovesTheStep()
-{
-    PositionBench bench;
-    bench.addPosition(u"Planner"_s, 1);
-    bench.open(u"Acme"_s, u"Planner"_s);
-    bench.assign(u"Mary Jo Ray"_s); // a first name of two words
-    QCOMPARE(bench.assigned(), QStringList{u"Mary Jo Ray"_s});
-    QVERIFY(bench.frm->procVisible());
-    QCOMPARE(bench.cells(u"Select InfoContact,InfoContactMedium,ContactList from Position order by PositionKey"_s),
-             u"12/31/1999|0|1,3;11/22/2026|6|"_s);
-    QCOMPARE(bench.position().progress(), 3);
-    bench.position().cmdUpdatePos1();
-    QCOMPARE(bench.cells(u"Select ContactList,InfoContactMedium from Position where Title='Planner'"_s), u"2|6"_s);
-}
-
-void TestPositionScreen::refusedAssignmentsChangeNothing_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("message");
-    QTest::newRow("nobody") << u"  "_s << u"Please select a contact to assign."_s;
-    QTest::newRow("twice") << u"Ann Lee"_s << u"Ann Lee has already been assigned to this position."_s;
-    QTest::newRow("gone") << u"Zoe Zed"_s << u"There is no contact Zoe Zed at this company any more."_s;
-}
-
-void TestPositionScreen::refusedAssignmentsChangeNothing()
-{
-    QFETCH(QString, name);
-    QFETCH(QString, message);
-    PositionBench bench;
-    bench.open(u"Acme"_s, u"Engineer"_s);
-    bench.world.prompts.expect(message);
-    bench.assign(name);
-    QCOMPARE(bench.assigned().size(), 2);
-    QCOMPARE(bench.cells(u"Select InfoContactMedium from Position"_s), u"0"_s);
-}
-
-void TestPositionScreen::unassignTakesTheSelectedOrTheOnlyOne()
-{
-    PositionBench bench;
-    bench.open(u"Acme"_s, u"Engineer"_s);
-    TreeModel& tree = bench.position().tvwContacts();
-    const QModelIndex root = tree.index(0, 0);
-    bench.position().selectContact(root); // the root stands for nobody
-    bench.world.prompts.expect(u"You have multiple contacts, please select who you would like to remove from "
-                               "this assignment."_s);
-    bench.position().cmdRemoveContactAssign1();
-    bench.position().selectContact(tree.index(1, 0, root));
-    bench.position().cmdRemoveContactAssign1();
-    QCOMPARE(bench.assigned(), QStringList{u"Ann Lee"_s});
-    bench.position().cmdRemoveContactAssign1();
-    QVERIFY(bench.assigned().isEmpty());
-    bench.world.prompts.expect(u"No contacts assigned to this position for removal."_s);
-    bench.position().cmdRemoveContactAssign1();
-    QCOMPARE(bench.cells(u"Select ContactList from Position"_s), u"1,3"_s); // until it is saved
-    bench.position().cmdUpdatePos1();
-    QCOMPARE(bench.cells(u"Select ContactList from Position"_s), QString());
-}
-
-void TestPositionScreen::autosaveBringsTheListIntoTheStore()
-{
-    PositionBench bench;
-    bench.world.session->autosave = true;
-    bench.open(u"Acme"_s, u"Engineer"_s);
-    bench.assign(u"Mary Jo Ray"_s);
-    QCOMPARE(bench.cells(u"Select PositionKey,ContactList,InfoContactMedium from Position"_s), u"2|1,3,2|6"_s);
-    bench.position().selectContact(
-        bench.position().tvwContacts().index(0, 0, bench.position().tvwContacts().index(0, 0)));
-    bench.position().cmdRemoveContactAssign1();
-    QCOMPARE(bench.cells(u"Select PositionKey,ContactList from Position"_s), u"3|3,2"_s);
-}
-
-void TestPositionScreen::pointerStandsOnBothRanks_data()
-{
-    QTest::addColumn<QString>("company");
-    QTest::addColumn<QString>("title");
-    QTest::addColumn<double>("companyPlace");
-    QTest::addColumn<double>("positionPlace");
-    QTest::newRow("both ranked") << u"Acme"_s << u"Engineer"_s << 0.25 << 0.6;
-    QTest::newRow("position not ranked") << u"Acme"_s << u"Planner"_s << 0.25 << 0.0;
-    QTest::newRow("none ranked") << u"Bolt"_s << u"<New>"_s << 0.0 << 0.0;
-}
-
-void TestPositionScreen::pointerStandsOnBothRanks()
-{
-    QFETCH(QString, company);
-    QFETCH(QString, title);
-    PositionBench bench;
-    bench.addPosition(u"Planner"_s, 1);
-    bench.run(u"Insert into CProfile(CompanyKey,PR,QCount) Values(1,2,8)"_s);
-    bench.open(u"Acme"_s, u"Engineer"_s);
-    bench.open(company, title);
-    QTEST(bench.position().companyPlace(), "companyPlace");
-    QTEST(bench.position().positionPlace(), "positionPlace");
-    // Without questions there is no scale: the pointer stays, and the log says why.
-    bench.run(u"Update CProfile set QCount=0"_s);
-    bench.position().computeJptr();
-    QTEST(bench.position().companyPlace(), "companyPlace");
-    QCOMPARE(bench.world.errorLog().contains(u"frmData - computeJptr"_s), company == u"Acme");
-}
-
-void TestPositionScreen::questionnaireNeedsASavedPosition()
-{
-    PositionBench bench;
-    bench.open(u"Acme"_s, u"<New>"_s);
-    bench.world.prompts.expect(u"No existing position has been selected.\r\nMake sure you saved and selected any "
-                               "position data prior to creating a profile."_s);
-    bench.position().cmdJProfile1();
-    QVERIFY(bench.navigator.opened.isEmpty());
-    bench.position().cmbPosSelectionClick(u"Engineer"_s);
-    bench.navigator.whileOpen = [&] { bench.run(u"Update JProfile set PR=9"_s); };
-    bench.position().cmdJProfile1();
-    QCOMPARE(bench.navigator.opened, QStringList{u"FrmProfileJob"_s});
-    QCOMPARE(bench.position().positionPlace(), 0.9);
-}
+    void questionnaireNeedsASavedPosition()
+    {
+        PositionBench bench;
+        bench.open(u"Acme"_s, u"<New>"_s);
+        bench.world.prompts.expect(
+            u"No existing position has been selected.\r\nMake sure you saved and selected any "
+            "position data prior to creating a profile."_s);
+        bench.position().cmdJProfile1();
+        QVERIFY(bench.navigator.opened.isEmpty());
+        bench.position().cmbPosSelectionClick(u"Engineer"_s);
+        bench.navigator.whileOpen = [&] { bench.run(u"Update JProfile set PR=9"_s); };
+        bench.position().cmdJProfile1();
+        QCOMPARE(bench.navigator.opened, QStringList{u"FrmProfileJob"_s});
+        QCOMPARE(bench.position().positionPlace(), 0.9);
+    }
+};
 
 QTEST_GUILESS_MAIN(TestPositionScreen)
 #include "tst_positionscreen.moc"

@@ -25,7 +25,8 @@ PositionView::PositionView(PositionScreen& presenter, QWidget* parent)
     m_ui->dtpExpires->installEventFilter(this);
     setIcons();
     // The two boxes that find what is typed keep their own way of showing and taking a text.
-    m_binder = new FormBinder(presenter.form(), presenter, *this, {u"cmbPosSelection"_s, u"cmbAssignContact"_s});
+    m_binder =
+        new FormBinder(presenter.form(), presenter, *this, {u"cmbPosSelection"_s, u"cmbAssignContact"_s});
     connectSelectors();
     connectContacts();
     connect(m_ui->chkExpires, &QAbstractButton::clicked, &presenter, &PositionScreen::tickExpires);
@@ -43,7 +44,9 @@ Form& PositionView::form()
 void PositionView::connectSelectors()
 {
     for (CompanySelector* selector : {m_ui->cmbPosSelection, m_ui->cmbAssignContact}) {
-        const auto showsThis = [selector](const QString& control) { return control == selector->objectName(); };
+        const auto showsThis = [selector](const QString& control) {
+            return control == selector->objectName();
+        };
         connect(&form(), &Form::itemsChanged, this, [this, selector, showsThis](const QString& control) {
             if (showsThis(control))
                 selector->setCompanies(form().items(control));
@@ -55,7 +58,8 @@ void PositionView::connectSelectors()
         selector->setCompanies(form().items(selector->objectName()));
         selector->showChosen(form().text(selector->objectName()));
     }
-    connect(m_ui->cmbPosSelection, &CompanySelector::chosen, &m_presenter, &PositionScreen::cmbPosSelectionClick);
+    connect(m_ui->cmbPosSelection, &CompanySelector::chosen, &m_presenter,
+            &PositionScreen::cmbPosSelectionClick);
     connect(m_ui->cmbAssignContact, &CompanySelector::chosen, this,
             [this](const QString& name) { form().edit(u"cmbAssignContact"_s, name); });
     connect(m_ui->cmbPosSelection, &CompanySelector::nothingFound, this, [this](const QString& typed) {

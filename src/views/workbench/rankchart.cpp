@@ -25,9 +25,10 @@ void RankChart::setPointer(double company, double position)
 {
     m_company = onScale(company);
     m_position = onScale(position);
-    const QString words = tr("By their questionnaires the company reaches %1 % of its scale, the position %2 %.")
-                              .arg(qRound(m_company * 100))
-                              .arg(qRound(m_position * 100));
+    const QString words =
+        tr("By their questionnaires the company reaches %1 % of its scale, the position %2 %.")
+            .arg(qRound(m_company * 100))
+            .arg(qRound(m_position * 100));
     setToolTip(words);
     setAccessibleDescription(words);
     update();
@@ -68,7 +69,8 @@ void RankChart::paintEvent(QPaintEvent*)
     painter.drawLine(field.bottomLeft(), field.topLeft());
     painter.drawLine(field.bottomLeft(), field.bottomRight());
     painter.drawText(QRectF(0, 0, width(), line), Qt::AlignLeft | Qt::AlignVCenter, tr("Position"));
-    painter.drawText(QRectF(0, height() - line, width(), line), Qt::AlignRight | Qt::AlignVCenter, tr("Company"));
+    painter.drawText(QRectF(0, height() - line, width(), line), Qt::AlignRight | Qt::AlignVCenter,
+                     tr("Company"));
 
     grid.setAlphaF(grid.alphaF() * 0.35F);
     painter.setPen(QPen(grid, 1));
