@@ -74,7 +74,8 @@ int companies(CommandContext& context, bool table, bool json)
     return Done;
 }
 
-/// The company that the user means: the name itself in any case, else the only one that holds the text.
+} // namespace
+
 QString findCompany(const QStringList& names, const QString& wanted)
 {
     QStringList close;
@@ -92,6 +93,8 @@ QString findCompany(const QStringList& names, const QString& wanted)
         printError(tr("Several companies are called like that: %1").arg(close.mid(0, 10).join(QStringLiteral(", "))));
     return {};
 }
+
+namespace {
 
 int summary(CommandContext& context, const QString& wanted)
 {
