@@ -42,3 +42,9 @@ using Command = std::function<int(CommandContext&)>;
 void addStoreCommands(CLI::App& app, Command& chosen);
 /// Adds the workbench's commands: companies, summary.
 void addWorkbenchCommands(CLI::App& app, Command& chosen);
+/// Adds the commands that say where positions stand: pipeline, positions.
+void addPipelineCommands(CLI::App& app, Command& chosen);
+
+/// The company that the user means among @p names: the name itself in any case, else the only one that holds the
+/// text. Nothing, with the reason printed, when there is none or no single one.
+std::optional<QString> findCompany(const QStringList& names, const QString& wanted);

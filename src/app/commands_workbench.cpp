@@ -86,7 +86,8 @@ int companies(CommandContext& context, bool table, bool json)
     return Done;
 }
 
-/// The company that the user means: the name itself in any case, else the only one that holds the text.
+} // namespace
+
 std::optional<QString> findCompany(const QStringList& names, const QString& wanted)
 {
     QStringList close;
@@ -105,6 +106,8 @@ std::optional<QString> findCompany(const QStringList& names, const QString& want
                        .arg(close.mid(0, 10).join(QStringLiteral(", "))));
     return std::nullopt;
 }
+
+namespace {
 
 int summary(CommandContext& context, const QString& wanted)
 {

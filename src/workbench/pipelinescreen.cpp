@@ -59,7 +59,10 @@ void PipelineScreen::load()
 {
     m_workbench.session().trace(u"frmData - loadPipelineFrame"_s);
     m_workbench.selection().currentScreen = u"Pipeline"_s;
-    if (!m_tree.hasNodes())
+    // Read once, as a long campaign takes its time. What is new in it waits for the refresh; what is gone is taken out,
+    // as a node that leads nowhere is worse than one that is missing.
+    const Key positions = m_workbench.session().dataJW().getCount(u"Position"_s, true);
+    if (!m_tree.hasNodes() || positions < m_positionsRead)
         buildTree();
     if (m_workbench.selection().currentPositionKey == 0 || !showCurrentPosition())
         showNothing();
@@ -109,6 +112,7 @@ std::vector<PipelineTree::Company> PipelineScreen::readCompanies()
     QHash<qint64, QStringList> titles;
     RecordSet positions =
         dataJW.getExecQueryRecords(u"Select CompanyKey,Title from Position order by CompanyKey,Title"_s);
+    m_positionsRead = positions.rowCount();
     for (; !positions.atEnd(); positions.next())
         titles[positions.value(0).toLongLong()].append(positions.text(1));
 

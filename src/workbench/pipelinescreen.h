@@ -115,6 +115,7 @@ private:
     FrmData& m_workbench;
     Form m_form;
     PipelineTree m_tree;
+    int m_positionsRead = 0; ///< positions in the store when the tree was built
     std::array<Bar, barsAPage> m_bars;
     QString m_visualCaption;
     int m_page = 0;

@@ -68,12 +68,13 @@ private slots:
         QTest::newRow("two commands") << QStringList{u"companies"_s, u"paths"_s} << 2 << QString();
         QTest::newRow("missing argument") << QStringList{u"summary"_s} << 2 << u"NAME"_s;
         QTest::newRow("no display, no command") << QStringList{} << 1 << u"no display"_s;
-        QTest::newRow("unknown company")
-            << QStringList{u"summary"_s, u"Nobody & Sons"_s} << 1 << u"no company"_s;
-        QTest::newRow("query, no statement")
-            << QStringList{u"query"_s, u"drop table Company"_s} << 1 << u"jobwright: "_s;
-        QTest::newRow("query, no table")
-            << QStringList{u"query"_s, u"Select * from Wages"_s} << 1 << u"Wages"_s;
+        QTest::newRow("unknown company") << QStringList{u"summary"_s, u"Nobody & Sons"_s} << 1 << u"no company"_s;
+        QTest::newRow("positions of one") << QStringList{u"positions"_s, u"DANFORTH"_s} << 0 << u"Buyer Planner Castings"_s;
+        QTest::newRow("positions, unknown company") << QStringList{u"positions"_s, u"Nobody"_s} << 1 << u"no company"_s;
+        QTest::newRow("positions, several companies") << QStringList{u"positions"_s, u"a"_s} << 1 << u"Several"_s;
+        QTest::newRow("bar") << QStringList{u"pipeline"_s} << 0 << u"##########- 10/11\n"_s;
+        QTest::newRow("query, no statement") << QStringList{u"query"_s, u"drop table Company"_s} << 1 << u"jobwright: "_s;
+        QTest::newRow("query, no table") << QStringList{u"query"_s, u"Select * from Wages"_s} << 1 << u"Wages"_s;
         QTest::newRow("query, two statements")
             << QStringList{u"query"_s, u"Select * from Company; Delete * from Company"_s} << 1
             << u"jobwright: "_s;
@@ -116,6 +117,27 @@ private slots:
         QVERIFY(count(u"Event where EventDate > '%1'"_s.arg(today)) > 0);
         QVERIFY(count(u"Event where EventDate < '%1' and EventDate > '12/31/1999'"_s.arg(today)) > 0);
         QCOMPARE(count(u"History where ContactDate > '%1'"_s.arg(today)), 0);
+    }
+
+    void pipelineSaysWhatTheStepsSay()
+    {
+        QTemporaryDir folder;
+        const QString insert = u"INSERT INTO Position (Title,CompanyKey,SentResume,SentResumeMedium,Expires) VALUES "
+                               "('Clerk',1,'10/5/2026',3,'12/31/99')"_s;
+        QCOMPARE(run(folder.path(), {u"query"_s, u"INSERT INTO Company (Name) VALUES ('Larch')"_s}).status, 0);
+        QCOMPARE(run(folder.path(), {u"query"_s, insert}).status, 0);
+        const auto first = [&](const QStringList& arguments) {
+            return QJsonDocument::fromJson(run(folder.path(), arguments).out.toUtf8()).array().at(0).toObject();
+        };
+        const QJsonObject position = first({u"positions"_s, u"--json"_s});
+        QCOMPARE(position.value(u"company"_s).toString(), u"Larch"_s);
+        QCOMPARE(position.value(u"progress"_s), QJsonValue(7));
+        QCOMPARE(position.value(u"nextStep"_s).toString(), u"Received response, Follow-up again"_s);
+        QVERIFY(position.value(u"expires"_s).isNull());
+        const QJsonArray steps = first({u"pipeline"_s, u"--json"_s}).value(u"steps"_s).toArray();
+        QCOMPARE(steps.size(), 11);
+        QCOMPARE(steps.at(6).toObject(), (QJsonObject{{u"step"_s, u"SentResume"_s}, {u"date"_s, u"2026-10-05"_s}, {u"medium"_s, u"Phone"_s}}));
+        QVERIFY(steps.at(7).toObject().value(u"date"_s).isNull());
     }
 
     void rowsAsCsvAndJson()

@@ -31,6 +31,8 @@ offers() {
 offers "companies|copy" co
 offers "--folder" --f
 offers "--json" query --j
+offers "--json" pipeline --j
+offers 'Alder\ Works|Alder\ \&\ Daughters' positions alder
 offers "--yes" --folder other import --y
 offers 'Alder\ Works|Alder\ \&\ Daughters' summary alder
 offers 'Alder\ Works' summary 'Alder\ W'

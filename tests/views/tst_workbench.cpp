@@ -248,6 +248,7 @@ void TestWorkbench::tabKeysAndDropDownOpenTheSameScreens()
 {
     WindowBench bench;
     bench.addCompany(u"Acme"_s);
+    bench.run(u"Insert into Position(Title,CompanyKey) Values('Buyer',1)"_s);
     bench.open();
     bench.find(u"acme"_s, Qt::Key_Return);
     const QStringList keys{u"Company"_s, u"Position"_s, u"Contact"_s, u"Document"_s, u"Pipeline"_s};

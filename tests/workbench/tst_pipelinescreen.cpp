@@ -399,6 +399,9 @@ void TestPipelineScreen::removedPositionIsNotWrittenTo()
     bench.world.prompts.expect(u"Must select a position"_s);
     bench.change(u"chkP2"_s, u"1"_s);
     QCOMPARE(bench.planner(u"InfoContact"_s), QString());
+    // With nothing current, too, what is gone leaves the tree at the next opening.
+    bench.open();
+    QVERIFY(!bench.node(u"Acme & Sons"_s, u"Buyer"_s).isValid());
 }
 
 void TestPipelineScreen::openingShowsTheCurrentPosition()
@@ -419,6 +422,7 @@ void TestPipelineScreen::openingShowsTheCurrentPosition()
     QVERIFY(bench.text(u"txtPosition"_s).isEmpty());
     QCOMPARE(bench.frm->selection().selectedCompanyName(), u"Bell"_s);
     // Gone altogether: the tree is read anew and nothing is current.
+    bench.frm->selection().currentPositionKey = 2;
     bench.run(u"Delete * from Position where PositionKey=2"_s);
     bench.open();
     QVERIFY(!bench.node(u"Acme & Sons"_s, u"Planner"_s).isValid());

@@ -3,6 +3,7 @@
 #include "views/common/fieldwidgets.h"
 
 #include <QAbstractButton>
+#include <QAbstractSpinBox>
 #include <QComboBox>
 #include <QFocusEvent>
 #include <QLabel>
@@ -92,6 +93,9 @@ void FormBinder::leaveField()
     QWidget* widget = m_view.window()->focusWidget();
     if (!widget || m_widgets.value(widget->objectName()) != widget || !m_form.row(widget->objectName()))
         return;
+    // What stands typed in a date or number field is taken as it would be at leaving it.
+    if (auto* spin = qobject_cast<QAbstractSpinBox*>(widget))
+        spin->interpretText();
     if (m_left)
         m_left(widget->objectName());
     m_enteredText = m_form.text(widget->objectName());

@@ -175,7 +175,13 @@ void PipelineView::dressTexts()
 {
     m_ui->cmdUpdateTrack1->setIcon(icons::named(u"document-save"_s));
     m_ui->imgOpenContact1->setIcon(icons::named(u"user-identity"_s));
-    m_ui->txtFind->addAction(icons::named(u"edit-find"_s), QLineEdit::LeadingPosition);
+    const QAction* find = m_ui->txtFind->addAction(icons::named(u"edit-find"_s), QLineEdit::LeadingPosition);
+    // The box makes its two buttons by itself, without a word for those who cannot see them.
+    for (QToolButton* button : m_ui->txtFind->findChildren<QToolButton*>()) {
+        const bool leads = button->defaultAction() == find;
+        button->setObjectName(leads ? u"txtFindLead"_s : u"txtFindClear"_s);
+        button->setAccessibleName(leads ? tr("Find") : tr("Clear"));
+    }
     QFont large = m_ui->txtPosition->font();
     large.setPointSizeF(large.pointSizeF() * 1.5);
     for (QLabel* label : {m_ui->txtPosition, m_ui->lblChoose})
@@ -255,7 +261,7 @@ void PipelineView::render()
     const bool chosen = m_presenter.hasPosition();
     m_ui->txtPosition->setVisible(chosen);
     m_ui->lblChoose->setVisible(!chosen);
-    for (QLabel* label : {m_ui->lblEntered, m_ui->lblExpiry, m_ui->lblNext})
+    for (QLabel* label : {m_ui->lblPosEntered, m_ui->lblPosExpiry, m_ui->lblNextStep})
         label->setVisible(chosen);
     // The step that comes next stands out among the eleven, whatever gaps lie before it.
     size_t next = 0;

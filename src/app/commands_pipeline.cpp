@@ -1,0 +1,174 @@
+// Where each position stands: the Pipeline screen's bars and next steps, printed.
+#include "app/commands.h"
+#include "app/output.h"
+#include "base/text.h"
+#include "store/datajw.h"
+#include "workbench/pipelinesteps.h"
+
+#include <QCoreApplication>
+#include <QHash>
+#include <QJsonArray>
+#include <QJsonObject>
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString tr(const char* text)
+{
+    return QCoreApplication::translate("Commands", text);
+}
+
+/// A position with what the commands print of it.
+struct Stand
+{
+    QString title;
+    QString company;
+    QDate expires; ///< invalid: no expiry
+    PipelineSteps steps;
+};
+
+/// The positions whose row fulfils @p condition (all without one), in the order of their titles.
+std::vector<Stand> gather(DataJW& dataJW, const QString& condition = {})
+{
+    QHash<qint64, QString> names;
+    RecordSet companies = dataJW.getExecQueryRecords(u"Select CompanyKey,Name from Company"_s);
+    for (; !companies.atEnd(); companies.next())
+        names.insert(companies.value(0).toLongLong(), companies.text(1));
+    std::vector<Stand> stands;
+    RecordSet rows = dataJW.getExecQueryRecords(u"Select * from Position"_s + condition + u" order by Title");
+    for (; !rows.atEnd(); rows.next()) {
+        const QDate expires = rows.date(u"Expires");
+        stands.push_back({rows.text(u"Title"), names.value(rows.value(u"CompanyKey").toLongLong()),
+                          PipelineSteps::isDone(expires) ? expires : QDate(), PipelineSteps(rows)});
+    }
+    return stands;
+}
+
+/// Titles and names on one line and in their column, whatever line ends stand in them.
+QString column(const QString& text, qsizetype width)
+{
+    return text.simplified().leftJustified(width, u' ', true);
+}
+
+QString figure(int progress)
+{
+    return QString(QString::number(progress) + u'/' + QString::number(PipelineSteps::count))
+        .rightJustified(6);
+}
+
+QJsonValue dateOrNull(QDate date)
+{
+    return date.isValid() ? QJsonValue(date.toString(Qt::ISODate)) : QJsonValue();
+}
+
+QJsonObject asJson(const Stand& stand)
+{
+    return {{u"title"_s, stand.title},
+            {u"company"_s, stand.company},
+            {u"progress"_s, stand.steps.progress()},
+            {u"nextStep"_s, stand.steps.getNextStep()},
+            {u"expires"_s, dateOrNull(stand.expires)}};
+}
+
+QJsonArray stepsAsJson(const PipelineSteps& steps)
+{
+    QJsonArray array;
+    for (int index = 0; index < PipelineSteps::count; ++index) {
+        const auto [date, medium] = steps.step(index);
+        const QString tag = PipelineSteps::mediumTag(medium);
+        array.append(QJsonObject{{u"step"_s, PipelineSteps::getIndexTitle(index)},
+                                 {u"date"_s, dateOrNull(PipelineSteps::isDone(date) ? date : QDate())},
+                                 {u"medium"_s, tag.isEmpty() ? QJsonValue() : QJsonValue(tag)}});
+    }
+    return array;
+}
+
+int pipeline(CommandContext& context, bool json)
+{
+    Session* const session = context.openSession();
+    if (!session)
+        return context.exitCode;
+    QJsonArray array;
+    for (const Stand& stand : gather(session->dataJW())) {
+        const int progress = stand.steps.progress();
+        if (json) {
+            QJsonObject object = asJson(stand);
+            object.insert(u"steps"_s, stepsAsJson(stand.steps));
+            array.append(object);
+            continue;
+        }
+        const QString bar = QString(progress, u'#') + QString(PipelineSteps::count - progress, u'-');
+        printLine(column(stand.title, 32) + u' ' + column(stand.company, 28) + u' ' + bar + figure(progress));
+    }
+    if (json)
+        printJson(array);
+    return Done;
+}
+
+int positions(CommandContext& context, const QString& wanted, bool json)
+{
+    Session* const session = context.openSession();
+    if (!session)
+        return context.exitCode;
+    DataJW& dataJW = session->dataJW();
+    QString condition;
+    if (!wanted.isEmpty()) {
+        // Stored names hold backquotes where the user types apostrophes.
+        const auto company = findCompany(dataJW.getCompanyNames(), text::quoteFix(wanted));
+        if (!company)
+            return Failed;
+        condition = u" where CompanyKey="_s + QString::number(dataJW.getCompanyKey(*company));
+    }
+    std::vector<Stand> stands = gather(dataJW, condition);
+    std::ranges::stable_sort(stands, [](const Stand& left, const Stand& right) {
+        return left.company.compare(right.company, Qt::CaseInsensitive) < 0;
+    });
+    QJsonArray array;
+    if (!json)
+        printLine(column(tr("Position"), 32) + u' ' + column(tr("Company"), 28) +
+                  tr("Steps").rightJustified(6) + u"  " + column(tr("Expires"), 12) + tr("Next step"));
+    for (const Stand& stand : stands) {
+        if (json) {
+            array.append(asJson(stand));
+            continue;
+        }
+        const QString expires = stand.expires.isValid() ? stand.expires.toString(Qt::ISODate) : u"-"_s;
+        const QString next = stand.steps.getNextStep();
+        printLine(column(stand.title, 32) + u' ' + column(stand.company, 28) +
+                  figure(stand.steps.progress()) + u"  " + column(expires, 12) +
+                  (next.isEmpty() ? u"-"_s : next));
+    }
+    if (json)
+        printJson(array);
+    return Done;
+}
+
+} // namespace
+
+void addPipelineCommands(CLI::App& app, Command& chosen)
+{
+    auto* const pipelineCommand =
+        app.add_subcommand("pipeline", "Show how far each position has come, a bar a line");
+    auto json = std::make_shared<bool>(false);
+    pipelineCommand->add_flag("--json", *json, "The same with every step, as JSON");
+    pipelineCommand->callback(
+        [=, &chosen] { chosen = [=](CommandContext& context) { return pipeline(context, *json); }; });
+
+    auto* const positionsCommand =
+        app.add_subcommand("positions", "List the positions with their next steps");
+    auto company = std::make_shared<std::string>();
+    auto rows = std::make_shared<bool>(false);
+    positionsCommand->add_option("COMPANY", *company,
+                                 "Of one company only: its name, or a part that only one has");
+    positionsCommand->add_flag("--json", *rows, "The same as JSON");
+    positionsCommand->callback([=, &chosen] {
+        chosen = [=](CommandContext& context) {
+            return positions(context, QString::fromStdString(*company), *rows);
+        };
+    });
+}
