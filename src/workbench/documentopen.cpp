@@ -136,6 +136,6 @@ void DocumentScreen::openWith(const QString& viewerRow, const QString& path)
     m_workbench.showMessage(
         isWord ? tr("ERROR - 2nd Format - Cannot Open Application, file may be corrupt or application may be "
                     "unavailable - see Manual/Troubleshooting")
-               : tr("The file \"%1\" could not be opened. Its viewer is set on the options screen.").arg(path),
+               : tr("The file \"%1\" could not be opened: no program for it could be started.").arg(path),
         Buttons::Ok, tr("View Document"));
 }

@@ -1,9 +1,7 @@
 // What a company save leaves behind when one of its steps fails, and that saving again mends it.
-#include "workbench/bench.h"
+#include "workbench/faults.h"
 
 #include <QTest>
-
-#include <sqlite3.h>
 
 namespace {
 
@@ -61,22 +59,6 @@ const std::vector<Fault> faults{
     {u"Update JProfile"_s, u"3|3|3/5/2024 3 3 3 1 3"_s},
     {u"Update Event"_s, u"3|3|3/5/2024 3 3 3 3 1"_s},
 };
-
-/// Lets the i-th statement of @p act fail; answers its text, "" when there were fewer.
-QString failing(Bench& bench, size_t i, const std::function<void()>& act)
-{
-    QString failed;
-    size_t count = 0;
-    bench.data().database().setInterceptor([&](QStringView statement) {
-        if (count++ != i)
-            return;
-        failed = statement.toString();
-        throw StoreError(u"failed on purpose"_s, 1, u"test"_s);
-    });
-    act();
-    bench.data().database().setInterceptor({});
-    return failed;
-}
 
 } // namespace
 
@@ -136,9 +118,7 @@ private slots:
         Bench bench;
         furnish(bench);
         bench.type(u"txtCompanyNotes"_s, QString(600'000, u'n'));
-        sqlite3* const handle = bench.data().database().handle();
-        sqlite3_exec(handle, "PRAGMA max_page_count=1", nullptr, nullptr,
-                     nullptr); // no page more than there are
+        setDiskFull(bench, true);
         bench.world.prompts.acceptAll(Answer::No);
         bench.company().cmdUpdate1();
         QCOMPARE(state(bench), before);
@@ -146,7 +126,7 @@ private slots:
         QCOMPARE(bench.shown(u"txtCity"_s), u"Newark"_s);
         QCOMPARE(bench.frm->selection().currentCompanyKey, Key(1));
 
-        sqlite3_exec(handle, "PRAGMA max_page_count=1000000", nullptr, nullptr, nullptr);
+        setDiskFull(bench, false);
         bench.company().cmdUpdate1();
         const QString mended = state(bench);
         QVERIFY2(mended.endsWith(u"|3/5/2024 3 3 3 3 3"), qPrintable(mended));
