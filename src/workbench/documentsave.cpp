@@ -26,11 +26,13 @@ qsizetype lengthOf(const Dox& dox)
 /// The Insert of one document, its values in the order of the columns behind the key, which the store gives.
 QString insertStatement(const QStringList& fields, const Dox& dox)
 {
+    // A document without a date keeps none.
+    const QString date = dox.dateEntry.isValid() ? dates::mdyyyy(dox.dateEntry) : QString();
     const QStringList values{fieldtext::quoted(dox.docName),
                              fieldtext::quoted(dox.version),
                              fieldtext::quoted(dox.Target),
                              fieldtext::quoted(QString::number(dox.sentCount)),
-                             fieldtext::quoted(dates::mdyyyy(dox.dateEntry)),
+                             fieldtext::quoted(date),
                              fieldtext::quoted(dox.style),
                              fieldtext::quoted(dox.docNotes),
                              fieldtext::quoted(dox.docPath),

@@ -211,7 +211,10 @@ Dox DocumentScreen::fromControls(Dox dox) const
     dox.version = fieldtext::toStored(m_form.text(u"txtVersion"_s));
     dox.Target = fieldtext::toStored(m_form.text(u"txtTarget"_s));
     dox.docNotes = fieldtext::toStored(m_form.text(u"txtDocNotes"_s));
-    dox.dateEntry = QDate::fromString(m_form.text(u"dtpEntry"_s), Qt::ISODate);
+    const QDate entered = QDate::fromString(m_form.text(u"dtpEntry"_s), Qt::ISODate);
+    // The stand-in for a missing date is only shown.
+    if (dox.dateEntry.isValid() || entered != dates::missing)
+        dox.dateEntry = entered;
     dox.style = styleText();
     for (const DocumentType& type : documentTypes) {
         if (m_form.text(type.control.toString()) == u"1")
