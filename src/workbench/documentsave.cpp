@@ -28,15 +28,12 @@ QString insertStatement(const QStringList& fields, const Dox& dox)
 {
     // A document without a date keeps none.
     const QString date = dox.dateEntry.isValid() ? dates::mdyyyy(dox.dateEntry) : QString();
-    const QStringList values{fieldtext::quoted(dox.docName),
-                             fieldtext::quoted(dox.version),
-                             fieldtext::quoted(dox.Target),
-                             fieldtext::quoted(QString::number(dox.sentCount)),
-                             fieldtext::quoted(date),
-                             fieldtext::quoted(dox.style),
-                             fieldtext::quoted(dox.docNotes),
-                             fieldtext::quoted(dox.docPath),
-                             fieldtext::quoted(dox.docType)};
+    const QStringList values{
+        fieldtext::quoted(dox.docName),  fieldtext::quoted(dox.version),
+        fieldtext::quoted(dox.Target),   fieldtext::quoted(QString::number(dox.sentCount)),
+        fieldtext::quoted(date),         fieldtext::quoted(dox.style),
+        fieldtext::quoted(dox.docNotes), fieldtext::quoted(dox.docPath),
+        fieldtext::quoted(dox.docType)};
     return u"INSERT INTO Document ( " + fields.mid(1).join(u',') + u" ) VALUES (" + values.join(u',') + u");";
 }
 

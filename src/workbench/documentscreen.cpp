@@ -24,10 +24,8 @@ std::vector<FieldRow> documentForm()
 {
     std::vector<FieldRow> rows{
         {u"txtFileName"_s, u"Document"_s, SaveOn::Never}, // a document is found by its name: it keeps it
-        {u"txtPath"_s, u"Path"_s, SaveOn::Record},
-        {u"txtVersion"_s, u"Version"_s, SaveOn::Leave},
-        {u"txtTarget"_s, u"Target"_s, SaveOn::Leave},
-        {u"dtpEntry"_s, u"CreationDate"_s, SaveOn::Record},
+        {u"txtPath"_s, u"Path"_s, SaveOn::Record},        {u"txtVersion"_s, u"Version"_s, SaveOn::Leave},
+        {u"txtTarget"_s, u"Target"_s, SaveOn::Leave},     {u"dtpEntry"_s, u"CreationDate"_s, SaveOn::Record},
         {u"txtDocNotes"_s, u"Notes"_s, SaveOn::Leave},
     };
     for (const DocumentType& type : documentTypes)
@@ -95,9 +93,8 @@ int DocumentScreen::rowOf(const QString& name) const
 {
     // In any case of the letters, as the store finds a name: two that differ in nothing else would be one
     // document to it.
-    const auto found = std::ranges::find_if(m_documents, [&name](const Dox& dox) {
-        return dox.docName.compare(name, Qt::CaseInsensitive) == 0;
-    });
+    const auto found = std::ranges::find_if(
+        m_documents, [&name](const Dox& dox) { return dox.docName.compare(name, Qt::CaseInsensitive) == 0; });
     return name.isEmpty() || found == m_documents.end() ? -1 : static_cast<int>(found - m_documents.begin());
 }
 

@@ -29,7 +29,10 @@ public:
     }
     KindTree* tree(const QString& name = u"tvwDocs"_s) { return find<KindTree>(name); }
     /// The row of a tree or list, from 0.
-    QModelIndex row(KindTree* in, int number) { return in->model()->index(number, 0, in->model()->index(0, 0)); }
+    QModelIndex row(KindTree* in, int number)
+    {
+        return in->model()->index(number, 0, in->model()->index(0, 0));
+    }
     void click(KindTree* in, int number)
     {
         in->scrollTo(row(in, number));
@@ -89,7 +92,8 @@ void TestDocumentView::chosenFileIsAddedShownAndViewed()
     DocumentWindow bench;
     bench.world.prompts.expectFile(u"Jobwright - Select Document"_s, bench.makeFile(u"cv.pdf"_s));
     bench.press(Qt::Key_L, Qt::AltModifier);
-    QTRY_COMPARE(bench.line(u"txtFileName"_s)->text(), u"cv.pdf"_s); // a button's letter presses it for a while
+    QTRY_COMPARE(bench.line(u"txtFileName"_s)->text(),
+                 u"cv.pdf"_s); // a button's letter presses it for a while
     QCOMPARE(bench.find<QDateEdit>(u"dtpEntry"_s)->date(), QDate::currentDate());
     bench.enter(u"txtVersion"_s);
     bench.type(u"3.2"_s);
@@ -141,6 +145,7 @@ void TestDocumentView::optionAndBoxAreStoredAsTheyAreClicked()
     QCOMPARE(bench.cells(u"Select Type from Document"_s), u"Cover;Sample"_s);
     QCOMPARE(bench.tree()->currentIndex().data().toString(), u"b.pdf"_s);
     bench.press(Qt::Key_Escape); // an option has no text to give back
+    QVERIFY(bench.find<QRadioButton>(u"opt4"_s)->isChecked());
     bench.find<QCheckBox>(u"chkStyle11"_s)->setFocus();
     bench.press(Qt::Key_Space);
     QCOMPARE(bench.cells(u"Select Style from Document"_s), u"000000000000;000000000001"_s);
@@ -190,7 +195,8 @@ void TestDocumentView::droppedFileIsTakenButNeverMoved_data()
     QTest::newRow("copy or move") << QString() << int(Qt::CopyAction | Qt::MoveAction) << int(Qt::CopyAction);
     QTest::newRow("link") << QString() << int(Qt::LinkAction | Qt::CopyAction) << int(Qt::LinkAction);
     QTest::newRow("move only") << QString() << int(Qt::MoveAction) << int(Qt::IgnoreAction);
-    QTest::newRow("web page") << u"https://a.example/cv.pdf"_s << int(Qt::CopyAction) << int(Qt::IgnoreAction);
+    QTest::newRow("web page") << u"https://a.example/cv.pdf"_s << int(Qt::CopyAction)
+                              << int(Qt::IgnoreAction);
 }
 
 void TestDocumentView::droppedFileIsTakenButNeverMoved()

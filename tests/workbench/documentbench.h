@@ -12,9 +12,10 @@ public:
 
     void addDocument(const QString& name, const QString& type = u"Resume"_s)
     {
-        run(u"Insert into Document(Document,Version,Target,Sent,CreationDate,Style,Notes,Path,Type) Values('" +
-            name + u"','1.0','all','2','5/6/2026','100000000000','old notes','/files/" + name + u"','" + type +
-            u"')");
+        run(u"Insert into Document(Document,Version,Target,Sent,CreationDate,Style,Notes,Path,Type) "
+            u"Values('" +
+            name + u"','1.0','all','2','5/6/2026','100000000000','old notes','/files/" + name + u"','" +
+            type + u"')");
     }
     /// A contact of Acme who holds the documents of this key list.
     void addHolder(const QString& first, const QString& documents)

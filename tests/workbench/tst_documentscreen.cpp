@@ -62,12 +62,16 @@ void TestDocumentScreen::fieldLeftWritesItsColumnAndKeepsTheKey()
     QCOMPARE(sent.filter(u"Update"_s).size(), 1);
     QVERIFY(!bench.frm->procVisible());
     QCOMPARE(bench.cells(u"Select ResumeKey,"_s + column + u" from Document order by ResumeKey"),
-             QString(u"1|"_s + (column == u"Version" ? u"1.0" : column == u"Target" ? u"all" : u"old notes") +
+             QString(u"1|"_s +
+                     (column == u"Version"  ? u"1.0"
+                      : column == u"Target" ? u"all"
+                                            : u"old notes") +
                      u";2|it`s\r\nnew"));
     QVERIFY(bench.statements([&] { bench.screen().fieldLeft(control); }).isEmpty());
     // What the screen keeps in memory has it too, or the next writing of the list would bring back the old.
     bench.screen().cmdUpdateDoc1();
-    QCOMPARE(bench.cells(u"Select "_s + column + u" from Document where Document='cv.pdf'"), u"it`s\r\nnew"_s);
+    QCOMPARE(bench.cells(u"Select "_s + column + u" from Document where Document='cv.pdf'"),
+             u"it`s\r\nnew"_s);
 }
 
 void TestDocumentScreen::typeClickedIsStoredForTheSelectedDocument_data()
@@ -436,10 +440,11 @@ void TestDocumentScreen::fileThatCannotBeOpenedIsTold_data()
     QTest::newRow("no ending") << u"cv"_s << true << unknown << u"File Access Error"_s;
     QTest::newRow("gone") << u"cv.pdf"_s << false << u"was not found"_s << view;
     QTest::newRow("no program") << u"cv.pdf"_s << true << u"could not be opened"_s << view;
-    QTest::newRow("no word processor") << u"cv.doc"_s << true
-                                       << u"ERROR - 2nd Format - Cannot Open Application, file may be corrupt "
-                                          "or application may be unavailable - see Manual/Troubleshooting"_s
-                                       << view;
+    QTest::newRow("no word processor")
+        << u"cv.doc"_s << true
+        << u"ERROR - 2nd Format - Cannot Open Application, file may be corrupt "
+           "or application may be unavailable - see Manual/Troubleshooting"_s
+        << view;
 }
 
 void TestDocumentScreen::fileThatCannotBeOpenedIsTold()
@@ -479,7 +484,8 @@ void TestDocumentScreen::contactOfAnotherCompanyOpensWithIt()
     bench.addCompany(u"Bolt"_s);
     bench.addDocument(u"cv.pdf"_s);
     bench.addHolder(u"Ann"_s, u"1"_s);
-    bench.run(u"Insert into Contact(FirstName,LastName,DocumentList,CompanyKey) Values('Bob','Lee','1',99)"_s);
+    bench.run(
+        u"Insert into Contact(FirstName,LastName,DocumentList,CompanyKey) Values('Bob','Lee','1',99)"_s);
     bench.frm->load();
     bench.choose(u"Bolt"_s);
     bench.openScreen(u"cv.pdf"_s);

@@ -67,7 +67,8 @@ void DocumentView::setIcons()
 void DocumentView::connectLists()
 {
     m_ui->tvwDocs->setModel(&m_presenter.tvwDocs());
-    m_ui->tvwDocs->setHint(tr("No documents here yet. Load a file or drop one here, then add it to the list."));
+    m_ui->tvwDocs->setHint(
+        tr("No documents here yet. Load a file or drop one here, then add it to the list."));
     m_ui->tvwDocs->viewport()->setAcceptDrops(true);
     m_ui->tvwDocs->viewport()->installEventFilter(this);
     connect(m_ui->tvwDocs->selectionModel(), &QItemSelectionModel::currentChanged, &m_presenter,
