@@ -8,6 +8,7 @@
 #include "workbench/frmdata.h"
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -119,10 +120,12 @@ void DocumentScreen::cmdRemoveDoc1()
         if (!dataJW.getContactKeyFromDocumentKey(key).empty())
             dataJW.updateDocList(0, key, u"Contact"_s, 1);
     }
-    m_documents.erase(m_documents.begin() + m_selected);
+    const int row = std::exchange(m_selected, -1); // no event in between acts on what is going
+    m_documents.erase(m_documents.begin() + row);
     const bool rewritten = updateDocumentList();
     if (!action.commit() || !rewritten) {
         m_documents = before;
+        m_selected = row;
         return;
     }
     fillTree();

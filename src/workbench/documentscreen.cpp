@@ -163,15 +163,17 @@ void DocumentScreen::showDox(const Dox& dox)
 void DocumentScreen::fillContactsSent(const QString& name)
 {
     DataJW& dataJW = m_workbench.session().dataJW();
-    const QModelIndex root = m_contacts.index(0, 0);
     const Key document = dataJW.getDocumentKey(text::quoteFix(name));
     if (document <= 0)
         return;
-    for (const Key contact : dataJW.getContactKeyFromDocumentKey(document)) {
+    m_sentTo = dataJW.getContactKeyFromDocumentKey(document);
+    QStringList names;
+    for (const Key contact : m_sentTo) {
         const RecordSet person = dataJW.getContactDataByKey(contact);
-        const QString shown = person.text(u"FirstName").trimmed() + u' ' + person.text(u"LastName").trimmed();
-        m_contacts.add(root, shown, u'C' + QString::number(contact), u"contact"_s);
+        names.append(
+            QString(person.text(u"FirstName").trimmed() + u' ' + person.text(u"LastName").trimmed()));
     }
+    m_contacts.setChildren(m_contacts.index(0, 0), names, u"contact"_s);
 }
 
 void DocumentScreen::lstContactsSentDblClick(const QModelIndex& index)
@@ -179,8 +181,7 @@ void DocumentScreen::lstContactsSentDblClick(const QModelIndex& index)
     if (!index.parent().isValid())
         return;
     DataJW& dataJW = m_workbench.session().dataJW();
-    const RecordSet person =
-        dataJW.getContactDataByKey(static_cast<Key>(m_contacts.key(index).mid(1).toInt()));
+    const RecordSet person = dataJW.getContactDataByKey(m_sentTo[static_cast<size_t>(index.row())]);
     const QString name = m_contacts.text(index);
     const QString company = dataJW.getCompanyNameByKey(person.key(u"CompanyKey").value_or(0));
     if (company.isEmpty()) {

@@ -27,7 +27,7 @@ public:
     /// Root "Documents", key "A0"; below it a node for each document, keys "A1", "A2" and on, kind its type's
     /// word.
     [[nodiscard]] TreeModel& tvwDocs() { return m_tree; }
-    /// A root and below it the people whom the selected document was sent to, key "C" and the contact's key.
+    /// A root and below it the people whom the selected document was sent to.
     [[nodiscard]] TreeModel& lstContactsSent() { return m_contacts; }
     /// The selected document; null when there is none. Valid until the list changes.
     [[nodiscard]] const Dox* selectedDocument() const;
@@ -92,4 +92,5 @@ private:
     std::vector<Dox> m_documents; ///< in the order of the tree; texts as the store holds them
     bool m_complete = false;      ///< m_documents is all that the table holds
     int m_selected = -1;          ///< place in m_documents
+    std::vector<Key> m_sentTo;    ///< in the order of lstContactsSent
 };

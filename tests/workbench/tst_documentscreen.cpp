@@ -14,20 +14,14 @@ private slots:
     void changesWithoutSelectionReachNoDocument();
     void missingDateIsShownAsTheStandInAndStaysMissing();
     void chosenFileFillsTheScreenAndIsNotTouched();
-    void givenUpDialogLeavesClearedFields();
-    void droppedFileIsAsGoodAsChosen();
-    void onlyOneFileCanBeDropped_data();
-    void onlyOneFileCanBeDropped();
     void addingWithoutFileAsksForOne();
     void listedNameIsNotAddedTwice_data();
     void listedNameIsNotAddedTwice();
     void addedDocumentIsStoredUnderTheTypeLastClicked();
     void contactsKeepTheirDocumentsWhenTheListIsWritten();
     void updateStoresAllThatIsShown();
-    void updateWithoutSelectionSaysSo();
     void removalCutsTheDocumentOutOfLists();
     void removalOfUnheldDocumentLeavesListsAlone();
-    void removalWithoutSelectionSaysSo();
     void listReadInPartIsNotWritten();
     void tooLongTextsAreRefusedBeforeAnythingGoes();
     void viewerFollowsTheEnding_data();
@@ -129,6 +123,12 @@ void TestDocumentScreen::changesWithoutSelectionReachNoDocument()
     bench.screen().fieldLeft(u"txtVersion"_s);
     // The tree's root stands for no document: going there leaves the file that was just chosen.
     bench.screen().tvwDocsClick(bench.screen().tvwDocs().index(0, 0));
+    bench.world.prompts.expect(u"Existing document not selected.  No update."_s);
+    bench.screen().cmdUpdateDoc1();
+    for (const QStringList& wrong : {QStringList{u"/a.pdf"_s, u"/b.pdf"_s}, {bench.world.folder.path()}}) {
+        bench.world.prompts.expect(u"Please drop one file at a time"_s);
+        bench.screen().filesDropped(wrong);
+    }
     QCOMPARE(bench.cells(u"Select * from Document"_s), before);
     QCOMPARE(bench.value(u"txtFileName"_s), u"new.pdf"_s);
     QCOMPARE(bench.value(u"txtVersion"_s), u"9"_s);
@@ -172,52 +172,6 @@ void TestDocumentScreen::chosenFileFillsTheScreenAndIsNotTouched()
     QVERIFY(file.open(QIODevice::ReadOnly));
     QCOMPARE(file.readAll(), QByteArray("content"));
     QCOMPARE(QFileInfo(path).lastModified(), changed);
-}
-
-void TestDocumentScreen::givenUpDialogLeavesClearedFields()
-{
-    DocumentBench bench;
-    bench.addDocument(u"cv.pdf"_s);
-    bench.data().writeStatus(u"DocumentDirectory"_s, u"/somewhere"_s, true);
-    bench.openScreen(u"cv.pdf"_s);
-    bench.world.prompts.expectFile(u"Jobwright - Select Document"_s, {});
-    bench.screen().cmdLoadDocument();
-    QVERIFY(bench.value(u"txtFileName"_s).isEmpty());
-    QVERIFY(!bench.screen().selectedDocument());
-    QCOMPARE(bench.data().getStatusValue(u"DocumentDirectory"_s), u"/somewhere"_s);
-    QCOMPARE(bench.rows(u"Document"_s), 1);
-}
-
-void TestDocumentScreen::droppedFileIsAsGoodAsChosen()
-{
-    DocumentBench bench;
-    bench.openScreen();
-    const QString path = bench.makeFile(u"cv.pdf"_s);
-    bench.screen().filesDropped({path});
-    QCOMPARE(bench.value(u"txtPath"_s), path);
-    QCOMPARE(bench.data().getStatusValue(u"DocumentDirectory"_s), bench.world.folder.path());
-    QCOMPARE(bench.rows(u"Document"_s), 0);
-}
-
-void TestDocumentScreen::onlyOneFileCanBeDropped_data()
-{
-    QTest::addColumn<QStringList>("names");
-    QTest::newRow("two files") << QStringList{u"a.pdf"_s, u"b.pdf"_s};
-    QTest::newRow("folder") << QStringList{u"."_s};
-    QTest::newRow("nothing") << QStringList();
-}
-
-void TestDocumentScreen::onlyOneFileCanBeDropped()
-{
-    QFETCH(QStringList, names);
-    DocumentBench bench;
-    bench.addDocument(u"cv.pdf"_s);
-    bench.openScreen(u"cv.pdf"_s);
-    for (QString& name : names)
-        name = name == u"." ? bench.world.folder.path() : bench.makeFile(name);
-    bench.world.prompts.expect(u"Please drop one file at a time"_s);
-    bench.screen().filesDropped(names);
-    QCOMPARE(bench.value(u"txtFileName"_s), u"cv.pdf"_s);
 }
 
 void TestDocumentScreen::addingWithoutFileAsksForOne()
@@ -317,16 +271,6 @@ void TestDocumentScreen::updateStoresAllThatIsShown()
     QCOMPARE(bench.frm->form().text(u"sbar"_s), u"cv.pdf has been updated"_s);
 }
 
-void TestDocumentScreen::updateWithoutSelectionSaysSo()
-{
-    DocumentBench bench;
-    bench.addDocument(u"cv.pdf"_s);
-    bench.openScreen();
-    bench.world.prompts.expect(u"Existing document not selected.  No update."_s);
-    bench.screen().cmdUpdateDoc1();
-    QCOMPARE(bench.cells(u"Select ResumeKey from Document"_s), u"1"_s);
-}
-
 void TestDocumentScreen::removalCutsTheDocumentOutOfLists()
 {
     DocumentBench bench;
@@ -351,16 +295,6 @@ void TestDocumentScreen::removalOfUnheldDocumentLeavesListsAlone()
     bench.openScreen(u"cv.pdf"_s);
     bench.screen().cmdRemoveDoc1();
     QCOMPARE(bench.cells(u"Select DocumentList from Contact"_s), u"21,13"_s);
-}
-
-void TestDocumentScreen::removalWithoutSelectionSaysSo()
-{
-    DocumentBench bench;
-    bench.addDocument(u"cv.pdf"_s);
-    bench.openScreen();
-    bench.world.prompts.expect(u"Please select a document to remove."_s);
-    bench.screen().cmdRemoveDoc1();
-    QCOMPARE(bench.rows(u"Document"_s), 1);
 }
 
 void TestDocumentScreen::listReadInPartIsNotWritten()
