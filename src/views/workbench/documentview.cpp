@@ -35,6 +35,8 @@ DocumentView::DocumentView(DocumentScreen& presenter, QWidget* parent)
     m_ui->setupUi(this);
     look::dress(*this);
     m_ui->splDocument->setSizes({600, 500});
+    // In the smallest window too a document's name can be read.
+    m_ui->pnlRepository->setMinimumWidth(look::fieldWidth(*m_ui->tvwDocs, 30));
     setIcons();
     connectLists();
     m_binder = new FormBinder(presenter.form(), presenter, *this);
