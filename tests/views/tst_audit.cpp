@@ -240,7 +240,7 @@ void TestAudit::tabKeyVisitsEveryControlInReadingOrder()
 
 void TestAudit::everyRowOfTheFormHasItsControl()
 {
-    const QWidget* window = view(u"frmData"_s);
+    const QWidget* window = windowOn(u"Document"_s);
     for (const Form* form :
          {&m_bench->company().form(), &m_bench->frm->documentScreen().form(), &m_bench->frm->form()}) {
         for (const FieldRow& row : form->rows())
