@@ -19,5 +19,6 @@ class NoDesktop : public Desktop
 public:
     bool openUrl(const QString&) override { return false; }
     bool openDocument(const QString&) override { return false; }
+    bool startProgram(const QString&, const QStringList&) override { return false; }
     [[nodiscard]] bool canOpen(const QString&) const override { return false; }
 };

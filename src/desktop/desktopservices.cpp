@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QMimeDatabase>
+#include <QProcess>
 #include <QStandardPaths>
 
 using namespace Qt::StringLiterals;
@@ -77,6 +78,18 @@ bool DesktopServices::openUrl(const QString& address)
 bool DesktopServices::openDocument(const QString& path)
 {
     return QFileInfo::exists(path) && QDesktopServices::openUrl(QUrl::fromLocalFile(path));
+}
+
+bool DesktopServices::startProgram(const QString& program, const QStringList& arguments)
+{
+    // A viewer outlives the program, and its output is nobody's.
+    QProcess process;
+    process.setProgram(program);
+    process.setArguments(arguments);
+    process.setStandardInputFile(QProcess::nullDevice());
+    process.setStandardOutputFile(QProcess::nullDevice());
+    process.setStandardErrorFile(QProcess::nullDevice());
+    return process.startDetached();
 }
 
 bool DesktopServices::canOpen(const QString& ending) const

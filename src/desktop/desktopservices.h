@@ -11,6 +11,7 @@ class DesktopServices : public Desktop
 public:
     bool openUrl(const QString& address) override;
     bool openDocument(const QString& path) override;
+    bool startProgram(const QString& program, const QStringList& arguments) override;
     [[nodiscard]] bool canOpen(const QString& ending) const override;
 
     /// The address that a person meant by what stands in a field: "www.x.example" and "x.example/jobs" get

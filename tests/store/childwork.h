@@ -18,6 +18,7 @@ public:
     QString saveFile(const QString&, const QString&, const QStringList&) override { return {}; }
     bool openUrl(const QString&) override { return false; }
     bool openDocument(const QString&) override { return false; }
+    bool startProgram(const QString&, const QStringList&) override { return false; }
     [[nodiscard]] bool canOpen(const QString&) const override { return false; }
 };
 

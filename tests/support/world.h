@@ -22,6 +22,11 @@ public:
 
     bool openUrl(const QString& address) override { return note(address); }
     bool openDocument(const QString& path) override { return note(path); }
+    /// Noted as "program <first> <second>".
+    bool startProgram(const QString& program, const QStringList& arguments) override
+    {
+        return note(program + u" <" + arguments.join(u"> <") + u'>');
+    }
     [[nodiscard]] bool canOpen(const QString&) const override { return works; }
 
 private:

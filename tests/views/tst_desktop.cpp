@@ -43,6 +43,7 @@ private slots:
     void typedAddressBecomesUrl();
     void onlyKnownSchemesReachTheBrowser();
     void endingIsOpenableWhenAProgramIsListed();
+    void startedProgramGetsEachArgumentAsItStands();
     void boxAnswersWithTheButtonOfTheKey_data();
     void boxAnswersWithTheButtonOfTheKey();
     void boxShowsMarkupAsItStands();
@@ -103,6 +104,17 @@ void TestDesktop::endingIsOpenableWhenAProgramIsListed()
     QVERIFY(desktop.canOpen(u".doc"_s));
     QVERIFY(!desktop.canOpen(u".pdf"_s));
     QVERIFY(!desktop.canOpen(u".nosuchending"_s));
+}
+
+void TestDesktop::startedProgramGetsEachArgumentAsItStands()
+{
+    QTemporaryDir folder;
+    DesktopServices desktop;
+    const QString path = folder.filePath(u"my cv; touch \"$HOME\" & *.pdf"_s);
+    QVERIFY(desktop.startProgram(u"touch"_s, {path}));
+    QTRY_VERIFY(QFile::exists(path));
+    QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 1);
+    QVERIFY(!desktop.startProgram(folder.filePath(u"no such viewer"_s), {path}));
 }
 
 void TestDesktop::boxAnswersWithTheButtonOfTheKey_data()

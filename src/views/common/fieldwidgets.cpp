@@ -121,8 +121,14 @@ void write(QWidget& widget, const QString& text)
     } else if (auto* date = qobject_cast<QDateEdit*>(&widget)) {
         const QDate day = QDate::fromString(text, Qt::ISODate);
         date->setDate(day.isValid() ? day : date->date());
-    } else if (qobject_cast<QCheckBox*>(&widget) || qobject_cast<QRadioButton*>(&widget)) {
-        static_cast<QAbstractButton&>(widget).setChecked(text == "1"_L1);
+    } else if (auto* option = qobject_cast<QRadioButton*>(&widget)) {
+        // A group keeps its chosen option against its own clearing; a form may have none chosen.
+        const bool exclusive = option->autoExclusive();
+        option->setAutoExclusive(exclusive && text == "1"_L1);
+        option->setChecked(text == "1"_L1);
+        option->setAutoExclusive(exclusive);
+    } else if (auto* box = qobject_cast<QCheckBox*>(&widget)) {
+        box->setChecked(text == "1"_L1);
     }
 }
 

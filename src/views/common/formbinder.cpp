@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMetaMethod>
+#include <QRadioButton>
 #include <QSignalBlocker>
 
 using namespace Qt::StringLiterals;
@@ -147,7 +148,8 @@ void FormBinder::focus(const QString& control)
 bool FormBinder::giveBack(QWidget& widget)
 {
     const QString control = widget.objectName();
-    if (m_entered != &widget || m_form.text(control) == m_enteredText)
+    // Taking back one option would leave its group with none.
+    if (m_entered != &widget || m_form.text(control) == m_enteredText || qobject_cast<QRadioButton*>(&widget))
         return false;
     fieldwidgets::write(widget, m_enteredText);
     fieldEdited(widget, m_enteredText);

@@ -1,0 +1,222 @@
+// Adding, updating and removing documents: each writes the whole table anew.
+#include "base/dates.h"
+#include "base/text.h"
+#include "store/datajw.h"
+#include "workbench/documentscreen.h"
+#include "workbench/documenttypes.h"
+#include "workbench/fieldtext.h"
+#include "workbench/frmdata.h"
+
+#include <algorithm>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Characters that a document's texts may have together. The store takes statements of a million characters;
+/// one that it refused in the middle of the writing would leave the document without its row.
+constexpr qsizetype longestRecord = 900'000;
+
+qsizetype lengthOf(const Dox& dox)
+{
+    return dox.docName.size() + dox.docPath.size() + dox.version.size() + dox.Target.size() +
+           dox.docNotes.size() + dox.style.size() + dox.docType.size();
+}
+
+/// The Insert of one document, its values in the order of the columns behind the key, which the store gives.
+QString insertStatement(const QStringList& fields, const Dox& dox)
+{
+    // A document without a date keeps none.
+    const QString date = dox.dateEntry.isValid() ? dates::mdyyyy(dox.dateEntry) : QString();
+    const QStringList values{
+        fieldtext::quoted(dox.docName),  fieldtext::quoted(dox.version),
+        fieldtext::quoted(dox.Target),   fieldtext::quoted(QString::number(dox.sentCount)),
+        fieldtext::quoted(date),         fieldtext::quoted(dox.style),
+        fieldtext::quoted(dox.docNotes), fieldtext::quoted(dox.docPath),
+        fieldtext::quoted(dox.docType)};
+    return u"INSERT INTO Document ( " + fields.mid(1).join(u',') + u" ) VALUES (" + values.join(u',') + u");";
+}
+
+} // namespace
+
+// --- The buttons ------------------------------------------------------------------------------------------
+
+QString DocumentScreen::defaultName() const
+{
+    const DocumentType* type = findDocumentType(m_workbench.selection().selectedDocType);
+    const QDate date = QDate::fromString(m_form.text(u"dtpEntry"_s), Qt::ISODate);
+    return (type ? type->tag : documentTypes.front().tag).toString() + date.toString(u"yyyyMMdd"_s) + u".jwd";
+}
+
+void DocumentScreen::cmdAddDoc1()
+{
+    Session& session = m_workbench.session();
+    QString& type = m_workbench.selection().selectedDocType;
+    session.trace(u"Add Document to List"_s);
+    if (!findDocumentType(type))
+        type = documentTypes.front().word.toString();
+    // The document goes by its file's name; this one only tells in the log what was added when.
+    session.trace(defaultName());
+    if (m_form.text(u"txtFileName"_s).isEmpty()) {
+        m_workbench.showMessage(tr("Please select a file to add to the global document list."));
+        cmdLoadDocument();
+        if (m_form.text(u"txtFileName"_s).isEmpty())
+            return;
+    }
+    if (rowOf(fieldtext::toStored(m_form.text(u"txtFileName"_s))) >= 0) {
+        m_workbench.showMessage(tr("Document already in list."));
+        return;
+    }
+    const std::vector<Dox> before = m_documents;
+    // The type is the option clicked last, though a newly chosen file has cleared the options.
+    Dox added = fromControls({});
+    added.docType = findDocumentType(type)->value.toString();
+    m_documents.push_back(added);
+    if (!updateDocumentList()) {
+        m_documents = before;
+        return;
+    }
+    fillTree();
+    select(static_cast<int>(m_documents.size()) - 1);
+}
+
+void DocumentScreen::cmdUpdateDoc1()
+{
+    if (!selectedDocument()) {
+        m_workbench.showMessage(tr("Existing document not selected.  No update."));
+        return;
+    }
+    const std::vector<Dox> before = m_documents;
+    const int row = m_selected;
+    Dox& dox = m_documents[static_cast<size_t>(row)];
+    dox = fromControls(dox);
+    if (!updateDocumentList()) {
+        // What was typed stays in the form for another try.
+        m_documents = before;
+        return;
+    }
+    fillTree();
+    select(row);
+    m_workbench.form().setText(u"sbar"_s, selectedDocument()->docName + tr(" has been updated"));
+}
+
+void DocumentScreen::cmdRemoveDoc1()
+{
+    Session& session = m_workbench.session();
+    session.trace(u"Remove Document from List"_s);
+    if (!selectedDocument()) {
+        m_workbench.showMessage(tr("Please select a document to remove."));
+        return;
+    }
+    if (!mayBeRewritten())
+        return;
+    DataJW& dataJW = session.dataJW();
+    const std::vector<Dox> before = m_documents;
+    Action action(dataJW);
+    for (const Key key : oldKeys(*selectedDocument())) {
+        // One call sees to all contacts. Where nobody holds the document it is left out: the key's digits
+        // may stand in the keys of others.
+        if (!dataJW.getContactKeyFromDocumentKey(key).empty())
+            dataJW.updateDocList(0, key, u"Contact"_s, 1);
+    }
+    const int row = std::exchange(m_selected, -1); // no event in between acts on what is going
+    m_documents.erase(m_documents.begin() + row);
+    const bool rewritten = updateDocumentList();
+    if (!action.commit() || !rewritten) {
+        m_documents = before;
+        m_selected = row;
+        return;
+    }
+    fillTree();
+    select(-1);
+}
+
+// --- The table --------------------------------------------------------------------------------------------
+
+bool DocumentScreen::mayBeRewritten()
+{
+    if (!m_complete) {
+        m_workbench.showMessage(
+            tr("The documents could not all be read from the database, so the list cannot be changed now. "
+               "Please open the Document screen again."));
+        return false;
+    }
+    const auto tooLong =
+        std::ranges::find_if(m_documents, [](const Dox& dox) { return lengthOf(dox) > longestRecord; });
+    if (tooLong == m_documents.end())
+        return true;
+    m_workbench.showMessage(tr("The texts of \"%1\" are too long to be saved. Please shorten the notes.")
+                                .arg(tooLong->docName.left(80)));
+    return false;
+}
+
+bool DocumentScreen::updateDocumentList()
+{
+    Session& session = m_workbench.session();
+    session.trace(u"Update Document List"_s);
+    if (!mayBeRewritten())
+        return false;
+    DataJW& dataJW = session.dataJW();
+    Action action(dataJW);
+    std::vector<std::vector<Key>> keys;
+    for (const Dox& dox : m_documents)
+        keys.push_back(oldKeys(dox));
+    const QStringList fields = dataJW.getFields(u"Document"_s);
+    const std::optional<QSet<Key>> held = keysAtContacts();
+    // Up to here nothing is gone, and without these nothing could come back: the table stays as it is.
+    if (fields.isEmpty() || !held || !dataJW.delDox()) {
+        action.commit();
+        return false;
+    }
+    for (const Dox& dox : m_documents)
+        dataJW.execQuery(insertStatement(fields, dox));
+    for (size_t i = 0; i < m_documents.size(); ++i)
+        moveReferences(m_documents[i], keys[i], *held);
+    return action.commit();
+}
+
+std::optional<QSet<Key>> DocumentScreen::keysAtContacts()
+{
+    RecordSet lists = m_workbench.session().dataJW().getExecQueryRecords(
+        u"Select DocumentList from Contact where DocumentList > ''"_s);
+    if (lists.isNothing())
+        return std::nullopt;
+    QSet<Key> keys;
+    for (; !lists.atEnd(); lists.next()) {
+        for (const QString& key : text::csvParse(lists.text(u"DocumentList")))
+            keys.insert(key.toShort());
+    }
+    return keys;
+}
+
+std::vector<Key> DocumentScreen::oldKeys(const Dox& dox)
+{
+    // A document that is just being added has no row yet, which is nothing to report.
+    const bool isNew = dox.docKey == 0;
+    const Key stored = m_workbench.session().dataJW().getDocumentKey(text::quoteFix(dox.docName), isNew);
+    std::vector<Key> keys;
+    if (stored > 0)
+        keys.push_back(stored);
+    // After a move that failed, contacts hold an earlier key than the row's.
+    if (!isNew && dox.docKey != stored)
+        keys.push_back(dox.docKey);
+    return keys;
+}
+
+void DocumentScreen::moveReferences(Dox& dox, const std::vector<Key>& oldKeys, const QSet<Key>& held)
+{
+    DataJW& dataJW = m_workbench.session().dataJW();
+    const Key newKey = dataJW.getDocumentKey(text::quoteFix(dox.docName));
+    // Without a row the document keeps its old key in memory, and so do its contacts: the next writing of
+    // the list brings both in.
+    if (newKey <= 0)
+        return;
+    bool moved = true;
+    for (const Key oldKey : oldKeys) {
+        if (oldKey != newKey && held.contains(oldKey))
+            moved = dataJW.updateDocList(newKey, oldKey, u"Contact"_s, 1) > 0 && moved;
+    }
+    if (moved)
+        dox.docKey = newKey;
+}
