@@ -42,3 +42,5 @@ using Command = std::function<int(CommandContext&)>;
 void addStoreCommands(CLI::App& app, Command& chosen);
 /// Adds the workbench's commands: companies, summary.
 void addWorkbenchCommands(CLI::App& app, Command& chosen);
+/// Adds the intake's command: parse-card.
+void addIntakeCommands(CLI::App& app, Command& chosen);
