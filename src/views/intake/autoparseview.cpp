@@ -19,7 +19,7 @@ AutoParseView::AutoParseView(FrmAutoParse& presenter, QSettings& layout, QWidget
     m_ui->cmdPaste->setIcon(icons::named(u"edit-paste"_s));
     m_ui->cmdLocation->setIcon(icons::named(u"find-location"_s));
     m_ui->cmdSave->setIcon(icons::named(u"document-save"_s));
-    resize(fontMetrics().averageCharWidth() * 110, fontMetrics().height() * 32);
+    resize(fontMetrics().averageCharWidth() * 110, fontMetrics().height() * 38);
     windowstate::restore(*this, m_layout);
     new FormBinder(presenter.form(), presenter, *this);
     connect(m_ui->cmdPaste, &QAbstractButton::clicked, this, &AutoParseView::paste);
