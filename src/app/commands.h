@@ -44,6 +44,8 @@ void addStoreCommands(CLI::App& app, Command& chosen);
 void addWorkbenchCommands(CLI::App& app, Command& chosen);
 /// Adds the commands that say where positions stand: pipeline, positions.
 void addPipelineCommands(CLI::App& app, Command& chosen);
+/// Adds the intake's command: parse-card.
+void addIntakeCommands(CLI::App& app, Command& chosen);
 
 /// The company that the user means among @p names: the name itself in any case, else the only one that holds the
 /// text. Nothing, with the reason printed, when there is none or no single one.

@@ -84,3 +84,8 @@ void printJson(const QJsonArray& array)
 {
     write(stdout, QString::fromUtf8(QJsonDocument(array).toJson(QJsonDocument::Indented)));
 }
+
+void printJson(const QJsonObject& object)
+{
+    write(stdout, QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Indented)));
+}

@@ -4,6 +4,7 @@
 #include "store/recordset.h"
 
 #include <QJsonArray>
+#include <QJsonObject>
 #include <QString>
 
 /// Writes text to standard output as UTF-8. Ends the program quietly when the reader has gone away ("|
@@ -18,3 +19,4 @@ void printCsv(RecordSet rows);
 /// Rows as a JSON array of objects; NULL is null, numbers are numbers, dates are ISO texts.
 void printJson(RecordSet rows);
 void printJson(const QJsonArray& array);
+void printJson(const QJsonObject& object);

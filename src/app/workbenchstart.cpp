@@ -7,22 +7,25 @@
 #include "desktop/desktopprompts.h"
 #include "desktop/desktopservices.h"
 #include "desktop/printing.h"
+#include "intake/frmautoparse.h"
 #include "store/appfolder.h"
 #include "store/copies.h"
 #include "store/datajw.h"
 #include "store/session.h"
 #include "store/storecheck.h"
+#include "views/intake/autoparseview.h"
 #include "views/workbench/splashview.h"
 #include "views/workbench/workbenchwindow.h"
 #include "workbench/frmdata.h"
 #include "workbench/frmsplash.h"
 
 #include <QApplication>
+#include <QHash>
 #include <QTextDocument>
 #include <QTimer>
 
 #include <cstdlib>
-
+#include <functional>
 #include <optional>
 
 namespace {
@@ -32,13 +35,21 @@ QString tr(const char* text)
     return QCoreApplication::translate("WorkbenchStart", text);
 }
 
-/// The screens that the workbench can open. Those that a later version brings are entered here.
+/// The screens that the workbench can open, each with the way to open it.
 class ScreenNavigator : public Navigator
 {
 public:
-    [[nodiscard]] bool hasScreen(const QString&) const override { return false; }
-    void openScreen(const QString&) override {}
+    void add(const QString& screen, std::function<void()> open) { m_screens.insert(screen, std::move(open)); }
+    [[nodiscard]] bool hasScreen(const QString& screen) const override { return m_screens.contains(screen); }
+    void openScreen(const QString& screen) override
+    {
+        if (const auto open = m_screens.value(screen))
+            open();
+    }
     void openHelp(int) override {}
+
+private:
+    QHash<QString, std::function<void()>> m_screens;
 };
 
 /// Sees to the store before anything touches it. False when the user would rather leave.
@@ -171,6 +182,9 @@ int startWorkbench(int& argc, char** argv, const StartOptions& options)
 
     WorkbenchWindow window(workbench, session.settings().file());
     const PrintDesk printDesk(workbench, window);
+    navigator.add(QStringLiteral("FrmAutoParse"), [&] {
+        AutoParseView(workbench.autoParse(), session.settings().file(), &window).exec();
+    });
     window.show();
     if (options.exitWhenShown) {
         // What is timed is the way to the filled window, so the end takes no time: the first round draws it.

@@ -62,6 +62,8 @@ public slots:
     void lblURL2();
     void lblLocation(); ///< street map
     void imgTgt();      ///< the target list
+    /// Fills the address from a business card; a company that is in the database is saved with it at once.
+    void cmdFastParser();
     void tvwPosContactDblClick(const QModelIndex& index);
 
 signals:

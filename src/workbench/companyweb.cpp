@@ -1,40 +1,24 @@
-// The ways from a company out into the web: its pages, the street map, and the target list beside it.
+// The doors beside a company: its web pages, the street map, the parsing of a card, the target list.
+#include "base/streetmap.h"
 #include "base/text.h"
+#include "intake/frmautoparse.h"
 #include "store/datajw.h"
 #include "store/storeerror.h"
+#include "store/webpages.h"
 #include "workbench/companyscreen.h"
 #include "workbench/frmdata.h"
 #include "workbench/stateabbrev.h"
-#include "workbench/streetmap.h"
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-/// The map service unless the settings name another.
-constexpr QStringView defaultMapHost = u"https://maps.example";
-
-QString mapHost(Session& session)
-{
-    const QString host = session.settings().QueryValueS(
-        RegAccess::Hive::CurrentUser, u"Software\\Ferrow Software\\Jobwright"_s, u"MapHost"_s);
-    return host.isEmpty() ? defaultMapHost.toString() : host;
-}
-
-} // namespace
-
 QString CompanyScreen::homePage()
 {
-    return u"https://jobwright.example"_s;
+    return webpages::homePage();
 }
 
 void CompanyScreen::openURL(const QString& address)
 {
-    Session& session = m_workbench.session();
-    session.trace(u"Open URL"_s);
-    const QString wanted = address.trimmed().isEmpty() ? homePage() : address.trimmed();
-    if (!session.desktop().openUrl(wanted))
-        m_workbench.showMessage(tr("The address \"%1\" could not be opened.").arg(wanted));
+    webpages::openURL(m_workbench.session(), address);
 }
 
 void CompanyScreen::lblURL1()
@@ -68,13 +52,28 @@ void CompanyScreen::lblLocation()
         }
         state = QString::number(*number);
     }
-    openURL(streetMapAddress(mapHost(session), {.street = address.text(u"Address1"),
-                                                .city = address.text(u"City"),
-                                                .state = state,
-                                                .zip = address.text(u"Zip")}));
+    openURL(streetMapAddress(webpages::mapHost(session), {.street = address.text(u"Address1"),
+                                                          .city = address.text(u"City"),
+                                                          .state = state,
+                                                          .zip = address.text(u"Zip")}));
 }
 
 void CompanyScreen::imgTgt()
 {
     m_workbench.tbarButtonClick(u"target"_s);
+}
+
+void CompanyScreen::cmdFastParser()
+{
+    const QString selected = m_workbench.selection().selectedCompanyName();
+    const bool saved = !text::isUnsaved(selected) && !text::isCategory(selected);
+    if (!m_workbench.autoParse().fill(m_form, cardControls(), saved ? selected : QString(),
+                                      m_workbench.navigator()))
+        return;
+    if (saved) {
+        cmdUpdate1();
+        return;
+    }
+    m_workbench.setSbar(u"Company"_s);
+    m_workbench.sbarVis();
 }

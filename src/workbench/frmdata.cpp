@@ -2,6 +2,7 @@
 #include "workbench/frmdata.h"
 
 #include "base/text.h"
+#include "intake/frmautoparse.h"
 #include "store/datajw.h"
 #include "store/storecheck.h"
 #include "workbench/companyscreen.h"
@@ -44,6 +45,7 @@ FrmData::FrmData(Session& session, Navigator& navigator)
     , m_contact(std::make_unique<ContactScreen>(*this))
     , m_document(std::make_unique<DocumentScreen>(*this))
     , m_pipeline(std::make_unique<PipelineScreen>(*this))
+    , m_autoParse(std::make_unique<FrmAutoParse>(session))
 {
     m_form.setText(u"Label45"_s, tr("Company"));
     m_form.setVisible(u"pbarLoad"_s, false);

@@ -15,6 +15,7 @@
 class CompanyScreen;
 class ContactScreen;
 class DocumentScreen;
+class FrmAutoParse;
 class PipelineScreen;
 class PositionScreen;
 
@@ -42,6 +43,8 @@ public:
     [[nodiscard]] ContactScreen& contactScreen() { return *m_contact; }
     [[nodiscard]] DocumentScreen& documentScreen() { return *m_document; }
     [[nodiscard]] PipelineScreen& pipelineScreen() { return *m_pipeline; }
+    /// The card parser, lent to each screen that has an address.
+    [[nodiscard]] FrmAutoParse& autoParse() { return *m_autoParse; }
     /// The shell's own controls: cmbSelection, Label45, the frames frmeCompany ... frmePipeline, pbarLoad ("3/15" when
     /// it stands at 3 of 15).
     [[nodiscard]] Form& form() { return m_form; }
@@ -156,6 +159,7 @@ private:
     std::unique_ptr<ContactScreen> m_contact;
     std::unique_ptr<DocumentScreen> m_document;
     std::unique_ptr<PipelineScreen> m_pipeline;
+    std::unique_ptr<FrmAutoParse> m_autoParse;
     QStringList m_companyList;
     QString m_caption;
     QString m_procText;

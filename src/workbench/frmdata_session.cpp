@@ -1,5 +1,6 @@
 // The workbench's start and end.
 #include "base/text.h"
+#include "intake/frmautoparse.h"
 #include "store/datajw.h"
 #include "workbench/companyscreen.h"
 #include "workbench/contactscreen.h"

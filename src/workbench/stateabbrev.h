@@ -1,4 +1,4 @@
-// Two-letter codes of the states, for the street map.
+// The state of an address as the street map is asked for it.
 #pragma once
 
 #include "base/key.h"
@@ -6,10 +6,6 @@
 #include <QString>
 
 #include <optional>
-
-/// The code that the table holds for a spelled-out state, in any case ("New York" gives "NY"); empty when
-/// unknown.
-QString stateCode(const QString& name);
 
 /// The state for the map's address as the routine answers it: a whole number. So a known state is a type
 /// error (nothing), as its code is no number, and an unknown name is 0.

@@ -20,8 +20,8 @@ struct Outcome
     QString error;
 };
 
-/// Runs the program on a folder, with no display at all.
-Outcome run(const QString& folder, const QStringList& arguments)
+/// Runs the program on a folder, with no display at all. @p input is the file that stands at its standard input.
+Outcome run(const QString& folder, const QStringList& arguments, const QString& input = QProcess::nullDevice())
 {
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -29,6 +29,7 @@ Outcome run(const QString& folder, const QStringList& arguments)
     environment.remove(u"DISPLAY"_s);
     environment.remove(u"WAYLAND_DISPLAY"_s);
     process.setProcessEnvironment(environment);
+    process.setStandardInputFile(input);
     process.start(QStringLiteral(JOBWRIGHT_PROGRAM), QStringList{u"--folder"_s, folder} + arguments);
     if (!process.waitForFinished(60000))
         return {};
@@ -86,6 +87,10 @@ private slots:
         QTest::newRow("import, no file")
             << QStringList{u"import"_s, u"/no/such.xml"_s} << 1 << u"not there"_s;
         QTest::newRow("verify") << QStringList{u"verify"_s} << 0 << u"sound"_s;
+        QTest::newRow("card, no file") << QStringList{u"parse-card"_s, u"/no/such.txt"_s} << 1 << u"cannot be read"_s;
+        QTest::newRow("card, a folder") << QStringList{u"parse-card"_s, u"/"_s} << 1 << u"cannot be read"_s;
+        QTest::newRow("card, two files") << QStringList{u"parse-card"_s, u"a"_s, u"b"_s} << 2 << QString();
+        QTest::newRow("card, nothing given") << QStringList{u"parse-card"_s} << 0 << u"\"txtAddress\": \"\""_s;
         QTest::newRow("paths") << QStringList{u"paths"_s} << 0 << u"Postledger.db"_s;
     }
     void statusOfEachCommand()
@@ -215,6 +220,43 @@ private slots:
             QVERIFY(reader->waitForFinished(60000));
             QVERIFY2(reader->exitCode() == 0, reader->readAllStandardError().constData());
         }
+    }
+
+    void cardInAnyEncodingBecomesItsTwelveFields_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        const QString card = u"Café Größe\r\n6 Spindle Court\r\nBoston, MA 02139\r\nfax 617 555 0143\r\n"_s;
+        QTest::newRow("UTF-8") << card.toUtf8();
+        QTest::newRow("UTF-8 with its mark") << QByteArray("\xef\xbb\xbf" + card.toUtf8());
+        QTest::newRow("one byte a character") << card.toLatin1();
+        QTest::newRow("UTF-16") << QByteArray("\xff\xfe" + QByteArray(reinterpret_cast<const char*>(card.utf16()), 2 * card.size()));
+    }
+    void cardInAnyEncodingBecomesItsTwelveFields()
+    {
+        QFETCH(QByteArray, bytes);
+        QTemporaryDir folder;
+        QFile file(folder.filePath(u"card.txt"_s));
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+        file.close();
+        const Outcome fromFile = run(folder.path() + u"/new", {u"parse-card"_s, file.fileName()});
+        QVERIFY2(fromFile.status == 0, qPrintable(fromFile.error));
+        QCOMPARE(run(folder.path() + u"/new", {u"parse-card"_s}, file.fileName()).out, fromFile.out);
+        const QJsonObject fields = QJsonDocument::fromJson(fromFile.out.toUtf8()).object();
+        QCOMPARE(fields.size(), 12);
+        QCOMPARE(fields.value(u"txtAddress"_s).toString(), u"Café Größe\r\n6 Spindle Court"_s);
+        QCOMPARE(fields.value(u"txtZip"_s).toString(), u"02139"_s);
+        QCOMPARE(fields.value(u"txtFax"_s).toString(), u"fax 617 555 0143"_s);
+        QCOMPARE(fields.value(u"txtURL2"_s), QJsonValue(QString()));
+    }
+
+    void cardWithoutAreaCodesIsRefused()
+    {
+        QTemporaryDir folder;
+        QCOMPARE(run(folder.path(), {u"companies"_s}).status, 0);
+        QVERIFY(QFile::remove(folder.filePath(u"areacodes.jwd"_s)));
+        const Outcome outcome = run(folder.path(), {u"parse-card"_s});
+        QCOMPARE(outcome.status, 1);
+        QVERIFY(outcome.error.contains(u"areacodes.jwd"_s) && outcome.out.isEmpty());
     }
 
     void settingIsWrittenAndRead()

@@ -41,6 +41,7 @@ offers "Larch" --folder other summary ""
 offers "" summary zebra
 touch "$area/some file.xml"
 offers "$area/some file.xml" import "$area/so"
+offers "$area/some file.xml" parse-card "$area/so"
 
 [ "$failures" -eq 0 ] && echo "all cases passed"
 exit "$((failures > 0))"

@@ -2,6 +2,8 @@
 // key.
 #include "views/windowbench.h"
 
+#include "intake/frmautoparse.h"
+#include "views/intake/autoparseview.h"
 #include "views/workbench/importprogressview.h"
 #include "views/workbench/splashview.h"
 #include "workbench/documentscreen.h"
@@ -93,7 +95,7 @@ private:
     void addViews()
     {
         QTest::addColumn<QString>("name");
-        for (const auto& name : {u"frmData"_s, u"frmImportProg"_s, u"frmSplash"_s})
+        for (const auto& name : {u"frmData"_s, u"frmImportProg"_s, u"frmSplash"_s, u"frmAutoParse"_s})
             QTest::newRow(qPrintable(name)) << name;
     }
     void addScreens()
@@ -115,6 +117,7 @@ private:
     /// A view of this name on a bench of its own.
     QWidget* view(const QString& name)
     {
+        m_cardView.reset();
         m_bench = std::make_unique<WindowBench>();
         m_bench->addContact(u"Ann"_s, u"Lee"_s, m_bench->addCompany(u"Acme"_s));
         m_bench->open();
@@ -123,14 +126,18 @@ private:
         m_bench->company().form().setVisible(u"imgTgt"_s, true);
         m_splash = std::make_unique<FrmSplash>(*m_bench->world.session);
         m_splashView = std::make_unique<SplashView>(*m_splash);
+        m_cardView = std::make_unique<AutoParseView>(m_bench->frm->autoParse(), *m_bench->layout);
         if (name == "frmSplash"_L1)
             return m_splashView.get();
+        if (name == "frmAutoParse"_L1)
+            return m_cardView.get();
         return name == "frmData"_L1 ? m_bench->window.get() : m_bench->find<QWidget>(name);
     }
 
     std::unique_ptr<WindowBench> m_bench;
     std::unique_ptr<FrmSplash> m_splash;
     std::unique_ptr<SplashView> m_splashView;
+    std::unique_ptr<AutoParseView> m_cardView;
 };
 
 void TestAudit::everyControlHasItsOwnName()

@@ -1,4 +1,5 @@
 // The Company screen: showing, leaving a field, the tree, the figures, and the ways out into the web.
+#include "base/statecodes.h"
 #include "workbench/bench.h"
 #include "workbench/stateabbrev.h"
 

@@ -1,5 +1,5 @@
 // What a position save leaves behind when one of its steps fails, and that saving again mends it.
-#include "workbench/failing.h"
+#include "workbench/faults.h"
 #include "workbench/positionbench.h"
 
 #include <QTest>

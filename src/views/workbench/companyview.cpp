@@ -6,6 +6,8 @@
 #include "views/common/look.h"
 #include "workbench/companyscreen.h"
 
+#include <QEvent>
+
 using namespace Qt::StringLiterals;
 
 CompanyView::CompanyView(CompanyScreen& presenter, QWidget* parent)
@@ -26,6 +28,7 @@ CompanyView::CompanyView(CompanyScreen& presenter, QWidget* parent)
 
     connect(&presenter, &CompanyScreen::changed, this, &CompanyView::render);
     connect(&presenter.tvwPosContact(), &QAbstractItemModel::rowsInserted, this, &CompanyView::render);
+    m_ui->txtAddress->viewport()->installEventFilter(this);
     connect(m_ui->tvwPosContact, &KindTree::opened, &presenter, &CompanyScreen::tvwPosContactDblClick);
     render();
 }
@@ -35,6 +38,16 @@ CompanyView::~CompanyView() = default;
 Form& CompanyView::form()
 {
     return m_presenter.form();
+}
+
+bool CompanyView::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() != QEvent::MouseButtonDblClick || watched != m_ui->txtAddress->viewport() ||
+        !m_ui->txtAddress->isEnabled())
+        return ScreenView::eventFilter(watched, event);
+    // Once the mouse is free again: the screen that comes takes all input until it is closed.
+    QMetaObject::invokeMethod(&m_presenter, &CompanyScreen::cmdFastParser, Qt::QueuedConnection);
+    return true;
 }
 
 void CompanyView::setIcons()
@@ -48,6 +61,7 @@ void CompanyView::setIcons()
     m_ui->lblURL1->setIcon(icons::named(u"globe"_s));
     m_ui->lblURL2->setIcon(icons::named(u"globe"_s));
     m_ui->lblLocation->setIcon(icons::named(u"find-location"_s));
+    m_ui->cmdFastParser->setIcon(icons::named(u"edit-paste"_s));
     m_ui->tvwPosContact->setKindIcon(u"contact"_s, u"user-identity"_s);
     m_ui->tvwPosContact->setKindIcon(u"position"_s, u"view-task"_s);
 }

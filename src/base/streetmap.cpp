@@ -1,4 +1,4 @@
-#include "workbench/streetmap.h"
+#include "base/streetmap.h"
 
 #include <QUrl>
 

@@ -1,0 +1,213 @@
+// The screen Fast Data Parsing: what its buttons do to the fields, and how another screen gets them back.
+#include "intake/frmautoparse.h"
+#include "support/errorlog.h"
+#include "support/world.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+#include <functional>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Opens the screen by doing what its user does.
+class UserAtTheScreen : public Navigator
+{
+public:
+    std::function<void()> act;
+    bool available = true;
+    QStringList opened;
+
+    [[nodiscard]] bool hasScreen(const QString&) const override { return available; }
+    void openScreen(const QString& screen) override
+    {
+        opened.append(screen);
+        if (act)
+            act();
+    }
+    void openHelp(int) override {}
+};
+
+const CardFields entryControls{u"txtEAddress"_s, u"txtECity"_s, u"txtEState"_s, u"txtEZip"_s,
+                               u"txtEP1"_s,      u"txtEP2"_s,   u"txtEP3"_s,    u"txtEFax"_s,
+                               u"txtEEM1"_s,     u"txtEEM2"_s,  u"txtEURL1"_s,  u"txtEURL2"_s};
+
+constexpr QStringView card = u"6 Spindle Court\nBoston, MA 02139\n617-555-0142\nann@mill.example";
+
+} // namespace
+
+class TestFrmAutoParse : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<World> m_world;
+    std::unique_ptr<FrmAutoParse> m_screen;
+    std::unique_ptr<Form> m_entry;
+    UserAtTheScreen m_user;
+
+    QString shown(const QString& control) { return m_screen->form().text(control); }
+    void type(QStringView text) { m_screen->form().edit(u"txtBizCard"_s, text.toString()); }
+    bool enabled(const QString& control) { return m_screen->form().isEnabled(control); }
+
+private slots:
+    void init()
+    {
+        m_world = std::make_unique<World>();
+        QVERIFY(QFile::copy(QStringLiteral(JOBWRIGHT_SOURCE_DIR) + u"/data/areacodes.jwd",
+                            m_world->folder.filePath(u"areacodes.jwd"_s)));
+        m_screen = std::make_unique<FrmAutoParse>(*m_world->session);
+        std::vector<FieldRow> rows;
+        for (const QString& control : entryControls)
+            rows.push_back({control, {}, SaveOn::Record});
+        m_entry = std::make_unique<Form>(rows);
+        m_user = {};
+    }
+
+    void buttonsWaitForASortedCard()
+    {
+        m_screen->load(u"1 Old Road"_s, u"Acme"_s);
+        for (const QString& button : {u"cmdSave"_s, u"cmdMerge"_s, u"cmdDiscard"_s})
+            QVERIFY2(!enabled(button), qPrintable(button));
+        QVERIFY(enabled(u"cmdLocation"_s));
+        type(card);
+        m_screen->cmdVerify();
+        for (const QString& button : {u"cmdSave"_s, u"cmdMerge"_s, u"cmdDiscard"_s})
+            QVERIFY2(enabled(button), qPrintable(button));
+
+        // A new card begins anew, and with nothing to merge into there is no merging; nor a map of no
+        // company.
+        m_screen->load({}, {});
+        QCOMPARE(shown(u"txtBizCard"_s) + shown(u"txtAddress"_s) + shown(u"Label2"_s), QString());
+        m_screen->cmdVerify();
+        QVERIFY(enabled(u"cmdSave"_s) && !enabled(u"cmdMerge"_s) && !enabled(u"cmdLocation"_s));
+    }
+
+    void secondSortingForgetsTheFirst()
+    {
+        m_screen->load({}, {});
+        type(card);
+        m_screen->cmdVerify();
+        QCOMPARE(shown(u"txtEm1"_s), u"ann@mill.example"_s);
+        QCOMPARE(shown(u"Label2"_s), u"617 - MA"_s);
+        type(u"19 Perry Street\n(999) 555-0100");
+        m_screen->cmdVerify();
+        QCOMPARE(shown(u"txtAddress"_s), u"19 Perry Street\r\n(999) 555-0100"_s);
+        QCOMPARE(shown(u"txtCity"_s) + shown(u"txtP1"_s) + shown(u"txtEm1"_s), QString());
+        QCOMPARE(shown(u"Label2"_s), u"999 - "_s); // why it is no telephone number
+        type(u"19 Perry Street\nPhone");
+        m_screen->cmdVerify();
+        QCOMPARE(shown(u"Label2"_s), QString());
+    }
+
+    void decisionHidesTheScreen_data()
+    {
+        QTest::addColumn<QString>("button");
+        QTest::addColumn<int>("mode");
+        QTest::newRow("save") << u"cmdSave"_s << 1;
+        QTest::newRow("merge") << u"cmdMerge"_s << 2;
+        QTest::newRow("discard") << u"cmdDiscard"_s << 3;
+    }
+    void decisionHidesTheScreen()
+    {
+        QFETCH(QString, button);
+        QFETCH(int, mode);
+        m_screen->load(u"1 Old Road"_s, {});
+        QCOMPARE(int(m_screen->mode()), 0);
+        const QSignalSpy hidden(m_screen.get(), &FrmAutoParse::hideRequested);
+        QVERIFY(QMetaObject::invokeMethod(m_screen.get(), button.toLatin1().constData()));
+        QCOMPARE(int(m_screen->mode()), mode);
+        QCOMPARE(hidden.count(), 1);
+    }
+
+    void callersFieldsAreFilledAsDecided_data()
+    {
+        QTest::addColumn<QString>("button");
+        QTest::addColumn<bool>("taken");
+        QTest::addColumn<QString>("street");
+        QTest::addColumn<QString>("city");
+        QTest::addColumn<QString>("fax");
+        QTest::addColumn<QString>("mail");
+        QTest::newRow("overwritten, emptied too") << u"cmdSave"_s << true << u"6 Spindle Court"_s
+                                                  << u"Boston"_s << QString() << u"changed@mill.example"_s;
+        QTest::newRow("only the empty ones") << u"cmdMerge"_s << true << u"6 Spindle Court"_s << u"Akron"_s
+                                             << u"330-555-0100"_s << u"changed@mill.example"_s;
+        QTest::newRow("discarded") << u"cmdDiscard"_s << false << u"\n"_s << u"Akron"_s << u"330-555-0100"_s
+                                   << QString();
+        QTest::newRow("closed") << QString() << false << u"\n"_s << u"Akron"_s << u"330-555-0100"_s
+                                << QString();
+    }
+    void callersFieldsAreFilledAsDecided()
+    {
+        QFETCH(QString, button);
+        QFETCH(bool, taken);
+        m_entry->setText(u"txtEAddress"_s, u"\n"_s); // two empty lines of an address are no street
+        m_entry->setText(u"txtECity"_s, u"Akron"_s);
+        m_entry->setText(u"txtEFax"_s, u"330-555-0100"_s);
+        m_user.act = [&] {
+            QCOMPARE(shown(u"txtCurrent"_s),
+                     u"\n\r\nAkron,   \r\n\r\n\r\n\r\n330-555-0100\r\n\r\n\r\n\r\n"_s);
+            QVERIFY(m_world->session->dialogBusy);
+            type(card);
+            m_screen->cmdVerify();
+            m_screen->form().edit(u"txtEm1"_s, u"changed@mill.example"_s);
+            if (!button.isEmpty())
+                QMetaObject::invokeMethod(m_screen.get(), button.toLatin1().constData());
+        };
+        QCOMPARE(m_screen->fill(*m_entry, entryControls, {}, m_user), taken);
+        QVERIFY(!m_world->session->dialogBusy);
+        QCOMPARE(m_user.opened, QStringList{u"FrmAutoParse"_s});
+        QTEST(m_entry->text(u"txtEAddress"_s), "street");
+        QTEST(m_entry->text(u"txtECity"_s), "city");
+        QTEST(m_entry->text(u"txtEFax"_s), "fax");
+        QTEST(m_entry->text(u"txtEEM1"_s), "mail");
+    }
+
+    void earlierDecisionDoesNotCountAgain()
+    {
+        m_user.act = [&] {
+            type(card);
+            m_screen->cmdVerify();
+            m_screen->cmdSave();
+        };
+        QVERIFY(m_screen->fill(*m_entry, entryControls, {}, m_user));
+        m_user.act = {};
+        QVERIFY(!m_screen->fill(*m_entry, entryControls, {}, m_user));
+        m_user.available = false;
+        QVERIFY(!m_screen->fill(*m_entry, entryControls, {}, m_user));
+        QCOMPARE(m_entry->text(u"txtECity"_s), u"Boston"_s);
+    }
+
+    void missingAreaCodesAreToldAndTheRestIsSorted()
+    {
+        QVERIFY(QFile::remove(m_world->folder.filePath(u"areacodes.jwd"_s)));
+        m_world->prompts.expect(u"area codes could not be read"_s);
+        m_screen->load({}, {});
+        const auto log = LogEntry::parse(m_world->errorLog());
+        QCOMPARE(log.size(), size_t(1));
+        QVERIFY(log.front().text.startsWith(u"frmAutoParse - Load"_s) && !log.front().suppressed);
+        type(card);
+        m_screen->cmdVerify();
+        QCOMPARE(shown(u"txtCity"_s), u"Boston"_s);
+        QCOMPARE(shown(u"txtAddress"_s), u"6 Spindle Court\r\n617-555-0142"_s);
+    }
+
+    void mapShowsTheCompanysStoredAddress()
+    {
+        QVERIFY(m_world->data().execQuery(
+            u"Insert into Address(Address1,City,State,Zip) Values('12 Mill Lane','Lowell','Massachusetts','01851')"_s));
+        QVERIFY(m_world->data().execQuery(u"Insert into Company(Name,AddressKey) Values('O`Hara',1)"_s));
+        m_screen->load({}, u"O'Hara"_s);
+        m_screen->cmdLocation();
+        QCOMPARE(m_world->desktop.opened,
+                 QStringList{u"https://maps.example/maps/map.adp?city=Lowell&state=Massachusetts&"
+                             "address=12+Mill+Lane&zip=01851&country=US&zoom=7"_s});
+        m_screen->load({}, u"Nobody"_s);
+        m_screen->cmdLocation();
+        QCOMPARE(m_world->desktop.opened.size(), 1);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestFrmAutoParse)
+#include "tst_frmautoparse.moc"
