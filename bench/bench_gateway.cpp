@@ -31,6 +31,7 @@ public:
     }
     QString openFile(const QString&, const QString&, const QStringList&) override { return {}; }
     QString saveFile(const QString&, const QString&, const QStringList&) override { return {}; }
+    QString pickCompany(const QString&, const QStringList&) override { return {}; }
 };
 
 class NoDesktop : public Desktop

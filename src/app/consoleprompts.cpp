@@ -32,3 +32,8 @@ QString ConsolePrompts::saveFile(const QString&, const QString&, const QStringLi
 {
     return {};
 }
+
+QString ConsolePrompts::pickCompany(const QString&, const QStringList&)
+{
+    return {};
+}

@@ -5,22 +5,9 @@
 #include "workbench/companyscreen.h"
 #include "workbench/fieldtext.h"
 #include "workbench/frmdata.h"
+#include "workbench/recordsave.h"
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-/// The front of an Insert that names every column of the table but its key, which the store gives.
-QString insertFront(DataJW& dataJW, const QString& written, const QString& table)
-{
-    return u"INSERT INTO " + written + u" ( " + dataJW.getFields(table).mid(1).join(u',') + u" ) VALUES (";
-}
-
-/// Characters that a record's texts may have together. The store takes statements of a million characters;
-/// one that it refused in the middle of a save would leave the company without its row.
-constexpr qsizetype longestRecord = 900'000;
-
-} // namespace
 
 bool CompanyScreen::mayBeSaved(const QString& title)
 {
@@ -39,7 +26,7 @@ bool CompanyScreen::mayBeSaved(const QString& title)
     qsizetype length = 0;
     for (const FieldRow& row : m_form.rows())
         length += row.save == SaveOn::Never ? 0 : fieldtext::toStored(m_form.text(row.control)).size();
-    if (length <= longestRecord)
+    if (length <= recordsave::longestRecord)
         return true;
     m_workbench.showMessage(tr("These texts are too long to be saved. Please shorten the notes."));
     return false;
@@ -91,7 +78,7 @@ void CompanyScreen::cmdUpdate1()
 bool CompanyScreen::insertRecord(Key oldKey, const QString& title)
 {
     DataJW& dataJW = m_workbench.session().dataJW();
-    QString company = insertFront(dataJW, u"COMPANY"_s, u"Company"_s);
+    QString company = recordsave::insertFront(dataJW, u"COMPANY"_s, u"Company"_s);
     const bool addressInserted = insertAddress();
     // The store is never asked for the number it gave: with one user the highest key is that of the row just
     // added.
@@ -109,7 +96,7 @@ bool CompanyScreen::insertRecord(Key oldKey, const QString& title)
 bool CompanyScreen::insertAddress()
 {
     Session& session = m_workbench.session();
-    QString address = insertFront(session.dataJW(), u"Address"_s, u"Address"_s);
+    QString address = recordsave::insertFront(session.dataJW(), u"Address"_s, u"Address"_s);
     // Lines behind the first are all kept in the second column, with their own line ends.
     const QString lines = fieldtext::toShown(m_form.text(u"txtAddress"_s));
     const auto split = lines.indexOf(u'\n');

@@ -19,6 +19,7 @@ public:
     Answer msgBox(const QString&, Buttons, const QString&) override { return Answer::Ok; }
     QString openFile(const QString&, const QString&, const QStringList&) override { return {}; }
     QString saveFile(const QString&, const QString&, const QStringList&) override { return {}; }
+    QString pickCompany(const QString&, const QStringList&) override { return {}; }
     bool openUrl(const QString&) override { return false; }
     bool openDocument(const QString&) override { return false; }
     [[nodiscard]] bool canOpen(const QString&) const override { return false; }
