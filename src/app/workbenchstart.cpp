@@ -12,15 +12,19 @@
 #include "store/datajw.h"
 #include "store/session.h"
 #include "store/storecheck.h"
+#include "views/workbench/addressentryview.h"
 #include "views/workbench/splashview.h"
 #include "views/workbench/workbenchwindow.h"
+#include "workbench/contactscreen.h"
 #include "workbench/frmdata.h"
 #include "workbench/frmsplash.h"
 
 #include <QApplication>
+#include <QHash>
 #include <QTextDocument>
 #include <QTimer>
 
+#include <functional>
 #include <optional>
 
 namespace {
@@ -30,13 +34,21 @@ QString tr(const char* text)
     return QCoreApplication::translate("WorkbenchStart", text);
 }
 
-/// The screens that the workbench can open. Those that a later version brings are entered here.
+/// The screens that the workbench can open, each with the way to open it.
 class ScreenNavigator : public Navigator
 {
 public:
-    [[nodiscard]] bool hasScreen(const QString&) const override { return false; }
-    void openScreen(const QString&) override {}
+    void add(const QString& screen, std::function<void()> open) { m_screens.insert(screen, std::move(open)); }
+    [[nodiscard]] bool hasScreen(const QString& screen) const override { return m_screens.contains(screen); }
+    void openScreen(const QString& screen) override
+    {
+        if (const auto open = m_screens.value(screen))
+            open();
+    }
     void openHelp(int) override {}
+
+private:
+    QHash<QString, std::function<void()>> m_screens;
 };
 
 /// Sees to the store before anything touches it. False when the user would rather leave.
@@ -169,6 +181,11 @@ int startWorkbench(int& argc, char** argv, const StartOptions& options)
 
     WorkbenchWindow window(workbench, session.settings().file());
     const PrintDesk printDesk(workbench, window);
+    navigator.add(QStringLiteral("FrmAddressEntry"), [&] {
+        AddressEntryView(workbench.contactScreen().addressEntry(), session.settings().file(),
+                         navigator.hasScreen(QStringLiteral("FrmAutoParse")), &window)
+            .exec();
+    });
     window.show();
     if (options.exitWhenShown) {
         QTimer::singleShot(0, &window, [] { QTimer::singleShot(0, qApp, &QApplication::quit); });
