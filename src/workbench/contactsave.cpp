@@ -140,12 +140,16 @@ void ContactScreen::moveReferences(Key newKey, const std::vector<Key>& oldKeys)
 
 void ContactScreen::showAfterSave(Key newKey, const ContactName& name)
 {
+    const QString shown = text::quoteFix(name.first + u' ' + name.last);
     loadContactList();
-    show(newKey);
+    m_workbench.selection().currentContactKey = newKey;
+    m_form.setText(u"cmbContacts"_s, shown);
+    // A row that cannot be read back now is stored all the same: the form then stays as it was typed.
+    if (const RecordSet record = dataJW().getContactDataByKey(newKey); !record.isEmpty())
+        fillContactForm(record);
     m_workbench.updateCounts();
     m_workbench.savedSbar();
-    m_workbench.showMessage(tr("Update of ") + text::quoteFix(name.first) + u' ' + text::quoteFix(name.last) +
-                            tr(" is complete."));
+    m_workbench.showMessage(tr("Update of ") + shown + tr(" is complete."));
 }
 
 // --- Removal ----------------------------------------------------------------------------------------------
