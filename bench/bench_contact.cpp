@@ -1,5 +1,5 @@
-// What a contact costs on a full campaign: opening the Contact screen, choosing another company, a save with its
-// clean-up of addresses. Milliseconds of the wall, the middle of several tries.
+// What a contact costs on a full campaign: opening the Contact screen, choosing another company, a save with
+// its clean-up of addresses. Milliseconds of the wall, the middle of several tries.
 #include "generate.h"
 
 #include "base/clock.h"
@@ -70,8 +70,7 @@ int main()
     ContactScreen& contact = workbench.contactScreen();
     workbench.cmbSelectionClick(companies.at(7000));
     report("open the Contact screen", 50, [&](int) { workbench.tabStrip1Click(u"Contact"_s); });
-    report("choose another company", 50,
-           [&](int i) { workbench.cmbSelectionClick(companies.at(7001 + i)); });
+    report("choose another company", 50, [&](int i) { workbench.cmbSelectionClick(companies.at(7001 + i)); });
     contact.newRecord();
     contact.form().edit(u"txtFirst"_s, u"Ann"_s);
     contact.form().edit(u"txtLast"_s, u"Lee"_s);

@@ -42,3 +42,9 @@ using Command = std::function<int(CommandContext&)>;
 void addStoreCommands(CLI::App& app, Command& chosen);
 /// Adds the workbench's commands: companies, summary.
 void addWorkbenchCommands(CLI::App& app, Command& chosen);
+/// Adds the command contacts.
+void addContactCommands(CLI::App& app, Command& chosen);
+
+/// The company that the user means: the name itself in any case, else the only one that holds the text. Empty, with
+/// the reason printed, when there is none or more than one.
+QString findCompany(const QStringList& names, const QString& wanted);

@@ -74,7 +74,22 @@ int companies(CommandContext& context, bool table, bool json)
     return Done;
 }
 
-/// The company that the user means: the name itself in any case, else the only one that holds the text.
+int summary(CommandContext& context, const QString& wanted)
+{
+    Session* const session = context.openSession();
+    if (!session)
+        return context.exitCode;
+    // Stored names hold backquotes where the user types apostrophes.
+    const QString name = findCompany(session->dataJW().getCompanyNames(), text::quoteFix(wanted));
+    if (name.isEmpty())
+        return Failed;
+    QString summary = companySummary(CompanyScreen::gather(*session, name), session->today());
+    printLine(summary.replace(text::crlf.toString(), QStringLiteral("\n")));
+    return Done;
+}
+
+} // namespace
+
 QString findCompany(const QStringList& names, const QString& wanted)
 {
     QStringList close;
@@ -92,22 +107,6 @@ QString findCompany(const QStringList& names, const QString& wanted)
         printError(tr("Several companies are called like that: %1").arg(close.mid(0, 10).join(QStringLiteral(", "))));
     return {};
 }
-
-int summary(CommandContext& context, const QString& wanted)
-{
-    Session* const session = context.openSession();
-    if (!session)
-        return context.exitCode;
-    // Stored names hold backquotes where the user types apostrophes.
-    const QString name = findCompany(session->dataJW().getCompanyNames(), text::quoteFix(wanted));
-    if (name.isEmpty())
-        return Failed;
-    QString summary = companySummary(CompanyScreen::gather(*session, name), session->today());
-    printLine(summary.replace(text::crlf.toString(), QStringLiteral("\n")));
-    return Done;
-}
-
-} // namespace
 
 void addWorkbenchCommands(CLI::App& app, Command& chosen)
 {

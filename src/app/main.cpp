@@ -30,6 +30,7 @@ void describe(CLI::App& app, Line& line)
     app.require_subcommand(0, 1);
     app.fallthrough(); // --folder may stand behind the command too
     addWorkbenchCommands(app, line.command);
+    addContactCommands(app, line.command);
     addStoreCommands(app, line.command);
     app.footer("Without a command the workbench opens.\n"
                "Exit status: 0 done, 1 failed, 2 wrong usage, 3 the database cannot be opened,\n"

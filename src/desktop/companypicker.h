@@ -9,8 +9,8 @@ class QDialogButtonBox;
 class QLineEdit;
 class QListView;
 
-/// Lists companies and narrows the list to those that hold what is typed; Enter or a double click takes the one
-/// marked.
+/// Lists companies and narrows the list to those that hold what is typed; Enter or a double click takes the
+/// one marked.
 class CompanyPicker : public QDialog
 {
     Q_OBJECT

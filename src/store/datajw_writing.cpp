@@ -50,8 +50,8 @@ int replaceInLists(Call& call, Key newKey, Key oldKey, const QString& select, co
 {
     const QString oldText = gateway::text(oldKey);
     int changed = 0;
-    // Rows of a position are long, and there may be tens of thousands: only the lists are read, and the keys when a
-    // list has turned out to hold the old one.
+    // Rows of a position are long, and there may be tens of thousands: only the lists are read, and the keys
+    // when a list has turned out to hold the old one.
     std::optional<RecordSet> keys;
     int passed = 0;
     for (RecordSet lists = call.oneColumn(select, column); !lists.atEnd(); lists.next(), ++passed) {

@@ -120,8 +120,9 @@ bool FrmAddressEntry::addRow()
     if (!dataJW().execQuery(row + u'\'' + dates::mdyy(m_workbench.session().today()) + u"');"))
         return false;
     const Key added = dataJW().getCount(u"Address"_s, false, u"AddressKey"_s);
-    const bool linked = added > 0 && dataJW().execQuery(u"Update Contact set AddressKey=" + QString::number(added) +
-                                                        u" where contactkey=" + QString::number(m_contactKey));
+    const bool linked =
+        added > 0 && dataJW().execQuery(u"Update Contact set AddressKey=" + QString::number(added) +
+                                        u" where contactkey=" + QString::number(m_contactKey));
     if (!action.commit() || !linked)
         return false;
     m_addressKey = added;

@@ -27,9 +27,9 @@ std::optional<std::vector<qlonglong>> addressKeys(DataJW& dataJW, const QString&
 
 void cleanAddresses(DataJW& dataJW)
 {
-    // Three reads and a comparison of sets: asking for each address by its key whether somebody has it takes a
-    // second in a campaign of fifteen thousand people, at every save. It is also safer, as a question that failed
-    // would read like "nobody".
+    // Three reads and a comparison of sets: asking for each address by its key whether somebody has it takes
+    // a second in a campaign of fifteen thousand people, at every save. It is also safer, as a question that
+    // failed would read like "nobody".
     const auto all = addressKeys(dataJW, u"Address"_s);
     const auto contacts = addressKeys(dataJW, u"Contact"_s);
     const auto companies = addressKeys(dataJW, u"Company"_s);

@@ -77,7 +77,8 @@ Key ContactScreen::otherKey(const QModelIndex& node) const
     const QString first = name.left(blank);
     const QString last = blank < 0 ? QString() : name.mid(blank + 1);
     const Key companyKey = dataJW().getCompanyKeyByContact(first, last);
-    return companyKey > 0 ? dataJW().getContactKey(first, last, dataJW().getCompanyNameByKey(companyKey)) : Key{0};
+    return companyKey > 0 ? dataJW().getContactKey(first, last, dataJW().getCompanyNameByKey(companyKey))
+                          : Key{0};
 }
 
 void ContactScreen::cmdRemoveOther1()
@@ -154,7 +155,8 @@ void ContactScreen::writeStep(const QString& step)
         return;
     const QString where = u" where positionKey="_s + QString::number(position);
     Action action(dataJW());
-    dataJW().execQuery(u"Update Position set " + step + u"='" + m_workbench.session().todayText() + u'\'' + where);
+    dataJW().execQuery(u"Update Position set " + step + u"='" + m_workbench.session().todayText() + u'\'' +
+                       where);
     dataJW().execQuery(u"Update Position set " + step + u"Medium=7" + where);
     action.commit();
 }
@@ -206,8 +208,8 @@ void ContactScreen::cmdReassign1()
             Answer::Yes ||
         companyKey <= 0)
         return;
-    dataJW().execQuery(u"Update Contact set CompanyKey=" + QString::number(companyKey) + u" where contactkey=" +
-                       QString::number(key));
+    dataJW().execQuery(u"Update Contact set CompanyKey=" + QString::number(companyKey) +
+                       u" where contactkey=" + QString::number(key));
     m_workbench.cmbSelectionClick(company());
 }
 

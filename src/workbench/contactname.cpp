@@ -37,9 +37,10 @@ ContactName completedName(const ContactName& typed)
 
 ContactName normalisedName(const ContactName& typed)
 {
-    ContactName name{typed.first.simplified(), typed.middle.simplified().remove(u' '), typed.last.simplified()};
-    // Names are looked up split at their first blank, so a first name must not hold one. Of a last name the first
-    // word alone is moved: what follows still reads as one name.
+    ContactName name{typed.first.simplified(), typed.middle.simplified().remove(u' '),
+                     typed.last.simplified()};
+    // Names are looked up split at their first blank, so a first name must not hold one. Of a last name the
+    // first word alone is moved: what follows still reads as one name.
     if (const auto blank = name.first.indexOf(u' '); blank >= 0) {
         name.middle += name.first.mid(blank + 1);
         name.first.truncate(blank);

@@ -15,13 +15,14 @@ struct ContactName
     [[nodiscard]] bool isComplete() const { return !first.isEmpty() && !last.isEmpty(); }
 };
 
-/// A whole name typed in one go: its first word is the first name, its last word the last name, all between them
-/// the middle name. A single word is a first name.
+/// A whole name typed in one go: its first word is the first name, its last word the last name, all between
+/// them the middle name. A single word is a first name.
 ContactName getFname(const QString& typed);
 
-/// What was typed into the three boxes, a whole name in the first or last one taken apart when the other is empty.
+/// What was typed into the three boxes, a whole name in the first or last one taken apart when the other is
+/// empty.
 ContactName completedName(const ContactName& typed);
 
-/// The name as it is stored: no blanks around it, one word as first name, capitals at the front of first and last
-/// name. Words that are moved into a filled middle name are appended to it without a blank.
+/// The name as it is stored: no blanks around it, one word as first name, capitals at the front of first and
+/// last name. Words that are moved into a filled middle name are appended to it without a blank.
 ContactName normalisedName(const ContactName& typed);

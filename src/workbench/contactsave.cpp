@@ -37,7 +37,8 @@ bool ContactScreen::mayBeSaved(const ContactName& name)
 void ContactScreen::cmdUpdateContact1()
 {
     m_workbench.session().trace(u"Update Contact"_s);
-    const ContactName typed{m_form.text(u"txtFirst"_s), m_form.text(u"txtMiddle"_s), m_form.text(u"txtLast"_s)};
+    const ContactName typed{m_form.text(u"txtFirst"_s), m_form.text(u"txtMiddle"_s),
+                            m_form.text(u"txtLast"_s)};
     const ContactName name = normalisedName(completedName(typed));
     if (!mayBeSaved(name))
         return;
@@ -49,9 +50,11 @@ void ContactScreen::cmdUpdateContact1()
     Key addressKey = m_addressKey;
     const bool addressGiven = giveAddress(isNew, addressKey);
     const QString row = values(name, addressKey, companyKey);
-    const bool inserted = dataJW().execQuery(recordsave::insertFront(dataJW(), u"Contact"_s, u"Contact"_s) + row);
+    const bool inserted =
+        dataJW().execQuery(recordsave::insertFront(dataJW(), u"Contact"_s, u"Contact"_s) + row);
     dataJW().execQuery(recordsave::insertFront(dataJW(), u"ContactRecovery"_s, u"Contact"_s) + row);
-    // The row that was replaced goes before the new one is looked up by its name, or the old key might come back.
+    // The row that was replaced goes before the new one is looked up by its name, or the old key might come
+    // back.
     if (!isNew)
         dataJW().delRecord(oldKey, u"Contact"_s);
     const Key found = dataJW().getContactKey(text::quoteFix(name.first), text::quoteFix(name.last),
@@ -65,17 +68,18 @@ void ContactScreen::cmdUpdateContact1()
         if (addressGiven)
             cleanAddresses(dataJW());
     }
-    // When a part of the record did not get into the store, the form keeps what was typed, so that another save can
-    // bring it in.
+    // When a part of the record did not get into the store, the form keeps what was typed, so that another
+    // save can bring it in.
     if (action.commit() && complete)
         showAfterSave(newKey, name);
 }
 
-/// Gives a contact without an address of its own one that begins as a copy of the company's; false when that failed.
+/// Gives a contact without an address of its own one that begins as a copy of the company's; false when that
+/// failed.
 bool ContactScreen::giveAddress(bool isNew, Key& addressKey)
 {
-    // An existing contact keeps the address that was read with it. Looked up by the name, a namesake's might come
-    // back, and the clean-up would then take this one's.
+    // An existing contact keeps the address that was read with it. Looked up by the name, a namesake's might
+    // come back, and the clean-up would then take this one's.
     if (!isNew && addressKey > 0) {
         const RecordSet address = dataJW().getAddress(addressKey);
         if (address.isNothing() || !address.isEmpty())
@@ -117,7 +121,8 @@ QString ContactScreen::values(const ContactName& name, Key addressKey, Key compa
     const auto text = [](const QString& value) -> QString { return fieldtext::quoted(value) + u','; };
     QString row = text(name.first) + text(name.middle) + text(name.last) + shown(u"txtContactTitle"_s) +
                   text(QString::number(addressKey)) + shown(u"txtDept"_s) + shown(u"txtReportsTo"_s) +
-                  text(flags(1, 9)) + text(flags(10, 17)) + shown(u"txtBestTimes"_s) + shown(u"txtContactNotes"_s);
+                  text(flags(1, 9)) + text(flags(10, 17)) + shown(u"txtBestTimes"_s) +
+                  shown(u"txtContactNotes"_s);
     // The box shows the day as the user reads dates; the store gets back what it held.
     row += m_lastContact.isEmpty() ? u"'12/31/1999',"_s : text(m_lastContact);
     row += u"0,"; // EventKey: events point to contacts and not the other way round
@@ -159,11 +164,13 @@ void ContactScreen::cmdRemoveContact1()
     const Key key = keyShown();
     // Events that belong to nobody carry the key 0: removing "nobody" would take them all.
     if (key <= 0) {
-        m_workbench.showMessage(tr("Please select a contact to remove."), Buttons::Ok, tr("Jobwright - Message"));
+        m_workbench.showMessage(tr("Please select a contact to remove."), Buttons::Ok,
+                                tr("Jobwright - Message"));
         return;
     }
-    const QString question = tr("Are you sure you want to remove this CONTACT, all contact histories and all links "
-                                "to this contact?");
+    const QString question =
+        tr("Are you sure you want to remove this CONTACT, all contact histories and all links "
+           "to this contact?");
     if (m_workbench.showMessage(question, Buttons::YesNoDefaultNo) != Answer::Yes || !removeRecords(key))
         return;
     loadContactList();

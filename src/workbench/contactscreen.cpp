@@ -122,7 +122,8 @@ void ContactScreen::loadContactList()
 const QStringList& ContactScreen::otherContactNames()
 {
     if (!m_otherNames)
-        m_otherNames = m_otherCompany.isEmpty() ? dataJW().getContactAll() : dataJW().getContactNames(m_otherCompany);
+        m_otherNames =
+            m_otherCompany.isEmpty() ? dataJW().getContactAll() : dataJW().getContactNames(m_otherCompany);
     return *m_otherNames;
 }
 
@@ -142,8 +143,8 @@ void ContactScreen::newRecord()
 Key ContactScreen::findContact(const QString& name, const QString& company) const
 {
     const QString wanted = text::quoteFix(name);
-    // Saved here, a name has its only possible split at the first blank. Names that came in otherwise may hold
-    // further blanks on either side.
+    // Saved here, a name has its only possible split at the first blank. Names that came in otherwise may
+    // hold further blanks on either side.
     for (auto blank = wanted.indexOf(u' '); blank >= 0; blank = wanted.indexOf(u' ', blank + 1)) {
         const Key key = dataJW().getContactKey(wanted.left(blank), wanted.mid(blank + 1), company, true);
         if (key > 0)
@@ -329,8 +330,8 @@ void ContactScreen::fieldChanged(const QString& control)
 bool ContactScreen::update(const QString& column, const QString& value)
 {
     const Key key = keyShown();
-    if (key <= 0 || !dataJW().execQuery(u"Update Contact set " + column + u'=' + value + u" where contactkey=" +
-                                        QString::number(key)))
+    if (key <= 0 || !dataJW().execQuery(u"Update Contact set " + column + u'=' + value +
+                                        u" where contactkey=" + QString::number(key)))
         return false;
     m_workbench.savedSbar();
     return true;

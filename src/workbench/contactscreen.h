@@ -17,8 +17,8 @@ class FrmAddressEntry;
 class FrmData;
 struct ContactName;
 
-/// Shows, saves, removes and reassigns a contact of the selected company or category, and keeps the contacts and
-/// documents assigned to it.
+/// Shows, saves, removes and reassigns a contact of the selected company or category, and keeps the contacts
+/// and documents assigned to it.
 class ContactScreen : public QObject
 {
     Q_OBJECT
@@ -28,12 +28,13 @@ public:
     ~ContactScreen() override;
 
     [[nodiscard]] Form& form() { return m_form; }
-    /// Each has one root, below it a node for each contact or document: "A" or "D" and the key at the time of filling.
+    /// Each has one root, below it a node for each contact or document: "A" or "D" and the key at the time of
+    /// filling.
     [[nodiscard]] TreeModel& tvwOtherContact() { return m_others; }
     [[nodiscard]] TreeModel& tvwDocument() { return m_documents; }
     [[nodiscard]] FrmAddressEntry& addressEntry() { return *m_addressEntry; }
-    /// The names of cmbOtherContact: the contacts of all companies, or of the one picked with lblOtherContacts. Read
-    /// when first asked for.
+    /// The names of cmbOtherContact: the contacts of all companies, or of the one picked with
+    /// lblOtherContacts. Read when first asked for.
     [[nodiscard]] const QStringList& otherContactNames();
     [[nodiscard]] bool historyAvailable() const;
 

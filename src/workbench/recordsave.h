@@ -11,7 +11,8 @@ namespace recordsave {
 /// one that it refused in the middle of a save would leave the record without its row.
 inline constexpr qsizetype longestRecord = 900'000;
 
-/// The front of an Insert into @p written that names every column of @p table but its key, which the store gives.
+/// The front of an Insert into @p written that names every column of @p table but its key, which the store
+/// gives.
 inline QString insertFront(DataJW& dataJW, const QString& written, const QString& table)
 {
     return u"INSERT INTO " + written + u" ( " + dataJW.getFields(table).mid(1).join(u',') + u" ) VALUES (";

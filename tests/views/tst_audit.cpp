@@ -11,6 +11,7 @@
 #include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QProgressBar>
+#include <QSlider>
 #include <QTreeView>
 
 namespace {
@@ -21,7 +22,7 @@ bool isControl(const QWidget& widget)
     return qobject_cast<const QLineEdit*>(&widget) || qobject_cast<const QPlainTextEdit*>(&widget) ||
            qobject_cast<const QComboBox*>(&widget) || qobject_cast<const QAbstractButton*>(&widget) ||
            qobject_cast<const QTreeView*>(&widget) || qobject_cast<const QTabBar*>(&widget) ||
-           qobject_cast<const QProgressBar*>(&widget);
+           qobject_cast<const QProgressBar*>(&widget) || qobject_cast<const QSlider*>(&widget);
 }
 
 /// Qt builds further widgets into its own controls; those belong to the control around them.
@@ -76,10 +77,14 @@ private slots:
     void everyControlHasItsOwnName();
     void everyControlHasWordsForAScreenReader_data() { addViews(); }
     void everyControlHasWordsForAScreenReader();
+    void everyFieldHasALabelWithAMnemonic_data() { addTabs(); }
     void everyFieldHasALabelWithAMnemonic();
+    void noMnemonicIsTakenTwice_data() { addTabs(); }
     void noMnemonicIsTakenTwice();
+    void tabKeyVisitsEveryControlInReadingOrder_data() { addTabs(); }
     void tabKeyVisitsEveryControlInReadingOrder();
     void everyRowOfTheFormHasItsControl();
+    void noTextIsCutOffAtTheSmallestSize_data() { addTabs(); }
     void noTextIsCutOffAtTheSmallestSize();
 
 private:
@@ -88,6 +93,20 @@ private:
         QTest::addColumn<QString>("name");
         for (const auto& name : {u"frmData"_s, u"frmImportProg"_s, u"frmSplash"_s})
             QTest::newRow(qPrintable(name)) << name;
+    }
+    void addTabs()
+    {
+        QTest::addColumn<QString>("tab");
+        for (const auto& tab : {u"Company"_s, u"Contact"_s})
+            QTest::newRow(qPrintable(tab)) << tab;
+    }
+    /// The window with this tab open.
+    QWidget* tabView(const QString& tab)
+    {
+        QWidget* window = view(u"frmData"_s);
+        m_bench->frm->tabStrip1Click(tab);
+        QCoreApplication::processEvents();
+        return window;
     }
     /// A view of this name on a bench of its own.
     QWidget* view(const QString& name)
@@ -137,13 +156,14 @@ void TestAudit::everyControlHasWordsForAScreenReader()
 
 void TestAudit::everyFieldHasALabelWithAMnemonic()
 {
-    const QWidget* window = view(u"frmData"_s);
+    QFETCH(QString, tab);
+    const QWidget* window = tabView(tab);
     const auto labels = window->findChildren<QLabel*>();
-    const QWidget* company = window->findChild<QWidget*>(u"frmeCompany"_s);
-    const auto fields = company->findChildren<QWidget*>();
+    const QWidget* frame = window->findChild<QWidget*>(u"frme"_s + tab);
+    const auto fields = frame->findChildren<QWidget*>();
     for (const QWidget* field : fields) {
         const auto* line = qobject_cast<const QLineEdit*>(field);
-        if (!qobject_cast<const QPlainTextEdit*>(field) && (!line || line->isReadOnly()))
+        if (!qobject_cast<const QPlainTextEdit*>(field) && (!line || line->isReadOnly() || isBuiltIn(*line)))
             continue;
         const bool labelled = std::ranges::any_of(labels, [field](const QLabel* label) {
             return label->buddy() == field && !mnemonicOf(label->text()).isEmpty();
@@ -154,7 +174,8 @@ void TestAudit::everyFieldHasALabelWithAMnemonic()
 
 void TestAudit::noMnemonicIsTakenTwice()
 {
-    QWidget* window = view(u"frmData"_s);
+    QFETCH(QString, tab);
+    QWidget* window = tabView(tab);
     QHash<QString, QString> owners;
     const auto take = [&owners](const QString& text, const QString& owner) {
         const QString key = mnemonicOf(text);
@@ -163,10 +184,13 @@ void TestAudit::noMnemonicIsTakenTwice()
         QVERIFY2(!owners.contains(key), qPrintable(key + u": "_s + owners.value(key) + u" and "_s + owner));
         owners.insert(key, owner);
     };
-    for (const QLabel* label : window->findChildren<QLabel*>())
-        take(label->text(), label->objectName());
+    // The letters of a screen that is not open are free for the one that is.
+    for (const QLabel* label : window->findChildren<QLabel*>()) {
+        if (label->isVisible())
+            take(label->text(), label->objectName());
+    }
     for (const QAbstractButton* button : window->findChildren<QAbstractButton*>()) {
-        if (!button->objectName().startsWith("cmdTool_"_L1))
+        if (button->isVisible() && !button->objectName().startsWith("cmdTool_"_L1))
             take(button->text(), button->objectName());
     }
     for (const QAction* menu : m_bench->window->menuBar()->actions())
@@ -176,7 +200,8 @@ void TestAudit::noMnemonicIsTakenTwice()
 
 void TestAudit::tabKeyVisitsEveryControlInReadingOrder()
 {
-    QWidget* window = view(u"frmData"_s);
+    QFETCH(QString, tab);
+    QWidget* window = tabView(tab);
     QStringList wanted;
     const auto controls = controlsOf(*window);
     for (const QWidget* control : controls) {
@@ -218,17 +243,22 @@ void TestAudit::everyRowOfTheFormHasItsControl()
 
 void TestAudit::noTextIsCutOffAtTheSmallestSize()
 {
-    QWidget* window = view(u"frmData"_s);
+    QFETCH(QString, tab);
+    QWidget* window = tabView(tab);
     window->resize(window->minimumSizeHint());
     QCoreApplication::processEvents();
     for (const QLabel* label : window->findChildren<QLabel*>()) {
         if (label->isVisible() && !label->text().isEmpty() && !label->wordWrap())
             QVERIFY2(label->width() >= label->minimumSizeHint().width(), qPrintable(described(*label)));
     }
-    const QWidget* form = window->findChild<QWidget*>(u"pnlForm"_s);
-    QVERIFY(form->width() <= form->parentWidget()->width());
-    for (const QPushButton* button : window->findChildren<QPushButton*>())
-        QVERIFY2(button->width() >= button->minimumSizeHint().width(), qPrintable(described(*button)));
+    for (const QString& name : {u"pnlForm"_s, u"pnlContactForm"_s}) {
+        const QWidget* form = window->findChild<QWidget*>(name);
+        QVERIFY(!form->isVisible() || form->width() <= form->parentWidget()->width());
+    }
+    for (const QPushButton* button : window->findChildren<QPushButton*>()) {
+        if (button->isVisible())
+            QVERIFY2(button->width() >= button->minimumSizeHint().width(), qPrintable(described(*button)));
+    }
 }
 
 QTEST_MAIN(TestAudit)

@@ -12,11 +12,13 @@ class ContactBench : public Bench
 public:
     ContactScreen& contact() { return frm->contactScreen(); }
     /// Puts in a contact with an address of its own (found again by its city); answers its key.
-    Key addPerson(const QString& first, const QString& last, Key companyKey, const QString& lists = u"'',''"_s)
+    Key addPerson(const QString& first, const QString& last, Key companyKey,
+                  const QString& lists = u"'',''"_s)
     {
         run(u"Insert into Address(Address1,City,Country) Values('9 Elm','"_s + first + u"ville','USA')");
         const QString address = QString::number(data().getCount(u"Address"_s, false, u"AddressKey"_s));
-        run(u"Insert into Contact(FirstName,Middle,LastName,Title,AddressKey,HiringMgr,BestMedium,ContactTime,Notes,"
+        run(u"Insert into "
+            u"Contact(FirstName,Middle,LastName,Title,AddressKey,HiringMgr,BestMedium,ContactTime,Notes,"
             u"LastContact,EventKey,ContactList,DocumentList,CompanyKey,ContactLevel,EntryDate) Values('"_s +
             first + u"','M','" + last + u"','Buyer','" + address +
             u"','100000001','01000000','am','old notes','6/1/2026',0," + lists + u',' +
@@ -39,7 +41,10 @@ public:
         contact().fieldChanged(control);
     }
     QString shownContact(const QString& control) { return contact().form().text(control); }
-    QStringList others() { return contact().tvwOtherContact().texts(contact().tvwOtherContact().index(0, 0)); }
+    QStringList others()
+    {
+        return contact().tvwOtherContact().texts(contact().tvwOtherContact().index(0, 0));
+    }
     QStringList documents() { return contact().tvwDocument().texts(contact().tvwDocument().index(0, 0)); }
     Key current() { return frm->selection().currentContactKey; }
     /// Saves and answers the message about the end.

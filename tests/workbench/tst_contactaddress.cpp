@@ -21,8 +21,9 @@ void furnish(ContactBench& bench)
     bench.open(u"Acme"_s, u"Ann Lee"_s);
 }
 
-const QString annsRow = u"Select Address1,Address2,City,State,Zip,Country,Phone1,Phone2,Phone3,Fax,Email1,Email2,URL1,"
-                        "URL2 from Address where AddressKey=2"_s;
+const QString annsRow =
+    u"Select Address1,Address2,City,State,Zip,Country,Phone1,Phone2,Phone3,Fax,Email1,Email2,URL1,"
+    "URL2 from Address where AddressKey=2"_s;
 const QString before = u"9 Elm|Floor 2|Annville|||USA|555-1000|||||ann@acme.example|ann.example|"_s;
 
 } // namespace
@@ -60,8 +61,9 @@ private slots:
         });
         QCOMPARE(sent.size(), 1);
         QVERIFY(sent[0].startsWith(u"Update Address  set Address1='"_s));
-        QCOMPARE(bench.cells(annsRow),
-                 QString(stored + u"|Annville|||USA|555-1000|||555-9||ann@acme.example|ann.example|b.example"));
+        QCOMPARE(
+            bench.cells(annsRow),
+            QString(stored + u"|Annville|||USA|555-1000|||555-9||ann@acme.example|ann.example|b.example"));
         QCOMPARE(bench.cells(u"Select City from Address"_s), u"Acme City;Annville"_s);
         QCOMPARE(bench.shownContact(u"cmbContacts"_s), u"Ann Lee"_s);
         QCOMPARE(bench.current(), Key(1));
@@ -90,8 +92,8 @@ private slots:
         QTest::addColumn<QString>("shown"); // street, city, zip, country, phone 1, mail 2
         QTest::newRow("Yes") << Answer::Yes << u"Address2='Gate',Country='Canada'"_s
                              << u"1 Main\nGate|Acme City|08540|USA|555-1000|ann@acme.example"_s;
-        QTest::newRow("one street line") << Answer::Yes << u"City=''"_s
-                                         << u"1 Main|Annville|08540|USA|555-1000|ann@acme.example"_s;
+        QTest::newRow("one street line")
+            << Answer::Yes << u"City=''"_s << u"1 Main|Annville|08540|USA|555-1000|ann@acme.example"_s;
         QTest::newRow("empty company") << Answer::Yes << u"Address1='',City='',State='',Zip=''"_s
                                        << u"9 Elm\nFloor 2|Annville||USA|555-1000|ann@acme.example"_s;
         QTest::newRow("No") << Answer::No << u"Address2='Gate'"_s
@@ -109,8 +111,8 @@ private slots:
         withEntry(bench, [&](FrmAddressEntry& entry) {
             entry.cmdSetCompany();
             QStringList parts;
-            for (const QString& control : {u"txtEAddress"_s, u"txtECity"_s, u"txtEZip"_s, u"txtCountry"_s,
-                                           u"txtEP1"_s, u"txtEEM2"_s})
+            for (const QString& control :
+                 {u"txtEAddress"_s, u"txtECity"_s, u"txtEZip"_s, u"txtCountry"_s, u"txtEP1"_s, u"txtEEM2"_s})
                 parts.append(entry.form().text(control));
             QCOMPARE(parts.join(u'|'), shown);
         });

@@ -23,11 +23,15 @@ private slots:
         const QStringList inserts =
             bench.statements([&] { bench.save(u"Ana O`Neil"_s); }).filter(u"INSERT"_s);
         const QString columns =
-            u" ( FirstName,Middle,LastName,Title,AddressKey,Department,ReportsTo,HiringMgr,BestMedium,ContactTime,"
-            "Notes,LastContact,EventKey,ContactList,DocumentList,CompanyKey,ContactLevel,EntryDate ) VALUES ('Ana','',"
+            u" ( "
+            u"FirstName,Middle,LastName,Title,AddressKey,Department,ReportsTo,HiringMgr,BestMedium,"
+            u"ContactTime,"
+            "Notes,LastContact,EventKey,ContactList,DocumentList,CompanyKey,ContactLevel,EntryDate ) VALUES "
+            "('Ana','',"
             "'O`Neil','Buyer','2','','','010000000','00000001','','','12/31/1999',0,'','',1,07,'11/22/2026');"_s;
         QCOMPARE(inserts.size(), 3);
-        QVERIFY2(inserts[0].endsWith(u"('1 Main','','Acme City','NJ','08540','USA','','','','','','','','','11/22/26');"_s),
+        QVERIFY2(inserts[0].endsWith(
+                     u"('1 Main','','Acme City','NJ','08540','USA','','','','','','','','','11/22/26');"_s),
                  qPrintable(inserts[0]));
         QCOMPARE(inserts[1], u"INSERT INTO Contact"_s + columns);
         QCOMPARE(inserts[2], u"INSERT INTO ContactRecovery"_s + columns);
@@ -88,11 +92,12 @@ private slots:
         bench.typeContact(u"txtDept"_s, u"Parts"_s);
         bench.save(u"Ann Lee"_s);
         QVERIFY(bench.current() > oldKey);
-        QCOMPARE(bench.cells(u"Select ContactKey,FirstName,Middle,LastName,Title,AddressKey,Department,HiringMgr,"
-                             "BestMedium,ContactTime,Notes,LastContact,EventKey,CompanyKey,ContactLevel,EntryDate "
-                             "from Contact"_s),
-                 QString(QString::number(bench.current()) + u"|Ann|M|Lee|Buyer|2|Parts|100000001|01000000|am|old "
-                         u"notes|6/1/2026|0|1|45|11/22/2026"));
+        QCOMPARE(
+            bench.cells(u"Select ContactKey,FirstName,Middle,LastName,Title,AddressKey,Department,HiringMgr,"
+                        "BestMedium,ContactTime,Notes,LastContact,EventKey,CompanyKey,ContactLevel,EntryDate "
+                        "from Contact"_s),
+            QString(QString::number(bench.current()) + u"|Ann|M|Lee|Buyer|2|Parts|100000001|01000000|am|old "
+                                                       u"notes|6/1/2026|0|1|45|11/22/2026"));
         QCOMPARE(bench.rows(u"Address"_s), 2);
         QVERIFY(bench.world.errorLog().contains(u"Delete * from Contact where ContactKey="_s +
                                                 QString::number(oldKey)));
@@ -104,16 +109,18 @@ private slots:
         const Key acme = bench.addCompany(u"Acme"_s);
         const QString key = QString::number(bench.addPerson(u"Ann"_s, u"Lee"_s, acme));
         bench.addPerson(u"Bob"_s, u"Stone"_s, acme, u"'"_s + key + u",9',''");
-        bench.run(u"Insert into Position(Title,ContactList,CompanyKey) Values('Planner','7,"_s + key + u"',1)");
+        bench.run(u"Insert into Position(Title,ContactList,CompanyKey) Values('Planner','7,"_s + key +
+                  u"',1)");
         bench.run(u"Insert into Event(Event,ContactKey) Values('Call',"_s + key + u')');
         bench.run(u"Insert into Event(Event,ContactKey) Values('Other',2)"_s);
-        bench.run(u"Insert into History(HistoryKey,ContactKey,ContactCount) Values('"_s + key + u"-1'," + key +
-                  u",1)");
+        bench.run(u"Insert into History(HistoryKey,ContactKey,ContactCount) Values('"_s + key + u"-1'," +
+                  key + u",1)");
         bench.open(u"Acme"_s, u"Ann Lee"_s);
         bench.save(u"Ann Lee"_s);
         const QString now = QString::number(bench.current());
         QVERIFY(now != key);
-        QCOMPARE(bench.cells(u"Select ContactList from Contact where FirstName='Bob'"_s), QString(now + u",9"));
+        QCOMPARE(bench.cells(u"Select ContactList from Contact where FirstName='Bob'"_s),
+                 QString(now + u",9"));
         QCOMPARE(bench.cells(u"Select ContactList from Position"_s), QString(u"7," + now));
         QCOMPARE(bench.cells(u"Select ContactKey from Event"_s), QString(now + u";2"));
         QCOMPARE(bench.cells(u"Select HistoryKey,ContactKey from History"_s), QString(now + u"-1|" + now));
@@ -194,17 +201,19 @@ private slots:
         const Key acme = bench.addCompany(u"Acme"_s);
         const Key bob = bench.addPerson(u"Bob"_s, u"Stone"_s, acme);
         const QString key = QString::number(bench.addPerson(u"Ann"_s, u"Lee"_s, acme));
-        bench.run(u"Update Contact set ContactList='"_s + key + u"' where ContactKey=" + QString::number(bob));
+        bench.run(u"Update Contact set ContactList='"_s + key + u"' where ContactKey=" +
+                  QString::number(bob));
         bench.run(u"Insert into Position(Title,ContactList) Values('Planner','1,"_s + key + u"')");
         for (const QString& owner : {u"0"_s, key}) {
             bench.run(u"Insert into Event(Event,ContactKey) Values('Call',"_s + owner + u')');
-            bench.run(u"Insert into History(HistoryKey,ContactKey,ContactCount) Values('"_s + owner + u"-1'," +
-                      owner + u",1)");
+            bench.run(u"Insert into History(HistoryKey,ContactKey,ContactCount) Values('"_s + owner +
+                      u"-1'," + owner + u",1)");
         }
         bench.open(u"Acme"_s, u"Ann Lee"_s);
-        bench.world.prompts.expect(u"Are you sure you want to remove this CONTACT, all contact histories and all "
-                                   "links to this contact?"_s,
-                                   Answer::No);
+        bench.world.prompts.expect(
+            u"Are you sure you want to remove this CONTACT, all contact histories and all "
+            "links to this contact?"_s,
+            Answer::No);
         bench.contact().cmdRemoveContact1();
         QCOMPARE(bench.rows(u"Contact"_s), 2);
         bench.world.prompts.expect(u"remove this CONTACT"_s, Answer::Yes);

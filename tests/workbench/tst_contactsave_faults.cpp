@@ -22,16 +22,18 @@ void furnish(ContactBench& bench)
     bench.typeContact(u"txtDept"_s, u"Parts"_s);
 }
 
-/// Ann's rows as key:lists:department, then who position, colleague, event and history point to, then the cities.
+/// Ann's rows as key:lists:department, then who position, colleague, event and history point to, then the
+/// cities.
 QString state(ContactBench& bench)
 {
-    return QStringList{bench.cells(u"Select ContactKey,ContactList,DocumentList,Department from Contact where "
-                                   "FirstName='Ann' order by ContactKey"_s),
-                       bench.cells(u"Select ContactList from Position"_s),
-                       bench.cells(u"Select ContactList from Contact where FirstName='Bob'"_s),
-                       bench.cells(u"Select ContactKey from Event"_s),
-                       bench.cells(u"Select HistoryKey from History"_s),
-                       bench.cells(u"Select City from Address"_s)}
+    return QStringList{
+        bench.cells(u"Select ContactKey,ContactList,DocumentList,Department from Contact where "
+                    "FirstName='Ann' order by ContactKey"_s),
+        bench.cells(u"Select ContactList from Position"_s),
+        bench.cells(u"Select ContactList from Contact where FirstName='Bob'"_s),
+        bench.cells(u"Select ContactKey from Event"_s),
+        bench.cells(u"Select HistoryKey from History"_s),
+        bench.cells(u"Select City from Address"_s)}
         .join(u' ');
 }
 
@@ -72,10 +74,14 @@ class TestContactSaveFaults : public QObject
 private slots:
     void anyFailedStepOfASaveIsMendedByTheNext()
     {
-        // A reference that could not be moved stays where it was; every other failure is made good by saving again.
-        const QStringList moves{u"Select * from Position where contactlist"_s, u"Update Position set ContactList"_s,
-                               u"Select * from Contact where contactlist"_s, u"Update Contact set ContactList"_s,
-                               u"Update Event"_s, u"Update History"_s};
+        // A reference that could not be moved stays where it was; every other failure is made good by saving
+        // again.
+        const QStringList moves{u"Select * from Position where contactlist"_s,
+                                u"Update Position set ContactList"_s,
+                                u"Select * from Contact where contactlist"_s,
+                                u"Update Contact set ContactList"_s,
+                                u"Update Event"_s,
+                                u"Update History"_s};
         int movesFailed = 0;
         for (size_t i = 0;; ++i) {
             ContactBench bench;
@@ -94,7 +100,8 @@ private slots:
             QVERIFY2(bench.shownContact(u"txtDept"_s) == u"Parts", place.constData());
             QVERIFY2(bench.cells(u"Select City from Address"_s).contains(u"Acme City;Annville;Bobville"_s),
                      place.constData());
-            const bool isMove = std::ranges::any_of(moves, [&](const QString& part) { return failed.startsWith(part); });
+            const bool isMove =
+                std::ranges::any_of(moves, [&](const QString& part) { return failed.startsWith(part); });
             movesFailed += isMove ? 1 : 0;
             bench.contact().cmdUpdateContact1();
             QVERIFY2(bench.cells(u"Select Department from Contact where ContactKey="_s +
@@ -115,10 +122,12 @@ private slots:
         const QString cities = u" Acme City;Annville;Bobville"_s;
         const QString untouched = u" 1 1 1 1-1"_s + cities + u";Nowhere";
         QTest::newRow("row not inserted") << u"INSERT INTO Contact "_s << u""_s + untouched;
-        QTest::newRow("journal row") << u"INSERT INTO ContactRecovery"_s << u"3|2|1|Parts 3 3 3 3-1"_s + cities;
+        QTest::newRow("journal row") << u"INSERT INTO ContactRecovery"_s
+                                     << u"3|2|1|Parts 3 3 3 3-1"_s + cities;
         QTest::newRow("old row not deleted")
             << u"Delete * from Contact"_s << u"1|2|1|;3|2|1|Parts 3 3 3 3-1"_s + cities;
-        QTest::newRow("new key not found") << u"Select * from Contact where firstName="_s << u"3|2|1|Parts"_s + untouched;
+        QTest::newRow("new key not found")
+            << u"Select * from Contact where firstName="_s << u"3|2|1|Parts"_s + untouched;
         QTest::newRow("event not moved") << u"Update Event"_s << u"3|2|1|Parts 3 3 1 1-1"_s + cities;
         for (const QString& table : {u"Address"_s, u"Contact"_s, u"Company"_s})
             QTest::addRow("clean-up cannot read %s", qPrintable(table))
@@ -154,7 +163,8 @@ private slots:
                 QCOMPARE(state(bench), gone);
                 break;
             }
-            QVERIFY2(bench.world.errorLog().contains(u"failed on purpose"_s) || failed.startsWith(u"Select"_s),
+            QVERIFY2(bench.world.errorLog().contains(u"failed on purpose"_s) ||
+                         failed.startsWith(u"Select"_s),
                      qPrintable(failed));
             // Whatever fails, nobody else's events and histories go, and the rest of the steps is done.
             QVERIFY2(bench.cells(u"Select ContactKey from Event"_s).endsWith(u'0'), qPrintable(failed));
@@ -170,7 +180,8 @@ private slots:
         const QString before = state(bench);
         bench.typeContact(u"txtContactNotes"_s, QString(600'000, u'n'));
         sqlite3* const handle = bench.data().database().handle();
-        sqlite3_exec(handle, "PRAGMA max_page_count=1", nullptr, nullptr, nullptr); // no page more than there are
+        sqlite3_exec(handle, "PRAGMA max_page_count=1", nullptr, nullptr,
+                     nullptr); // no page more than there are
         bench.world.prompts.acceptAll(Answer::Ok);
         bench.contact().cmdUpdateContact1();
         QCOMPARE(state(bench), before);

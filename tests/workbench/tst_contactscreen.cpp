@@ -14,7 +14,8 @@ private slots:
         const Key acme = bench.addCompany(u"Acme"_s);
         bench.run(u"Insert into Document(Document) Values('Letter')"_s);
         const Key bob = bench.addPerson(u"Bob"_s, u"Stone"_s, acme);
-        const Key ann = bench.addPerson(u"Ann"_s, u"Lee"_s, acme, u"'"_s + QString::number(bob) + u",,99','1,7'");
+        const Key ann =
+            bench.addPerson(u"Ann"_s, u"Lee"_s, acme, u"'"_s + QString::number(bob) + u",,99','1,7'");
         bench.open(u"Acme"_s);
         QCOMPARE(bench.contact().form().items(u"cmbContacts"_s),
                  (QStringList{u"Bob Stone"_s, u"Ann Lee"_s, u"<New>"_s}));
@@ -26,7 +27,9 @@ private slots:
                  u"AnnMLee"_s);
         QCOMPARE(bench.shownContact(u"lblQuality"_s), u"Quality: 4"_s);
         QCOMPARE(bench.shownContact(u"lblInfluence"_s), u"Influence: 5"_s);
-        QCOMPARE(bench.shownContact(u"chk1"_s) + bench.shownContact(u"chk2"_s) + bench.shownContact(u"chk9"_s), u"101"_s);
+        QCOMPARE(bench.shownContact(u"chk1"_s) + bench.shownContact(u"chk2"_s) +
+                     bench.shownContact(u"chk9"_s),
+                 u"101"_s);
         QCOMPARE(bench.shownContact(u"chk10"_s) + bench.shownContact(u"chk11"_s), u"01"_s);
         QCOMPARE(bench.others(), QStringList{u"Bob Stone"_s});
         QCOMPARE(bench.documents(), QStringList{u"Letter"_s});
@@ -50,7 +53,8 @@ private slots:
         QTest::newRow("short flags") << u"LastContact='',HiringMgr='11'"_s << u"No Contact 4 5 1 1 "_s;
         QTest::newRow("words for flags") << u"LastContact='',HiringMgr='Yes'"_s << u"No Contact 4 5 Y e s"_s;
         QTest::newRow("one-digit level") << u"LastContact='',ContactLevel=7"_s << u"No Contact 0 7 1 0 0"_s;
-        QTest::newRow("level out of range") << u"LastContact='',ContactLevel=450"_s << u"No Contact 9 9 1 0 0"_s;
+        QTest::newRow("level out of range")
+            << u"LastContact='',ContactLevel=450"_s << u"No Contact 9 9 1 0 0"_s;
         QTest::newRow("no level") << u"LastContact='',ContactLevel=''"_s << u"No Contact 0 0 1 0 0"_s;
     }
     void oddRecordIsShownAsFarAsItGoes()
@@ -62,8 +66,8 @@ private slots:
         bench.run(u"Update Contact set "_s + set);
         bench.open(u"Acme"_s, u"Ann Lee"_s);
         QStringList parts;
-        for (const QString& control : {u"txtDTPicker1"_s, u"sldrQuality"_s, u"sldrInfluence"_s, u"chk1"_s, u"chk2"_s,
-                                       u"chk3"_s})
+        for (const QString& control :
+             {u"txtDTPicker1"_s, u"sldrQuality"_s, u"sldrInfluence"_s, u"chk1"_s, u"chk2"_s, u"chk3"_s})
             parts.append(bench.shownContact(control));
         QCOMPARE(parts.join(u' '), shown);
     }
@@ -204,7 +208,8 @@ private slots:
         QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("message");
         QTest::newRow("nobody") << u" "_s << u"Please select a contact to assign."_s;
-        QTest::newRow("the same person") << u"ann lee"_s << u"Cannot assign the same person to him/herself."_s;
+        QTest::newRow("the same person")
+            << u"ann lee"_s << u"Cannot assign the same person to him/herself."_s;
         QTest::newRow("twice") << u"Bob Stone"_s << u"Bob Stone is already on the contact list."_s;
     }
     void assigningIsRefused()
@@ -265,7 +270,8 @@ private slots:
         bench.contact().selectOther(tree.find(u"A3"_s));
         bench.contact().cmdRemoveOther1();
         QVERIFY(bench.others().isEmpty());
-        QVERIFY(bench.world.errorLog().contains(u"Form:  Contact, attempting to remove 'Other' name not found."_s));
+        QVERIFY(bench.world.errorLog().contains(
+            u"Form:  Contact, attempting to remove 'Other' name not found."_s));
     }
 
     void doubleClickOpensTheOtherContactWhereverItIs()

@@ -12,8 +12,8 @@ namespace Ui {
 class AddressEntryView;
 }
 
-/// The dialog frmAddressEntry: the address of one contact. Closing it any other way than by its save button stores
-/// nothing.
+/// The dialog frmAddressEntry: the address of one contact. Closing it any other way than by its save button
+/// stores nothing.
 class AddressEntryView : public QDialog
 {
     Q_OBJECT
@@ -21,7 +21,8 @@ class AddressEntryView : public QDialog
 public:
     /// The presenter has been loaded. @p layout remembers the size; both must outlive the dialog. Without
     /// @p parserAvailable the button of the fast parser is locked.
-    AddressEntryView(FrmAddressEntry& presenter, QSettings& layout, bool parserAvailable, QWidget* parent = nullptr);
+    AddressEntryView(FrmAddressEntry& presenter, QSettings& layout, bool parserAvailable,
+                     QWidget* parent = nullptr);
     ~AddressEntryView() override;
 
 private:

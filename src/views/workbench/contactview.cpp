@@ -19,7 +19,8 @@ ContactView::ContactView(ContactScreen& presenter, QWidget* parent)
     m_ui->setupUi(this);
     look::dress(*this);
     m_ui->splContact->setSizes({600, 500});
-    for (CompanySelector* selector : {m_ui->cmbContacts, static_cast<CompanySelector*>(m_ui->cmbOtherContact)})
+    for (CompanySelector* selector :
+         {m_ui->cmbContacts, static_cast<CompanySelector*>(m_ui->cmbOtherContact)})
         selector->setMinimumContentsLength(12); // a column's width, not the head line's
     setIcons();
     setTrees();

@@ -40,7 +40,8 @@ std::vector<Entry> entriesOf(const QWidget& view, const Form& form)
         const auto* box = qobject_cast<const QAbstractButton*>(widget);
         if (box && !box->isChecked())
             continue; // on paper the ticked boxes say it all
-        const QString value = box ? QCoreApplication::translate("PrintableForm", "Yes") : form.text(row.control).trimmed();
+        const QString value =
+            box ? QCoreApplication::translate("PrintableForm", "Yes") : form.text(row.control).trimmed();
         if (widget && !value.isEmpty())
             entries.push_back(
                 {labelOf(view, *widget), value, qobject_cast<const QPlainTextEdit*>(widget) != nullptr});
