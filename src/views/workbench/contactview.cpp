@@ -11,6 +11,17 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// The selector's own wish is the width of the head line; here it takes what its column gives.
+void fitIntoColumn(CompanySelector& selector)
+{
+    selector.setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    selector.setMinimumWidth(look::fieldWidth(selector, 14));
+}
+
+} // namespace
+
 ContactView::ContactView(ContactScreen& presenter, QWidget* parent)
     : ScreenView(parent)
     , m_presenter(presenter)
@@ -21,7 +32,7 @@ ContactView::ContactView(ContactScreen& presenter, QWidget* parent)
     m_ui->splContact->setSizes({600, 500});
     for (CompanySelector* selector :
          {m_ui->cmbContacts, static_cast<CompanySelector*>(m_ui->cmbOtherContact)})
-        selector->setMinimumContentsLength(12); // a column's width, not the head line's
+        fitIntoColumn(*selector);
     setIcons();
     setTrees();
     // The selectors keep their own way of showing and taking a text.
