@@ -1,5 +1,6 @@
 // What the gateway costs on top of the engine: one contact read by its key, through the whole gateway and
 // with the same statement on the engine's bare interface.
+#include "base/silentports.h"
 #include "base/clock.h"
 #include "store/database.h"
 #include "store/datajw.h"
@@ -22,23 +23,13 @@ namespace {
 constexpr int contacts = 15000;
 
 /// Ports of a run that nobody sits before.
-class NoPrompts : public Prompts
+class NoPrompts : public SilentPrompts
 {
 public:
     Answer msgBox(const QString& text, Buttons, const QString&) override
     {
         throw std::runtime_error(text.toStdString());
     }
-    QString openFile(const QString&, const QString&, const QStringList&) override { return {}; }
-    QString saveFile(const QString&, const QString&, const QStringList&) override { return {}; }
-};
-
-class NoDesktop : public Desktop
-{
-public:
-    bool openUrl(const QString&) override { return false; }
-    bool openDocument(const QString&) override { return false; }
-    [[nodiscard]] bool canOpen(const QString&) const override { return false; }
 };
 
 /// A store full of contacts whose columns are as long as lifelike ones.
@@ -65,7 +56,7 @@ public:
 private:
     QTemporaryDir m_folder;
     NoPrompts m_prompts;
-    NoDesktop m_desktop;
+    SilentDesktop m_desktop;
     std::unique_ptr<Session> m_session;
 };
 

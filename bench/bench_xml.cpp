@@ -1,5 +1,6 @@
 // What writing and reading a campaign file costs: per record at two sizes, and beside the engine's own CSV
 // import. Times are of the processor.
+#include "base/silentports.h"
 #include "generate.h"
 
 #include "base/clock.h"
@@ -25,7 +26,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// Ports of a run that nobody sits before.
-class Silent : public Prompts, public Desktop
+class Silent : public SilentPrompts, public SilentDesktop
 {
 public:
     Answer msgBox(const QString& text, Buttons, const QString&) override
@@ -33,11 +34,6 @@ public:
         std::fprintf(stderr, "message: %s\n", qPrintable(text));
         return Answer::Yes;
     }
-    QString openFile(const QString&, const QString&, const QStringList&) override { return {}; }
-    QString saveFile(const QString&, const QString&, const QStringList&) override { return {}; }
-    bool openUrl(const QString&) override { return false; }
-    bool openDocument(const QString&) override { return false; }
-    [[nodiscard]] bool canOpen(const QString&) const override { return false; }
 };
 
 /// A folder with an empty store and a session on it.

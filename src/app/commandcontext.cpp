@@ -19,7 +19,7 @@ constexpr int makingMs = 5000;
 struct CommandContext::Impl
 {
     ConsolePrompts prompts;
-    NoDesktop desktop;
+    SilentDesktop desktop;
     std::unique_ptr<InstanceLock> lock;
     std::unique_ptr<Session> session;
 };

@@ -44,6 +44,8 @@ void addStoreCommands(CLI::App& app, Command& chosen);
 void addWorkbenchCommands(CLI::App& app, Command& chosen);
 /// Adds the commands that say where positions stand: pipeline, positions.
 void addPipelineCommands(CLI::App& app, Command& chosen);
+/// Adds the command contacts.
+void addContactCommands(CLI::App& app, Command& chosen);
 /// Adds the intake's command: parse-card.
 void addIntakeCommands(CLI::App& app, Command& chosen);
 

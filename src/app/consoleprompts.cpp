@@ -22,18 +22,8 @@ QString essence(const QString& text)
 
 } // namespace
 
-Answer ConsolePrompts::msgBox(const QString& text, Buttons buttons, const QString&)
+Answer ConsolePrompts::msgBox(const QString& text, Buttons buttons, const QString& title)
 {
     printError(essence(text));
-    return buttons == Buttons::Ok ? Answer::Ok : Answer::No;
-}
-
-QString ConsolePrompts::openFile(const QString&, const QString&, const QStringList&)
-{
-    return {};
-}
-
-QString ConsolePrompts::saveFile(const QString&, const QString&, const QStringList&)
-{
-    return {};
+    return SilentPrompts::msgBox(text, buttons, title);
 }

@@ -1,24 +1,12 @@
 // Questions where nobody can answer: the command line.
 #pragma once
 
-#include "base/ports.h"
+#include "base/silentports.h"
 
 /// Writes what the program has to say to standard error. Every question gets the answer that changes nothing;
 /// what a command needs to know it takes as an option.
-class ConsolePrompts : public Prompts
+class ConsolePrompts : public SilentPrompts
 {
 public:
     Answer msgBox(const QString& text, Buttons buttons, const QString& title) override;
-    QString openFile(const QString& title, const QString& folder, const QStringList& filters) override;
-    QString saveFile(const QString& title, const QString& folder, const QStringList& filters) override;
-};
-
-/// The desktop of a command: it opens nothing.
-class NoDesktop : public Desktop
-{
-public:
-    bool openUrl(const QString&) override { return false; }
-    bool openDocument(const QString&) override { return false; }
-    bool startProgram(const QString&, const QStringList&) override { return false; }
-    [[nodiscard]] bool canOpen(const QString&) const override { return false; }
 };

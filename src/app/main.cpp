@@ -41,6 +41,7 @@ void describe(CLI::App& app, Line& line)
     addWorkbenchCommands(app, line.command);
     addPipelineCommands(app, line.command);
     addIntakeCommands(app, line.command);
+    addContactCommands(app, line.command);
     addStoreCommands(app, line.command);
     app.footer("Without a command the workbench opens.\n"
                "Exit status: 0 done, 1 failed, 2 wrong usage, 3 the database cannot be opened,\n"

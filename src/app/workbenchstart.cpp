@@ -14,8 +14,10 @@
 #include "store/session.h"
 #include "store/storecheck.h"
 #include "views/intake/autoparseview.h"
+#include "views/workbench/addressentryview.h"
 #include "views/workbench/splashview.h"
 #include "views/workbench/workbenchwindow.h"
+#include "workbench/contactscreen.h"
 #include "workbench/frmdata.h"
 #include "workbench/frmsplash.h"
 
@@ -184,6 +186,11 @@ int startWorkbench(int& argc, char** argv, const StartOptions& options)
     const PrintDesk printDesk(workbench, window);
     navigator.add(QStringLiteral("FrmAutoParse"), [&] {
         AutoParseView(workbench.autoParse(), session.settings().file(), &window).exec();
+    });
+    navigator.add(QStringLiteral("FrmAddressEntry"), [&] {
+        AddressEntryView(workbench.contactScreen().addressEntry(), session.settings().file(),
+                         navigator.hasScreen(QStringLiteral("FrmAutoParse")), &window)
+            .exec();
     });
     window.show();
     if (options.exitWhenShown) {

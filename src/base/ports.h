@@ -22,6 +22,8 @@ public:
     virtual QString openFile(const QString& title, const QString& folder, const QStringList& filters) = 0;
     /// A file to write, or empty when the user gave up.
     virtual QString saveFile(const QString& title, const QString& folder, const QStringList& filters) = 0;
+    /// One of @p companies, or empty when the user gave up.
+    virtual QString pickCompany(const QString& title, const QStringList& companies) = 0;
 };
 
 /// The ways from one screen to another. A screen is named by its presenter's name ("FrmHistory").

@@ -1,5 +1,7 @@
 #include "desktop/desktopprompts.h"
 
+#include "desktop/companypicker.h"
+
 #include <QApplication>
 #include <QFileDialog>
 #include <QMessageBox>
@@ -90,4 +92,10 @@ QString DesktopPrompts::openFile(const QString& title, const QString& folder, co
 QString DesktopPrompts::saveFile(const QString& title, const QString& folder, const QStringList& filters)
 {
     return QFileDialog::getSaveFileName(QApplication::activeWindow(), title, folder, filters.join(u";;"_s));
+}
+
+QString DesktopPrompts::pickCompany(const QString& title, const QStringList& companies)
+{
+    CompanyPicker picker(title, companies, QApplication::activeWindow());
+    return picker.exec() == QDialog::Accepted ? picker.picked() : QString();
 }

@@ -50,14 +50,22 @@ int replaceInLists(Call& call, Key newKey, Key oldKey, const QString& select, co
 {
     const QString oldText = gateway::text(oldKey);
     int changed = 0;
-    for (RecordSet rows = call.run(select); !rows.atEnd(); rows.next()) {
-        QString list = rows.text(column);
+    // Rows of a position are long, and there may be tens of thousands: only the lists are read, and the keys
+    // when a list has turned out to hold the old one.
+    std::optional<RecordSet> keys;
+    int passed = 0;
+    for (RecordSet lists = call.oneColumn(select, column); !lists.atEnd(); lists.next(), ++passed) {
+        QString list = lists.text(0);
         if (!list.contains(oldText))
             continue;
         // Text for text and not item for item: key 3 is found in "13" too. What is in a list is read
         // leniently everywhere, and both keys are of like size.
         list.replace(oldText, keylists::replacement(newKey));
-        call.run(updateList(table, column, list, keyColumn, keyOf(rows, keyColumn)));
+        if (!keys)
+            keys = call.oneColumn(select, keyColumn);
+        for (; passed > 0; --passed)
+            keys->next();
+        call.run(updateList(table, column, list, keyColumn, keyOf(*keys, keyColumn)));
         ++changed;
     }
     return changed;

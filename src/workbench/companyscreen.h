@@ -42,6 +42,8 @@ public:
     /// The figures of a company, gathered from the store, without touching the screen. For an unknown name
     /// all are 0 and the entry date is the one that stands for a missing date.
     static CompanyFigures gather(Session& session, const QString& name);
+    /// Puts a new Address row into the store with what the address fields show; false when that failed.
+    bool insertAddress();
     /// Opens a web address with the desktop, the product's home page when it is empty.
     void openURL(const QString& address);
 
@@ -78,7 +80,6 @@ private:
     [[nodiscard]] Key keyToReplace(const QString& title);
     [[nodiscard]] bool replacementAgreed(Key oldKey, const QString& title);
     bool insertRecord(Key oldKey, const QString& title);
-    bool insertAddress();
     [[nodiscard]] QString entryDate(Key oldKey);
     Key takeOver(Key oldKey, const QString& title);
     void showAfterSave(Key newKey, const QString& name, bool complete);

@@ -2,12 +2,23 @@
 #pragma once
 
 #include "base/form.h"
+#include "base/treemodel.h"
+#include "store/recordset.h"
 
 #include <QObject>
+#include <QPersistentModelIndex>
 
+#include <memory>
+#include <optional>
+#include <vector>
+
+class DataJW;
+class FrmAddressEntry;
 class FrmData;
+struct ContactName;
 
-/// Shows, saves, removes and reassigns a contact of the selected company or category.
+/// Shows, saves, removes and reassigns a contact of the selected company or category, and keeps the contacts
+/// and documents assigned to it.
 class ContactScreen : public QObject
 {
     Q_OBJECT
@@ -17,21 +28,97 @@ public:
     ~ContactScreen() override;
 
     [[nodiscard]] Form& form() { return m_form; }
+    /// Each has one root, below it a node for each contact or document: "A" or "D" and the key at the time of
+    /// filling.
+    [[nodiscard]] TreeModel& tvwOtherContact() { return m_others; }
+    [[nodiscard]] TreeModel& tvwDocument() { return m_documents; }
+    [[nodiscard]] FrmAddressEntry& addressEntry() { return *m_addressEntry; }
+    /// The names of cmbOtherContact: the contacts of all companies, or of the one picked with
+    /// lblOtherContacts. Read when first asked for.
+    [[nodiscard]] const QStringList& otherContactNames();
+    [[nodiscard]] bool historyAvailable() const;
 
     void load(); ///< loadContactFrame, behind the shell's own refusals
     void clearContactForm();
     void loadContactList();
+    void fillContactForm(const RecordSet& record);
     /// The selector has taken another company while this screen is open.
     void companyChosen();
     /// The toolbar's "new": an empty form, the focus on the first name.
     void newRecord();
     /// Shows a contact of the selected company by "First Last".
     void showContact(const QString& name);
+    /// An entry of cmbContacts was chosen.
+    void cmbContactsClick(const QString& name);
+    /// The node of a tree that the next removal is about; an invalid index for none.
+    void selectOther(const QModelIndex& index) { m_selectedOther = index; }
+    void selectDocument(const QModelIndex& index) { m_selectedDocument = index; }
+
+    // --- Events of the fields, called by the binder -------------------------------------------------------
+    void fieldKeyDown(const QString& control);
+    void fieldChanged(const QString& control);
+    void fieldLeft(const QString& control);
+
+public slots:
+    void cmdUpdateContact1();
+    void cmdRemoveContact1();
+    void cmdReassign1();
+    void cmdHistory1();
+    void cmdAddress1();
+    void cmdAddOther1();
+    void cmdRemoveOther1();
+    void lblOtherContacts();
+    void cmdAddDocContact1();
+    void cmdRemoveDocContact1();
+    void tvwOtherContactDblClick(const QModelIndex& index);
+    void tvwDocumentDblClick(const QModelIndex& index);
 
 signals:
     void changed();
+    /// What otherContactNames() answers is new.
+    void otherContactsChanged();
 
 private:
+    [[nodiscard]] DataJW& dataJW() const;
+    [[nodiscard]] QString company() const;
+    [[nodiscard]] QString contactShown() const;
+    [[nodiscard]] Key findContact(const QString& name, const QString& company) const;
+    [[nodiscard]] Key keyShown() const;
+    void show(Key key);
+    void showRatings(int level);
+    void labelRatings(bool rated);
+    void showOthers(const QString& keyList);
+    void showDocuments(const QString& keyList);
+    bool update(const QString& column, const QString& value);
+    void saveFlags(const QString& control);
+    void saveRatings();
+    void reselect(Key key);
+
+    [[nodiscard]] bool mayBeSaved(const ContactName& name);
+    [[nodiscard]] QString flags(int from, int to) const;
+    [[nodiscard]] QString level() const;
+    [[nodiscard]] QString otherKeys() const;
+    [[nodiscard]] QString documentKeys() const;
+    [[nodiscard]] Key otherKey(const QModelIndex& node) const;
+    bool giveAddress(bool isNew, Key& addressKey);
+    [[nodiscard]] QString values(const ContactName& name, Key addressKey, Key companyKey) const;
+    void moveReferences(Key newKey, const std::vector<Key>& oldKeys);
+    void showAfterSave(Key newKey, const ContactName& name);
+    bool removeRecords(Key key);
+
+    void writeStep(const QString& step);
+    void cutFromList(const QString& column, const QString& written, Key cut);
+    void saveIfAutomatic();
+
     FrmData& m_workbench;
     Form m_form;
+    TreeModel m_others;
+    TreeModel m_documents;
+    QPersistentModelIndex m_selectedOther;
+    QPersistentModelIndex m_selectedDocument;
+    std::unique_ptr<FrmAddressEntry> m_addressEntry;
+    std::optional<QStringList> m_otherNames; ///< nothing: not read yet
+    QString m_otherCompany;                  ///< whose contacts they are, empty for all
+    Key m_addressKey = 0;                    ///< of the contact shown
+    QString m_lastContact;                   ///< as stored, behind what txtDTPicker1 shows
 };

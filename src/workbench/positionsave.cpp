@@ -82,10 +82,11 @@ bool PositionScreen::mayBeSaved()
                 .arg(title));
         return false;
     }
-    if (wholerecord::fitsStatement(m_form))
-        return true;
-    m_workbench.showMessage(tr("These texts are too long to be saved. Please shorten the notes."));
-    return false;
+    if (!wholerecord::fitsStatement(m_form)) {
+        m_workbench.showMessage(tr("These texts are too long to be saved. Please shorten the notes."));
+        return false;
+    }
+    return m_workbench.haveKeys({u"Position"_s});
 }
 
 void PositionScreen::tellUnreadable()

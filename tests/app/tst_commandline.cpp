@@ -74,6 +74,9 @@ private slots:
         QTest::newRow("positions, unknown company") << QStringList{u"positions"_s, u"Nobody"_s} << 1 << u"no company"_s;
         QTest::newRow("positions, several companies") << QStringList{u"positions"_s, u"a"_s} << 1 << u"Several"_s;
         QTest::newRow("bar") << QStringList{u"pipeline"_s} << 0 << u"##########- 10/11\n"_s;
+        QTest::newRow("contacts of all") << QStringList{u"contacts"_s} << 0 << u"Company"_s;
+        QTest::newRow("contacts of one") << QStringList{u"contacts"_s, u"alder & f"_s} << 0 << u"Mara Lindqvist"_s;
+        QTest::newRow("contacts of nobody") << QStringList{u"contacts"_s, u"Nobody & Sons"_s} << 1 << u"no company"_s;
         QTest::newRow("query, no statement") << QStringList{u"query"_s, u"drop table Company"_s} << 1 << u"jobwright: "_s;
         QTest::newRow("query, no table") << QStringList{u"query"_s, u"Select * from Wages"_s} << 1 << u"Wages"_s;
         QTest::newRow("query, two statements")
@@ -160,6 +163,27 @@ private slots:
         QCOMPARE(row.value(u"Name"_s).toString(), u"Quinn, \"Q\" & Co"_s);
         QCOMPARE(row.value(u"CompanyKey"_s), QJsonValue(1));
         QVERIFY(row.value(u"Industry"_s).isNull());
+    }
+
+    void contactsAsJson()
+    {
+        QTemporaryDir folder;
+        for (const QString& statement :
+             {u"Insert into Company(Name) Values('Acme')"_s, u"Insert into Company(Name) Values('Bolt')"_s,
+              u"Insert into Address(Phone1) Values('555-1')"_s,
+              u"Insert into Contact(FirstName,LastName,Title,AddressKey,LastContact,CompanyKey,ContactLevel) "
+              "Values('Ann','Lee','Buyer',1,'11/5/26',1,45)"_s,
+              u"Insert into Contact(FirstName,LastName,LastContact,CompanyKey) Values('Bo','Orr','12/31/1999',2)"_s})
+            QCOMPARE(run(folder.path(), {u"query"_s, statement}).status, 0);
+        const auto list = [&](const QStringList& arguments) {
+            return QJsonDocument::fromJson(run(folder.path(), arguments).out.toUtf8()).array();
+        };
+        const QJsonObject ann{{u"name"_s, u"Ann Lee"_s},   {u"company"_s, u"Acme"_s},           {u"title"_s, u"Buyer"_s},
+                              {u"phone"_s, u"555-1"_s},    {u"lastContact"_s, u"2026-11-05"_s}, {u"level"_s, 45}};
+        QCOMPARE(list({u"contacts"_s, u"acme"_s, u"--json"_s}), QJsonArray{ann});
+        const QJsonArray all = list({u"contacts"_s, u"--json"_s});
+        QCOMPARE(all.size(), 2);
+        QVERIFY(all.at(1).toObject().value(u"lastContact"_s).isNull());
     }
 
     void exportedFileComesBack()

@@ -1,4 +1,5 @@
 // Any bytes as a campaign file, merged into a store: refused or read, never a crash.
+#include "base/silentports.h"
 #include "store/database.h"
 #include "store/datajw.h"
 #include "store/session.h"
@@ -13,16 +14,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// Takes every message; none is of interest here.
-class Mute : public Prompts, public Desktop
+class Mute : public SilentPrompts, public SilentDesktop
 {
-public:
-    Answer msgBox(const QString&, Buttons, const QString&) override { return Answer::Ok; }
-    QString openFile(const QString&, const QString&, const QStringList&) override { return {}; }
-    QString saveFile(const QString&, const QString&, const QStringList&) override { return {}; }
-    bool openUrl(const QString&) override { return false; }
-    bool openDocument(const QString&) override { return false; }
-    bool startProgram(const QString&, const QStringList&) override { return false; }
-    [[nodiscard]] bool canOpen(const QString&) const override { return false; }
 };
 
 /// A store that is emptied behind each round: what one input leaves must not shape what the next one meets.

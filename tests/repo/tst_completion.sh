@@ -28,7 +28,7 @@ offers() {
     failures=$((failures + 1))
 }
 
-offers "companies|copy" co
+offers "companies|contacts|copy" co
 offers "--folder" --f
 offers "--json" query --j
 offers "--json" pipeline --j
@@ -37,6 +37,7 @@ offers "--yes" --folder other import --y
 offers 'Alder\ Works|Alder\ \&\ Daughters' summary alder
 offers 'Alder\ Works' summary 'Alder\ W'
 offers 'Birch\ \"B\"\ Ltd' summary '"bir'
+offers 'Alder\ Works' contacts 'Alder\ W'
 offers "Larch" --folder other summary ""
 offers "" summary zebra
 touch "$area/some file.xml"

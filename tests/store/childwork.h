@@ -16,6 +16,7 @@ public:
     }
     QString openFile(const QString&, const QString&, const QStringList&) override { return {}; }
     QString saveFile(const QString&, const QString&, const QStringList&) override { return {}; }
+    QString pickCompany(const QString&, const QStringList&) override { return {}; }
     bool openUrl(const QString&) override { return false; }
     bool openDocument(const QString&) override { return false; }
     bool startProgram(const QString&, const QStringList&) override { return false; }

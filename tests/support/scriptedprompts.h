@@ -21,10 +21,14 @@ public:
     /// The next question must contain @p text; it gets @p answer.
     void expect(const QString& text, Answer answer = Answer::Ok) { m_expected.push_back({text, answer, {}}); }
     /// The next file question has this title and gets @p path.
-    void expectFile(const QString& title, const QString& path)
+    void expectFile(const QString& title, const QString& path) { m_expected.push_back({title, Answer::Ok, path}); }
+    /// The next company picker has this title and gets @p company, or "" for giving up.
+    void expectCompany(const QString& title, const QString& company)
     {
-        m_expected.push_back({title, Answer::Ok, path});
+        m_expected.push_back({title, Answer::Ok, company});
     }
+    /// The companies that the last picker offered.
+    [[nodiscard]] const QStringList& offered() const { return m_offered; }
     /// Takes any question as it comes, with this answer, until the test ends; for sweeps that count failures.
     void acceptAll(Answer answer) { m_default = answer; }
     [[nodiscard]] const QStringList& asked() const { return m_asked; }
@@ -39,12 +43,11 @@ public:
             return *m_default;
         return take(text).answer;
     }
-    QString openFile(const QString& title, const QString&, const QStringList&) override
+    QString openFile(const QString& title, const QString&, const QStringList&) override { return take(title).path; }
+    QString saveFile(const QString& title, const QString&, const QStringList&) override { return take(title).path; }
+    QString pickCompany(const QString& title, const QStringList& companies) override
     {
-        return take(title).path;
-    }
-    QString saveFile(const QString& title, const QString&, const QStringList&) override
-    {
+        m_offered = companies;
         return take(title).path;
     }
 
@@ -73,5 +76,6 @@ private:
     std::deque<Expected> m_expected;
     std::optional<Answer> m_default;
     QStringList m_asked;
+    QStringList m_offered;
     QString m_lastTitle;
 };

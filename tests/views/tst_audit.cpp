@@ -16,6 +16,7 @@
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QScrollArea>
+#include <QSlider>
 #include <QTreeView>
 
 namespace {
@@ -25,8 +26,9 @@ bool isControl(const QWidget& widget)
 {
     return qobject_cast<const QLineEdit*>(&widget) || qobject_cast<const QPlainTextEdit*>(&widget) ||
            qobject_cast<const QComboBox*>(&widget) || qobject_cast<const QAbstractButton*>(&widget) ||
-           qobject_cast<const QAbstractSpinBox*>(&widget) || qobject_cast<const QTreeView*>(&widget) || qobject_cast<const QTabBar*>(&widget) ||
-           qobject_cast<const QProgressBar*>(&widget);
+           qobject_cast<const QAbstractSpinBox*>(&widget) || qobject_cast<const QTreeView*>(&widget) ||
+           qobject_cast<const QTabBar*>(&widget) || qobject_cast<const QProgressBar*>(&widget) ||
+           qobject_cast<const QSlider*>(&widget);
 }
 
 /// Qt builds further widgets into its own controls; those belong to the control around them.
@@ -101,7 +103,7 @@ private:
     void addScreens()
     {
         QTest::addColumn<QString>("screen");
-        for (const auto& screen : {u"Company"_s, u"Document"_s})
+        for (const auto& screen : {u"Company"_s, u"Position"_s, u"Contact"_s, u"Document"_s, u"Pipeline"_s})
             QTest::newRow(qPrintable(screen)) << screen;
     }
     /// The window with one of its screens open and a record on it.

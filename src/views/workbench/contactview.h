@@ -3,14 +3,23 @@
 
 #include "views/common/screenview.h"
 
-class ContactScreen;
+#include <memory>
 
-/// frmeContact.
+class CompanySelector;
+class ContactScreen;
+class KindTree;
+
+namespace Ui {
+class ContactView;
+}
+
+/// The frame frmeContact: the person on the left, the contacts and documents tied to the person on the right.
 class ContactView : public ScreenView
 {
     Q_OBJECT
 
 public:
+    /// The presenter must outlive the view.
     explicit ContactView(ContactScreen& presenter, QWidget* parent = nullptr);
     ~ContactView() override;
 
@@ -18,6 +27,12 @@ public:
     [[nodiscard]] Form& form() override;
 
 private:
+    void setIcons();
+    void setTrees();
+    void connectSelectors();
+    void showSelector(const QString& control);
+
     ContactScreen& m_presenter;
+    std::unique_ptr<Ui::ContactView> m_ui;
     FormBinder* m_binder = nullptr;
 };

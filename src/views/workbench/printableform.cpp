@@ -2,6 +2,8 @@
 
 #include "base/form.h"
 
+#include <QAbstractButton>
+#include <QCoreApplication>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QTextCursor>
@@ -35,7 +37,11 @@ std::vector<Entry> entriesOf(const QWidget& view, const Form& form)
     std::vector<Entry> entries;
     for (const FieldRow& row : form.rows()) {
         const auto* widget = view.findChild<QWidget*>(row.control);
-        const QString value = form.text(row.control).trimmed();
+        const auto* box = qobject_cast<const QAbstractButton*>(widget);
+        if (box && !box->isChecked())
+            continue; // on paper the ticked boxes say it all
+        const QString value =
+            box ? QCoreApplication::translate("PrintableForm", "Yes") : form.text(row.control).trimmed();
         if (widget && !value.isEmpty())
             entries.push_back(
                 {labelOf(view, *widget), value, qobject_cast<const QPlainTextEdit*>(widget) != nullptr});

@@ -1,0 +1,80 @@
+// What a contact costs on a full campaign: opening the Contact screen, choosing another company, a save with
+// its clean-up of addresses. Milliseconds of the wall, the middle of several tries.
+#include "base/silentports.h"
+#include "generate.h"
+
+#include "base/clock.h"
+#include "store/database.h"
+#include "store/datajw.h"
+#include "store/session.h"
+#include "workbench/contactscreen.h"
+#include "workbench/frmdata.h"
+
+#include <QElapsedTimer>
+#include <QTemporaryDir>
+
+#include <algorithm>
+#include <cstdio>
+#include <functional>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Ports of a run that nobody sits before.
+class Silent : public SilentPrompts, public SilentDesktop, public Navigator
+{
+public:
+    Answer msgBox(const QString& text, Buttons, const QString&) override
+    {
+        if (!text.endsWith(u"is complete."))
+            std::fprintf(stderr, "message: %s\n", qPrintable(text));
+        return Answer::Yes;
+    }
+    [[nodiscard]] bool hasScreen(const QString&) const override { return false; }
+    void openScreen(const QString&) override {}
+    void openHelp(int) override {}
+};
+
+void report(const char* what, int limit, const std::function<void(int)>& work)
+{
+    std::vector<double> tries;
+    for (int i = 0; i < 9; ++i) {
+        QElapsedTimer timer;
+        timer.start();
+        work(i);
+        tries.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
+    }
+    std::ranges::sort(tries);
+    std::printf("%-42s %7.1f ms", what, tries[tries.size() / 2]);
+    std::printf(limit > 0 ? "   (wanted: below %d)\n" : "\n", limit);
+}
+
+} // namespace
+
+int main()
+{
+    const QTemporaryDir folder;
+    Database::create(folder.path() + u"/Postledger.db");
+    Silent ports;
+    Session session(folder.path(), systemClock(), ports, ports);
+    generate::campaign(session.dataJW().database(), generate::fullCampaign);
+    FrmData workbench(session, ports);
+    workbench.load();
+    const QStringList companies = workbench.companyList();
+    ContactScreen& contact = workbench.contactScreen();
+    workbench.cmbSelectionClick(companies.at(7000));
+    report("open the Contact screen", 50, [&](int) { workbench.tabStrip1Click(u"Contact"_s); });
+    report("choose another company", 50, [&](int i) { workbench.cmbSelectionClick(companies.at(7001 + i)); });
+    contact.newRecord();
+    contact.form().edit(u"txtFirst"_s, u"Ann"_s);
+    contact.form().edit(u"txtLast"_s, u"Lee"_s);
+    report("save a contact", 100, [&](int) { contact.cmdUpdateContact1(); });
+    report("show a contact", 50, [&](int) { contact.showContact(u"Ann Lee"_s); });
+    report("list the contacts of all companies", 0, [&](int) {
+        contact.loadContactList();
+        if (contact.otherContactNames().isEmpty())
+            std::fputs("no contacts\n", stderr);
+    });
+    return 0;
+}

@@ -1,0 +1,245 @@
+// What a contact is tied to: other contacts, documents, its company, its address and histories.
+#include "base/text.h"
+#include "store/datajw.h"
+#include "workbench/addressentry.h"
+#include "workbench/contactscreen.h"
+#include "workbench/documentscreen.h"
+#include "workbench/fieldtext.h"
+#include "workbench/frmdata.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool holds(const TreeModel& tree, const QString& name)
+{
+    return tree.texts(tree.index(0, 0)).contains(name, Qt::CaseInsensitive);
+}
+
+Key keyOfNode(const TreeModel& tree, const QModelIndex& node)
+{
+    return static_cast<Key>(tree.key(node).mid(1).toShort());
+}
+
+} // namespace
+
+void ContactScreen::saveIfAutomatic()
+{
+    if (m_workbench.session().autosave)
+        cmdUpdateContact1();
+}
+
+/// Takes a key out of one of the lists of the contact shown.
+void ContactScreen::cutFromList(const QString& column, const QString& written, Key cut)
+{
+    const Key key = keyShown();
+    if (key <= 0 || cut <= 0)
+        return;
+    // Item by item: cut as a text, key 3 would turn 13 into 1. Rejoined, the list has no stray commas either.
+    QStringList keys = text::csvParse(dataJW().getContactDataByKey(key).text(column));
+    keys.removeAll(QString::number(cut));
+    dataJW().execQuery(u"Update Contact set " + written + u"='" + keys.join(u',') + u"' where contactkey=" +
+                       QString::number(key));
+}
+
+// --- Other contacts ---------------------------------------------------------------------------------------
+
+void ContactScreen::cmdAddOther1()
+{
+    m_workbench.session().trace(u"Assign Contact to Contact"_s);
+    const QString name = m_form.text(u"cmbOtherContact"_s);
+    if (name.trimmed().isEmpty()) {
+        m_workbench.showMessage(tr("Please select a contact to assign."));
+        return;
+    }
+    if (name.trimmed().compare(contactShown().trimmed(), Qt::CaseInsensitive) == 0) {
+        m_workbench.showMessage(tr("Cannot assign the same person to him/herself."));
+        return;
+    }
+    if (holds(m_others, name)) {
+        m_workbench.showMessage(name + tr(" is already on the contact list."));
+        return;
+    }
+    const Key key = findContact(name, m_otherCompany.isEmpty() ? u"*"_s : m_otherCompany);
+    m_others.add(m_others.index(0, 0), name, u'A' + QString::number(key), u"contact"_s);
+    saveIfAutomatic();
+}
+
+/// The key of a node's person at this moment; 0 when there is nobody of the name any more.
+Key ContactScreen::otherKey(const QModelIndex& node) const
+{
+    const QString name = m_others.text(node);
+    // The key noted with the node holds while it still names this person: it tells namesakes apart.
+    const Key noted = keyOfNode(m_others, node);
+    if (noted > 0 && dataJW().getContactByKey(noted).trimmed() == name.trimmed())
+        return noted;
+    const auto blank = name.indexOf(u' ');
+    const QString first = name.left(blank);
+    const QString last = blank < 0 ? QString() : name.mid(blank + 1);
+    const Key companyKey = dataJW().getCompanyKeyByContact(first, last);
+    return companyKey > 0 ? dataJW().getContactKey(first, last, dataJW().getCompanyNameByKey(companyKey))
+                          : Key{0};
+}
+
+void ContactScreen::cmdRemoveOther1()
+{
+    const QModelIndex node = m_selectedOther;
+    if (!node.isValid() || !node.parent().isValid()) {
+        m_workbench.showMessage(tr("Please select a contact to remove."));
+        return;
+    }
+    const Key key = otherKey(node);
+    if (key <= 0)
+        m_workbench.session().logError(u"Form:  Contact, attempting to remove 'Other' name not found."_s, 1);
+    m_others.remove(node);
+    cutFromList(u"ContactList"_s, u"contactList"_s, key);
+    saveIfAutomatic();
+}
+
+void ContactScreen::lblOtherContacts()
+{
+    const QString picked =
+        m_workbench.session().prompts().pickCompany(tr("All Contacts"), dataJW().getCompanyNames());
+    if (picked.isEmpty())
+        return;
+    m_otherCompany = picked;
+    m_otherNames.reset();
+    m_form.setText(u"cmbOtherContact"_s, {});
+    emit otherContactsChanged();
+    m_form.requestFocus(u"cmbOtherContact"_s);
+}
+
+void ContactScreen::tvwOtherContactDblClick(const QModelIndex& index)
+{
+    if (!index.parent().isValid())
+        return;
+    const Key key = otherKey(index);
+    const RecordSet contact = dataJW().getContactDataByKey(key);
+    if (contact.isEmpty())
+        return; // the gateway has said so
+    const QString owner = dataJW().getCompanyNameByKey(contact.key(u"CompanyKey").value_or(0));
+    if (!owner.isEmpty() && owner.compare(company(), Qt::CaseInsensitive) != 0)
+        m_workbench.cmbSelectionClick(owner);
+    show(key);
+}
+
+// --- Documents --------------------------------------------------------------------------------------------
+
+void ContactScreen::cmdAddDocContact1()
+{
+    m_workbench.session().trace(u"Assign Document to Contact"_s);
+    const QString name = m_form.text(u"cmbDocsAvailable"_s);
+    if (name.isEmpty()) {
+        m_workbench.showMessage(tr("Please select a document to assign."));
+        return;
+    }
+    if (holds(m_documents, name)) {
+        m_workbench.showMessage(name + tr(" is already on the document list."));
+        return;
+    }
+    const Key key = dataJW().getDocumentKey(text::quoteFix(name));
+    m_documents.add(m_documents.index(0, 0), name, u'D' + QString::number(key), u"document"_s);
+    const QString type = dataJW().getDocument(key).text(u"Type").toLower();
+    if (type == u"resume")
+        writeStep(u"PrepareResume"_s);
+    else if (type == u"cover")
+        writeStep(u"PrepareCover"_s);
+    saveIfAutomatic();
+}
+
+/// A resume or cover letter handed to somebody is prepared: the position at hand has done that step today.
+void ContactScreen::writeStep(const QString& step)
+{
+    const Key position = m_workbench.selection().currentPositionKey;
+    if (position <= 0)
+        return;
+    const QString where = u" where positionKey="_s + QString::number(position);
+    Action action(dataJW());
+    dataJW().execQuery(u"Update Position set " + step + u"='" + m_workbench.session().todayText() + u'\'' +
+                       where);
+    dataJW().execQuery(u"Update Position set " + step + u"Medium=7" + where);
+    action.commit();
+}
+
+void ContactScreen::cmdRemoveDocContact1()
+{
+    m_workbench.session().trace(u"Remove Document from Contact"_s);
+    const QModelIndex node = m_selectedDocument;
+    if (!node.isValid() || !node.parent().isValid()) {
+        m_workbench.showMessage(tr("Please select a document to remove."));
+        return;
+    }
+    const Key key = dataJW().getDocumentKey(text::quoteFix(m_documents.text(node)));
+    m_documents.remove(node);
+    cutFromList(u"DocumentList"_s, u"DocumentList"_s, key);
+    saveIfAutomatic();
+}
+
+void ContactScreen::tvwDocumentDblClick(const QModelIndex& index)
+{
+    if (!index.parent().isValid())
+        return;
+    const QString name = m_documents.text(index);
+    if (m_workbench.showMessage(tr("Review Document Information?"), Buttons::YesNo) != Answer::Yes)
+        return;
+    m_workbench.tabStrip1Click(u"Document"_s);
+    m_workbench.documentScreen().showDocument(name);
+}
+
+// --- Company, histories, address --------------------------------------------------------------------------
+
+void ContactScreen::cmdReassign1()
+{
+    const QString name = contactShown();
+    const Key key = keyShown();
+    if (key <= 0) {
+        m_workbench.showMessage(tr("Please select a contact to reassign to another company."));
+        return;
+    }
+    const QString question = tr("Are you certain you want to reassign this contact to a different company?");
+    if (m_workbench.showMessage(question, Buttons::YesNoDefaultNo) != Answer::Yes)
+        return;
+    const QString chosen =
+        m_workbench.session().prompts().pickCompany(tr("Reassign Contact"), dataJW().getCompanyNames());
+    if (chosen.isEmpty())
+        return;
+    const Key companyKey = dataJW().getCompanyKey(chosen);
+    if (m_workbench.showMessage(tr("You are assigning ") + name + tr(" to ") + chosen, Buttons::YesNo) !=
+            Answer::Yes ||
+        companyKey <= 0)
+        return;
+    dataJW().execQuery(u"Update Contact set CompanyKey=" + QString::number(companyKey) +
+                       u" where contactkey=" + QString::number(key));
+    m_workbench.cmbSelectionClick(company());
+}
+
+void ContactScreen::cmdHistory1()
+{
+    if (text::isUnsaved(contactShown())) {
+        m_workbench.showMessage(tr("Please select a contact before viewing History."));
+        m_workbench.showProc(tr("No Contact Selected."));
+        return;
+    }
+    if (!historyAvailable())
+        return;
+    const Key key = keyShown();
+    m_workbench.navigator().openScreen(u"FrmHistory"_s);
+    show(key);
+}
+
+void ContactScreen::cmdAddress1()
+{
+    m_workbench.session().trace(u"Toggle Address"_s);
+    const Key key = keyShown();
+    m_addressEntry->load(key, m_addressKey);
+    m_workbench.navigator().openScreen(u"FrmAddressEntry"_s);
+    if (!m_addressEntry->saved())
+        return;
+    const QString name = contactShown();
+    // What was typed on this screen meanwhile stays; only the address can have become another row.
+    m_addressKey = m_addressEntry->addressKey();
+    loadContactList();
+    reselect(key);
+    m_workbench.showMessage(tr("Update of ") + name + tr(" is complete."));
+    m_workbench.savedSbar();
+}

@@ -1,0 +1,288 @@
+// The Contact screen, the address entry and the company picker with keys and mouse.
+#include "desktop/companypicker.h"
+#include "views/common/kindtree.h"
+#include "views/windowbench.h"
+#include "views/workbench/addressentryview.h"
+#include "workbench/addressentry.h"
+#include "workbench/contactscreen.h"
+
+#include <QCheckBox>
+#include <QListView>
+#include <QPlainTextEdit>
+#include <QSlider>
+#include <QTreeView>
+
+namespace {
+
+/// A window on Acme with Ann Lee and Bob Stone, at Bolt Cy Abbot, and the Contact screen open.
+class ContactWindow : public WindowBench
+{
+public:
+    ContactWindow()
+    {
+        const Key acme = addCompany(u"Acme"_s);
+        addContact(u"Ann"_s, u"Lee"_s, acme);
+        addContact(u"Bob"_s, u"Stone"_s, acme);
+        addContact(u"Cy"_s, u"Abbot"_s, addCompany(u"Bolt"_s));
+        run(u"Insert into Document(Document,Type) Values('Letter','Cover')"_s);
+    }
+    void show()
+    {
+        open();
+        WindowBench::find(u"acme"_s, Qt::Key_Return);
+        press(Qt::Key_3, Qt::ControlModifier);
+    }
+    /// Chooses in a selector by typing and Enter.
+    void pick(const QString& selector, const QString& typed)
+    {
+        auto* box = WindowBench::find<CompanySelector>(selector);
+        box->setFocus();
+        box->lineEdit()->selectAll();
+        type(typed);
+        press(Qt::Key_Return);
+    }
+    void click(const QString& button)
+    {
+        QTest::mouseClick(WindowBench::find<QWidget>(button), Qt::LeftButton);
+    }
+    QStringList listed(const QString& tree)
+    {
+        const auto* view = WindowBench::find<QTreeView>(tree);
+        QStringList texts;
+        for (int row = 0; row < view->model()->rowCount(view->rootIndex()); ++row)
+            texts.append(view->model()->index(row, 0, view->rootIndex()).data().toString());
+        return texts;
+    }
+    QRect nodeRect(const QString& tree)
+    {
+        const auto* view = WindowBench::find<QTreeView>(tree);
+        return view->visualRect(view->model()->index(0, 0, view->rootIndex()));
+    }
+    QWidget* viewport(const QString& tree) { return WindowBench::find<QTreeView>(tree)->viewport(); }
+};
+
+} // namespace
+
+class TestContactView : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void newContactByKeyboardOnly()
+    {
+        ContactWindow bench;
+        bench.show();
+        bench.press(Qt::Key_N, Qt::ControlModifier);
+        QCOMPARE(QApplication::focusWidget()->objectName(), u"txtFirst"_s);
+        bench.type(u"élodie"_s);
+        bench.press(Qt::Key_Tab);
+        bench.press(Qt::Key_Tab);
+        bench.type(u"Stein"_s);
+        bench.press(Qt::Key_L, Qt::AltModifier);
+        bench.type(u"Planner"_s);
+        bench.find<QWidget>(u"chk2"_s)->setFocus();
+        bench.press(Qt::Key_Space);
+        bench.find<QWidget>(u"sldrQuality"_s)->setFocus();
+        bench.press(Qt::Key_Right);
+        QCOMPARE(bench.find<QLabel>(u"lblQuality"_s)->text().remove(u'&'), u"Quality: 1"_s);
+        bench.world.prompts.expect(u"Update of Élodie Stein is complete."_s);
+        bench.press(Qt::Key_V, Qt::AltModifier);
+        QTRY_VERIFY(bench.world.prompts.done());
+        QCOMPARE(bench.cells(
+                     u"Select Title,HiringMgr,ContactLevel,CompanyKey from Contact where LastName='Stein'"_s),
+                 u"Planner|010000000|10|1"_s);
+        QCOMPARE(bench.find<CompanySelector>(u"cmbContacts"_s)->currentText(), u"Élodie Stein"_s);
+    }
+
+    void contactIsFoundByAnyPartAndSavedFieldByField()
+    {
+        ContactWindow bench;
+        bench.show();
+        bench.pick(u"cmbContacts"_s, u"lee"_s);
+        QCOMPARE(bench.line(u"txtFirst"_s)->text(), u"Ann"_s);
+        QCOMPARE(bench.line(u"txtDTPicker1"_s)->text(), u"No Contact"_s);
+        bench.enter(u"txtContactNotes"_s);
+        bench.type(u"one\ntwo"_s);
+        QCOMPARE(bench.find<QLabel>(u"proc"_s)->text(), u"Update Contact"_s);
+        bench.press(Qt::Key_Tab);
+        bench.click(u"chk10"_s);
+        bench.find<QWidget>(u"txtDept"_s)->setFocus();
+        auto* slider = bench.find<QSlider>(u"sldrInfluence"_s);
+        slider->setFocus();
+        bench.press(Qt::Key_End);
+        QCOMPARE(bench.cells(u"Select Notes,BestMedium,ContactLevel from Contact where LastName='Lee'"_s),
+                 u"one\r\ntwo|10000000|9"_s);
+        // Another contact brings its own values into the same controls.
+        bench.pick(u"cmbContacts"_s, u"stone"_s);
+        QCOMPARE(slider->value(), 0);
+        QVERIFY(!bench.find<QCheckBox>(u"chk10"_s)->isChecked());
+    }
+
+    void unknownNameGivesWay()
+    {
+        ContactWindow bench;
+        bench.show();
+        bench.pick(u"cmbContacts"_s, u"lee"_s);
+        bench.pick(u"cmbContacts"_s, u"zzz"_s);
+        bench.press(Qt::Key_Tab);
+        QCOMPARE(bench.find<CompanySelector>(u"cmbContacts"_s)->currentText(), u"Ann Lee"_s);
+        QCOMPARE(bench.line(u"txtFirst"_s)->text(), u"Ann"_s);
+    }
+
+    void otherContactsAreAssignedOpenedAndRemoved()
+    {
+        ContactWindow bench;
+        bench.show();
+        bench.pick(u"cmbContacts"_s, u"lee"_s);
+        auto* box = bench.find<CompanySelector>(u"cmbOtherContact"_s);
+        QVERIFY2(box->companies().isEmpty(), "everybody was listed though nobody asked");
+        bench.pick(u"cmbOtherContact"_s, u"abb"_s);
+        bench.click(u"cmdAddOther1"_s);
+        QCOMPARE(bench.listed(u"tvwOtherContact"_s), QStringList{u"Cy Abbot"_s});
+        bench.world.prompts.expect(u"Update of Ann Lee is complete."_s);
+        bench.click(u"cmdUpdateContact1"_s);
+        const QPoint place = bench.nodeRect(u"tvwOtherContact"_s).center();
+        QTest::mouseClick(bench.viewport(u"tvwOtherContact"_s), Qt::LeftButton, {}, place);
+        QTest::mouseDClick(bench.viewport(u"tvwOtherContact"_s), Qt::LeftButton, {}, place);
+        QCOMPARE(bench.selector()->currentText(), u"Bolt"_s);
+        QCOMPARE(bench.line(u"txtFirst"_s)->text(), u"Cy"_s);
+
+        bench.WindowBench::find(u"acme"_s, Qt::Key_Return);
+        bench.pick(u"cmbContacts"_s, u"lee"_s);
+        QTest::mouseClick(bench.viewport(u"tvwOtherContact"_s), Qt::LeftButton, {},
+                          bench.nodeRect(u"tvwOtherContact"_s).center());
+        bench.click(u"cmdRemoveOther1"_s);
+        QVERIFY(bench.find<KindTree>(u"tvwOtherContact"_s)->isEmpty());
+        QCOMPARE(bench.cells(u"Select ContactList from Contact where LastName='Lee'"_s), QString());
+    }
+
+    void documentIsAssignedByKeys()
+    {
+        ContactWindow bench;
+        bench.world.session->autosave = true;
+        bench.show();
+        bench.pick(u"cmbContacts"_s, u"lee"_s);
+        bench.find<QComboBox>(u"cmbDocsAvailable"_s)->setFocus();
+        bench.press(Qt::Key_Down);
+        bench.world.session->autosave = true;
+        bench.world.prompts.expect(u"Update of Ann Lee is complete."_s);
+        bench.press(Qt::Key_Tab);
+        bench.press(Qt::Key_Space);
+        QCOMPARE(bench.listed(u"tvwDocument"_s), QStringList{u"Letter"_s});
+        QCOMPARE(bench.cells(u"Select DocumentList from Contact where LastName='Lee'"_s), u"1"_s);
+    }
+
+    void refusalsAreTold_data()
+    {
+        QTest::addColumn<QString>("button");
+        QTest::addColumn<QString>("message");
+        QTest::newRow("save") << u"cmdUpdateContact1"_s << u"Please enter a name for a new contact"_s;
+        QTest::newRow("remove") << u"cmdRemoveContact1"_s << u"Please select a contact to remove."_s;
+        QTest::newRow("reassign") << u"cmdReassign1"_s << u"Please select a contact to reassign"_s;
+        QTest::newRow("assign") << u"cmdAddOther1"_s << u"Please select a contact to assign."_s;
+        QTest::newRow("unassign") << u"cmdRemoveOther1"_s << u"Please select a contact to remove."_s;
+        QTest::newRow("assign document")
+            << u"cmdAddDocContact1"_s << u"Please select a document to assign."_s;
+        QTest::newRow("unassign document")
+            << u"cmdRemoveDocContact1"_s << u"Please select a document to remove."_s;
+        QTest::newRow("history") << u"cmdHistory1"_s << u"Please select a contact before viewing History."_s;
+    }
+    void refusalsAreTold()
+    {
+        QFETCH(QString, button);
+        QFETCH(QString, message);
+        ContactWindow bench;
+        bench.show();
+        bench.world.prompts.expect(message);
+        bench.click(button);
+        QVERIFY(bench.world.prompts.done());
+        QCOMPARE(bench.rows(u"Contact"_s), 3);
+    }
+
+    void missingHistoryIsLockedAndSaysWhy()
+    {
+        ContactWindow bench;
+        bench.navigator.hasAll = false;
+        bench.show();
+        const auto* button = bench.find<QPushButton>(u"cmdHistory1"_s);
+        QVERIFY(!button->isEnabled());
+        QVERIFY(button->toolTip().contains(u"not part of this version"_s));
+    }
+
+    void addressIsEnteredSavedAndCancelled()
+    {
+        ContactWindow bench;
+        bench.show();
+        bench.pick(u"cmbContacts"_s, u"lee"_s);
+        for (const bool save : {true, false}) {
+            bench.navigator.whileOpen = [&] {
+                AddressEntryView view(bench.frm->contactScreen().addressEntry(), *bench.layout, false,
+                                      bench.window.get());
+                view.setModal(true);
+                view.show();
+                QVERIFY(QTest::qWaitForWindowActive(&view));
+                QVERIFY(!view.findChild<QPushButton*>(u"cmdFastParser"_s)->isEnabled());
+                QTRY_COMPARE(QApplication::focusWidget()->objectName(), u"txtEAddress"_s);
+                bench.type(save ? u"7 Mill Lane\nSuite 2"_s : u"Nowhere"_s);
+                bench.press(Qt::Key_Tab);
+                bench.type(u"Troy"_s);
+                if (save)
+                    bench.press(Qt::Key_Return);
+                else
+                    QTest::mouseClick(view.findChild<QPushButton*>(u"cmdCancel"_s), Qt::LeftButton);
+                QVERIFY(!view.isVisible());
+            };
+            if (save)
+                bench.world.prompts.expect(u"Update of Ann Lee is complete."_s);
+            bench.click(u"cmdAddress1"_s);
+            QCOMPARE(bench.cells(u"Select Address1,Address2,City from Address where City='Troy'"_s),
+                     u"7 Mill Lane|Suite 2|Troy"_s);
+        }
+        QCOMPARE(bench.line(u"txtFirst"_s)->text(), u"Ann"_s);
+    }
+
+    void pickerNarrowsAsOneTypes_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<int>("downs");
+        QTest::addColumn<QString>("picked");
+        QTest::newRow("anywhere in the name") << u"ware"_s << 0 << u"Blue Ware"_s;
+        QTest::newRow("arrow keys walk on") << u"ware"_s << 1 << u"Software House"_s;
+        QTest::newRow("other alphabet") << u"ößling"_s << 0 << u"Größling"_s;
+        QTest::newRow("no pattern but a text") << u"a.*"_s << 0 << QString();
+        QTest::newRow("nothing") << u"zzz"_s << 0 << QString();
+    }
+    void pickerNarrowsAsOneTypes()
+    {
+        QFETCH(QString, typed);
+        QFETCH(int, downs);
+        QFETCH(QString, picked);
+        CompanyPicker picker(u"All Contacts"_s,
+                             {u"Acme"_s, u"Blue Ware"_s, u"Größling"_s, u"Software House"_s});
+        picker.show();
+        QVERIFY(QTest::qWaitForWindowActive(&picker));
+        for (const QChar letter : typed)
+            QTest::sendKeyEvent(QTest::Click, QApplication::focusWidget(), Qt::Key_unknown, QString(letter),
+                                {});
+        for (int i = 0; i < downs; ++i)
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        QCOMPARE(picker.result() == QDialog::Accepted, !picked.isEmpty());
+        QCOMPARE(picker.picked(), picked);
+    }
+
+    void everyRowOfTheFormsHasItsControl()
+    {
+        ContactWindow bench;
+        bench.show();
+        for (const FieldRow& row : bench.frm->contactScreen().form().rows())
+            QVERIFY2(bench.window->findChild<QWidget*>(row.control), qPrintable(row.control));
+        FrmAddressEntry& entry = bench.frm->contactScreen().addressEntry();
+        const AddressEntryView view(entry, *bench.layout, true);
+        for (const FieldRow& row : entry.form().rows())
+            QVERIFY2(view.findChild<QWidget*>(row.control), qPrintable(row.control));
+    }
+};
+
+QTEST_MAIN(TestContactView)
+#include "tst_contactview.moc"
