@@ -1,7 +1,7 @@
 // What the gateway costs on top of the engine: one contact read by its key, through the whole gateway and
 // with the same statement on the engine's bare interface.
-#include "base/silentports.h"
 #include "base/clock.h"
+#include "base/silentports.h"
 #include "store/database.h"
 #include "store/datajw.h"
 #include "store/enginecall.h"

@@ -49,6 +49,6 @@ void addContactCommands(CLI::App& app, Command& chosen);
 /// Adds the intake's command: parse-card.
 void addIntakeCommands(CLI::App& app, Command& chosen);
 
-/// The company that the user means among @p names: the name itself in any case, else the only one that holds the
-/// text. Nothing, with the reason printed, when there is none or no single one.
+/// The company that the user means among @p names: the name itself in any case, else the only one that holds
+/// the text. Nothing, with the reason printed, when there is none or no single one.
 std::optional<QString> findCompany(const QStringList& names, const QString& wanted);

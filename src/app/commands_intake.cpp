@@ -37,7 +37,8 @@ std::optional<QString> readCard(const QString& path)
     const bool opened =
         path.isEmpty() ? file.open(stdin, QIODevice::ReadOnly) : file.open(QIODevice::ReadOnly);
     if (!opened) {
-        printError(tr("The card %1 cannot be read: %2").arg(QDir::toNativeSeparators(path), file.errorString()));
+        printError(
+            tr("The card %1 cannot be read: %2").arg(QDir::toNativeSeparators(path), file.errorString()));
         return std::nullopt;
     }
     const QByteArray bytes = file.read(longestCard + 1);

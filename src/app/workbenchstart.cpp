@@ -184,13 +184,10 @@ int startWorkbench(int& argc, char** argv, const StartOptions& options)
 
     WorkbenchWindow window(workbench, session.settings().file());
     const PrintDesk printDesk(workbench, window);
-    navigator.add(QStringLiteral("FrmAutoParse"), [&] {
-        AutoParseView(workbench.autoParse(), session.settings().file(), &window).exec();
-    });
+    navigator.add(QStringLiteral("FrmAutoParse"),
+                  [&] { AutoParseView(workbench.autoParse(), session.settings().file(), &window).exec(); });
     navigator.add(QStringLiteral("FrmAddressEntry"), [&] {
-        AddressEntryView(workbench.contactScreen().addressEntry(), session.settings().file(),
-                         navigator.hasScreen(QStringLiteral("FrmAutoParse")), &window)
-            .exec();
+        AddressEntryView(workbench.contactScreen().addressEntry(), session.settings().file(), &window).exec();
     });
     window.show();
     if (options.exitWhenShown) {

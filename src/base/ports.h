@@ -48,8 +48,8 @@ public:
     virtual bool openUrl(const QString& address) = 0;
     /// Opens a file in the program that the desktop knows for its type; false when there is none.
     virtual bool openDocument(const QString& path) = 0;
-    /// Starts a program and lets it run on by itself; false when it could not be started. No shell is between:
-    /// each argument reaches the program as it stands, whatever signs it holds.
+    /// Starts a program and lets it run on by itself; false when it could not be started. No shell is
+    /// between: each argument reaches the program as it stands, whatever signs it holds.
     virtual bool startProgram(const QString& program, const QStringList& arguments) = 0;
     /// True when the desktop knows a program for files with this ending (".doc").
     [[nodiscard]] virtual bool canOpen(const QString& ending) const = 0;

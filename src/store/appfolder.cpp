@@ -162,7 +162,8 @@ bool InstanceLock::isHeldByAnother() const
 QString InstanceLock::holder() const
 {
     if (!isHeldByAnother())
-        return tr("The folder cannot be written: either the disk is full, or you lack the right to write there.");
+        return tr(
+            "The folder cannot be written: either the disk is full, or you lack the right to write there.");
     qint64 process = 0;
     QString host;
     QString program;

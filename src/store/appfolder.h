@@ -31,7 +31,8 @@ public:
     /// False when another running program holds the folder. A lock that a dead program left is taken over.
     bool acquire();
     void release();
-    /// After acquire() failed: true when another program holds the folder, false when the lock cannot be written.
+    /// After acquire() failed: true when another program holds the folder, false when the lock cannot be
+    /// written.
     [[nodiscard]] bool isHeldByAnother() const;
     /// After acquire() failed: why, in plain words.
     [[nodiscard]] QString holder() const;

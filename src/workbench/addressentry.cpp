@@ -2,6 +2,7 @@
 
 #include "base/dates.h"
 #include "base/text.h"
+#include "intake/frmautoparse.h"
 #include "store/datajw.h"
 #include "workbench/companyscreen.h"
 #include "workbench/fieldtext.h"
@@ -161,4 +162,16 @@ void FrmAddressEntry::lblURL1C()
 void FrmAddressEntry::lblURL2C()
 {
     m_workbench.companyScreen().openURL(m_form.text(u"txtEURL2"_s));
+}
+
+void FrmAddressEntry::cmdFastParser()
+{
+    // In the order of the card's fields. Nothing is stored before the save button.
+    static const CardFields controls{u"txtEAddress"_s, u"txtECity"_s, u"txtEState"_s, u"txtEZip"_s,
+                                     u"txtEP1"_s,      u"txtEP2"_s,   u"txtEP3"_s,    u"txtEFax"_s,
+                                     u"txtEEM1"_s,     u"txtEEM2"_s,  u"txtEURL1"_s,  u"txtEURL2"_s};
+    const QString company = m_workbench.selection().selectedCompanyName();
+    m_workbench.autoParse().fill(m_form, controls,
+                                 text::isUnsaved(company) || text::isCategory(company) ? QString() : company,
+                                 m_workbench.navigator());
 }

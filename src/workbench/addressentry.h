@@ -30,6 +30,7 @@ public slots:
     void cmdClear1();
     void cmdCancel() { emit closeRequested(); }
     void cmdSetCompany();
+    void cmdFastParser();
     void lblURL1C();
     void lblURL2C();
 

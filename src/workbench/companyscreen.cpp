@@ -194,11 +194,10 @@ void CompanyScreen::adjustProfile()
 
 void CompanyScreen::showAsCategory(bool category)
 {
-    static const QStringList companyOnly{u"txtShort"_s, u"txtAddress"_s,  u"txtCity"_s,    u"txtState"_s,
-                                         u"txtZip"_s,   u"txtEm1"_s,      u"txtEm2"_s,     u"txtURL1"_s,
-                                         u"txtURL2"_s,  u"txtP1"_s,       u"txtP2"_s,      u"txtP3"_s,
-                                         u"txtFax"_s,   u"txtIndustry"_s, u"imgPosition"_s,
-                                         u"cmdFastParser"_s};
+    static const QStringList companyOnly{
+        u"txtShort"_s, u"txtAddress"_s,  u"txtCity"_s,     u"txtState"_s,     u"txtZip"_s, u"txtEm1"_s,
+        u"txtEm2"_s,   u"txtURL1"_s,     u"txtURL2"_s,     u"txtP1"_s,        u"txtP2"_s,  u"txtP3"_s,
+        u"txtFax"_s,   u"txtIndustry"_s, u"imgPosition"_s, u"cmdFastParser"_s};
     for (const QString& control : companyOnly)
         m_form.setEnabled(control, !category);
     m_form.setEnabled(u"cmdProfile1"_s, !category && m_workbench.navigator().hasScreen(u"FrmProfileComp"_s));

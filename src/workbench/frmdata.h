@@ -45,8 +45,8 @@ public:
     [[nodiscard]] PipelineScreen& pipelineScreen() { return *m_pipeline; }
     /// The card parser, lent to each screen that has an address.
     [[nodiscard]] FrmAutoParse& autoParse() { return *m_autoParse; }
-    /// The shell's own controls: cmbSelection, Label45, the frames frmeCompany ... frmePipeline, pbarLoad ("3/15" when
-    /// it stands at 3 of 15).
+    /// The shell's own controls: cmbSelection, Label45, the frames frmeCompany ... frmePipeline, pbarLoad
+    /// ("3/15" when it stands at 3 of 15).
     [[nodiscard]] Form& form() { return m_form; }
     /// The items of cmbSelection: the company names in order, "<New>" last.
     [[nodiscard]] const QStringList& companyList() const { return m_companyList; }

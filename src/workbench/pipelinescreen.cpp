@@ -59,8 +59,8 @@ void PipelineScreen::load()
 {
     m_workbench.session().trace(u"frmData - loadPipelineFrame"_s);
     m_workbench.selection().currentScreen = u"Pipeline"_s;
-    // Read once, as a long campaign takes its time. What is new in it waits for the refresh; what is gone is taken out,
-    // as a node that leads nowhere is worse than one that is missing.
+    // Read once, as a long campaign takes its time. What is new in it waits for the refresh; what is gone is
+    // taken out, as a node that leads nowhere is worse than one that is missing.
     const Key positions = m_workbench.session().dataJW().getCount(u"Position"_s, true);
     if (!m_tree.hasNodes() || positions < m_positionsRead)
         buildTree();

@@ -20,8 +20,10 @@ struct Outcome
     QString error;
 };
 
-/// Runs the program on a folder, with no display at all. @p input is the file that stands at its standard input.
-Outcome run(const QString& folder, const QStringList& arguments, const QString& input = QProcess::nullDevice())
+/// Runs the program on a folder, with no display at all. @p input is the file that stands at its standard
+/// input.
+Outcome run(const QString& folder, const QStringList& arguments,
+            const QString& input = QProcess::nullDevice())
 {
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -69,16 +71,24 @@ private slots:
         QTest::newRow("two commands") << QStringList{u"companies"_s, u"paths"_s} << 2 << QString();
         QTest::newRow("missing argument") << QStringList{u"summary"_s} << 2 << u"NAME"_s;
         QTest::newRow("no display, no command") << QStringList{} << 1 << u"no display"_s;
-        QTest::newRow("unknown company") << QStringList{u"summary"_s, u"Nobody & Sons"_s} << 1 << u"no company"_s;
-        QTest::newRow("positions of one") << QStringList{u"positions"_s, u"DANFORTH"_s} << 0 << u"Buyer Planner Castings"_s;
-        QTest::newRow("positions, unknown company") << QStringList{u"positions"_s, u"Nobody"_s} << 1 << u"no company"_s;
-        QTest::newRow("positions, several companies") << QStringList{u"positions"_s, u"a"_s} << 1 << u"Several"_s;
+        QTest::newRow("unknown company")
+            << QStringList{u"summary"_s, u"Nobody & Sons"_s} << 1 << u"no company"_s;
+        QTest::newRow("positions of one")
+            << QStringList{u"positions"_s, u"DANFORTH"_s} << 0 << u"Buyer Planner Castings"_s;
+        QTest::newRow("positions, unknown company")
+            << QStringList{u"positions"_s, u"Nobody"_s} << 1 << u"no company"_s;
+        QTest::newRow("positions, several companies")
+            << QStringList{u"positions"_s, u"a"_s} << 1 << u"Several"_s;
         QTest::newRow("bar") << QStringList{u"pipeline"_s} << 0 << u"##########- 10/11\n"_s;
         QTest::newRow("contacts of all") << QStringList{u"contacts"_s} << 0 << u"Company"_s;
-        QTest::newRow("contacts of one") << QStringList{u"contacts"_s, u"alder & f"_s} << 0 << u"Mara Lindqvist"_s;
-        QTest::newRow("contacts of nobody") << QStringList{u"contacts"_s, u"Nobody & Sons"_s} << 1 << u"no company"_s;
-        QTest::newRow("query, no statement") << QStringList{u"query"_s, u"drop table Company"_s} << 1 << u"jobwright: "_s;
-        QTest::newRow("query, no table") << QStringList{u"query"_s, u"Select * from Wages"_s} << 1 << u"Wages"_s;
+        QTest::newRow("contacts of one")
+            << QStringList{u"contacts"_s, u"alder & f"_s} << 0 << u"Mara Lindqvist"_s;
+        QTest::newRow("contacts of nobody")
+            << QStringList{u"contacts"_s, u"Nobody & Sons"_s} << 1 << u"no company"_s;
+        QTest::newRow("query, no statement")
+            << QStringList{u"query"_s, u"drop table Company"_s} << 1 << u"jobwright: "_s;
+        QTest::newRow("query, no table")
+            << QStringList{u"query"_s, u"Select * from Wages"_s} << 1 << u"Wages"_s;
         QTest::newRow("query, two statements")
             << QStringList{u"query"_s, u"Select * from Company; Delete * from Company"_s} << 1
             << u"jobwright: "_s;
@@ -90,10 +100,12 @@ private slots:
         QTest::newRow("import, no file")
             << QStringList{u"import"_s, u"/no/such.xml"_s} << 1 << u"not there"_s;
         QTest::newRow("verify") << QStringList{u"verify"_s} << 0 << u"sound"_s;
-        QTest::newRow("card, no file") << QStringList{u"parse-card"_s, u"/no/such.txt"_s} << 1 << u"cannot be read"_s;
+        QTest::newRow("card, no file")
+            << QStringList{u"parse-card"_s, u"/no/such.txt"_s} << 1 << u"cannot be read"_s;
         QTest::newRow("card, a folder") << QStringList{u"parse-card"_s, u"/"_s} << 1 << u"cannot be read"_s;
         QTest::newRow("card, two files") << QStringList{u"parse-card"_s, u"a"_s, u"b"_s} << 2 << QString();
-        QTest::newRow("card, nothing given") << QStringList{u"parse-card"_s} << 0 << u"\"txtAddress\": \"\""_s;
+        QTest::newRow("card, nothing given")
+            << QStringList{u"parse-card"_s} << 0 << u"\"txtAddress\": \"\""_s;
         QTest::newRow("paths") << QStringList{u"paths"_s} << 0 << u"Postledger.db"_s;
     }
     void statusOfEachCommand()
@@ -130,12 +142,17 @@ private slots:
     void pipelineSaysWhatTheStepsSay()
     {
         QTemporaryDir folder;
-        const QString insert = u"INSERT INTO Position (Title,CompanyKey,SentResume,SentResumeMedium,Expires) VALUES "
-                               "('Clerk',1,'10/5/2026',3,'12/31/99')"_s;
-        QCOMPARE(run(folder.path(), {u"query"_s, u"INSERT INTO Company (Name) VALUES ('Larch')"_s}).status, 0);
+        const QString insert =
+            u"INSERT INTO Position (Title,CompanyKey,SentResume,SentResumeMedium,Expires) VALUES "
+            "('Clerk',1,'10/5/2026',3,'12/31/99')"_s;
+        QCOMPARE(run(folder.path(), {u"query"_s, u"INSERT INTO Company (Name) VALUES ('Larch')"_s}).status,
+                 0);
         QCOMPARE(run(folder.path(), {u"query"_s, insert}).status, 0);
         const auto first = [&](const QStringList& arguments) {
-            return QJsonDocument::fromJson(run(folder.path(), arguments).out.toUtf8()).array().at(0).toObject();
+            return QJsonDocument::fromJson(run(folder.path(), arguments).out.toUtf8())
+                .array()
+                .at(0)
+                .toObject();
         };
         const QJsonObject position = first({u"positions"_s, u"--json"_s});
         QCOMPARE(position.value(u"company"_s).toString(), u"Larch"_s);
@@ -144,7 +161,9 @@ private slots:
         QVERIFY(position.value(u"expires"_s).isNull());
         const QJsonArray steps = first({u"pipeline"_s, u"--json"_s}).value(u"steps"_s).toArray();
         QCOMPARE(steps.size(), 11);
-        QCOMPARE(steps.at(6).toObject(), (QJsonObject{{u"step"_s, u"SentResume"_s}, {u"date"_s, u"2026-10-05"_s}, {u"medium"_s, u"Phone"_s}}));
+        QCOMPARE(steps.at(6).toObject(),
+                 (QJsonObject{
+                     {u"step"_s, u"SentResume"_s}, {u"date"_s, u"2026-10-05"_s}, {u"medium"_s, u"Phone"_s}}));
         QVERIFY(steps.at(7).toObject().value(u"date"_s).isNull());
     }
 
@@ -168,18 +187,20 @@ private slots:
     void contactsAsJson()
     {
         QTemporaryDir folder;
-        for (const QString& statement :
-             {u"Insert into Company(Name) Values('Acme')"_s, u"Insert into Company(Name) Values('Bolt')"_s,
-              u"Insert into Address(Phone1) Values('555-1')"_s,
-              u"Insert into Contact(FirstName,LastName,Title,AddressKey,LastContact,CompanyKey,ContactLevel) "
-              "Values('Ann','Lee','Buyer',1,'11/5/26',1,45)"_s,
-              u"Insert into Contact(FirstName,LastName,LastContact,CompanyKey) Values('Bo','Orr','12/31/1999',2)"_s})
+        for (
+            const QString& statement :
+            {u"Insert into Company(Name) Values('Acme')"_s, u"Insert into Company(Name) Values('Bolt')"_s,
+             u"Insert into Address(Phone1) Values('555-1')"_s,
+             u"Insert into Contact(FirstName,LastName,Title,AddressKey,LastContact,CompanyKey,ContactLevel) "
+             "Values('Ann','Lee','Buyer',1,'11/5/26',1,45)"_s,
+             u"Insert into Contact(FirstName,LastName,LastContact,CompanyKey) Values('Bo','Orr','12/31/1999',2)"_s})
             QCOMPARE(run(folder.path(), {u"query"_s, statement}).status, 0);
         const auto list = [&](const QStringList& arguments) {
             return QJsonDocument::fromJson(run(folder.path(), arguments).out.toUtf8()).array();
         };
-        const QJsonObject ann{{u"name"_s, u"Ann Lee"_s},   {u"company"_s, u"Acme"_s},           {u"title"_s, u"Buyer"_s},
-                              {u"phone"_s, u"555-1"_s},    {u"lastContact"_s, u"2026-11-05"_s}, {u"level"_s, 45}};
+        const QJsonObject ann{
+            {u"name"_s, u"Ann Lee"_s}, {u"company"_s, u"Acme"_s},           {u"title"_s, u"Buyer"_s},
+            {u"phone"_s, u"555-1"_s},  {u"lastContact"_s, u"2026-11-05"_s}, {u"level"_s, 45}};
         QCOMPARE(list({u"contacts"_s, u"acme"_s, u"--json"_s}), QJsonArray{ann});
         const QJsonArray all = list({u"contacts"_s, u"--json"_s});
         QCOMPARE(all.size(), 2);
@@ -253,7 +274,8 @@ private slots:
         QTest::newRow("UTF-8") << card.toUtf8();
         QTest::newRow("UTF-8 with its mark") << QByteArray("\xef\xbb\xbf" + card.toUtf8());
         QTest::newRow("one byte a character") << card.toLatin1();
-        QTest::newRow("UTF-16") << QByteArray("\xff\xfe" + QByteArray(reinterpret_cast<const char*>(card.utf16()), 2 * card.size()));
+        QTest::newRow("UTF-16") << QByteArray(
+            "\xff\xfe" + QByteArray(reinterpret_cast<const char*>(card.utf16()), 2 * card.size()));
     }
     void cardInAnyEncodingBecomesItsTwelveFields()
     {

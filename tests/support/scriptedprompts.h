@@ -21,7 +21,10 @@ public:
     /// The next question must contain @p text; it gets @p answer.
     void expect(const QString& text, Answer answer = Answer::Ok) { m_expected.push_back({text, answer, {}}); }
     /// The next file question has this title and gets @p path.
-    void expectFile(const QString& title, const QString& path) { m_expected.push_back({title, Answer::Ok, path}); }
+    void expectFile(const QString& title, const QString& path)
+    {
+        m_expected.push_back({title, Answer::Ok, path});
+    }
     /// The next company picker has this title and gets @p company, or "" for giving up.
     void expectCompany(const QString& title, const QString& company)
     {
@@ -43,8 +46,14 @@ public:
             return *m_default;
         return take(text).answer;
     }
-    QString openFile(const QString& title, const QString&, const QStringList&) override { return take(title).path; }
-    QString saveFile(const QString& title, const QString&, const QStringList&) override { return take(title).path; }
+    QString openFile(const QString& title, const QString&, const QStringList&) override
+    {
+        return take(title).path;
+    }
+    QString saveFile(const QString& title, const QString&, const QStringList&) override
+    {
+        return take(title).path;
+    }
     QString pickCompany(const QString& title, const QStringList& companies) override
     {
         m_offered = companies;

@@ -1,7 +1,13 @@
-// Grabs the workbench for the documents: jobwright_pictures CAMPAIGN.xml COMPANY light|dark OUT.png
+// Grabs the workbench for the documents, with a record on each of its screens:
+// jobwright_pictures CAMPAIGN.xml light|dark SCREEN OUT.png
+#include "store/demo.h"
 #include "views/palettes.h"
 #include "views/workbench/workbenchwindow.h"
 #include "workbench/bench.h"
+#include "workbench/contactscreen.h"
+#include "workbench/documentscreen.h"
+#include "workbench/pipelinescreen.h"
+#include "workbench/positionscreen.h"
 
 #include <QApplication>
 #include <QSettings>
@@ -9,17 +15,52 @@
 
 #include <cstdio>
 
+namespace {
+
+/// Clicks the first node of this text in the pipeline's tree.
+bool chooseNode(PipelineScreen& pipeline, const QModelIndex& parent, const QString& text)
+{
+    const QAbstractItemModel& tree = pipeline.tvwHire();
+    for (int row = 0; row < tree.rowCount(parent); ++row) {
+        const QModelIndex node = tree.index(row, 0, parent);
+        if (node.data().toString() == text) {
+            pipeline.tvwHireClick(node);
+            return true;
+        }
+        if (chooseNode(pipeline, node, text))
+            return true;
+    }
+    return false;
+}
+
+/// Opens a tab and shows one of the demo's records on it.
+void openScreen(FrmData& frm, const QString& screen)
+{
+    frm.tabStrip1Click(screen);
+    if (screen == "Position"_L1)
+        frm.positionScreen().showPosition(u"Milk Network Planner"_s);
+    if (screen == "Contact"_L1)
+        frm.contactScreen().showContact(
+            frm.session().dataJW().getContactNames(frm.selection().selectedCompanyName()).value(0));
+    if (screen == "Document"_L1)
+        frm.documentScreen().showDocument(frm.session().dataJW().loadDox().front().docName);
+    if (screen == "Pipeline"_L1)
+        chooseNode(frm.pipelineScreen(), {}, u"Milk Network Planner"_s);
+}
+
+} // namespace
+
 int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
     QCoreApplication::setApplicationVersion(u"1.0.0"_s);
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.size() != 5) {
-        std::fputs("usage: jobwright_pictures CAMPAIGN.xml COMPANY light|dark OUT.png\n", stderr);
+        std::fputs("usage: jobwright_pictures CAMPAIGN.xml light|dark SCREEN OUT.png\n", stderr);
         return 2;
     }
     QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
-    QApplication::setPalette(arguments.at(3) == "dark"_L1 ? palettes::dark() : palettes::light());
+    QApplication::setPalette(arguments.at(2) == "dark"_L1 ? palettes::dark() : palettes::light());
     QFont font = QApplication::font();
     font.setPointSize(10);
     QApplication::setFont(font);
@@ -27,14 +68,15 @@ int main(int argc, char** argv)
     // The day the campaign was recorded, so that a picture taken next year shows the same figures.
     Bench bench(QDateTime(QDate(2026, 11, 22), QTime(9, 30)));
     bench.world.prompts.acceptAll(Answer::Ok);
-    bench.data().importXML(arguments.at(1));
+    loadDemo(*bench.world.session, arguments.at(1));
     bench.navigator.hasAll = false;
     bench.frm->load();
     QSettings layout(bench.world.folder.filePath(u"layout.ini"_s), QSettings::IniFormat);
     WorkbenchWindow window(*bench.frm, layout);
     window.resize(1180, 800);
     window.show();
-    bench.choose(arguments.at(2));
+    bench.choose(u"Brightwater Dairy Cooperative"_s);
+    openScreen(*bench.frm, arguments.at(3));
     QCoreApplication::processEvents();
     const bool written = window.grab().save(arguments.at(4));
     if (!written)

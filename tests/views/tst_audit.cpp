@@ -110,6 +110,7 @@ private:
     QWidget* windowOn(const QString& screen)
     {
         QWidget* window = view(u"frmData"_s);
+        m_bench->run(u"Insert into Position(Title,CompanyKey) Values('Planner',1)"_s);
         m_bench->run(u"Insert into Document(Document,Type) Values('cv.pdf','Resume')"_s);
         m_bench->frm->tabStrip1Click(screen);
         m_bench->frm->documentScreen().showDocument(u"cv.pdf"_s);
@@ -208,7 +209,7 @@ void TestAudit::noMnemonicIsTakenTwice()
     }
     for (const QAction* menu : m_bench->window->menuBar()->actions())
         take(menu->text(), menu->text());
-    QVERIFY(owners.size() > 10);
+    QVERIFY(owners.size() > (screen == "Pipeline"_L1 ? 5 : 10)); // the steps have their own keys
 }
 
 void TestAudit::tabKeyVisitsEveryControlInReadingOrder()

@@ -1,4 +1,5 @@
 // The Address entry of a contact.
+#include "intake/frmautoparse.h"
 #include "workbench/contactbench.h"
 
 #include <QTest>
@@ -33,6 +34,27 @@ class TestContactAddress : public QObject
     Q_OBJECT
 
 private slots:
+    void cardIsTakenOverButNotYetStored()
+    {
+        ContactBench bench;
+        furnish(bench);
+        QVERIFY(QFile::copy(QStringLiteral(JOBWRIGHT_SOURCE_DIR) + u"/data/areacodes.jwd",
+                            bench.world.folder.filePath(u"areacodes.jwd"_s)));
+        withEntry(bench, [&](FrmAddressEntry& entry) {
+            bench.navigator.whileOpen = [&] {
+                FrmAutoParse& parser = bench.frm->autoParse();
+                QVERIFY(parser.form().text(u"txtCurrent"_s).startsWith(u"9 Elm"_s));
+                parser.form().edit(u"txtBizCard"_s, u"6 Spindle Court\nBoston, MA 02139\n617-555-0142"_s);
+                parser.cmdVerify();
+                parser.cmdMerge();
+            };
+            entry.cmdFastParser();
+            QCOMPARE(entry.form().text(u"txtEAddress"_s), u"9 Elm\nFloor 2"_s); // what is there stays
+            QCOMPARE(entry.form().text(u"txtEState"_s), u"MA"_s);
+        });
+        QCOMPARE(bench.cells(annsRow), before);
+    }
+
     void savedEntriesAreInTheContactsRow_data()
     {
         QTest::addColumn<QString>("street");

@@ -45,9 +45,11 @@ const std::vector<Fault> faults{
     {u"INSERT INTO Document"_s, u"note.txt|1.0 - Ann: , Bob: note.txt"_s}, // the table is short of it
     {u"INSERT INTO Document"_s, u"cv.pdf|2.0 - Ann: cv.pdf, Bob: "_s},
     {u"Select * from document where document='cv.pdf'"_s, annLoses},
-    {u"Select * from Contact"_s, annLoses},
+    {u"Select * from Contact"_s, annLoses}, // which lists hold the key
+    {u"Select * from Contact"_s, annLoses}, // whose they are
     {u"Update Contact"_s, annLoses},
     {u"Select * from document where document='note.txt'"_s, bobLoses},
+    {u"Select * from Contact"_s, bobLoses},
     {u"Select * from Contact"_s, bobLoses},
     {u"Update Contact"_s, bobLoses},
 };

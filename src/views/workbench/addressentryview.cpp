@@ -1,6 +1,7 @@
 #include "views/workbench/addressentryview.h"
 
 #include "ui_addressentryview.h"
+#include "views/common/doubleclick.h"
 #include "views/common/formbinder.h"
 #include "views/common/icons.h"
 #include "views/common/look.h"
@@ -9,8 +10,7 @@
 
 using namespace Qt::StringLiterals;
 
-AddressEntryView::AddressEntryView(FrmAddressEntry& presenter, QSettings& layout, bool parserAvailable,
-                                   QWidget* parent)
+AddressEntryView::AddressEntryView(FrmAddressEntry& presenter, QSettings& layout, QWidget* parent)
     : QDialog(parent)
     , m_layout(layout)
     , m_ui(std::make_unique<Ui::AddressEntryView>())
@@ -23,9 +23,8 @@ AddressEntryView::AddressEntryView(FrmAddressEntry& presenter, QSettings& layout
     // Enter in a field saves; no other button may be the one that it presses.
     for (QPushButton* button : {m_ui->cmdSetCompany, m_ui->cmdFastParser, m_ui->cmdClear1, m_ui->cmdCancel})
         button->setAutoDefault(false);
-    auto* binder = new FormBinder(presenter.form(), presenter, *this);
-    if (!parserAvailable)
-        binder->lock(u"cmdFastParser"_s, tr("The fast parser is not part of this version."));
+    new FormBinder(presenter.form(), presenter, *this);
+    new DoubleClick(*m_ui->txtEAddress, [&presenter] { presenter.cmdFastParser(); });
     connect(&presenter, &FrmAddressEntry::closeRequested, this, &QDialog::close);
     windowstate::restore(*this, m_layout);
     m_ui->txtEAddress->setFocus();

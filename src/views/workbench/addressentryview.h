@@ -19,10 +19,8 @@ class AddressEntryView : public QDialog
     Q_OBJECT
 
 public:
-    /// The presenter has been loaded. @p layout remembers the size; both must outlive the dialog. Without
-    /// @p parserAvailable the button of the fast parser is locked.
-    AddressEntryView(FrmAddressEntry& presenter, QSettings& layout, bool parserAvailable,
-                     QWidget* parent = nullptr);
+    /// The presenter has been loaded. @p layout remembers the size; both must outlive the dialog.
+    AddressEntryView(FrmAddressEntry& presenter, QSettings& layout, QWidget* parent = nullptr);
     ~AddressEntryView() override;
 
 private:

@@ -1,6 +1,7 @@
 #include "views/workbench/companyview.h"
 
 #include "ui_companyview.h"
+#include "views/common/doubleclick.h"
 #include "views/common/formbinder.h"
 #include "views/common/icons.h"
 #include "views/common/look.h"
@@ -28,7 +29,7 @@ CompanyView::CompanyView(CompanyScreen& presenter, QWidget* parent)
 
     connect(&presenter, &CompanyScreen::changed, this, &CompanyView::render);
     connect(&presenter.tvwPosContact(), &QAbstractItemModel::rowsInserted, this, &CompanyView::render);
-    m_ui->txtAddress->viewport()->installEventFilter(this);
+    new DoubleClick(*m_ui->txtAddress, [&presenter] { presenter.cmdFastParser(); });
     connect(m_ui->tvwPosContact, &KindTree::opened, &presenter, &CompanyScreen::tvwPosContactDblClick);
     render();
 }
@@ -38,16 +39,6 @@ CompanyView::~CompanyView() = default;
 Form& CompanyView::form()
 {
     return m_presenter.form();
-}
-
-bool CompanyView::eventFilter(QObject* watched, QEvent* event)
-{
-    if (event->type() != QEvent::MouseButtonDblClick || watched != m_ui->txtAddress->viewport() ||
-        !m_ui->txtAddress->isEnabled())
-        return ScreenView::eventFilter(watched, event);
-    // Once the mouse is free again: the screen that comes takes all input until it is closed.
-    QMetaObject::invokeMethod(&m_presenter, &CompanyScreen::cmdFastParser, Qt::QueuedConnection);
-    return true;
 }
 
 void CompanyView::setIcons()

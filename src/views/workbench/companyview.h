@@ -26,10 +26,6 @@ public:
     [[nodiscard]] FormBinder& binder() override { return *m_binder; }
     [[nodiscard]] Form& form() override;
 
-protected:
-    /// A double click on the street calls the card parser.
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
 private:
     void setIcons();
     void render();

@@ -21,7 +21,8 @@ signals:
 protected:
     void mousePressEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    /// The Tab key leaves the field at once: month, day and year are one date (and a blank one has none to walk).
+    /// The Tab key leaves the field at once: month, day and year are one date (and a blank one has none to
+    /// walk).
     bool focusNextPrevChild(bool next) override { return QWidget::focusNextPrevChild(next); }
     /// Scrolling past a date must not change it.
     void wheelEvent(QWheelEvent* event) override { event->ignore(); }
