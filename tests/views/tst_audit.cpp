@@ -263,8 +263,12 @@ void TestAudit::noTextIsCutOffAtTheSmallestSize()
     QFETCH(QString, screen);
     QWidget* window = windowOn(screen);
     QCoreApplication::processEvents(); // what the screen's content changed has reached the window's hint
-    window->resize(window->minimumSizeHint());
-    QCoreApplication::processEvents();
+    // The window's least size follows its screen's in two steps; a user who drags the edge is slower than
+    // both.
+    for (int i = 0; i < 2; ++i) {
+        window->resize(window->minimumSizeHint());
+        QCoreApplication::processEvents();
+    }
     for (const QLabel* label : window->findChildren<QLabel*>()) {
         if (label->isVisible() && !label->text().isEmpty() && !label->wordWrap())
             QVERIFY2(label->width() >= label->minimumSizeHint().width(), qPrintable(described(*label)));

@@ -31,7 +31,6 @@ public:
         open();
         WindowBench::find(u"acme"_s, Qt::Key_Return);
         press(Qt::Key_3, Qt::ControlModifier);
-        QCoreApplication::processEvents(); // the screen has just been built; its layout follows
     }
     /// Chooses in a selector by typing and Enter.
     void pick(const QString& selector, const QString& typed)
