@@ -86,7 +86,10 @@ int importFile(CommandContext& context, const QString& file, bool agreed)
     Session* const session = context.openForWriting();
     if (!session)
         return context.exitCode;
-    QObject::connect(session, &Session::statusLineChanged, &printLine);
+    QObject::connect(session, &Session::statusLineChanged, [](const QString& line) {
+        if (!line.isEmpty())
+            printLine(line);
+    });
     session->dataJW().importXML(path);
     return session->statusLine() == u"Import Complete" ? Done : Failed;
 }
