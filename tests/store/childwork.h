@@ -23,22 +23,6 @@ public:
     [[nodiscard]] bool canOpen(const QString&) const override { return false; }
 };
 
-/// A company save as the screen does it: the row is deleted and inserted again under a new key, and
-/// everything that hangs on it follows, in one action.
-inline void saveCompany(DataJW& data, const QString& name)
-{
-    using namespace Qt::StringLiterals;
-    Action action(data);
-    const Key old = data.getCompanyKey(name);
-    data.delRecord(old, u"Company"_s);
-    data.execQuery(u"Insert into Company(Name,Notes,EntryDate) VALUES('"_s + name +
-                   u"','saved','11/22/2026')");
-    data.updateCompanySubset(name, old);
-    data.execQuery(u"Update Event Set CompanyKey="_s + QString::number(data.getCompanyKey(name)) +
-                   u" where CompanyKey=" + QString::number(old));
-    action.commit();
-}
-
 /// A campaign with enough in it that each kind of work can be met in its middle.
 inline XmlText killCampaign(bool restore, const QString& prefix, int companies)
 {
