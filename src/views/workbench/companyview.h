@@ -14,7 +14,7 @@ class CompanyView;
 }
 
 /// The frame frmeCompany: the form on the left, where the campaign stands on the right.
-class CompanyView : public ScreenView
+class CompanyView final : public ScreenView
 {
     Q_OBJECT
 

@@ -14,7 +14,7 @@ class ContactView;
 }
 
 /// The frame frmeContact: the person on the left, the contacts and documents tied to the person on the right.
-class ContactView : public ScreenView
+class ContactView final : public ScreenView
 {
     Q_OBJECT
 

@@ -13,7 +13,7 @@ class DocumentView;
 
 /// The frame frmeDocument: what is known of a document on the left, the list and the people who got it on the
 /// right. Takes files that are dropped on the list.
-class DocumentView : public ScreenView
+class DocumentView final : public ScreenView
 {
     Q_OBJECT
 

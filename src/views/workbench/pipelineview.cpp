@@ -7,6 +7,7 @@
 #include "views/workbench/pipelinewidgets.h"
 #include "workbench/pipelinescreen.h"
 
+#include <QCheckBox>
 #include <QProgressBar>
 #include <QScopedValueRollback>
 

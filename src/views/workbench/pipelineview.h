@@ -23,7 +23,7 @@ class PipelineView;
 
 /// The frame frmePipeline: the tree at the left, one position's steps in the middle, the bars of all at the
 /// right.
-class PipelineView : public ScreenView
+class PipelineView final : public ScreenView
 {
     Q_OBJECT
 

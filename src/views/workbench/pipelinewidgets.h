@@ -5,6 +5,7 @@
 #include <QDateEdit>
 #include <QIcon>
 #include <QToolButton>
+#include <QWheelEvent>
 
 /// The day on which a step was done; blank while it stands at its first day, which means not done.
 class StepDateEdit : public QDateEdit

@@ -14,7 +14,7 @@ class PositionView;
 }
 
 /// The frame frmePosition: what the position is on the left; steps, ranks and people on the right.
-class PositionView : public ScreenView
+class PositionView final : public ScreenView
 {
     Q_OBJECT
 
