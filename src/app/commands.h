@@ -46,6 +46,10 @@ void addWorkbenchCommands(CLI::App& app, Command& chosen);
 void addPipelineCommands(CLI::App& app, Command& chosen);
 /// Adds the command contacts.
 void addContactCommands(CLI::App& app, Command& chosen);
+/// Adds the command history.
+void addHistoryCommands(CLI::App& app, Command& chosen);
+/// Adds the commands that say what is planned and what is due: agenda, due.
+void addCalendarCommands(CLI::App& app, Command& chosen);
 /// Adds the intake's command: parse-card.
 void addIntakeCommands(CLI::App& app, Command& chosen);
 

@@ -40,6 +40,8 @@ void describe(CLI::App& app, Line& line)
     app.fallthrough(); // --folder may stand behind the command too
     addWorkbenchCommands(app, line.command);
     addPipelineCommands(app, line.command);
+    addHistoryCommands(app, line.command);
+    addCalendarCommands(app, line.command);
     addIntakeCommands(app, line.command);
     addContactCommands(app, line.command);
     addStoreCommands(app, line.command);

@@ -4,15 +4,21 @@
 #include "app/openstore.h"
 #include "app/output.h"
 #include "base/clock.h"
+#include "calendar/frmevcal.h"
+#include "calendar/frmreminder.h"
 #include "desktop/desktopprompts.h"
 #include "desktop/desktopservices.h"
 #include "desktop/printing.h"
+#include "history/frmhistory.h"
 #include "intake/frmautoparse.h"
 #include "store/appfolder.h"
 #include "store/copies.h"
 #include "store/datajw.h"
 #include "store/session.h"
 #include "store/storecheck.h"
+#include "views/calendar/calendarview.h"
+#include "views/calendar/reminderview.h"
+#include "views/history/historyview.h"
 #include "views/intake/autoparseview.h"
 #include "views/workbench/addressentryview.h"
 #include "views/workbench/splashview.h"
@@ -188,6 +194,18 @@ int startWorkbench(int& argc, char** argv, const StartOptions& options)
                   [&] { AutoParseView(workbench.autoParse(), session.settings().file(), &window).exec(); });
     navigator.add(QStringLiteral("FrmAddressEntry"), [&] {
         AddressEntryView(workbench.contactScreen().addressEntry(), session.settings().file(), &window).exec();
+    });
+    ReminderView reminder(workbench.reminder(), session.settings().file(), &window);
+    navigator.add(QStringLiteral("FrmReminder"), [&] { workbench.reminder().showScreen(); });
+    navigator.add(QStringLiteral("FrmEvCal"), [&] {
+        workbench.calendar().load();
+        CalendarView(workbench.calendar(), session.settings().file(), QApplication::activeWindow()).exec();
+        workbench.calendar().unload();
+    });
+    navigator.add(QStringLiteral("FrmHistory"), [&] {
+        workbench.history().load(workbench.selection().currentContactKey);
+        HistoryView(workbench.history(), session.settings().file(), &window).exec();
+        workbench.history().unload();
     });
     window.show();
     if (options.exitWhenShown) {

@@ -53,4 +53,10 @@ public:
     virtual bool startProgram(const QString& program, const QStringList& arguments) = 0;
     /// True when the desktop knows a program for files with this ending (".doc").
     [[nodiscard]] virtual bool canOpen(const QString& ending) const = 0;
+    /// Plays a wave file once and returns at once; false when there is no such file or nothing to hear it
+    /// with.
+    virtual bool playSound(const QString& path) = 0;
+    /// Shows a passing note of plain text beside the user's work; false when the desktop has no place for
+    /// notes.
+    virtual bool notify(const QString& title, const QString& text) = 0;
 };

@@ -105,3 +105,13 @@ bool DesktopServices::canOpen(const QString& ending) const
                            [&list](const QString& name) { return listNames(list, name); });
     });
 }
+
+bool DesktopServices::playSound(const QString&)
+{
+    return false;
+}
+
+bool DesktopServices::notify(const QString&, const QString&)
+{
+    return false;
+}

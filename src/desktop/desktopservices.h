@@ -13,6 +13,8 @@ public:
     bool openDocument(const QString& path) override;
     bool startProgram(const QString& program, const QStringList& arguments) override;
     [[nodiscard]] bool canOpen(const QString& ending) const override;
+    bool playSound(const QString& path) override;
+    bool notify(const QString& title, const QString& text) override;
 
     /// The address that a person meant by what stands in a field: "www.x.example" and "x.example/jobs" get
     /// https, a mail address mailto. Invalid for empty texts and for every scheme but http, https, mailto and

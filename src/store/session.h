@@ -88,6 +88,8 @@ public:
     bool autosave = false;
     bool dialogBusy = false;
     Key reminderInterval = 0; ///< minutes
+    /// When reminders were looked for last; begins so long ago that the first look is always due.
+    QDateTime lastReminderCheck{QDate(1899, 12, 30), QTime(0, 0)};
     QTime sessionStart;
     QTime sessionEnd;
     QString helpDocument;

@@ -1,7 +1,9 @@
 #include "store/storecheck.h"
 
 #include "store/database.h"
+#include "store/datajw.h"
 #include "store/enginecall.h"
+#include "store/session.h"
 
 #include <QCoreApplication>
 #include <QStringList>
@@ -97,6 +99,21 @@ QString keysUsedUp(Database& database, const QStringList& tables)
                 .arg(keyLimit);
     }
     return {};
+}
+
+bool haveKeys(Session& session, const QStringList& tables)
+{
+    if (!session.dataJW().isConnected())
+        return true;
+    try {
+        const QString reason = keysUsedUp(session.dataJW().database(), tables);
+        if (!reason.isEmpty())
+            session.msgBox(reason);
+        return reason.isEmpty();
+    } catch (const StoreError& failure) {
+        session.logError(QStringLiteral("StoreCheck - haveKeys"), 0, &failure);
+        return false;
+    }
 }
 
 QString keyWarningText(const std::vector<KeyUse>& keys)

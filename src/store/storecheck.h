@@ -7,6 +7,7 @@
 #include <vector>
 
 class Database;
+class Session;
 
 /// The highest key that a table has given out so far.
 struct KeyUse
@@ -43,6 +44,10 @@ std::vector<KeyUse> keysRunningOut(Database& database);
 /// save that replaces a row must know it beforehand: with the new row out of reach, what belongs to the old
 /// one would be lost.
 QString keysUsedUp(Database& database, const QStringList& tables);
+
+/// True when each of these tables has a key left for a new row; else the user has been told why nothing was
+/// saved. True as well without a store to look at: the save's own statements tell it.
+bool haveKeys(Session& session, const QStringList& tables);
 
 /// What to tell the user about them, and what to do; "" for none.
 QString keyWarningText(const std::vector<KeyUse>& keys);

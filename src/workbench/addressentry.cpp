@@ -1,11 +1,11 @@
 #include "workbench/addressentry.h"
 
 #include "base/dates.h"
+#include "base/fieldtext.h"
 #include "base/text.h"
 #include "intake/frmautoparse.h"
 #include "store/datajw.h"
 #include "workbench/companyscreen.h"
-#include "workbench/fieldtext.h"
 #include "workbench/frmdata.h"
 #include "workbench/wholerecord.h"
 

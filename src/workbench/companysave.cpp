@@ -1,9 +1,9 @@
 // Saving and removing a whole company.
 #include "base/dates.h"
+#include "base/fieldtext.h"
 #include "base/text.h"
 #include "store/datajw.h"
 #include "workbench/companyscreen.h"
-#include "workbench/fieldtext.h"
 #include "workbench/frmdata.h"
 #include "workbench/wholerecord.h"
 
@@ -23,11 +23,7 @@ bool CompanyScreen::mayBeSaved(const QString& title)
                "add/remove categories."));
         return false;
     }
-    if (!wholerecord::fitsStatement(m_form)) {
-        m_workbench.showMessage(tr("These texts are too long to be saved. Please shorten the notes."));
-        return false;
-    }
-    return m_workbench.haveKeys({u"Company"_s, u"Address"_s});
+    return wholerecord::mayBeStored(m_workbench.session(), m_form, {u"Company"_s, u"Address"_s});
 }
 
 Key CompanyScreen::keyToReplace(const QString& title)

@@ -1,10 +1,10 @@
 #include "workbench/companyscreen.h"
 
+#include "base/fieldtext.h"
 #include "base/text.h"
 #include "store/datajw.h"
 #include "store/storeerror.h"
 #include "workbench/contactscreen.h"
-#include "workbench/fieldtext.h"
 #include "workbench/frmdata.h"
 #include "workbench/positionscreen.h"
 

@@ -1,10 +1,10 @@
 // What a contact is tied to: other contacts, documents, its company, its address and histories.
+#include "base/fieldtext.h"
 #include "base/text.h"
 #include "store/datajw.h"
 #include "workbench/addressentry.h"
 #include "workbench/contactscreen.h"
 #include "workbench/documentscreen.h"
-#include "workbench/fieldtext.h"
 #include "workbench/frmdata.h"
 
 using namespace Qt::StringLiterals;

@@ -1,11 +1,11 @@
 // Saving and removing a whole contact.
+#include "base/fieldtext.h"
 #include "base/text.h"
 #include "store/datajw.h"
 #include "workbench/companyscreen.h"
 #include "workbench/contactaddresses.h"
 #include "workbench/contactname.h"
 #include "workbench/contactscreen.h"
-#include "workbench/fieldtext.h"
 #include "workbench/frmdata.h"
 #include "workbench/positionscreen.h"
 #include "workbench/wholerecord.h"
@@ -25,11 +25,7 @@ bool ContactScreen::mayBeSaved(const ContactName& name)
         m_workbench.showMessage(tr("Please enter a name for a new contact or select a contact to update."));
         return false;
     }
-    if (!wholerecord::fitsStatement(m_form)) {
-        m_workbench.showMessage(tr("These texts are too long to be saved. Please shorten the notes."));
-        return false;
-    }
-    return m_workbench.haveKeys({u"Contact"_s, u"Address"_s});
+    return wholerecord::mayBeStored(m_workbench.session(), m_form, {u"Contact"_s, u"Address"_s});
 }
 
 void ContactScreen::cmdUpdateContact1()

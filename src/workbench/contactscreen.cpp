@@ -1,10 +1,10 @@
 #include "workbench/contactscreen.h"
 
+#include "base/fieldtext.h"
 #include "base/text.h"
 #include "store/datajw.h"
 #include "store/storeerror.h"
 #include "workbench/addressentry.h"
-#include "workbench/fieldtext.h"
 #include "workbench/frmdata.h"
 
 #include <QLocale>

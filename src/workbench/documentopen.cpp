@@ -1,8 +1,8 @@
 // The ways to a document's file: choosing it, and opening it in its viewer.
+#include "base/fieldtext.h"
 #include "base/text.h"
 #include "store/datajw.h"
 #include "workbench/documentscreen.h"
-#include "workbench/fieldtext.h"
 #include "workbench/frmdata.h"
 
 #include <QDir>

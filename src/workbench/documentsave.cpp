@@ -1,10 +1,10 @@
 // Adding, updating and removing documents: each writes the whole table anew.
 #include "base/dates.h"
+#include "base/fieldtext.h"
 #include "base/text.h"
 #include "store/datajw.h"
 #include "workbench/documentscreen.h"
 #include "workbench/documenttypes.h"
-#include "workbench/fieldtext.h"
 #include "workbench/frmdata.h"
 
 #include <algorithm>

@@ -1,10 +1,10 @@
 #include "workbench/documentscreen.h"
 
+#include "base/fieldtext.h"
 #include "base/text.h"
 #include "store/datajw.h"
 #include "workbench/contactscreen.h"
 #include "workbench/documenttypes.h"
-#include "workbench/fieldtext.h"
 #include "workbench/frmdata.h"
 
 #include <algorithm>

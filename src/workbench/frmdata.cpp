@@ -2,9 +2,11 @@
 #include "workbench/frmdata.h"
 
 #include "base/text.h"
+#include "calendar/frmevcal.h"
+#include "calendar/frmreminder.h"
+#include "history/frmhistory.h"
 #include "intake/frmautoparse.h"
 #include "store/datajw.h"
-#include "store/storecheck.h"
 #include "workbench/companyscreen.h"
 #include "workbench/contactscreen.h"
 #include "workbench/documentscreen.h"
@@ -46,7 +48,13 @@ FrmData::FrmData(Session& session, Navigator& navigator)
     , m_document(std::make_unique<DocumentScreen>(*this))
     , m_pipeline(std::make_unique<PipelineScreen>(*this))
     , m_autoParse(std::make_unique<FrmAutoParse>(session))
+    , m_calendar(std::make_unique<FrmEvCal>(session, navigator))
+    , m_reminder(std::make_unique<FrmReminder>(session, *m_calendar))
+    , m_history(std::make_unique<FrmHistory>(session, *m_calendar))
 {
+    connect(m_reminder.get(), &FrmReminder::recordsChanged, m_calendar.get(), &FrmEvCal::reload);
+    connect(m_reminder.get(), &FrmReminder::recordsChanged, this, &FrmData::stepsChanged);
+    connect(m_calendar.get(), &FrmEvCal::recordsChanged, this, &FrmData::stepsChanged);
     m_form.setText(u"Label45"_s, tr("Company"));
     m_form.setVisible(u"pbarLoad"_s, false);
     // The program begins on the Company screen, with no company chosen.
@@ -118,22 +126,6 @@ void FrmData::updateCounts()
 Answer FrmData::showMessage(const QString& prompt, Buttons buttons, const QString& title)
 {
     return m_session.msgBox(prompt, buttons, title);
-}
-
-bool FrmData::haveKeys(const QStringList& tables)
-{
-    DataJW& dataJW = m_session.dataJW();
-    if (!dataJW.isConnected())
-        return true; // the save's own statements tell it
-    try {
-        const QString reason = keysUsedUp(dataJW.database(), tables);
-        if (!reason.isEmpty())
-            showMessage(reason);
-        return reason.isEmpty();
-    } catch (const StoreError& failure) {
-        m_session.logError(u"frmData - haveKeys"_s, 0, &failure);
-        return false;
-    }
 }
 
 QStringList FrmData::csvParse(const QString& keyList)
@@ -216,6 +208,12 @@ void FrmData::startNewCompany()
 void FrmData::clearPipeBoxes()
 {
     m_pipeline->clearPipeBoxes();
+}
+
+void FrmData::stepsChanged()
+{
+    m_position->stepsChanged();
+    m_pipeline->stepsChanged();
 }
 
 // --- Tabs -------------------------------------------------------------------------------------------------

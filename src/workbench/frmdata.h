@@ -16,6 +16,9 @@ class CompanyScreen;
 class ContactScreen;
 class DocumentScreen;
 class FrmAutoParse;
+class FrmEvCal;
+class FrmHistory;
+class FrmReminder;
 class PipelineScreen;
 class PositionScreen;
 
@@ -45,6 +48,10 @@ public:
     [[nodiscard]] PipelineScreen& pipelineScreen() { return *m_pipeline; }
     /// The card parser, lent to each screen that has an address.
     [[nodiscard]] FrmAutoParse& autoParse() { return *m_autoParse; }
+    /// The screens that belong to the main screen and that others borrow.
+    [[nodiscard]] FrmEvCal& calendar() { return *m_calendar; }
+    [[nodiscard]] FrmReminder& reminder() { return *m_reminder; }
+    [[nodiscard]] FrmHistory& history() { return *m_history; }
     /// The shell's own controls: cmbSelection, Label45, the frames frmeCompany ... frmePipeline, pbarLoad
     /// ("3/15" when it stands at 3 of 15).
     [[nodiscard]] Form& form() { return m_form; }
@@ -93,9 +100,6 @@ public:
     void setSelection(const QString& name);
     /// Counts the records for the status bar; to be called where their number has changed.
     void updateCounts();
-    /// True when each of these tables has a key left for a new row; else the user has been told why nothing
-    /// was saved.
-    bool haveKeys(const QStringList& tables);
     /// Runs the whole list of start steps that a restore or another outside change calls for.
     void refresh();
 
@@ -146,6 +150,8 @@ private:
     void startNewCompany();
     void newRecord();
     void openTool(const QString& key, bool fromMenu);
+    void checkReminders();
+    void stepsChanged();
     void documentation();
     void writeUsage();
     void release();
@@ -160,6 +166,9 @@ private:
     std::unique_ptr<DocumentScreen> m_document;
     std::unique_ptr<PipelineScreen> m_pipeline;
     std::unique_ptr<FrmAutoParse> m_autoParse;
+    std::unique_ptr<FrmEvCal> m_calendar;
+    std::unique_ptr<FrmReminder> m_reminder;
+    std::unique_ptr<FrmHistory> m_history;
     QStringList m_companyList;
     QString m_caption;
     QString m_procText;

@@ -1,5 +1,8 @@
 // The workbench's start and end.
 #include "base/text.h"
+#include "calendar/frmevcal.h"
+#include "calendar/frmreminder.h"
+#include "history/frmhistory.h"
 #include "intake/frmautoparse.h"
 #include "store/datajw.h"
 #include "workbench/companyscreen.h"
@@ -54,6 +57,7 @@ FrmData::~FrmData()
 bool FrmData::load()
 try {
     m_session.trace(u"frmData - Form_Load"_s);
+    m_reminder->load();
     m_session.helpDocument = u"\\JWHelp\\Jobwright-Dox.pdf"_s;
     m_session.trace(u"Acro File Check"_s);
     // No path: the desktop knows which program shows a document of this kind, better than a fixed place
@@ -125,7 +129,7 @@ void FrmData::writeUsage()
 
 void FrmData::release()
 {
-    // The reminder screen is released here, before the gateway that it asks.
+    m_reminder->unload(); // before the gateway that it asks
     m_session.releaseDataJW();
     m_session.trace(u"frmData - Terminate"_s);
 }

@@ -1,5 +1,8 @@
 // The doors from the workbench to the other tools: toolbar, menus, export and restore, help.
 #include "base/text.h"
+#include "calendar/frmevcal.h"
+#include "calendar/frmreminder.h"
+#include "history/frmhistory.h"
 #include "store/datajw.h"
 #include "workbench/companyscreen.h"
 #include "workbench/contactscreen.h"
@@ -113,7 +116,9 @@ void FrmData::openTool(const QString& key, bool fromMenu)
         return;
     if (const QStringView line = fromMenu ? tool->menuLine : tool->toolbarLine; !line.isEmpty())
         m_session.trace(line.toString());
-    if (tool->key == u"editor") {
+    if (fromMenu && tool->key == u"reminder") {
+        checkReminders();
+    } else if (tool->key == u"editor") {
         // Reminders must not come up while the template is open.
         const BusyScope busy(m_session);
         m_navigator.openScreen(tool->screen.toString());
@@ -124,6 +129,15 @@ void FrmData::openTool(const QString& key, bool fromMenu)
         m_form.requestFocus(u"TabStrip1"_s);
     if (tool->then != Then::Stay)
         tabStrip1Click(u"Company"_s);
+}
+
+void FrmData::checkReminders()
+{
+    // The entry looks for itself, whatever the timer is at; the button shows the screen as it stands.
+    m_session.lastReminderCheck = m_session.now();
+    m_reminder->checkEvents();
+    if (!m_reminder->isVisible())
+        showProc(tr("Nothing is due."));
 }
 
 void FrmData::newRecord()

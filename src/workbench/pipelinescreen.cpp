@@ -290,6 +290,19 @@ void PipelineScreen::fillProgForm(const RecordSet& record)
     showOffer(record.text(u"OfferStatus"));
 }
 
+void PipelineScreen::stepsChanged()
+{
+    if (!hasPosition())
+        return;
+    const RecordSet record =
+        m_workbench.session().dataJW().getPositionByKey(m_workbench.selection().currentPositionKey);
+    if (record.isEmpty())
+        return;
+    fillProgForm(record);
+    showProgress();
+    displayVisual();
+}
+
 void PipelineScreen::showOffer(const QString& status)
 {
     setMark(u"optProg1"_s, status.compare(u"On File", Qt::CaseInsensitive) == 0);

@@ -55,6 +55,9 @@ public:
     void clearPipeBoxes();
     /// Shows the steps of one Position row, which becomes the current position.
     void fillProgForm(const RecordSet& record);
+    /// Another screen has written steps of positions: what is shown is read again. Nothing typed can be lost,
+    /// as this screen writes each change at once.
+    void stepsChanged();
     /// The next-step text for the steps ticked at the moment.
     [[nodiscard]] QString getNextStep() const;
     /// The selector has taken another company while this screen is open.

@@ -1,7 +1,7 @@
 // Saving and removing a whole position.
+#include "base/fieldtext.h"
 #include "base/text.h"
 #include "store/datajw.h"
-#include "workbench/fieldtext.h"
 #include "workbench/frmdata.h"
 #include "workbench/pipelinescreen.h"
 #include "workbench/pipelinesteps.h"
@@ -82,11 +82,7 @@ bool PositionScreen::mayBeSaved()
                 .arg(title));
         return false;
     }
-    if (!wholerecord::fitsStatement(m_form)) {
-        m_workbench.showMessage(tr("These texts are too long to be saved. Please shorten the notes."));
-        return false;
-    }
-    return m_workbench.haveKeys({u"Position"_s});
+    return wholerecord::mayBeStored(m_workbench.session(), m_form, {u"Position"_s});
 }
 
 void PositionScreen::tellUnreadable()

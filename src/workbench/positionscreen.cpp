@@ -2,10 +2,10 @@
 // files of their own.
 #include "workbench/positionscreen.h"
 
+#include "base/fieldtext.h"
 #include "base/text.h"
 #include "store/datajw.h"
 #include "store/storeerror.h"
-#include "workbench/fieldtext.h"
 #include "workbench/frmdata.h"
 #include "workbench/pipelinesteps.h"
 
@@ -148,6 +148,18 @@ void PositionScreen::clearPositionForm()
     m_progress = 0;
     m_workbench.selection().currentPositionKey = 0;
     showExpires(m_workbench.session().today().addDays(defaultExpiryDays));
+    emit changed();
+}
+
+void PositionScreen::stepsChanged()
+{
+    const Key key = m_workbench.selection().currentPositionKey;
+    if (key == 0)
+        return;
+    const RecordSet record = m_workbench.session().dataJW().getPositionByKey(key);
+    if (record.isEmpty())
+        return;
+    m_progress = PipelineSteps(record).progress();
     emit changed();
 }
 

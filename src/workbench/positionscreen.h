@@ -56,6 +56,8 @@ public:
     /// no step done. False when the row did not get into the store: what was shown is shown still.
     bool upPosx(const QString& stepValues, const QString& offerStatus);
     void computeJptr();
+    /// Another screen has written steps of positions: the progress shown is read again, what is typed stays.
+    void stepsChanged();
     /// Trims txtPosTitle: the shell asks for it at every change of any screen's field.
     void trimTitle();
 

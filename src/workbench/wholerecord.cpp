@@ -1,7 +1,11 @@
 #include "workbench/wholerecord.h"
 
+#include "base/fieldtext.h"
 #include "store/datajw.h"
-#include "workbench/fieldtext.h"
+#include "store/session.h"
+#include "store/storecheck.h"
+
+#include <QCoreApplication>
 
 using namespace Qt::StringLiterals;
 
@@ -13,13 +17,17 @@ QString insertFront(DataJW& dataJW, const QString& written, const QString& table
     return columns.isEmpty() ? QString() : u"INSERT INTO " + written + u" ( " + columns + u" ) VALUES (";
 }
 
-bool fitsStatement(const Form& form)
+bool mayBeStored(Session& session, const Form& form, const QStringList& tables)
 {
     constexpr qsizetype longestRecord = 900'000;
     qsizetype length = 0;
     for (const FieldRow& row : form.rows())
         length += row.save == SaveOn::Never ? 0 : fieldtext::toStored(form.text(row.control)).size();
-    return length <= longestRecord;
+    if (length <= longestRecord)
+        return haveKeys(session, tables);
+    session.msgBox(QCoreApplication::translate(
+        "WholeRecord", "These texts are too long to be saved. Please shorten the notes."));
+    return false;
 }
 
 } // namespace wholerecord

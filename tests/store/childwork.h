@@ -21,6 +21,8 @@ public:
     bool openDocument(const QString&) override { return false; }
     bool startProgram(const QString&, const QStringList&) override { return false; }
     [[nodiscard]] bool canOpen(const QString&) const override { return false; }
+    bool playSound(const QString&) override { return false; }
+    bool notify(const QString&, const QString&) override { return false; }
 };
 
 /// A campaign with enough in it that each kind of work can be met in its middle.

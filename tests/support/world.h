@@ -28,6 +28,12 @@ public:
         return note(program + u" <" + arguments.join(u"> <") + u'>');
     }
     [[nodiscard]] bool canOpen(const QString&) const override { return works; }
+    /// Noted as "sound PATH" and "note TITLE: TEXT".
+    bool playSound(const QString& path) override { return note(u"sound " + path); }
+    bool notify(const QString& title, const QString& text) override
+    {
+        return note(u"note " + title + u": " + text);
+    }
 
 private:
     bool note(const QString& what)

@@ -1,4 +1,4 @@
-#include "workbench/fieldtext.h"
+#include "base/fieldtext.h"
 
 #include "base/text.h"
 

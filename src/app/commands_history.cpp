@@ -1,0 +1,6 @@
+// The commands about what happened.
+#include "app/commands.h"
+
+#include <CLI/CLI.hpp>
+
+void addHistoryCommands(CLI::App&, Command&) {}
