@@ -82,15 +82,22 @@ bool FrmEvCal::save()
         listPeople();
         m_form.setText(u"lblPosition"_s, title);
     }
+    return settle(inserted, newKey, std::move(left));
+}
+
+bool FrmEvCal::settle(bool inserted, Key newKey, std::vector<Key> left)
+{
     const bool replaced = left.empty();
     if (newKey > 0)
         left.push_back(newKey);
-    m_rows = left;
+    m_rows = std::move(left);
     m_form.setEnabled(u"cmdRemove1"_s, !m_rows.empty());
     if (inserted && replaced) {
         saved(newKey);
         return true;
     }
+    // The old row is gone and the new one did not get in, or both are there: the frame stands for what is
+    // left, and another save makes one row of it.
     m_frameDirty = true;
     storeChanged(m_selectedDay);
     emit frameChanged();

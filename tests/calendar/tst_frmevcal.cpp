@@ -596,6 +596,9 @@ void TestFrmEvCal::historyOpensATask_data()
     QTest::newRow("networking") << QStringList{u"Acme"_s, u"Ana Ruiz"_s,   u"Engineer"_s, u"networking"_s,
                                                u""_s,     u"2026-12-01"_s, u""_s}
                                 << false << u"Networking Event|12/1/2026|||0|0|0||Task"_s;
+    QTest::newRow("no date") << QStringList{u"NONE"_s, u"NONE"_s,       u"NONE"_s, u"Referral"_s,
+                                            u""_s,     u"12/31/1999"_s, u""_s}
+                             << false << u"Referral|12/31/1999|||0|0|0||Task"_s;
     QTest::newRow("a company that begins so")
         << QStringList{u"Netto"_s, u"NONE"_s, u"NONE"_s, u"Referral"_s, u""_s, u"12/1/2026"_s, u""_s} << true
         << u"Referral|12/1/2026|||0|0|3||Task"_s;
