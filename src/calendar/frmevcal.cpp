@@ -97,9 +97,6 @@ FrmEvCal::~FrmEvCal() = default;
 
 void FrmEvCal::load()
 {
-    // A reminder that comes up behind this window could not be answered.
-    m_busy.reset();
-    m_busy.emplace(m_session);
     m_loaded = true;
     m_told.removeIf([](const QString& what) { return what.startsWith(u'!'); });
     m_showComplete = m_session.dataJW().getStatusValue(u"ShowComplete"_s) == u"1";
@@ -123,7 +120,6 @@ void FrmEvCal::unload()
     m_loaded = false;
     m_events.clear();
     m_monthEvents.clear();
-    m_busy.reset();
 }
 
 void FrmEvCal::showEvent(Key eventKey)

@@ -244,7 +244,6 @@ private:
     QDate m_selectedDay;
     bool m_loaded = false;
     bool m_showComplete = false;
-    std::optional<BusyScope> m_busy;
     QSet<QString> m_told; ///< the bounds that have been spoken of
 
     bool m_frameOpen = false;

@@ -130,7 +130,7 @@ void StatementParser::orderBy(Select& select)
         term.descending = m_lexer.takeWord(u"desc");
         if (!term.descending)
             m_lexer.takeWord(u"asc");
-        select.order.push_back(std::move(term));
+        select.order.push_back(term);
         checkListed(select.order.size());
     } while (m_lexer.takeSymbol(u","));
 }

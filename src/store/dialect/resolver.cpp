@@ -37,7 +37,7 @@ void addAllColumns(Select& select)
         for (int i = 0; i < static_cast<int>(table->columns.size()); ++i) {
             SelectItem item;
             item.column.id = {table, i};
-            select.items.push_back(std::move(item));
+            select.items.push_back(item);
         }
     }
 }
