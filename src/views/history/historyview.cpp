@@ -152,6 +152,8 @@ void HistoryView::edit(const QModelIndex& index)
 
 void HistoryView::startNew()
 {
+    // A field that keeps the focus would give back the earlier entry's text at Esc.
+    m_ui->lvwHistory->setFocus(Qt::OtherFocusReason);
     m_presenter.lvwHistoryClick(m_presenter.lvwHistory().rowCount() - 1);
     render();
     m_ui->txtTopic->setFocus(Qt::OtherFocusReason);
