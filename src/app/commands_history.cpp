@@ -12,6 +12,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <array>
 #include <optional>
 #include <vector>
@@ -70,9 +71,12 @@ std::optional<Person> findPerson(const std::vector<Person>& people, const QStrin
         printError(tr("There is no contact \"%1\".").arg(wanted));
         return std::nullopt;
     }
+    constexpr size_t mostNamed = 12;
     QStringList names;
-    for (const Person& person : found)
-        names.append(person.withCompany());
+    for (size_t i = 0; i < std::min(found.size(), mostNamed); ++i)
+        names.append(found[i].withCompany());
+    if (found.size() > mostNamed)
+        names.append(tr("and %1 more").arg(found.size() - mostNamed));
     printError(tr("Several contacts go by \"%1\": %2").arg(wanted, names.join(u"; "_s)));
     return std::nullopt;
 }
@@ -82,16 +86,23 @@ QJsonValue dateOrNull(QDate date)
     return date.isValid() && date != dates::sentinel ? QJsonValue(date.toString(Qt::ISODate)) : QJsonValue();
 }
 
+/// A text in its column: a line break or an escape in it stays harmless.
+QString column(QString text, int width)
+{
+    for (QChar& c : text) {
+        if (c.category() == QChar::Other_Control)
+            c = u' ';
+    }
+    return text.simplified().leftJustified(width, u' ', width > 0);
+}
+
 void printTable(const std::vector<History>& histories)
 {
     const auto row = [](const QStringList& cells) {
         constexpr std::array widths{10, 16, 13, 40, 10, 0};
         QString line;
         for (size_t i = 0; i < widths.size(); ++i)
-            line += cells.at(static_cast<qsizetype>(i))
-                        .simplified()
-                        .leftJustified(widths[i], u' ', widths[i] > 0) +
-                    u"  ";
+            line += column(cells.at(static_cast<qsizetype>(i)), widths[i]) + u"  ";
         printLine(line.trimmed());
     };
     const auto day = [](QDate date) -> QString {

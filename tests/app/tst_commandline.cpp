@@ -219,7 +219,8 @@ private slots:
              {u"Insert into Company(Name) Values('Acme')"_s, u"Insert into Company(Name) Values('Bolt')"_s,
               u"Insert into Contact(FirstName,LastName,CompanyKey) Values('Ann','O`Lee',1)"_s,
               u"Insert into Contact(FirstName,LastName,CompanyKey) Values('Ann','O`Lee',2)"_s,
-              u"Insert into History(HistoryKey,ContactKey,ContactCount,Topic,ContactDate,NextCall,DocumentXfer) "
+              u"Insert into "
+              u"History(HistoryKey,ContactKey,ContactCount,Topic,ContactDate,NextCall,DocumentXfer) "
               "Values('2-1',2,1,'Fair','11/5/26','12/31/1999','1')"_s})
             QCOMPARE(run(folder.path(), {u"query"_s, statement}).status, 0);
         const Outcome unclear = run(folder.path(), {u"history"_s, u"ann o'lee"_s});

@@ -39,7 +39,8 @@ bool isBuiltIn(const QWidget& widget)
     if (widget.objectName().startsWith("qt_"_L1))
         return true;
     const QWidget* parent = widget.parentWidget();
-    return parent && (qobject_cast<const QComboBox*>(parent) || qobject_cast<const QTabBar*>(parent));
+    return parent && (qobject_cast<const QComboBox*>(parent) || qobject_cast<const QTabBar*>(parent) ||
+                      qobject_cast<const QLineEdit*>(parent));
 }
 
 QList<QWidget*> controlsOf(QWidget& view)

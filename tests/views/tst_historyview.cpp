@@ -225,6 +225,7 @@ void TestHistoryView::sortingAndMarksLeaveTheSlotsAlone()
         QCOMPARE(bench.listed(), u"Called, Met at the fair, Wrote, <New>"_s);
         bench.clickHeader(FrmHistory::TopicColumn);
         QCOMPARE(bench.listed(), u"Wrote, Met at the fair, Called, <New>"_s);
+        bench.clickRow(0);
         QTest::mouseDClick(bench.list()->viewport(), Qt::LeftButton, {}, bench.placeOf(0));
         QCOMPARE(bench.topic(), u"Wrote"_s);
         QCOMPARE(QApplication::focusWidget()->objectName(), u"txtTopic"_s);

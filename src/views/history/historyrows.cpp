@@ -30,7 +30,7 @@ QVariant HistoryRows::data(const QModelIndex& index, int role) const
 {
     const QVariant plain = QSortFilterProxyModel::data(index, role);
     if (!index.isValid() || index.column() != FrmHistory::CallColumn ||
-        index.data(RowModel::KindRole).toString() != u"overdue")
+        QSortFilterProxyModel::data(index, RowModel::KindRole).toString() != u"overdue")
         return plain;
     switch (role) {
     case Qt::DisplayRole:
