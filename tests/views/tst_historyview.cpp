@@ -122,7 +122,6 @@ private slots:
     void sortingAndMarksLeaveTheSlotsAlone();
     void searchNarrowsAsOneTypes();
     void closingThatFailsKeepsTheScreen();
-    void emptyHistorySaysWhatToDo();
     void importWaitsForItsVersion();
     void dialogComesBackAsItWasLeft();
 };
@@ -141,6 +140,9 @@ void TestHistoryView::interactionIsEnteredStoredAndFoundAgain()
         auto* medium = bench.there<QComboBox>(u"cmbMedium"_s);
         medium->setFocus();
         bench.press(Qt::Key_M); // "Meeting"
+        bench.press(Qt::Key_Delete);
+        QCOMPARE(bench.frm->history().form().text(u"cmbMedium"_s), QString());
+        bench.press(Qt::Key_M);
         QTest::mouseClick(bench.there<QCheckBox>(u"chkDoxGiven"_s), Qt::LeftButton, {}, QPoint(8, 8));
         bench.there<QPlainTextEdit>(u"txtDetails"_s)->setFocus();
         bench.type(u"one\ntwo"_s);
@@ -284,19 +286,6 @@ void TestHistoryView::closingThatFailsKeepsTheScreen()
         QVERIFY(!bench.dialog->isVisible());
     });
     QCOMPARE(bench.stored(), u"1-1|Met at the fair;1-2|Wrote;1-3|Called;1-4|Hard won"_s);
-}
-
-void TestHistoryView::emptyHistorySaysWhatToDo()
-{
-    HistoryWindow bench;
-    bench.run(u"Delete * from History"_s);
-    bench.inHistory([&] {
-        QVERIFY(bench.list()->hint().contains(u"press Update"_s));
-        bench.type(u"First\n"_s);
-        QCOMPARE(bench.list()->hint(), QString());
-        bench.press(Qt::Key_Escape);
-    });
-    QCOMPARE(bench.stored(), u"1-1|First"_s);
 }
 
 void TestHistoryView::importWaitsForItsVersion()

@@ -105,6 +105,8 @@ void HistoryView::connectKeys()
         m_ui->txtSearch->selectAll();
     });
     m_ui->txtSearch->installEventFilter(this);
+    for (QComboBox* box : {m_ui->cmbMedium, m_ui->cmbLength, m_ui->cmbReturn})
+        box->installEventFilter(this);
 }
 
 void HistoryView::restoreLayout()
@@ -117,9 +119,23 @@ void HistoryView::restoreLayout()
 
 bool HistoryView::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched != m_ui->txtSearch || event->type() != QEvent::KeyPress)
+    if (event->type() != QEvent::KeyPress)
         return QDialog::eventFilter(watched, event);
-    switch (static_cast<QKeyEvent*>(event)->key()) {
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    if (auto* box = qobject_cast<QComboBox*>(watched)) {
+        // Nothing is none of the entries, and yet a choice.
+        if (key != Qt::Key_Delete && key != Qt::Key_Backspace)
+            return false;
+        box->setCurrentIndex(-1);
+        return true;
+    }
+    return searchKey(key);
+}
+
+/// What a key does in the search box beside typing; true when it is done with.
+bool HistoryView::searchKey(int key)
+{
+    switch (key) {
     case Qt::Key_Escape:
         if (m_ui->txtSearch->text().isEmpty())
             return false; // closes the screen

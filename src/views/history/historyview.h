@@ -38,6 +38,7 @@ private:
     void connectList();
     void connectKeys();
     void restoreLayout();
+    bool searchKey(int key);
     void choose(const QModelIndex& index);
     void edit(const QModelIndex& index);
     void startNew();
