@@ -142,7 +142,7 @@ void TestHistoryView::interactionIsEnteredStoredAndFoundAgain()
         bench.press(Qt::Key_M); // "Meeting"
         bench.press(Qt::Key_Delete);
         QCOMPARE(bench.frm->history().form().text(u"cmbMedium"_s), QString());
-        bench.press(Qt::Key_M);
+        bench.press(Qt::Key_Home);
         QTest::mouseClick(bench.there<QCheckBox>(u"chkDoxGiven"_s), Qt::LeftButton, {}, QPoint(8, 8));
         bench.there<QPlainTextEdit>(u"txtDetails"_s)->setFocus();
         bench.type(u"one\ntwo"_s);
@@ -156,7 +156,7 @@ void TestHistoryView::interactionIsEnteredStoredAndFoundAgain()
     });
     QCOMPARE(bench.cells(u"Select Topic,Medium,Details,ContactDate,DocumentXfer from History where "
                          "HistoryKey='1-4'"_s),
-             u"Élan`s plan|Meeting|one\r\ntwo|11/22/2026|1"_s);
+             u"Élan`s plan|Phone|one\r\ntwo|11/22/2026|1"_s);
     // The screens behind show what the history has moved, and keep it when they are saved.
     const QString today = QLocale().toString(QDate(2026, 11, 22), QLocale::ShortFormat);
     QCOMPARE(bench.line(u"txtDTPicker1"_s)->text(), today);
@@ -168,7 +168,7 @@ void TestHistoryView::interactionIsEnteredStoredAndFoundAgain()
     bench.inHistory([&] {
         bench.clickRow(3);
         QCOMPARE(bench.there<QPlainTextEdit>(u"txtDetails"_s)->toPlainText(), u"one\ntwo"_s);
-        QCOMPARE(bench.there<QComboBox>(u"cmbMedium"_s)->currentText(), u"Meeting"_s);
+        QCOMPARE(bench.there<QComboBox>(u"cmbMedium"_s)->currentText(), u"Phone"_s);
         bench.press(Qt::Key_Escape);
     });
 }
