@@ -67,7 +67,7 @@ void HistoryView::setUpList()
     HistoryList& list = *m_ui->lvwHistory;
     list.setModel(m_rows);
     QHeaderView& header = *list.header();
-    constexpr std::array widths{12, 30, 14, 12, 15, 28, 14};
+    constexpr std::array widths{13, 28, 14, 12, 15, 30, 14};
     for (int column = 0; column < static_cast<int>(widths.size()); ++column)
         header.resizeSection(column, look::fieldWidth(list, widths[static_cast<size_t>(column)]));
     // Without a column chosen the list stands in the order of the slots.
