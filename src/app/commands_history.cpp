@@ -1,6 +1,170 @@
-// The commands about what happened.
+// What happened with a contact: the histories, printed.
 #include "app/commands.h"
+#include "app/output.h"
+#include "base/dates.h"
+#include "base/text.h"
+#include "store/datajw.h"
+
+#include <QCoreApplication>
+#include <QHash>
+#include <QJsonArray>
+#include <QJsonObject>
 
 #include <CLI/CLI.hpp>
 
-void addHistoryCommands(CLI::App&, Command&) {}
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <vector>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString tr(const char* text)
+{
+    return QCoreApplication::translate("Commands", text);
+}
+
+struct Person
+{
+    Key key = 0;
+    QString name;
+    QString company;
+
+    /// What tells namesakes apart, and can be typed as it was printed.
+    [[nodiscard]] QString withCompany() const { return name + u" (" + company + u')'; }
+};
+
+std::vector<Person> readPeople(DataJW& dataJW)
+{
+    QHash<qint64, QString> companies;
+    RecordSet names = dataJW.getExecQueryRecords(u"Select CompanyKey,Name from Company"_s);
+    for (; !names.atEnd(); names.next())
+        companies.insert(names.value(0).toLongLong(), names.text(1).simplified());
+    std::vector<Person> people;
+    RecordSet rows = dataJW.getExecQueryRecords(
+        u"Select ContactKey,FirstName,LastName,CompanyKey from Contact order by LastName"_s);
+    for (; !rows.atEnd(); rows.next()) {
+        if (const auto key = rows.key(u"ContactKey"))
+            people.push_back({*key, QString(rows.text(1) + u' ' + rows.text(2)).simplified(),
+                              companies.value(rows.value(3).toLongLong())});
+    }
+    return people;
+}
+
+/// The contact that the user means: the whole name in any case, else the only one that holds the text.
+std::optional<Person> findPerson(const std::vector<Person>& people, const QString& wanted)
+{
+    std::vector<Person> same;
+    std::vector<Person> holding;
+    for (const Person& person : people) {
+        if (person.name.compare(wanted, Qt::CaseInsensitive) == 0)
+            same.push_back(person);
+        if (person.withCompany().contains(wanted, Qt::CaseInsensitive))
+            holding.push_back(person);
+    }
+    const std::vector<Person>& found = same.empty() ? holding : same;
+    if (found.size() == 1)
+        return found.front();
+    if (found.empty()) {
+        printError(tr("There is no contact \"%1\".").arg(wanted));
+        return std::nullopt;
+    }
+    constexpr size_t mostNamed = 12;
+    QStringList names;
+    for (size_t i = 0; i < std::min(found.size(), mostNamed); ++i)
+        names.append(found[i].withCompany());
+    if (found.size() > mostNamed)
+        names.append(tr("and %1 more").arg(found.size() - mostNamed));
+    printError(tr("Several contacts go by \"%1\": %2").arg(wanted, names.join(u"; "_s)));
+    return std::nullopt;
+}
+
+QJsonValue dateOrNull(QDate date)
+{
+    return date.isValid() && date != dates::sentinel ? QJsonValue(date.toString(Qt::ISODate)) : QJsonValue();
+}
+
+/// A text in its column: a line break or an escape in it stays harmless.
+QString column(QString text, int width)
+{
+    for (QChar& c : text) {
+        if (c.category() == QChar::Other_Control)
+            c = u' ';
+    }
+    return text.simplified().leftJustified(width, u' ', width > 0);
+}
+
+void printTable(const std::vector<History>& histories)
+{
+    const auto row = [](const QStringList& cells) {
+        constexpr std::array widths{10, 16, 13, 40, 10, 0};
+        QString line;
+        for (size_t i = 0; i < widths.size(); ++i)
+            line += column(cells.at(static_cast<qsizetype>(i)), widths[i]) + u"  ";
+        printLine(line.trimmed());
+    };
+    const auto day = [](QDate date) -> QString {
+        return date.isValid() && date != dates::sentinel ? date.toString(Qt::ISODate) : u"-"_s;
+    };
+    row({tr("Date"), tr("Medium"), tr("Length"), tr("Topic"), tr("Next call"), tr("Return")});
+    for (const History& history : histories)
+        row({day(history.ContactDate), history.medium, history.Length, history.topic, day(history.NextCall),
+             history.ReturnCall});
+}
+
+void printAsJson(const std::vector<History>& histories)
+{
+    QJsonArray array;
+    for (const History& history : histories)
+        array.append(QJsonObject{{u"date"_s, dateOrNull(history.ContactDate)},
+                                 {u"topic"_s, history.topic},
+                                 {u"medium"_s, history.medium},
+                                 {u"length"_s, history.Length},
+                                 {u"location"_s, history.Location},
+                                 {u"details"_s, history.Details},
+                                 {u"return"_s, history.ReturnCall},
+                                 {u"nextCall"_s, dateOrNull(history.NextCall)},
+                                 {u"document"_s, !history.DocXfer.isEmpty() && history.DocXfer != u"0"}});
+    printJson(array);
+}
+
+int history(CommandContext& context, const QString& wanted, bool json)
+{
+    Session* const session = context.openSession();
+    if (!session)
+        return context.exitCode;
+    // Stored names hold backquotes where the user types apostrophes.
+    const auto person = findPerson(readPeople(session->dataJW()), text::quoteFix(wanted).simplified());
+    if (!person)
+        return Failed;
+    const auto histories = History::loadAll(session->dataJW(), person->key);
+    if (!histories)
+        return Failed;
+    if (json)
+        printAsJson(*histories);
+    else
+        printTable(*histories);
+    return Done;
+}
+
+} // namespace
+
+void addHistoryCommands(CLI::App& app, Command& chosen)
+{
+    auto* const command = app.add_subcommand("history", "List the histories of a contact, the oldest first");
+    auto name = std::make_shared<std::string>();
+    auto json = std::make_shared<bool>(false);
+    command
+        ->add_option("CONTACT", *name,
+                     "First and last name in any case, or a part that only one contact has; behind it the "
+                     "company in brackets where two have the same name")
+        ->required();
+    command->add_flag("--json", *json, "The same as JSON, with place, details and document");
+    command->callback([=, &chosen] {
+        chosen = [=](CommandContext& context) {
+            return history(context, QString::fromStdString(*name), *json);
+        };
+    });
+}

@@ -203,8 +203,10 @@ int startWorkbench(int& argc, char** argv, const StartOptions& options)
         workbench.calendar().unload();
     });
     navigator.add(QStringLiteral("FrmHistory"), [&] {
-        workbench.history().load(workbench.selection().currentContactKey);
+        if (!workbench.history().load(workbench.selection().currentContactKey))
+            return;
         HistoryView(workbench.history(), session.settings().file(), &window).exec();
+        // The dialog has written what was changed, unless the program is ending under it.
         workbench.history().unload();
     });
     window.show();

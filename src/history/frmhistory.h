@@ -5,10 +5,13 @@
 #include "base/key.h"
 #include "base/ports.h"
 #include "base/rowmodel.h"
+#include "history/historyentries.h"
 #include "store/session.h"
 
+#include <QHash>
 #include <QObject>
 
+class DataJW;
 class FrmEvCal;
 
 /// Loads all entries of a contact, edits them in memory, and writes them back as a whole at its closing.
@@ -17,19 +20,80 @@ class FrmHistory : public QObject
     Q_OBJECT
 
 public:
+    /// Columns of lvwHistory, in order.
+    enum Column {
+        DateColumn,
+        TopicColumn,
+        MediumColumn,
+        LengthColumn,
+        LocationColumn,
+        CallColumn,
+        ReturnColumn
+    };
+
     FrmHistory(Session& session, FrmEvCal& calendar);
     ~FrmHistory() override;
 
     [[nodiscard]] Form& form() { return m_form; }
+    /// A row for each entry in the order of the slots, with the slot's number and "Hist" as its key; its kind
+    /// is "overdue" when the next call is. The last row is "<New>", of the kind "new".
     [[nodiscard]] RowModel& lvwHistory() { return m_list; }
+    /// The slot being edited, from 1; 0 before any was chosen.
+    [[nodiscard]] int selectedHistory() const { return m_selected; }
+    [[nodiscard]] bool historyDirty() const { return m_dirty; }
+    /// True when a row's texts, its details too, hold @p words in any case.
+    [[nodiscard]] bool holds(int row, const QString& words) const;
 
-    void load(Key contactKey); ///< the screen opens
-    /// The screen closes: what was changed is written.
-    void unload();
+    /// The screen opens. False when there is no such contact; the user has been told.
+    bool load(Key contactKey);
+    /// The screen closes: what was changed is written. False when that failed and the user wants to stay and
+    /// try again; everything is then as it was before.
+    bool unload();
+
+    /// A row of the list was chosen: the controls take its entry, or are prepared for a new one.
+    void lvwHistoryClick(int row);
+    void clearHistoryEntry();
+    /// What cmdAddEvent hands to the calendar: "H0" to "H6".
+    [[nodiscard]] QHash<QString, QString> eventValues() const;
+
+    void fieldChanged(const QString& control); ///< called by the binder
+
+public slots:
+    void cmdAddHistory();
+    void cmdRemoveHistory();
+    void cmdAddEvent();
+
+signals:
+    /// The list was drawn anew, or another slot is being edited.
+    void changed();
+    /// Histories, the contact and positions in the store are no longer what they were.
+    void recordsChanged();
 
 private:
+    [[nodiscard]] DataJW& dataJW() const { return m_session.dataJW(); }
+    void fillBoxes();
+    void loadHistoryList(bool fresh);
+    void readEntries();
+    void lock(const QString& why);
+    void showEntry(const History& entry);
+    void showChoice(const QString& box, const QString& text);
+    void enableButtons();
+    void say(const QString& note);
+    [[nodiscard]] History entryTyped() const;
+    [[nodiscard]] QDate dayTyped(const QString& control, QDate stored) const;
+    [[nodiscard]] bool mayBeStored(const History& entry);
+    void refuseFurther();
+    [[nodiscard]] bool close();
+    [[nodiscard]] QString firstPosition() const;
+
     Session& m_session;
     FrmEvCal& m_calendar;
     Form m_form;
     RowModel m_list;
+    HistoryEntries m_entries;
+    int m_selected = 0;
+    bool m_dirty = false;
+    bool m_locked = false; ///< not all of the entries are in memory, so nothing may be written back
+    bool m_hinted = false; ///< the user knows that the slots run out
+    QString m_company;
 };

@@ -5,6 +5,25 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// Everything of the row at hand but its two numbers, which may not fit.
+void copyTexts(History& history, const RecordSet& rows)
+{
+    history.HistKey = rows.text(u"HistoryKey");
+    history.DocXfer = rows.text(u"DocumentXfer");
+    history.ContactDate = rows.date(u"ContactDate");
+    history.NextCall = rows.date(u"NextCall");
+    history.ReturnCall = rows.text(u"Return");
+    history.Location = rows.text(u"Location");
+    history.Details = rows.text(u"Details");
+    history.topic = rows.text(u"Topic");
+    history.Length = rows.text(u"Length");
+    history.medium = rows.text(u"Medium");
+}
+
+} // namespace
+
 void History::loadDataFromDatabase(DataJW& dataJW, Key contactKey, int index)
 {
     RecordSet rows = dataJW.getHistoryByContactKeyCnt(contactKey);
@@ -18,18 +37,25 @@ void History::loadDataFromDatabase(DataJW& dataJW, Key contactKey, int index)
         dataJW.logError(u"History-LoadDataFromDatabase"_s + text::crlf + rows.text(u"HistoryKey"));
         return;
     }
-    HistKey = rows.text(u"HistoryKey");
-    DocXfer = rows.text(u"DocumentXfer");
-    ContactDate = rows.date(u"ContactDate");
-    NextCall = rows.date(u"NextCall");
-    ReturnCall = rows.text(u"Return");
-    Location = rows.text(u"Location");
-    Details = rows.text(u"Details");
-    topic = rows.text(u"Topic");
-    Length = rows.text(u"Length");
-    medium = rows.text(u"Medium");
+    copyTexts(*this, rows);
     ContactCount = count.value_or(0);
     ContactKey = *contact;
+}
+
+std::optional<std::vector<History>> History::loadAll(DataJW& dataJW, Key contactKey)
+{
+    RecordSet rows = dataJW.getHistoryByContactKeyCnt(contactKey);
+    if (rows.isNothing())
+        return std::nullopt;
+    std::vector<History> all;
+    all.reserve(static_cast<size_t>(rows.rowCount()));
+    for (; !rows.atEnd(); rows.next()) {
+        History& history = all.emplace_back();
+        copyTexts(history, rows);
+        history.ContactCount = rows.key(u"ContactCount").value_or(0);
+        history.ContactKey = contactKey;
+    }
+    return all;
 }
 
 int History::getHistoryCount(DataJW& dataJW, Key contactKey)

@@ -8,6 +8,9 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
+#include <vector>
+
 class DataJW;
 
 /// A document of the repository.
@@ -44,6 +47,10 @@ struct History
     /// Copies row @p index (from 1) of the contact's histories in date order; the record stays as it was when
     /// there is none.
     void loadDataFromDatabase(DataJW& dataJW, Key contactKey, int index);
+    /// All histories of the contact in the order in which loadDataFromDatabase() counts them, read in one
+    /// statement. A running number that does not fit into 16 bits is 0. Nothing when they could not be read
+    /// (logged and shown).
+    static std::optional<std::vector<History>> loadAll(DataJW& dataJW, Key contactKey);
     /// How many histories the contact has: their number, not the running number of the last one.
     static int getHistoryCount(DataJW& dataJW, Key contactKey);
 };

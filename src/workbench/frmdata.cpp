@@ -55,6 +55,7 @@ FrmData::FrmData(Session& session, Navigator& navigator)
     connect(m_reminder.get(), &FrmReminder::recordsChanged, m_calendar.get(), &FrmEvCal::reload);
     connect(m_reminder.get(), &FrmReminder::recordsChanged, this, &FrmData::stepsChanged);
     connect(m_calendar.get(), &FrmEvCal::recordsChanged, this, &FrmData::stepsChanged);
+    connect(m_history.get(), &FrmHistory::recordsChanged, this, &FrmData::stepsChanged);
     m_form.setText(u"Label45"_s, tr("Company"));
     m_form.setVisible(u"pbarLoad"_s, false);
     // The program begins on the Company screen, with no company chosen.

@@ -85,6 +85,11 @@ private slots:
             << QStringList{u"contacts"_s, u"alder & f"_s} << 0 << u"Mara Lindqvist"_s;
         QTest::newRow("contacts of nobody")
             << QStringList{u"contacts"_s, u"Nobody & Sons"_s} << 1 << u"no company"_s;
+        QTest::newRow("history, a part of the name")
+            << QStringList{u"history"_s, u"mara lind"_s} << 0 << u"Next call"_s;
+        QTest::newRow("history of nobody")
+            << QStringList{u"history"_s, u"Nobody At All"_s} << 1 << u"no contact"_s;
+        QTest::newRow("history, several people") << QStringList{u"history"_s, u"a"_s} << 1 << u"Several"_s;
         QTest::newRow("query, no statement")
             << QStringList{u"query"_s, u"drop table Company"_s} << 1 << u"jobwright: "_s;
         QTest::newRow("query, no table")
@@ -205,6 +210,30 @@ private slots:
         const QJsonArray all = list({u"contacts"_s, u"--json"_s});
         QCOMPARE(all.size(), 2);
         QVERIFY(all.at(1).toObject().value(u"lastContact"_s).isNull());
+    }
+
+    void historiesOfANamesakeAsJson()
+    {
+        QTemporaryDir folder;
+        for (const QString& statement :
+             {u"Insert into Company(Name) Values('Acme')"_s, u"Insert into Company(Name) Values('Bolt')"_s,
+              u"Insert into Contact(FirstName,LastName,CompanyKey) Values('Ann','O`Lee',1)"_s,
+              u"Insert into Contact(FirstName,LastName,CompanyKey) Values('Ann','O`Lee',2)"_s,
+              u"Insert into "
+              u"History(HistoryKey,ContactKey,ContactCount,Topic,ContactDate,NextCall,DocumentXfer) "
+              "Values('2-1',2,1,'Fair','11/5/26','12/31/1999','1')"_s})
+            QCOMPARE(run(folder.path(), {u"query"_s, statement}).status, 0);
+        const Outcome unclear = run(folder.path(), {u"history"_s, u"ann o'lee"_s});
+        QCOMPARE(unclear.status, 1);
+        QVERIFY2(unclear.error.contains(u"Ann O`Lee (Acme); Ann O`Lee (Bolt)"_s), qPrintable(unclear.error));
+        const Outcome one = run(folder.path(), {u"history"_s, u"--json"_s, u"Ann O'Lee (bolt)"_s});
+        const QJsonArray all = QJsonDocument::fromJson(one.out.toUtf8()).array();
+        QCOMPARE(all.size(), 1);
+        const QJsonObject history = all.at(0).toObject();
+        QCOMPARE(history.value(u"topic"_s).toString(), u"Fair"_s);
+        QCOMPARE(history.value(u"date"_s).toString(), u"2026-11-05"_s);
+        QVERIFY(history.value(u"nextCall"_s).isNull());
+        QCOMPARE(history.value(u"document"_s), QJsonValue(true));
     }
 
     void exportedFileComesBack()

@@ -32,6 +32,7 @@ offers "companies|contacts|copy" co
 offers "--folder" --f
 offers "--json" query --j
 offers "--json" pipeline --j
+offers "history" hi
 offers 'Alder\ Works|Alder\ \&\ Daughters' positions alder
 offers "--yes" --folder other import --y
 offers 'Alder\ Works|Alder\ \&\ Daughters' summary alder

@@ -1,6 +1,8 @@
 // Grabs the workbench for the documents, with a record on each of its screens:
 // jobwright_pictures CAMPAIGN.xml light|dark SCREEN OUT.png
+#include "history/frmhistory.h"
 #include "store/demo.h"
+#include "views/history/historyview.h"
 #include "views/palettes.h"
 #include "views/workbench/workbenchwindow.h"
 #include "workbench/bench.h"
@@ -33,13 +35,27 @@ bool chooseNode(PipelineScreen& pipeline, const QModelIndex& parent, const QStri
     return false;
 }
 
+/// Grabs the history of the contact shown, with its latest entry in the fields.
+bool grabHistory(Bench& bench, QSettings& layout, const QString& file)
+{
+    FrmHistory& history = bench.frm->history();
+    bench.world.session->outlookAvailable = true;
+    if (!history.load(bench.frm->selection().currentContactKey))
+        return false;
+    HistoryView view(history, layout);
+    history.lvwHistoryClick(history.lvwHistory().rowCount() - 2);
+    view.show();
+    QCoreApplication::processEvents();
+    return view.grab().save(file);
+}
+
 /// Opens a tab and shows one of the demo's records on it.
 void openScreen(FrmData& frm, const QString& screen)
 {
-    frm.tabStrip1Click(screen);
+    frm.tabStrip1Click(screen == "History"_L1 ? u"Contact"_s : screen);
     if (screen == "Position"_L1)
         frm.positionScreen().showPosition(u"Milk Network Planner"_s);
-    if (screen == "Contact"_L1)
+    if (screen == "Contact"_L1 || screen == "History"_L1)
         frm.contactScreen().showContact(
             frm.session().dataJW().getContactNames(frm.selection().selectedCompanyName()).value(0));
     if (screen == "Document"_L1)
@@ -78,7 +94,8 @@ int main(int argc, char** argv)
     bench.choose(u"Brightwater Dairy Cooperative"_s);
     openScreen(*bench.frm, arguments.at(3));
     QCoreApplication::processEvents();
-    const bool written = window.grab().save(arguments.at(4));
+    const bool written = arguments.at(3) == "History"_L1 ? grabHistory(bench, layout, arguments.at(4))
+                                                         : window.grab().save(arguments.at(4));
     if (!written)
         std::fputs("The picture could not be written.\n", stderr);
     window.close();

@@ -2,7 +2,9 @@
 // key.
 #include "views/windowbench.h"
 
+#include "history/frmhistory.h"
 #include "intake/frmautoparse.h"
+#include "views/history/historyview.h"
 #include "views/intake/autoparseview.h"
 #include "views/workbench/importprogressview.h"
 #include "views/workbench/splashview.h"
@@ -37,7 +39,8 @@ bool isBuiltIn(const QWidget& widget)
     if (widget.objectName().startsWith("qt_"_L1))
         return true;
     const QWidget* parent = widget.parentWidget();
-    return parent && (qobject_cast<const QComboBox*>(parent) || qobject_cast<const QTabBar*>(parent));
+    return parent && (qobject_cast<const QComboBox*>(parent) || qobject_cast<const QTabBar*>(parent) ||
+                      qobject_cast<const QLineEdit*>(parent));
 }
 
 QList<QWidget*> controlsOf(QWidget& view)
@@ -67,6 +70,41 @@ bool followsForTheEye(const QRect& before, const QRect& after)
     return after.top() >= before.bottom() || after.left() >= before.right();
 }
 
+/// From the control named @p start round to it again: every control once, in reading order.
+void walkByTab(QWidget& window, const QString& start)
+{
+    QStringList wanted;
+    const auto controls = controlsOf(window);
+    for (const QWidget* control : controls) {
+        // The arrow keys, not Tab, go to the other buttons of a group.
+        const auto* button = qobject_cast<const QAbstractButton*>(control);
+        if (button && button->autoExclusive() && !button->isChecked())
+            continue;
+        if (control->isVisible() && control->isEnabled() && (control->focusPolicy() & Qt::TabFocus))
+            wanted.append(control->objectName());
+    }
+    auto* first = window.findChild<QWidget*>(start);
+    first->setFocus();
+    QStringList visited;
+    const QWidget* before = first;
+    while (visited.size() <= wanted.size()) {
+        const QWidget* now = QApplication::focusWidget();
+        // In a date the Tab key goes from part to part.
+        if (visited.isEmpty() || visited.last() != now->objectName())
+            visited.append(now->objectName());
+        if (before != now)
+            QVERIFY2(followsForTheEye(placeOf(*before), placeOf(*now)),
+                     qPrintable(described(*before) + u" -> "_s + described(*now)));
+        before = now;
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        if (QApplication::focusWidget() == first)
+            break;
+    }
+    for (const QString& control : std::as_const(wanted))
+        QVERIFY2(visited.contains(control), qPrintable(u"never visited: "_s + control));
+    QCOMPARE(visited.size(), wanted.size());
+}
+
 QString mnemonicOf(const QString& text)
 {
     return QKeySequence::mnemonic(text).toString();
@@ -92,12 +130,14 @@ private slots:
     void everyRowOfTheFormHasItsControl();
     void noTextIsCutOffAtTheSmallestSize_data() { addScreens(); }
     void noTextIsCutOffAtTheSmallestSize();
+    void historyIsWalkedByKeysAndReadAtItsSmallest();
 
 private:
     void addViews()
     {
         QTest::addColumn<QString>("name");
-        for (const auto& name : {u"frmData"_s, u"frmImportProg"_s, u"frmSplash"_s, u"frmAutoParse"_s})
+        for (const auto& name :
+             {u"frmData"_s, u"frmImportProg"_s, u"frmSplash"_s, u"frmAutoParse"_s, u"frmHistory"_s})
             QTest::newRow(qPrintable(name)) << name;
     }
     void addScreens()
@@ -121,6 +161,7 @@ private:
     QWidget* view(const QString& name)
     {
         m_cardView.reset();
+        m_historyView.reset();
         m_bench = std::make_unique<WindowBench>();
         m_bench->addContact(u"Ann"_s, u"Lee"_s, m_bench->addCompany(u"Acme"_s));
         m_bench->open();
@@ -134,13 +175,24 @@ private:
             return m_splashView.get();
         if (name == "frmAutoParse"_L1)
             return m_cardView.get();
+        if (name == "frmHistory"_L1)
+            return historyView();
         return name == "frmData"_L1 ? m_bench->window.get() : m_bench->find<QWidget>(name);
+    }
+
+    QWidget* historyView()
+    {
+        m_bench->world.session->outlookAvailable = true;
+        m_bench->frm->history().load(1);
+        m_historyView = std::make_unique<HistoryView>(m_bench->frm->history(), *m_bench->layout);
+        return m_historyView.get();
     }
 
     std::unique_ptr<WindowBench> m_bench;
     std::unique_ptr<FrmSplash> m_splash;
     std::unique_ptr<SplashView> m_splashView;
     std::unique_ptr<AutoParseView> m_cardView;
+    std::unique_ptr<HistoryView> m_historyView;
 };
 
 void TestAudit::everyControlHasItsOwnName()
@@ -216,36 +268,7 @@ void TestAudit::tabKeyVisitsEveryControlInReadingOrder()
 {
     QFETCH(QString, screen);
     QWidget* window = windowOn(screen);
-    QStringList wanted;
-    const auto controls = controlsOf(*window);
-    for (const QWidget* control : controls) {
-        // The arrow keys, not Tab, go to the other buttons of a group.
-        const auto* button = qobject_cast<const QAbstractButton*>(control);
-        if (button && button->autoExclusive() && !button->isChecked())
-            continue;
-        if (control->isVisible() && control->isEnabled() && (control->focusPolicy() & Qt::TabFocus))
-            wanted.append(control->objectName());
-    }
-    const QWidget* first = window->findChild<QWidget*>(u"cmbSelection"_s);
-    window->findChild<QWidget*>(u"cmbSelection"_s)->setFocus();
-    QStringList visited;
-    const QWidget* before = first;
-    while (visited.size() <= wanted.size()) {
-        const QWidget* now = QApplication::focusWidget();
-        // In a date the Tab key goes from part to part.
-        if (visited.isEmpty() || visited.last() != now->objectName())
-            visited.append(now->objectName());
-        if (before != now)
-            QVERIFY2(followsForTheEye(placeOf(*before), placeOf(*now)),
-                     qPrintable(described(*before) + u" -> "_s + described(*now)));
-        before = now;
-        m_bench->press(Qt::Key_Tab);
-        if (QApplication::focusWidget() == first)
-            break;
-    }
-    for (const QString& control : std::as_const(wanted))
-        QVERIFY2(visited.contains(control), qPrintable(u"never visited: "_s + control));
-    QCOMPARE(visited.size(), wanted.size());
+    walkByTab(*window, u"cmbSelection"_s);
 }
 
 void TestAudit::everyRowOfTheFormHasItsControl()
@@ -280,6 +303,31 @@ void TestAudit::noTextIsCutOffAtTheSmallestSize()
         if (button->isVisible())
             QVERIFY2(button->width() >= button->minimumSizeHint().width(), qPrintable(described(*button)));
     }
+}
+
+void TestAudit::historyIsWalkedByKeysAndReadAtItsSmallest()
+{
+    QWidget* dialog = view(u"frmHistory"_s);
+    dialog->show();
+    QVERIFY(QTest::qWaitForWindowActive(dialog));
+    walkByTab(*dialog, u"txtSearch"_s);
+    QStringList letters;
+    for (const QLabel* label : dialog->findChildren<QLabel*>())
+        letters.append(mnemonicOf(label->text()));
+    for (const QAbstractButton* button : dialog->findChildren<QAbstractButton*>())
+        letters.append(mnemonicOf(button->text()));
+    letters.removeAll(QString());
+    QCOMPARE(QStringList(letters.cbegin(), letters.cend()).removeDuplicates(), 0);
+    QVERIFY(letters.size() > 12);
+    dialog->resize(dialog->minimumSizeHint());
+    QCoreApplication::processEvents();
+    for (const QWidget* widget : dialog->findChildren<QWidget*>()) {
+        const bool isText = qobject_cast<const QPushButton*>(widget) || qobject_cast<const QLabel*>(widget);
+        if (widget->isVisible() && isText)
+            QVERIFY2(widget->width() >= widget->minimumSizeHint().width(), qPrintable(described(*widget)));
+    }
+    for (const FieldRow& row : m_bench->frm->history().form().rows())
+        QVERIFY2(dialog->findChild<QWidget*>(row.control), qPrintable(row.control));
 }
 
 QTEST_MAIN(TestAudit)

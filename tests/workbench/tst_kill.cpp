@@ -1,5 +1,6 @@
-// A process killed at any moment of a save, a removal, a restore or an import leaves the store as before or
-// as after it. JOBWRIGHT_KILLS sets the number of kills (42 without it).
+// A process killed at any moment of a save, a removal, a closing, a restore or an import leaves the store as
+// before or as after it. JOBWRIGHT_KILLS sets the number of kills (42 without it).
+#include "history/frmhistory.h"
 #include "store/childwork.h"
 #include "store/storefile.h"
 #include "workbench/bench.h"
@@ -55,6 +56,17 @@ std::function<void()> prepared(FrmData& frm, const QString& kind)
     }
     frm.tabStrip1Click(u"Contact"_s);
     frm.contactScreen().showContact(u"F9 L"_s);
+    if (kind == u"history") {
+        FrmHistory& history = frm.history();
+        history.load(frm.selection().currentContactKey);
+        for (int slot = 0; slot < 200; ++slot) {
+            history.lvwHistoryClick(history.lvwHistory().rowCount() - 1);
+            change(history.form(), u"txtTopic"_s);
+            history.form().edit(u"chkDoxGiven"_s, u"1"_s);
+            history.cmdAddHistory();
+        }
+        return [&history] { history.unload(); };
+    }
     if (kind == u"removal")
         return [&frm] { frm.contactScreen().cmdRemoveContact1(); };
     change(frm.contactScreen().form(), u"txtDept"_s);
@@ -151,6 +163,7 @@ void TestKill::killedAtAnyMoment_data()
     QTest::addRow("position save") << u"position"_s;
     QTest::addRow("contact save") << u"contact"_s;
     QTest::addRow("contact removal") << u"removal"_s;
+    QTest::addRow("history closing") << u"history"_s;
     QTest::addRow("document rewrite") << u"document"_s;
     QTest::addRow("restore") << u"restore"_s;
     QTest::addRow("import") << u"merge"_s;

@@ -57,7 +57,9 @@ void writeLine(QLineEdit& edit, const QString& text)
 
 void writeCombo(QComboBox& combo, const QString& text)
 {
-    const int row = combo.findText(text, Qt::MatchFixedString);
+    // Texts that differ in their capitals only may both be among the entries.
+    const int exact = combo.findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive);
+    const int row = exact >= 0 ? exact : combo.findText(text, Qt::MatchFixedString);
     if (row >= 0 || !combo.isEditable())
         combo.setCurrentIndex(row);
     if (combo.isEditable())
