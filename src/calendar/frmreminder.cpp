@@ -58,7 +58,7 @@ void FrmReminder::load()
     m_loaded = true;
     m_session.trace(u"frmReminder - Load Reminder"_s);
     m_form.setText(u"txtInterval"_s, m_session.dataJW().getStatusValue(timeDelta, true));
-    m_form.setText(u"lblNote"_s, tr("Nothing is due."));
+    showNote();
     setScreen(false, true);
 }
 
@@ -145,8 +145,8 @@ void FrmReminder::select(const QString& rowKey)
 {
     if (m_list.find(rowKey) < 0)
         return;
-    m_list.mark(rowKey);
     m_selectedEventKey = rowKey.mid(1).toShort();
+    m_list.mark(rowKey);
 }
 
 void FrmReminder::open(const QString& rowKey)
@@ -163,6 +163,16 @@ void FrmReminder::removeSelected()
     m_list.remove(u'A' + QString::number(m_selectedEventKey));
     // The buttons must never act on an event that the user no longer sees.
     m_selectedEventKey = 0;
+    showNote();
+}
+
+void FrmReminder::showNote()
+{
+    QString note = m_failure;
+    if (note.isEmpty() && m_list.rowCount() == 0)
+        note = tr("No event is listed. \"Reminder\" in the menu \"Tools\" looks for what is due now.");
+    m_form.setText(u"lblNote"_s, note);
+    m_form.setVisible(u"lblNote"_s, !note.isEmpty());
 }
 
 // --- Buttons ----------------------------------------------------------------------------------------------

@@ -82,6 +82,7 @@ private:
     void noteLook(const std::vector<DueEvent>& events);
     void tellWhatCameDue(const std::vector<DueEvent>& events, const QDateTime& lastLook);
     void removeSelected();
+    void showNote();
     void closeEvent(const RecordSet& event);
     void writeStep(const QString& event, const QString& date, Key position, Key medium);
 
@@ -92,6 +93,7 @@ private:
     /// It only grows, at most to the number of keys that there are. Nothing asks for it: it answers whoever
     /// wonders, with the program stopped in a debugger, whether an event has ever been seen.
     std::set<Key> m_matchedKeys;
+    QString m_failure; ///< why the last look ended early, for the user; empty when it did not
     Key m_selectedEventKey = 0;
     bool m_visible = false;
     bool m_timer1Enabled = false;

@@ -52,13 +52,13 @@ void FrmReminder::checkEvents()
         found = lookForDueEvents(m_session.dataJW(), m_session.now());
     }
     m_matchedKeys.insert(found.matched.begin(), found.matched.end());
-    if (!found.failure.isEmpty())
-        m_session.logError(u"frmReminder - checkEvents: "_s + found.failure, 1);
     const bool failed = !found.failure.isEmpty();
-    m_form.setText(u"lblNote"_s, failed ? tr("Not every event could be looked at. %1").arg(found.failure)
-                                        : tr("Nothing is due."));
+    if (failed)
+        m_session.logError(u"frmReminder - checkEvents: "_s + found.failure, 1);
+    m_failure = failed ? tr("Not every event could be looked at. %1").arg(found.failure) : QString();
     if (!failed || found.looked > 0)
         showRows(found.open);
+    showNote();
     if (!failed)
         noteLook(found.open);
     // A failure leaves the screen as it was at that moment: shown, with what had been found.
