@@ -1,6 +1,8 @@
 // Grabs the workbench for the documents, with a record on each of its screens:
 // jobwright_pictures CAMPAIGN.xml light|dark SCREEN OUT.png
+#include "calendar/frmreminder.h"
 #include "store/demo.h"
+#include "views/calendar/reminderview.h"
 #include "views/palettes.h"
 #include "views/workbench/workbenchwindow.h"
 #include "workbench/bench.h"
@@ -36,6 +38,8 @@ bool chooseNode(PipelineScreen& pipeline, const QModelIndex& parent, const QStri
 /// Opens a tab and shows one of the demo's records on it.
 void openScreen(FrmData& frm, const QString& screen)
 {
+    if (screen == "Reminder"_L1)
+        return;
     frm.tabStrip1Click(screen);
     if (screen == "Position"_L1)
         frm.positionScreen().showPosition(u"Milk Network Planner"_s);
@@ -77,8 +81,12 @@ int main(int argc, char** argv)
     window.show();
     bench.choose(u"Brightwater Dairy Cooperative"_s);
     openScreen(*bench.frm, arguments.at(3));
+    ReminderView reminder(bench.frm->reminder(), layout, &window);
+    if (arguments.at(3) == "Reminder"_L1)
+        bench.frm->reminder().checkEvents();
     QCoreApplication::processEvents();
-    const bool written = window.grab().save(arguments.at(4));
+    QWidget& shown = reminder.isVisible() ? static_cast<QWidget&>(reminder) : window;
+    const bool written = shown.grab().save(arguments.at(4));
     if (!written)
         std::fputs("The picture could not be written.\n", stderr);
     window.close();

@@ -3,6 +3,7 @@
 #include "views/windowbench.h"
 
 #include "intake/frmautoparse.h"
+#include "views/calendar/reminderview.h"
 #include "views/intake/autoparseview.h"
 #include "views/workbench/importprogressview.h"
 #include "views/workbench/splashview.h"
@@ -97,7 +98,8 @@ private:
     void addViews()
     {
         QTest::addColumn<QString>("name");
-        for (const auto& name : {u"frmData"_s, u"frmImportProg"_s, u"frmSplash"_s, u"frmAutoParse"_s})
+        for (const auto& name :
+             {u"frmData"_s, u"frmImportProg"_s, u"frmSplash"_s, u"frmAutoParse"_s, u"frmReminder"_s})
             QTest::newRow(qPrintable(name)) << name;
     }
     void addScreens()
@@ -121,6 +123,7 @@ private:
     QWidget* view(const QString& name)
     {
         m_cardView.reset();
+        m_reminderView.reset();
         m_bench = std::make_unique<WindowBench>();
         m_bench->addContact(u"Ann"_s, u"Lee"_s, m_bench->addCompany(u"Acme"_s));
         m_bench->open();
@@ -130,6 +133,9 @@ private:
         m_splash = std::make_unique<FrmSplash>(*m_bench->world.session);
         m_splashView = std::make_unique<SplashView>(*m_splash);
         m_cardView = std::make_unique<AutoParseView>(m_bench->frm->autoParse(), *m_bench->layout);
+        m_reminderView = std::make_unique<ReminderView>(m_bench->frm->reminder(), *m_bench->layout);
+        if (name == "frmReminder"_L1)
+            return m_reminderView.get();
         if (name == "frmSplash"_L1)
             return m_splashView.get();
         if (name == "frmAutoParse"_L1)
@@ -141,6 +147,7 @@ private:
     std::unique_ptr<FrmSplash> m_splash;
     std::unique_ptr<SplashView> m_splashView;
     std::unique_ptr<AutoParseView> m_cardView;
+    std::unique_ptr<ReminderView> m_reminderView;
 };
 
 void TestAudit::everyControlHasItsOwnName()

@@ -30,6 +30,8 @@ ReminderView::ReminderView(FrmReminder& presenter, QSettings& layout, QWidget* p
     setUpList();
     windowstate::restore(*this, m_layout);
     new FormBinder(presenter.form(), presenter, *this);
+    m_timer1.setParent(this);
+    m_timer1.setObjectName(u"Timer1"_s);
     m_timer1.setInterval(FrmReminder::timer1Interval);
     connect(&m_timer1, &QTimer::timeout, &m_presenter, &FrmReminder::tick);
     connect(&m_presenter, &FrmReminder::changed, this, &ReminderView::follow);
