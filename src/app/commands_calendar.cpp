@@ -23,10 +23,20 @@ QString tr(const char* text)
     return QCoreApplication::translate("Commands", text);
 }
 
-/// Texts on one line and in their column, whatever line ends stand in them.
-QString column(const QString& text, qsizetype width)
+/// A text on one line of a terminal: line ends become blanks, and an escape in it stays harmless.
+QString onOneLine(QString text)
 {
-    return text.simplified().leftJustified(width, u' ', true) + u"  ";
+    text.removeIf([](QChar c) { return c.category() == QChar::Other_Control && !c.isSpace(); });
+    return text.simplified();
+}
+
+/// Cells in columns of these widths (characters), the last one as long as it is.
+void printRow(const QStringList& cells, const QList<int>& widths)
+{
+    QString line;
+    for (qsizetype i = 0; i < widths.size(); ++i)
+        line += onOneLine(cells.at(i)).leftJustified(widths.at(i), u' ', true) + u"  ";
+    printLine(QString(line + onOneLine(cells.last())).trimmed());
 }
 
 QString dayText(const JWevent& entry)
@@ -86,11 +96,12 @@ struct AgendaOptions
 
 void printAgenda(const std::vector<JWevent>& entries, QDate today)
 {
+    const QList<int> widths{10, 5, 24, 15, 9};
+    printRow({tr("Date"), tr("Time"), tr("Event"), tr("Medium"), tr("State"), tr("Description")}, widths);
     for (const JWevent& entry : entries)
-        printLine(QString(column(dayText(entry), 10) + column(timeText(entry), 5) +
-                          column(entry.eventName, 24) + column(entry.medium, 15) +
-                          column(stateOf(entry, today), 9) + entry.eventDescription.simplified())
-                      .trimmed());
+        printRow({dayText(entry), timeText(entry), entry.eventName, entry.medium, stateOf(entry, today),
+                  entry.eventDescription},
+                 widths);
 }
 
 int agenda(CommandContext& context, const AgendaOptions& options)
@@ -140,26 +151,33 @@ QJsonObject asJson(const DueEvent& due)
             {u"urgency"_s, urgencyWord(due.verdict.urgency)}};
 }
 
+void printDue(const std::vector<DueEvent>& events)
+{
+    const QList<int> widths{7, 9, 16, 20, 28, 20};
+    printRow({tr("Urgency"), tr("Time left"), tr("When"), tr("Event"), tr("Company"), tr("Contact"),
+              tr("Description")},
+             widths);
+    for (const DueEvent& each : events)
+        printRow({urgencyWord(each.verdict.urgency), each.verdict.timeLeft,
+                  each.verdict.moment.toString(u"yyyy-MM-dd HH:mm"_s), each.event, each.company, each.contact,
+                  each.description},
+                 widths);
+}
+
 int due(CommandContext& context, bool json)
 {
     Session* const session = context.openSession();
     if (!session)
         return context.exitCode;
     const DueEvents found = lookForDueEvents(session->dataJW(), session->now());
-    QJsonArray array;
-    for (const DueEvent& each : found.open) {
-        if (json)
+    if (json) {
+        QJsonArray array;
+        for (const DueEvent& each : found.open)
             array.append(asJson(each));
-        else
-            printLine(QString(column(urgencyWord(each.verdict.urgency), 7) +
-                              column(each.verdict.timeLeft, 8) +
-                              column(each.verdict.moment.toString(u"yyyy-MM-dd HH:mm"_s), 16) +
-                              column(each.event, 20) + column(each.company, 28) + column(each.contact, 20) +
-                              each.description.simplified())
-                          .trimmed());
-    }
-    if (json)
         printJson(array);
+    } else {
+        printDue(found.open);
+    }
     if (found.failure.isEmpty())
         return Done;
     printError(found.failure);

@@ -70,6 +70,7 @@ void FrmReminder::unload()
     m_multimediaOn = false;
     // A session that never had its store has nothing to keep there, and has complained about it already.
     if (DataJW& dataJW = m_session.dataJW(); dataJW.isConnected()) {
+        const Action action(dataJW); // the old interval must not go without the new one
         const QString stored = dataJW.getStatusValue(timeDelta, true);
         if (!isInterval(m_form.text(u"txtInterval"_s)))
             m_form.setText(u"txtInterval"_s, stored);

@@ -4,7 +4,6 @@
 
 #include <QFont>
 #include <QGuiApplication>
-#include <QHeaderView>
 #include <QIcon>
 #include <QKeyEvent>
 #include <QPalette>
@@ -83,7 +82,6 @@ ReminderListView::ReminderListView(QWidget* parent)
 {
     setRootIsDecorated(false);
     setUniformRowHeights(true);
-    setAllColumnsShowFocus(true);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setSelectionMode(QAbstractItemView::SingleSelection);
     connect(this, &QAbstractItemView::clicked, this, &ReminderListView::chosen);

@@ -17,6 +17,13 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+constexpr int descriptionColumn = 1;
+constexpr int leastWidth = 8; // characters
+
+} // namespace
+
 ReminderView::ReminderView(FrmReminder& presenter, QSettings& layout, QWidget* parent)
     : QWidget(parent, Qt::Window)
     , m_presenter(presenter)
@@ -26,7 +33,7 @@ ReminderView::ReminderView(FrmReminder& presenter, QSettings& layout, QWidget* p
 {
     m_ui->setupUi(this);
     look::dress(*this);
-    resize(fontMetrics().averageCharWidth() * 140, fontMetrics().height() * 18);
+    resize(fontMetrics().averageCharWidth() * 160, fontMetrics().height() * 18);
     setUpList();
     windowstate::restore(*this, m_layout);
     new FormBinder(presenter.form(), presenter, *this);
@@ -46,9 +53,12 @@ void ReminderView::setUpList()
     ReminderListView& list = *m_ui->lvwRemind;
     m_rows->setSourceModel(&m_presenter.lvwRemind());
     list.setModel(m_rows);
-    constexpr std::array<int, 7> widths{20, 30, 20, 18, 20, 22, 16}; // characters
+    constexpr std::array<int, 7> widths{19, 30, 26, 19, 21, 22, 18}; // characters
     for (int column = 0; column < static_cast<int>(widths.size()); ++column)
         list.setColumnWidth(column, fontMetrics().averageCharWidth() * widths[static_cast<size_t>(column)]);
+    list.header()->setStretchLastSection(false);
+    list.header()->setSectionResizeMode(descriptionColumn, QHeaderView::Stretch);
+    list.header()->setMinimumSectionSize(fontMetrics().averageCharWidth() * leastWidth);
     const auto keyOf = [this](const QModelIndex& row) -> QString {
         return row.data(RowModel::KeyRole).toString();
     };
