@@ -147,8 +147,8 @@ QJsonObject asJson(const DueEvent& due)
             {u"contact"_s, textOrNull(due.contact)},
             {u"position"_s, textOrNull(due.position)},
             {u"company"_s, textOrNull(due.company)},
-            {u"timeLeft"_s, due.verdict.timeLeft},
-            {u"urgency"_s, urgencyWord(due.verdict.urgency)}};
+            {u"timeLeft"_s, due.verdict.timeLeft()},
+            {u"urgency"_s, urgencyWord(due.verdict.urgency())}};
 }
 
 void printDue(const std::vector<DueEvent>& events)
@@ -158,7 +158,7 @@ void printDue(const std::vector<DueEvent>& events)
               tr("Description")},
              widths);
     for (const DueEvent& each : events)
-        printRow({urgencyWord(each.verdict.urgency), each.verdict.timeLeft,
+        printRow({urgencyWord(each.verdict.urgency()), each.verdict.timeLeft(),
                   each.verdict.moment.toString(u"yyyy-MM-dd HH:mm"_s), each.event, each.company, each.contact,
                   each.description},
                  widths);

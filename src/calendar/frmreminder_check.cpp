@@ -22,8 +22,8 @@ ListRow listRow(const DueEvent& due)
     const ReminderVerdict& verdict = due.verdict;
     ListRow row{rowKey(due.eventKey),
                 {due.event, due.description, dates::general(verdict.moment), due.contact, due.position,
-                 due.company, verdict.timeLeft},
-                verdict.urgency,
+                 due.company, verdict.timeLeft()},
+                verdict.urgency(),
                 std::vector<QVariant>(7),
                 false};
     row.sortsBy[2] = verdict.moment;

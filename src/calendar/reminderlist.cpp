@@ -71,7 +71,8 @@ public:
 private:
     enum Column { EventType, EventDate, EventTime, AmPm, Reminder1, Complete, ColumnCount };
 
-    [[nodiscard]] QString text(Column column) const { return m_events.text(m_columns[column]); }
+    /// As stored: there is no need to put thousands of dates into another form to read them again.
+    [[nodiscard]] QString text(Column column) const { return m_events.value(m_columns[column]).toString(); }
 
     void look()
     {
@@ -80,7 +81,7 @@ private:
             // One row that no one can read ends the look. The log names it, so that it can be mended.
             m_found.failure =
                 tr("The event \"%1\" of %2 has a time or a reminder that cannot be read: \"%3\".")
-                    .arg(m_events.text(u"Event"), text(EventDate),
+                    .arg(m_events.text(u"Event"), m_events.text(u"EventDate"),
                          QString(text(EventTime) + u' ' + text(AmPm) + u" / " + text(Reminder1)));
             return;
         }

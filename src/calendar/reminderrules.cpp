@@ -27,12 +27,12 @@ qint64 wholeHours(const QDateTime& from, const QDateTime& to)
 std::optional<QDateTime> momentOf(const ReminderValues& values)
 {
     // A row without a date is as old as a row can be: it must not keep the others from being seen.
-    const QString date = values.date.isEmpty() ? dates::mdyyyy(zeroDate) : values.date;
-    const QString text = date + u' ' + values.time + u' ' + values.ampm;
-    const auto moment = dates::parse(text.simplified());
+    const QString text = (values.date.isEmpty() ? dates::mdyyyy(zeroDate) : values.date) + u' ' +
+                         values.time.trimmed() + u' ' + values.ampm.trimmed();
+    const auto moment = dates::parse(text);
     if (!moment)
         return std::nullopt;
-    return wallClock(moment->toDateTime());
+    return QDateTime(moment->date, moment->time.isValid() ? moment->time : QTime(0, 0), Qt::UTC);
 }
 
 /// An empty text is no reminder, as in the rows that other programs leave; any other has to be a number.
@@ -47,20 +47,6 @@ std::optional<double> leadOf(const QString& text)
     return hours;
 }
 
-QString timeLeft(qint64 hours)
-{
-    if (hours > hoursADay)
-        return QString::number(hours / hoursADay) + u" dys";
-    return QString::number(hours) + u" hrs";
-}
-
-QString urgencyOf(qint64 hours, double lead)
-{
-    if (hours <= 0)
-        return u"Overdue"_s;
-    return static_cast<double>(hours) <= std::trunc(lead / 2) ? u"sel"_s : u"unsel"_s;
-}
-
 bool isInLead(qint64 hours, double lead)
 {
     // Without a reminder the lead is 0, so every open event speaks up once its moment has come.
@@ -68,6 +54,20 @@ bool isInLead(qint64 hours, double lead)
 }
 
 } // namespace
+
+QString ReminderVerdict::timeLeft() const
+{
+    if (hours > hoursADay)
+        return QString::number(hours / hoursADay) + u" dys";
+    return QString::number(hours) + u" hrs";
+}
+
+QString ReminderVerdict::urgency() const
+{
+    if (hours <= 0)
+        return u"Overdue"_s;
+    return static_cast<double>(hours) <= std::trunc(lead / 2) ? u"sel"_s : u"unsel"_s;
+}
 
 ReminderRules::ReminderRules(const QDateTime& now)
     : m_now(wallClock(now))
@@ -86,10 +86,8 @@ std::optional<ReminderVerdict> ReminderRules::judge(const ReminderValues& values
     const auto lead = leadOf(values.lead);
     if (!lead)
         return std::nullopt;
-    ReminderVerdict verdict{m_moment, *lead, wholeHours(m_now, m_moment), false, {}, {}};
+    ReminderVerdict verdict{m_moment, *lead, wholeHours(m_now, m_moment), false};
     verdict.inTime = isInLead(verdict.hours, *lead);
-    verdict.timeLeft = timeLeft(verdict.hours);
-    verdict.urgency = urgencyOf(verdict.hours, *lead);
     return verdict;
 }
 

@@ -9,7 +9,7 @@
 /// What the rules look at of one event, as stored.
 struct ReminderValues
 {
-    QString date; ///< general date text ("11/20/2026"); empty: no date
+    QString date; ///< in any of the program's forms ("2026-11-20", "11/20/2026"); empty: no date
     QString time; ///< "10:30", or "Nodate"
     QString ampm; ///< "AM", "PM" or empty
     QString lead; ///< hours before the event from which it is spoken of; empty: 0
@@ -22,8 +22,9 @@ struct ReminderVerdict
     double lead = 0;     ///< hours, as stored
     qint64 hours = 0;    ///< whole hours until the moment, cut toward zero; negative behind it
     bool inTime = false; ///< the event lies inside its lead time
-    QString timeLeft;    ///< "24 hrs", "1 dys", "-3 hrs"
-    QString urgency;     ///< "unsel", "sel" or "Overdue"
+
+    [[nodiscard]] QString timeLeft() const; ///< "24 hrs", "1 dys", "-3 hrs"
+    [[nodiscard]] QString urgency() const;  ///< "unsel", "sel" or "Overdue"
 };
 
 /// Judges events one after the other, in the order of their dates: an event without a moment of its own

@@ -71,7 +71,7 @@ private slots:
         QCOMPARE(verdict->inTime, !result.isEmpty());
         QCOMPARE(ReminderRules::isInTime(*verdict, now), verdict->inTime);
         if (verdict->inTime)
-            QCOMPARE(QString(verdict->urgency + u' ' + verdict->timeLeft), result);
+            QCOMPARE(QString(verdict->urgency() + u' ' + verdict->timeLeft()), result);
     }
 
     void momentIsReadFromDateTimeAndHalf_data()
@@ -90,6 +90,7 @@ private slots:
         QTest::newRow("no date") << QString() << u"9:05"_s << u"AM"_s << u"1899-12-30 09:05"_s;
         QTest::newRow("summer time skips it")
             << u"3/14/2027"_s << u"2:30"_s << u"AM"_s << u"2027-03-14 02:30"_s;
+        QTest::newRow("as stored") << u"2026-11-20"_s << u"9:05"_s << u"PM"_s << u"2026-11-20 21:05"_s;
         QTest::newRow("words") << day << u"noon"_s << u"PM"_s << QString();
         QTest::newRow("no such time") << day << u"25:00"_s << QString() << QString();
         QTest::newRow("no such half") << day << u"9:05"_s << u"XM"_s << QString();
@@ -115,11 +116,11 @@ private slots:
         const ReminderValues nodate{u"11/30/2026"_s, u"Nodate"_s, u"AM"_s, u"2"_s};
         const auto first = rules.judge(nodate);
         QCOMPARE(first->moment.date(), QDate(1899, 12, 30));
-        QCOMPARE(first->urgency, u"Overdue"_s);
+        QCOMPARE(first->urgency(), u"Overdue"_s);
         QVERIFY(rules.judge(at(now.addSecs(2 * 3600), u"0"_s)));
         const auto second = rules.judge(nodate);
         QCOMPARE(second->hours, 2);
-        QCOMPARE(second->urgency, u"unsel"_s);
+        QCOMPARE(second->urgency(), u"unsel"_s);
     }
 };
 

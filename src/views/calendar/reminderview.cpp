@@ -35,7 +35,12 @@ ReminderView::ReminderView(FrmReminder& presenter, QSettings& layout, QWidget* p
     look::dress(*this);
     resize(fontMetrics().averageCharWidth() * 160, fontMetrics().height() * 18);
     setUpList();
+    if (parent)
+        move(parent->geometry().center() - rect().center()); // until the user puts it elsewhere
     windowstate::restore(*this, m_layout);
+    // Nobody who is typing loses the keyboard to a reminder. It counts from the window's making on, so a user
+    // who asks for the window gets the keyboard by a request of its own.
+    setAttribute(Qt::WA_ShowWithoutActivating);
     new FormBinder(presenter.form(), presenter, *this);
     m_timer1.setParent(this);
     m_timer1.setObjectName(u"Timer1"_s);
@@ -92,8 +97,6 @@ void ReminderView::follow()
 void ReminderView::comeForward(bool byUser)
 {
     standBy(QApplication::activeModalWidget());
-    // Nobody who is typing loses the keyboard to a reminder.
-    setAttribute(Qt::WA_ShowWithoutActivating, !byUser);
     show();
     raise();
     if (byUser)
@@ -129,7 +132,6 @@ bool ReminderView::eventFilter(QObject* watched, QEvent* event)
 
 void ReminderView::dialogClosed()
 {
-    setAttribute(Qt::WA_ShowWithoutActivating);
     standBy(QApplication::activeModalWidget());
 }
 
