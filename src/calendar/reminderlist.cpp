@@ -17,6 +17,26 @@ QString tr(const char* text)
     return QCoreApplication::translate("FrmReminder", text);
 }
 
+/// From so many events on the names are read table by table: each name by itself is a statement.
+constexpr size_t manyEvents = 200;
+
+/// The names of all rows of a table by their keys; of several columns joined with a blank.
+QHash<Key, QString> allNames(DataJW& dataJW, const QString& table, const QStringList& columns)
+{
+    QHash<Key, QString> names;
+    RecordSet rows =
+        dataJW.getExecQueryRecords(u"Select "_s + table + u"Key," + columns.join(u',') + u" from " + table);
+    names.reserve(rows.rowCount());
+    for (; !rows.atEnd(); rows.next()) {
+        QString name = rows.text(1);
+        for (int column = 2; column < rows.columnCount(); ++column)
+            name += u' ' + rows.text(column);
+        if (const auto key = toKey(rows.value(0).toLongLong()))
+            names.insert(*key, name);
+    }
+    return names;
+}
+
 /// Names by key, each asked for once however many events share it.
 class Names
 {
@@ -24,6 +44,12 @@ public:
     explicit Names(std::function<QString(Key)> ask)
         : m_ask(std::move(ask))
     {
+    }
+    /// From here on nobody is asked: what is not in @p all has no name.
+    void know(QHash<Key, QString> all)
+    {
+        m_known = std::move(all);
+        m_ask = [](Key) { return QString(); };
     }
     QString operator()(Key key)
     {
@@ -40,12 +66,21 @@ private:
     QHash<Key, QString> m_known;
 };
 
+/// What a listed event belongs to.
+struct Links
+{
+    Key contact = 0;
+    Key position = 0;
+    Key company = 0;
+};
+
 /// Walks the rows of all events; columns are found once, as there may be thousands of rows.
 class Look
 {
 public:
     Look(DataJW& dataJW, RecordSet events, const QDateTime& now)
-        : m_events(std::move(events))
+        : m_dataJW(dataJW)
+        , m_events(std::move(events))
         , m_rules(now)
         , m_contacts([&dataJW](Key key) { return dataJW.getContactByKey(key); })
         , m_positions([&dataJW](Key key) { return dataJW.getPositionNameByKey(key); })
@@ -65,6 +100,7 @@ public:
             if (text(EventType) == u"Event")
                 look();
         }
+        nameThem();
         return std::move(m_found);
     }
 
@@ -100,12 +136,28 @@ private:
 
     void list(Key key, const ReminderVerdict& verdict)
     {
-        m_found.open.push_back({key, m_events.text(u"Event"), m_events.text(u"Description"), verdict,
-                                m_contacts(m_events.key(u"ContactKey").value_or(0)),
-                                m_positions(m_events.key(u"PositionKey").value_or(0)),
-                                m_companies(m_events.key(u"CompanyKey").value_or(0))});
+        m_found.open.push_back(
+            {key, m_events.text(u"Event"), m_events.text(u"Description"), verdict, {}, {}, {}});
+        m_links.push_back({m_events.key(u"ContactKey").value_or(0), m_events.key(u"PositionKey").value_or(0),
+                           m_events.key(u"CompanyKey").value_or(0)});
     }
 
+    void nameThem()
+    {
+        if (m_links.size() >= manyEvents) {
+            m_contacts.know(allNames(m_dataJW, u"Contact"_s, {u"FirstName"_s, u"LastName"_s}));
+            m_positions.know(allNames(m_dataJW, u"Position"_s, {u"Title"_s}));
+            m_companies.know(allNames(m_dataJW, u"Company"_s, {u"Name"_s}));
+        }
+        for (size_t i = 0; i < m_links.size(); ++i) {
+            DueEvent& due = m_found.open[i];
+            due.contact = m_contacts(m_links[i].contact);
+            due.position = m_positions(m_links[i].position);
+            due.company = m_companies(m_links[i].company);
+        }
+    }
+
+    DataJW& m_dataJW;
     RecordSet m_events;
     ReminderRules m_rules;
     std::array<int, ColumnCount> m_columns{};
@@ -113,6 +165,7 @@ private:
     Names m_positions;
     Names m_companies;
     DueEvents m_found;
+    std::vector<Links> m_links; ///< of m_found.open, in its order
 };
 
 } // namespace

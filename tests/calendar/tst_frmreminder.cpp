@@ -96,6 +96,7 @@ private slots:
     void tickLooksOnceTheIntervalHasPassedAndStops();
     void onlyButtonsStartTheTimerAgain();
     void lookListsOpenEventsInsideTheirLead();
+    void manyEventsHaveTheNamesOfFew();
     void busyDialogLosesTheLook();
     void unreadableRowEndsTheLookThere();
     void unreadableStoreShowsNoBox();
@@ -200,6 +201,29 @@ void TestFrmReminder::lookListsOpenEventsInsideTheirLead()
     QVERIFY(!desk.frm->isVisible());
     QCOMPARE(desk.listed(), QString());
     QCOMPARE(desk.world.errorLog(), QString());
+}
+
+void TestFrmReminder::manyEventsHaveTheNamesOfFew()
+{
+    Desk desk;
+    desk.run(u"Insert into Company(Name) Values('Acme')"_s);
+    desk.run(u"Insert into Contact(FirstName,LastName) Values('Ann','Lee')"_s);
+    desk.addPosition();
+    desk.addEvent(u"Orphan"_s, -2, u"0"_s, u"CompanyKey=99,ContactKey=99,PositionKey=99"_s);
+    desk.addEvent(u"Interview"_s, -1, u"0"_s, u"CompanyKey=1,ContactKey=1,PositionKey=1"_s);
+    const auto names = [&desk] {
+        desk.frm->checkEvents();
+        QStringList cells;
+        for (int row = 0; row < 2; ++row)
+            cells += desk.frm->lvwRemind().rows().at(static_cast<size_t>(row)).texts.mid(3, 3);
+        return cells;
+    };
+    const QStringList few = names();
+    QCOMPARE(few, (QStringList{{}, {}, {}, u"Ann Lee"_s, u"Planner"_s, u"Acme"_s}));
+    for (int i = 0; i < 300; ++i)
+        desk.addEvent(u"Further"_s, 0);
+    QCOMPARE(names(), few);
+    QCOMPARE(desk.frm->lvwRemind().rowCount(), 302);
 }
 
 void TestFrmReminder::busyDialogLosesTheLook()
