@@ -104,7 +104,10 @@ void ReminderListView::keyPressEvent(QKeyEvent* event)
         emit opened(currentIndex());
         return;
     }
-    QTreeView::keyPressEvent(event);
+    const bool arrow = event->key() == Qt::Key_Down || event->key() == Qt::Key_Up;
+    // The list stands on its first row as soon as it has the keyboard; the first arrow chooses that one.
+    if (!arrow || selectionModel()->hasSelection() || !currentIndex().isValid())
+        QTreeView::keyPressEvent(event);
     if (currentIndex().isValid() && event->key() != Qt::Key_Tab && event->key() != Qt::Key_Escape)
         emit chosen(currentIndex());
 }

@@ -33,7 +33,7 @@ ReminderView::ReminderView(FrmReminder& presenter, QSettings& layout, QWidget* p
 {
     m_ui->setupUi(this);
     look::dress(*this);
-    resize(fontMetrics().averageCharWidth() * 160, fontMetrics().height() * 18);
+    resize(fontMetrics().averageCharWidth() * 172, fontMetrics().height() * 18);
     setUpList();
     if (parent)
         move(parent->geometry().center() - rect().center()); // until the user puts it elsewhere
@@ -58,7 +58,7 @@ void ReminderView::setUpList()
     ReminderListView& list = *m_ui->lvwRemind;
     m_rows->setSourceModel(&m_presenter.lvwRemind());
     list.setModel(m_rows);
-    constexpr std::array<int, 7> widths{19, 30, 26, 19, 21, 22, 18}; // characters
+    constexpr std::array<int, 7> widths{19, 30, 28, 19, 21, 22, 23}; // characters
     for (int column = 0; column < static_cast<int>(widths.size()); ++column)
         list.setColumnWidth(column, fontMetrics().averageCharWidth() * widths[static_cast<size_t>(column)]);
     list.header()->setStretchLastSection(false);
