@@ -1,6 +1,6 @@
 // What one look at the events costs on a full campaign, with nearly all of them closed, as they are after
 // years, and with every one of them open. Milliseconds of the
-// processor, which colleagues on the same machine do not stretch; the middle of several tries.
+// processor, which other work on the machine does not stretch; the middle of several tries.
 #include "generate.h"
 
 #include "base/clock.h"
