@@ -1,6 +1,206 @@
 // The commands about what is planned and due.
 #include "app/commands.h"
+#include "app/output.h"
+#include "calendar/icalendar.h"
+#include "calendar/jwevent.h"
+#include "calendar/reminderlist.h"
+#include "store/datajw.h"
+
+#include <QCoreApplication>
+#include <QJsonArray>
+#include <QJsonObject>
 
 #include <CLI/CLI.hpp>
 
-void addCalendarCommands(CLI::App&, Command&) {}
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString tr(const char* text)
+{
+    return QCoreApplication::translate("Commands", text);
+}
+
+/// A text on one line of a terminal: line ends become blanks, and an escape in it stays harmless.
+QString onOneLine(QString text)
+{
+    text.removeIf([](QChar c) { return c.category() == QChar::Other_Control && !c.isSpace(); });
+    return text.simplified();
+}
+
+/// Cells in columns of these widths (characters), the last one as long as it is.
+void printRow(const QStringList& cells, const QList<int>& widths)
+{
+    QString line;
+    for (qsizetype i = 0; i < widths.size(); ++i)
+        line += onOneLine(cells.at(i)).leftJustified(widths.at(i), u' ', true) + u"  ";
+    printLine(QString(line + onOneLine(cells.last())).trimmed());
+}
+
+QString dayText(const JWevent& entry)
+{
+    return entry.hasDate() ? entry.eventDate.toString(Qt::ISODate) : u"-"_s;
+}
+
+QString timeText(const JWevent& entry)
+{
+    return entry.startTime().isValid() ? entry.startTime().toString(u"HH:mm"_s) : u"-"_s;
+}
+
+/// Where an entry stands, as the calendar's task list says it.
+QString stateOf(const JWevent& entry, QDate today)
+{
+    if (entry.isDone())
+        return entry.isTask() ? u"completed"_s : u"closed"_s;
+    if (!entry.isTask())
+        return u"open"_s;
+    return entry.hasDate() && entry.eventDate < today ? u"overdue"_s : u"due"_s;
+}
+
+QJsonValue textOrNull(const QString& text)
+{
+    return text == u"-" || text.isEmpty() ? QJsonValue() : QJsonValue(text);
+}
+
+QJsonObject asJson(const JWevent& entry, QDate today)
+{
+    return {{u"key"_s, entry.eventKey},
+            {u"kind"_s, entry.isTask() ? u"task"_s : u"event"_s},
+            {u"date"_s, textOrNull(dayText(entry))},
+            {u"time"_s, textOrNull(timeText(entry))},
+            {u"name"_s, entry.eventName},
+            {u"description"_s, entry.eventDescription},
+            {u"medium"_s, textOrNull(entry.medium)},
+            {u"state"_s, stateOf(entry, today)}};
+}
+
+/// The month's events and tasks by date, and behind them the tasks without a date, which belong to every
+/// month until they are done.
+std::vector<JWevent> agendaOf(DataJW& dataJW, QDate month)
+{
+    const std::vector<JWevent> all = readEvents(dataJW, u"Agenda"_s);
+    std::vector<JWevent> entries = eventsOfMonth(all, month);
+    std::ranges::copy_if(all, std::back_inserter(entries),
+                         [](const JWevent& entry) { return entry.isTask() && !entry.hasDate(); });
+    return entries;
+}
+
+struct AgendaOptions
+{
+    std::string month;
+    bool ics = false;
+    bool json = false;
+};
+
+void printAgenda(const std::vector<JWevent>& entries, QDate today)
+{
+    const QList<int> widths{10, 5, 24, 15, 9};
+    printRow({tr("Date"), tr("Time"), tr("Event"), tr("Medium"), tr("State"), tr("Description")}, widths);
+    for (const JWevent& entry : entries)
+        printRow({dayText(entry), timeText(entry), entry.eventName, entry.medium, stateOf(entry, today),
+                  entry.eventDescription},
+                 widths);
+}
+
+int agenda(CommandContext& context, const AgendaOptions& options)
+{
+    const QString text = QString::fromStdString(options.month);
+    const QDate asked = QDate::fromString(text + u"-01", u"yyyy-MM-dd"_s);
+    if (!text.isEmpty() && !asked.isValid()) {
+        printError(tr("\"%1\" is no month. A month is written as 2026-11.").arg(text));
+        return WrongUsage;
+    }
+    Session* const session = context.openSession();
+    if (!session)
+        return context.exitCode;
+    const std::vector<JWevent> entries =
+        agendaOf(session->dataJW(), asked.isValid() ? asked : session->today());
+    if (options.ics) {
+        print(QString::fromUtf8(icalendar::write(entries, session->now())));
+    } else if (options.json) {
+        QJsonArray array;
+        for (const JWevent& entry : entries)
+            array.append(asJson(entry, session->today()));
+        printJson(array);
+    } else {
+        printAgenda(entries, session->today());
+    }
+    return Done;
+}
+
+/// What a person reads for the urgency.
+QString urgencyWord(const QString& urgency)
+{
+    if (urgency == u"Overdue")
+        return u"overdue"_s;
+    return urgency == u"sel" ? u"soon"_s : u"later"_s;
+}
+
+QJsonObject asJson(const DueEvent& due)
+{
+    return {{u"key"_s, due.eventKey},
+            {u"event"_s, due.event},
+            {u"description"_s, due.description},
+            {u"when"_s, due.verdict.moment.toString(u"yyyy-MM-dd HH:mm:ss"_s)},
+            {u"contact"_s, textOrNull(due.contact)},
+            {u"position"_s, textOrNull(due.position)},
+            {u"company"_s, textOrNull(due.company)},
+            {u"timeLeft"_s, due.verdict.timeLeft()},
+            {u"urgency"_s, urgencyWord(due.verdict.urgency())}};
+}
+
+void printDue(const std::vector<DueEvent>& events)
+{
+    const QList<int> widths{7, 9, 16, 20, 28, 20};
+    printRow({tr("Urgency"), tr("Time left"), tr("When"), tr("Event"), tr("Company"), tr("Contact"),
+              tr("Description")},
+             widths);
+    for (const DueEvent& each : events)
+        printRow({urgencyWord(each.verdict.urgency()), each.verdict.timeLeft(),
+                  each.verdict.moment.toString(u"yyyy-MM-dd HH:mm"_s), each.event, each.company, each.contact,
+                  each.description},
+                 widths);
+}
+
+int due(CommandContext& context, bool json)
+{
+    Session* const session = context.openSession();
+    if (!session)
+        return context.exitCode;
+    const DueEvents found = lookForDueEvents(session->dataJW(), session->now());
+    if (json) {
+        QJsonArray array;
+        for (const DueEvent& each : found.open)
+            array.append(asJson(each));
+        printJson(array);
+    } else {
+        printDue(found.open);
+    }
+    if (found.failure.isEmpty())
+        return Done;
+    printError(found.failure);
+    return Failed;
+}
+
+} // namespace
+
+void addCalendarCommands(CLI::App& app, Command& chosen)
+{
+    auto* const agendaCommand = app.add_subcommand("agenda", "List the events and tasks of a month");
+    auto options = std::make_shared<AgendaOptions>();
+    agendaCommand->add_option("--month", options->month, "The month; without it the present one")
+        ->type_name("YYYY-MM");
+    auto* const ics =
+        agendaCommand->add_flag("--ics", options->ics, "As an iCalendar file for other calendar programs");
+    agendaCommand->add_flag("--json", options->json, "The same as JSON")->excludes(ics);
+    agendaCommand->callback(
+        [=, &chosen] { chosen = [=](CommandContext& context) { return agenda(context, *options); }; });
+
+    auto* const dueCommand = app.add_subcommand("due", "List the open events inside their reminder time");
+    auto json = std::make_shared<bool>(false);
+    dueCommand->add_flag("--json", *json, "The same as JSON");
+    dueCommand->callback(
+        [=, &chosen] { chosen = [=](CommandContext& context) { return due(context, *json); }; });
+}

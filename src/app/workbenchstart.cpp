@@ -136,6 +136,28 @@ private:
     std::optional<Printing> m_printing;
 };
 
+/// The screens beside the workbench's own; @p parent has its window by the time that one of them opens.
+void addScreens(ScreenNavigator& navigator, FrmData& workbench, QSettings& layout, WorkbenchWindow*& parent)
+{
+    navigator.add(QStringLiteral("FrmAutoParse"),
+                  [&] { AutoParseView(workbench.autoParse(), layout, parent).exec(); });
+    navigator.add(QStringLiteral("FrmAddressEntry"),
+                  [&] { AddressEntryView(workbench.contactScreen().addressEntry(), layout, parent).exec(); });
+    navigator.add(QStringLiteral("FrmReminder"), [&] { workbench.reminder().showScreen(); });
+    navigator.add(QStringLiteral("FrmEvCal"), [&] {
+        workbench.calendar().load();
+        CalendarView(workbench.calendar(), layout, QApplication::activeWindow()).exec();
+        workbench.calendar().unload();
+    });
+    navigator.add(QStringLiteral("FrmHistory"), [&] {
+        if (!workbench.history().load(workbench.selection().currentContactKey))
+            return;
+        HistoryView(workbench.history(), layout, parent).exec();
+        // The dialog has written what was changed, unless the program is ending under it.
+        workbench.history().unload();
+    });
+}
+
 void warnOfKeys(Session& session)
 {
     if (!session.dataJW().isConnected())
@@ -188,27 +210,13 @@ int startWorkbench(int& argc, char** argv, const StartOptions& options)
     if (!workbench.load())
         return Failed;
 
+    // What the window offers depends on what can be opened, so the screens come first.
+    WorkbenchWindow* parent = nullptr;
+    addScreens(navigator, workbench, session.settings().file(), parent);
     WorkbenchWindow window(workbench, session.settings().file());
+    parent = &window;
     const PrintDesk printDesk(workbench, window);
-    navigator.add(QStringLiteral("FrmAutoParse"),
-                  [&] { AutoParseView(workbench.autoParse(), session.settings().file(), &window).exec(); });
-    navigator.add(QStringLiteral("FrmAddressEntry"), [&] {
-        AddressEntryView(workbench.contactScreen().addressEntry(), session.settings().file(), &window).exec();
-    });
-    ReminderView reminder(workbench.reminder(), session.settings().file(), &window);
-    navigator.add(QStringLiteral("FrmReminder"), [&] { workbench.reminder().showScreen(); });
-    navigator.add(QStringLiteral("FrmEvCal"), [&] {
-        workbench.calendar().load();
-        CalendarView(workbench.calendar(), session.settings().file(), QApplication::activeWindow()).exec();
-        workbench.calendar().unload();
-    });
-    navigator.add(QStringLiteral("FrmHistory"), [&] {
-        if (!workbench.history().load(workbench.selection().currentContactKey))
-            return;
-        HistoryView(workbench.history(), session.settings().file(), &window).exec();
-        // The dialog has written what was changed, unless the program is ending under it.
-        workbench.history().unload();
-    });
+    const ReminderView reminder(workbench.reminder(), session.settings().file(), &window);
     window.show();
     if (options.exitWhenShown) {
         // What is timed is the way to the filled window, so the end takes no time: the first round draws it.

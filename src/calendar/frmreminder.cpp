@@ -1,32 +1,278 @@
+// The reminder screen's life and its buttons. Its look at the events has a file of its own.
 #include "calendar/frmreminder.h"
+
+#include "base/dates.h"
+#include "base/fieldtext.h"
+#include "calendar/frmevcal.h"
+#include "store/datajw.h"
+
+#include <QHash>
+
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString timeDelta = u"TimeDelta"_s;
+constexpr qint64 secondsAMinute = 60;
+
+QStringList headings()
+{
+    return {FrmReminder::tr("Event"),    FrmReminder::tr("Description"), FrmReminder::tr("When"),
+            FrmReminder::tr("Contact"),  FrmReminder::tr("Position"),    FrmReminder::tr("Company"),
+            FrmReminder::tr("Time left")};
+}
+
+bool isInterval(const QString& text)
+{
+    bool isNumber = false;
+    return text.trimmed().toDouble(&isNumber) >= 1 && isNumber;
+}
+
+} // namespace
 
 FrmReminder::FrmReminder(Session& session, FrmEvCal& calendar)
     : m_session(session)
     , m_calendar(calendar)
-    , m_form({})
-    , m_list({})
+    , m_form({{u"txtInterval"_s, {}, SaveOn::Never}, {u"lblNote"_s, {}, SaveOn::Never}})
+    , m_list(headings())
 {
 }
 
 FrmReminder::~FrmReminder() = default;
 
+// --- Start and end ----------------------------------------------------------------------------------------
+
+void FrmReminder::initialize()
+{
+    m_session.trace(u"Lastime:"_s + dates::general(m_session.now()));
+    // The desktop opens its sound device at the first alarm, so that no start waits for it, and closes it
+    // with itself; here it is only decided whether there will be one.
+    m_multimediaOn = m_session.dataJW().getStatusValue(u"Multimedia"_s, true) == u"Yes";
+}
+
 void FrmReminder::load()
 {
+    initialize();
     m_loaded = true;
-    m_timer1Enabled = true;
+    m_session.trace(u"frmReminder - Load Reminder"_s);
+    m_form.setText(u"txtInterval"_s, m_session.dataJW().getStatusValue(timeDelta, true));
+    showNote();
+    setScreen(false, true);
 }
 
 void FrmReminder::unload()
 {
+    if (!m_loaded)
+        return;
     m_loaded = false;
+    m_multimediaOn = false;
+    // A session that never had its store has nothing to keep there, and has complained about it already.
+    if (DataJW& dataJW = m_session.dataJW(); dataJW.isConnected()) {
+        const Action action(dataJW); // the old interval must not go without the new one
+        const QString stored = dataJW.getStatusValue(timeDelta, true);
+        if (!isInterval(m_form.text(u"txtInterval"_s)))
+            m_form.setText(u"txtInterval"_s, stored);
+        dataJW.writeStatus(timeDelta, fieldtext::toStored(m_form.text(u"txtInterval"_s).trimmed()), true);
+    }
+    m_session.trace(u"frmReminder - Unload"_s);
 }
 
-void FrmReminder::tick() {}
+// --- Timer, coming and going ------------------------------------------------------------------------------
 
-void FrmReminder::checkEvents() {}
+void FrmReminder::tick()
+{
+    // One tick, and no other until a button of this screen or the next start switches the timer on again:
+    // who has put the reminders off is not asked again by the clock, and who has none is left in peace.
+    m_timer1Enabled = false;
+    emit changed();
+    const QDateTime now = m_session.now();
+    if (m_session.lastReminderCheck.secsTo(now) / secondsAMinute < m_session.reminderInterval)
+        return;
+    m_session.lastReminderCheck = now.addMSecs(-now.time().msec());
+    m_unattended = true;
+    checkEvents();
+    m_unattended = false;
+}
+
+void FrmReminder::setScreen(bool visible, bool timer1)
+{
+    m_visible = visible;
+    m_timer1Enabled = timer1;
+    if (!visible)
+        m_alarmPlayed = false;
+    emit changed();
+}
+
+void FrmReminder::comeForward(bool byUser)
+{
+    setScreen(true, m_timer1Enabled);
+    // A window that comes up beside the work of somebody else gets no keyboard, but is to be heard. One that
+    // gets it sounds when it has it.
+    if (!byUser && !m_active) {
+        playAlarm();
+        m_alarmPlayed = true;
+    }
+    emit cameForward(byUser);
+}
 
 void FrmReminder::showScreen()
 {
-    m_visible = true;
-    emit changed();
+    comeForward(true);
+}
+
+void FrmReminder::activated()
+{
+    if (std::exchange(m_active, true) || !m_visible)
+        return;
+    // The alarm of a window that came up without the keyboard has been heard when the user then goes there.
+    if (!std::exchange(m_alarmPlayed, false))
+        playAlarm();
+}
+
+void FrmReminder::playAlarm()
+{
+    if (!m_multimediaOn)
+        return;
+    const QString file = m_session.dataJW().getStatusValue(u"AlarmFile"_s, true);
+    if (!file.isEmpty() && !m_session.desktop().playSound(file))
+        m_session.logError(tr("frmReminder - The alarm %1 could not be played.").arg(file), 1);
+}
+
+// --- Selection --------------------------------------------------------------------------------------------
+
+void FrmReminder::select(const QString& rowKey)
+{
+    if (m_list.find(rowKey) < 0)
+        return;
+    m_selectedEventKey = rowKey.mid(1).toShort();
+    m_list.mark(rowKey);
+}
+
+void FrmReminder::open(const QString& rowKey)
+{
+    if (m_list.find(rowKey) < 0)
+        return;
+    select(rowKey);
+    m_session.trace(u"Open Calendar Screen"_s);
+    m_calendar.showEvent(m_selectedEventKey);
+}
+
+void FrmReminder::removeSelected()
+{
+    m_list.remove(u'A' + QString::number(m_selectedEventKey));
+    // The buttons must never act on an event that the user no longer sees.
+    m_selectedEventKey = 0;
+    showNote();
+}
+
+void FrmReminder::showNote()
+{
+    QString note = m_failure;
+    if (note.isEmpty() && m_list.rowCount() == 0)
+        note = tr("No event is listed. \"Reminder\" in the menu \"Tools\" looks for what is due now.");
+    m_form.setText(u"lblNote"_s, note);
+    m_form.setVisible(u"lblNote"_s, !note.isEmpty());
+}
+
+// --- Buttons ----------------------------------------------------------------------------------------------
+
+Key FrmReminder::getMedium(const QString& name)
+{
+    // A conference call has no number of its own in the pipeline.
+    static const QHash<QString, Key> codes{
+        {u"internet"_s, Key(1)}, {u"fax"_s, Key(2)},   {u"phone"_s, Key(3)},  {u"post"_s, Key(4)},
+        {u"research"_s, Key(5)}, {u"other"_s, Key(6)}, {u"meeting"_s, Key(7)}};
+    return codes.value(name.toLower(), 0);
+}
+
+void FrmReminder::cmdOk()
+{
+    if (m_selectedEventKey == 0) {
+        cmdSnoozeAll();
+        return;
+    }
+    const RecordSet event = m_session.dataJW().getEventByKey(m_selectedEventKey);
+    if (event.isEmpty()) {
+        cmdSnoozeAll();
+        m_session.logError(u"Selected EventKey not found when accessing Events."_s, 1);
+        return;
+    }
+    closeEvent(event);
+    if (m_list.rowCount() > 0) {
+        removeSelected();
+        if (m_list.rowCount() == 0)
+            cmdCloseAll();
+        else
+            setScreen(m_visible, true);
+    }
+    emit recordsChanged();
+}
+
+void FrmReminder::closeEvent(const RecordSet& event)
+{
+    DataJW& dataJW = m_session.dataJW();
+    Action action(dataJW);
+    const Key position = event.key(u"PositionKey").value_or(0);
+    const bool positionFound = !dataJW.getPositionByKey(position).isEmpty();
+    if (positionFound)
+        writeStep(event.text(u"Event"), event.text(u"EventDate"), position, getMedium(event.text(u"Medium")));
+    else
+        m_session.logError(u"Selected Event Position Key not found when accessing Events."_s, 1);
+    // The event is over whatever became of its position.
+    dataJW.execQuery(u"Update Event set Complete='OkEvent' where EventKey="_s +
+                     QString::number(m_selectedEventKey));
+    action.commit();
+}
+
+void FrmReminder::writeStep(const QString& event, const QString& date, Key position, Key medium)
+{
+    DataJW& dataJW = m_session.dataJW();
+    const QString key = QString::number(position);
+    const QString code = QString::number(medium);
+    if (event == u"Interview") {
+        dataJW.execQuery(u"Update Position set interview="_s + fieldtext::quoted(date) +
+                         u" where positionkey=" + key);
+        dataJW.execQuery(u"Update Position set interviewMedium="_s + code + u" where positionkey=" + key);
+    } else if (event == u"Interview Follow-Up") {
+        dataJW.execQuery(u"Update Position set FollowUp="_s + fieldtext::quoted(date) +
+                         u" where positionKey=" + key);
+        dataJW.execQuery(u"Update Position set FollowUpMedium="_s + code + u" where positionkey=" + key);
+    }
+}
+
+void FrmReminder::cmdSnooze()
+{
+    if (m_selectedEventKey == 0)
+        return;
+    removeSelected();
+    if (m_list.rowCount() == 0)
+        cmdCloseAll();
+}
+
+void FrmReminder::cmdDismiss()
+{
+    if (m_selectedEventKey == 0) {
+        cmdSnoozeAll();
+        return;
+    }
+    Action action(m_session.dataJW());
+    m_session.dataJW().execQuery(u"DELETE * FROM EVENT where EventKey="_s +
+                                 QString::number(m_selectedEventKey));
+    action.commit();
+    removeSelected();
+    if (m_list.rowCount() == 0)
+        cmdCloseAll();
+    emit recordsChanged();
+}
+
+void FrmReminder::cmdSnoozeAll()
+{
+    setScreen(false, true);
+}
+
+void FrmReminder::cmdCloseAll()
+{
+    setScreen(false, true);
 }

@@ -9,7 +9,13 @@
 
 #include <QObject>
 
+#include <optional>
+#include <set>
+#include <vector>
+
 class FrmEvCal;
+class RecordSet;
+struct DueEvent;
 
 /// Looks at the events now and then, lists those inside their lead time, and closes, removes or puts them
 /// off. There from the start of the session; shown and hidden, never made anew.
@@ -24,10 +30,17 @@ public:
     FrmReminder(Session& session, FrmEvCal& calendar);
     ~FrmReminder() override;
 
+    /// txtInterval, and lblNote: why the list is empty or ends early.
     [[nodiscard]] Form& form() { return m_form; }
+    /// Rows have the key "A" and the event's key, the urgency "unsel", "sel" or "Overdue" as their kind, and
+    /// are marked when they are the selected one.
     [[nodiscard]] RowModel& lvwRemind() { return m_list; }
     [[nodiscard]] bool isVisible() const { return m_visible; }
     [[nodiscard]] bool timer1Enabled() const { return m_timer1Enabled; }
+    /// The event that the buttons are about; 0 for none.
+    [[nodiscard]] Key selectedEventKey() const { return m_selectedEventKey; }
+    /// Every event that a look of this session found inside its lead time.
+    [[nodiscard]] const std::set<Key>& matchedKeys() const { return m_matchedKeys; }
 
     void load();   ///< with the session's start: hidden, Timer1 on
     void unload(); ///< with the session's end, before the gateway goes; a second call does nothing
@@ -36,17 +49,58 @@ public:
     void checkEvents();
     /// The toolbar's button: the screen as it is, due or not.
     void showScreen();
+    /// The window has become the active one: the alarm, when it can be seen.
+    void activated();
+    void deactivated() { m_active = false; }
+    /// A click on an entry, by its row's key.
+    void select(const QString& rowKey);
+    /// A double click on an entry: the calendar on that event.
+    void open(const QString& rowKey);
+    /// The medium's number in a position's row for its name in an event, in any case; 0 for any other name.
+    [[nodiscard]] static Key getMedium(const QString& name);
+
+public slots:
+    void cmdOk();        ///< closes the selected event and moves the pipeline
+    void cmdSnooze();    ///< takes the selected event off the list until the next look
+    void cmdDismiss();   ///< removes the selected event from the store
+    void cmdSnoozeAll(); ///< puts the decision off
+    void cmdCloseAll();  ///< hides the screen
 
 signals:
     void changed();        ///< visible state, timer
     void recordsChanged(); ///< events or positions in the store are no longer what they were
+    /// The screen comes to the front. @p byUser: somebody asked for it; else it must leave the keyboard to
+    /// whoever is typing.
+    void cameForward(bool byUser);
 
 private:
+    void initialize();
+    void setScreen(bool visible, bool timer1);
+    void comeForward(bool byUser);
+    void playAlarm();
+    void showRows(const std::vector<DueEvent>& events);
+    void noteLook(const std::vector<DueEvent>& events);
+    void tellWhatCameDue(const std::vector<DueEvent>& events, const QDateTime& lastLook);
+    void removeSelected();
+    void showNote();
+    void closeEvent(const RecordSet& event);
+    void writeStep(const QString& event, const QString& date, Key position, Key medium);
+
     Session& m_session;
     FrmEvCal& m_calendar;
     Form m_form;
     RowModel m_list;
+    /// It only grows, at most to the number of keys that there are. Nothing asks for it: it answers whoever
+    /// wonders, with the program stopped in a debugger, whether an event has ever been seen.
+    std::set<Key> m_matchedKeys;
+    QString m_failure; ///< why the last look ended early, for the user; empty when it did not
+    Key m_selectedEventKey = 0;
     bool m_visible = false;
     bool m_timer1Enabled = false;
     bool m_loaded = false;
+    bool m_multimediaOn = false;
+    bool m_active = false;       ///< the window has the keyboard
+    bool m_unattended = false;   ///< the timer and not a person asked for the look at hand
+    bool m_alarmPlayed = false;  ///< for the coming forward that the window's activation belongs to
+    bool m_lookedBefore = false; ///< in this session
 };

@@ -1,5 +1,7 @@
 #include "desktop/desktopservices.h"
 
+#include "desktop/notes.h"
+
 #include <QDesktopServices>
 #include <QFile>
 #include <QFileInfo>
@@ -106,12 +108,12 @@ bool DesktopServices::canOpen(const QString& ending) const
     });
 }
 
-bool DesktopServices::playSound(const QString&)
+bool DesktopServices::playSound(const QString& path)
 {
-    return false;
+    return m_sound.play(path);
 }
 
-bool DesktopServices::notify(const QString&, const QString&)
+bool DesktopServices::notify(const QString& title, const QString& text)
 {
-    return false;
+    return notes::show(title, text);
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/ports.h"
+#include "desktop/sound.h"
 
 #include <QUrl>
 
@@ -20,4 +21,7 @@ public:
     /// https, a mail address mailto. Invalid for empty texts and for every scheme but http, https, mailto and
     /// file: an imported address must not start just any program of the desktop.
     [[nodiscard]] static QUrl cleanAddress(const QString& address);
+
+private:
+    Sound m_sound;
 };

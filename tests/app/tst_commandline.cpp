@@ -111,6 +111,12 @@ private slots:
         QTest::newRow("card, two files") << QStringList{u"parse-card"_s, u"a"_s, u"b"_s} << 2 << QString();
         QTest::newRow("card, nothing given")
             << QStringList{u"parse-card"_s} << 0 << u"\"txtAddress\": \"\""_s;
+        QTest::newRow("agenda, this month") << QStringList{u"agenda"_s} << 0 << QString();
+        QTest::newRow("agenda, no such month")
+            << QStringList{u"agenda"_s, u"--month"_s, u"2026-13"_s} << 2 << u"no month"_s;
+        QTest::newRow("agenda, two forms")
+            << QStringList{u"agenda"_s, u"--ics"_s, u"--json"_s} << 2 << QString();
+        QTest::newRow("due") << QStringList{u"due"_s} << 0 << u"overdue"_s;
         QTest::newRow("paths") << QStringList{u"paths"_s} << 0 << u"Postledger.db"_s;
     }
     void statusOfEachCommand()
@@ -187,6 +193,49 @@ private slots:
         QCOMPARE(row.value(u"Name"_s).toString(), u"Quinn, \"Q\" & Co"_s);
         QCOMPARE(row.value(u"CompanyKey"_s), QJsonValue(1));
         QVERIFY(row.value(u"Industry"_s).isNull());
+    }
+
+    void agendaAndDueSayWhatThereIsAndChangeNothing()
+    {
+        QTemporaryDir folder;
+        const QString event =
+            u"Insert into Event(Event,EventDate,EventTime,AMPM,EventDuration,Reminder1,"
+            "Description,EventType,Complete) Values('%1','%2','%3','PM','1','%4','%5','%6','')"_s;
+        for (const QString& statement :
+             {event.arg(u"Interview"_s, u"3/15/2020"_s, u"1:30"_s, u"24"_s, u"gate, 2"_s, u"Event"_s),
+              event.arg(u"Referral"_s, u"3/2/2020"_s, u"9:00"_s, u"0"_s, QString(), u"Event"_s),
+              event.arg(u"Other Event"_s, u"4/1/2020"_s, u"9:00"_s, u"0"_s, QString(), u"Event"_s),
+              event.arg(u"Call back"_s, u"12/31/1999"_s, QString(), u"0"_s, QString(), u"Task"_s)})
+            QCOMPARE(run(folder.path(), {u"query"_s, statement}).status, 0);
+        const auto store = [&folder] {
+            QFile file(folder.filePath(u"Postledger.db"_s));
+            return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+        };
+        const QByteArray before = store();
+        const QStringList month{u"agenda"_s, u"--month"_s, u"2020-03"_s};
+        QStringList names;
+        const auto agenda =
+            QJsonDocument::fromJson(run(folder.path(), month + QStringList{u"--json"_s}).out.toUtf8());
+        for (const QJsonValue& entry : agenda.array())
+            names.append(entry[u"name"].toString() + u' ' + entry[u"date"].toString() + u' ' +
+                         entry[u"time"].toString() + u' ' + entry[u"state"].toString());
+        QCOMPARE(names, (QStringList{u"Referral 2020-03-02 21:00 open"_s,
+                                     u"Interview 2020-03-15 13:30 open"_s, u"Call back   due"_s}));
+        const QString ics = run(folder.path(), month + QStringList{u"--ics"_s}).out;
+        QCOMPARE(ics.count(u"BEGIN:VEVENT\r\n"_s), 2);
+        QCOMPARE(ics.count(u"BEGIN:VTODO\r\n"_s), 1);
+        QVERIFY2(ics.contains(u"DESCRIPTION:gate\\, 2\r\n"_s), qPrintable(ics));
+        const auto due =
+            QJsonDocument::fromJson(run(folder.path(), {u"due"_s, u"--json"_s}).out.toUtf8()).array();
+        QCOMPARE(due.size(), 3);
+        QCOMPARE(due.at(1)[u"event"].toString(), u"Interview"_s);
+        QCOMPARE(due.at(1)[u"urgency"].toString(), u"overdue"_s);
+        QVERIFY(due.at(1)[u"timeLeft"].toString().endsWith(u" hrs"_s));
+        QVERIFY(store() == before);
+        QCOMPARE(run(folder.path(), {u"query"_s, u"Update Event set EventTime='noon'"_s}).status, 0);
+        const Outcome broken = run(folder.path(), {u"due"_s});
+        QCOMPARE(broken.status, 1);
+        QVERIFY(broken.error.contains(u"noon"_s));
     }
 
     void contactsAsJson()

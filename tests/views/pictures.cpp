@@ -1,7 +1,9 @@
 // Grabs the workbench for the documents, with a record on each of its screens:
 // jobwright_pictures CAMPAIGN.xml light|dark SCREEN OUT.png
+#include "calendar/frmreminder.h"
 #include "history/frmhistory.h"
 #include "store/demo.h"
+#include "views/calendar/reminderview.h"
 #include "views/history/historyview.h"
 #include "views/palettes.h"
 #include "views/workbench/workbenchwindow.h"
@@ -52,6 +54,8 @@ bool grabHistory(Bench& bench, QSettings& layout, const QString& file)
 /// Opens a tab and shows one of the demo's records on it.
 void openScreen(FrmData& frm, const QString& screen)
 {
+    if (screen == "Reminder"_L1)
+        return;
     frm.tabStrip1Click(screen == "History"_L1 ? u"Contact"_s : screen);
     if (screen == "Position"_L1)
         frm.positionScreen().showPosition(u"Milk Network Planner"_s);
@@ -93,9 +97,13 @@ int main(int argc, char** argv)
     window.show();
     bench.choose(u"Brightwater Dairy Cooperative"_s);
     openScreen(*bench.frm, arguments.at(3));
+    ReminderView reminder(bench.frm->reminder(), layout, &window);
+    if (arguments.at(3) == "Reminder"_L1)
+        bench.frm->reminder().checkEvents();
     QCoreApplication::processEvents();
+    QWidget& shown = reminder.isVisible() ? static_cast<QWidget&>(reminder) : window;
     const bool written = arguments.at(3) == "History"_L1 ? grabHistory(bench, layout, arguments.at(4))
-                                                         : window.grab().save(arguments.at(4));
+                                                         : shown.grab().save(arguments.at(4));
     if (!written)
         std::fputs("The picture could not be written.\n", stderr);
     window.close();

@@ -5,6 +5,7 @@
 #include "history/frmhistory.h"
 #include "intake/frmautoparse.h"
 #include "views/history/historyview.h"
+#include "views/calendar/reminderview.h"
 #include "views/intake/autoparseview.h"
 #include "views/workbench/importprogressview.h"
 #include "views/workbench/splashview.h"
@@ -137,7 +138,8 @@ private:
     {
         QTest::addColumn<QString>("name");
         for (const auto& name :
-             {u"frmData"_s, u"frmImportProg"_s, u"frmSplash"_s, u"frmAutoParse"_s, u"frmHistory"_s})
+             {u"frmData"_s, u"frmImportProg"_s, u"frmSplash"_s, u"frmAutoParse"_s, u"frmHistory"_s,
+              u"frmReminder"_s})
             QTest::newRow(qPrintable(name)) << name;
     }
     void addScreens()
@@ -162,6 +164,7 @@ private:
     {
         m_cardView.reset();
         m_historyView.reset();
+        m_reminderView.reset();
         m_bench = std::make_unique<WindowBench>();
         m_bench->addContact(u"Ann"_s, u"Lee"_s, m_bench->addCompany(u"Acme"_s));
         m_bench->open();
@@ -171,6 +174,9 @@ private:
         m_splash = std::make_unique<FrmSplash>(*m_bench->world.session);
         m_splashView = std::make_unique<SplashView>(*m_splash);
         m_cardView = std::make_unique<AutoParseView>(m_bench->frm->autoParse(), *m_bench->layout);
+        m_reminderView = std::make_unique<ReminderView>(m_bench->frm->reminder(), *m_bench->layout);
+        if (name == "frmReminder"_L1)
+            return m_reminderView.get();
         if (name == "frmSplash"_L1)
             return m_splashView.get();
         if (name == "frmAutoParse"_L1)
@@ -193,6 +199,7 @@ private:
     std::unique_ptr<SplashView> m_splashView;
     std::unique_ptr<AutoParseView> m_cardView;
     std::unique_ptr<HistoryView> m_historyView;
+    std::unique_ptr<ReminderView> m_reminderView;
 };
 
 void TestAudit::everyControlHasItsOwnName()

@@ -1,20 +1,163 @@
 #include "views/calendar/reminderview.h"
 
 #include "calendar/frmreminder.h"
+#include "ui_reminderview.h"
+#include "views/calendar/reminderlistview.h"
+#include "views/common/formbinder.h"
+#include "views/common/look.h"
+#include "views/common/windowstate.h"
 
-ReminderView::ReminderView(FrmReminder& presenter, QSettings&, QWidget* parent)
+#include <QApplication>
+#include <QCloseEvent>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QWindow>
+
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int descriptionColumn = 1;
+constexpr int leastWidth = 8; // characters
+
+} // namespace
+
+ReminderView::ReminderView(FrmReminder& presenter, QSettings& layout, QWidget* parent)
     : QWidget(parent, Qt::Window)
     , m_presenter(presenter)
+    , m_layout(layout)
+    , m_ui(std::make_unique<Ui::ReminderView>())
+    , m_rows(new UrgencyModel(this))
 {
+    m_ui->setupUi(this);
+    look::dress(*this);
+    resize(fontMetrics().averageCharWidth() * 172, fontMetrics().height() * 18);
+    setUpList();
+    if (parent)
+        move(parent->geometry().center() - rect().center()); // until the user puts it elsewhere
+    windowstate::restore(*this, m_layout);
+    // Nobody who is typing loses the keyboard to a reminder. It counts from the window's making on, so a user
+    // who asks for the window gets the keyboard by a request of its own.
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    new FormBinder(presenter.form(), presenter, *this);
+    m_timer1.setParent(this);
+    m_timer1.setObjectName(u"Timer1"_s);
     m_timer1.setInterval(FrmReminder::timer1Interval);
     connect(&m_timer1, &QTimer::timeout, &m_presenter, &FrmReminder::tick);
     connect(&m_presenter, &FrmReminder::changed, this, &ReminderView::follow);
+    connect(&m_presenter, &FrmReminder::cameForward, this, &ReminderView::comeForward);
     follow();
+}
+
+ReminderView::~ReminderView() = default;
+
+void ReminderView::setUpList()
+{
+    ReminderListView& list = *m_ui->lvwRemind;
+    m_rows->setSourceModel(&m_presenter.lvwRemind());
+    list.setModel(m_rows);
+    constexpr std::array<int, 7> widths{19, 30, 28, 19, 21, 22, 23}; // characters
+    for (int column = 0; column < static_cast<int>(widths.size()); ++column)
+        list.setColumnWidth(column, fontMetrics().averageCharWidth() * widths[static_cast<size_t>(column)]);
+    list.header()->setStretchLastSection(false);
+    list.header()->setSectionResizeMode(descriptionColumn, QHeaderView::Stretch);
+    list.header()->setMinimumSectionSize(fontMetrics().averageCharWidth() * leastWidth);
+    const auto keyOf = [this](const QModelIndex& row) -> QString {
+        return row.data(RowModel::KeyRole).toString();
+    };
+    connect(&list, &ReminderListView::chosen, this,
+            [this, keyOf](const QModelIndex& row) { m_presenter.select(keyOf(row)); });
+    connect(&list, &ReminderListView::opened, this, [this, keyOf](const QModelIndex& row) {
+        // Once the mouse is free again: the calendar takes all input until it is closed.
+        QMetaObject::invokeMethod(
+            this, [this, key = keyOf(row)] { m_presenter.open(key); }, Qt::QueuedConnection);
+    });
+    connect(m_rows, &QAbstractItemModel::modelReset, this, &ReminderView::followRows);
+    connect(m_rows, &QAbstractItemModel::rowsRemoved, this, &ReminderView::followRows);
+    connect(m_rows, &QAbstractItemModel::dataChanged, this, &ReminderView::followRows);
+    followRows();
+}
+
+void ReminderView::followRows()
+{
+    const Key selected = m_presenter.selectedEventKey();
+    m_ui->lvwRemind->showSelected(m_presenter.lvwRemind().find(u'A' + QString::number(selected)));
 }
 
 void ReminderView::follow()
 {
-    setVisible(m_presenter.isVisible());
+    if (!m_presenter.isVisible())
+        hide();
     if (m_presenter.timer1Enabled() != m_timer1.isActive())
         m_presenter.timer1Enabled() ? m_timer1.start() : m_timer1.stop();
+}
+
+void ReminderView::comeForward(bool byUser)
+{
+    standBy(QApplication::activeModalWidget());
+    show();
+    raise();
+    if (byUser)
+        activateWindow();
+    else
+        QApplication::alert(this);
+}
+
+void ReminderView::standBy(QWidget* owner)
+{
+    if (m_dialog && m_dialog != owner)
+        m_dialog->removeEventFilter(this);
+    if (owner && m_dialog != owner)
+        owner->installEventFilter(this);
+    m_dialog = owner;
+    winId(); // only a window that the desktop knows can belong to another
+    const QWidget* const by = owner ? owner : parentWidget();
+    QWindow* const window = by ? by->window()->windowHandle() : nullptr;
+    if (windowHandle()->transientParent() == window)
+        return;
+    // A window learns when it is shown whether it may be used beside a dialog.
+    hide();
+    windowHandle()->setTransientParent(window);
+    setVisible(m_presenter.isVisible());
+}
+
+bool ReminderView::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_dialog && event->type() == QEvent::Hide)
+        QMetaObject::invokeMethod(this, &ReminderView::dialogClosed, Qt::QueuedConnection);
+    return QWidget::eventFilter(watched, event);
+}
+
+void ReminderView::dialogClosed()
+{
+    standBy(QApplication::activeModalWidget());
+}
+
+void ReminderView::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange)
+        isActiveWindow() ? m_presenter.activated() : m_presenter.deactivated();
+}
+
+void ReminderView::closeEvent(QCloseEvent* event)
+{
+    m_presenter.cmdCloseAll();
+    event->accept();
+}
+
+void ReminderView::hideEvent(QHideEvent* event)
+{
+    windowstate::save(*this, m_layout);
+    QWidget::hideEvent(event);
+}
+
+void ReminderView::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape)
+        m_presenter.cmdCloseAll();
+    else
+        QWidget::keyPressEvent(event);
 }

@@ -1,0 +1,63 @@
+// What one look at the events costs on a full campaign, with nearly all of them closed, as they are after
+// years, and with every one of them open. Milliseconds of the
+// processor, which other work on the machine does not stretch; the middle of several tries.
+#include "generate.h"
+
+#include "base/clock.h"
+#include "base/silentports.h"
+#include "calendar/frmevcal.h"
+#include "calendar/frmreminder.h"
+#include "store/database.h"
+#include "store/datajw.h"
+#include "store/session.h"
+
+#include <QTemporaryDir>
+
+#include <algorithm>
+#include <cstdio>
+#include <ctime>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class NoScreens : public Navigator
+{
+public:
+    [[nodiscard]] bool hasScreen(const QString&) const override { return false; }
+    void openScreen(const QString&) override {}
+    void openHelp(int) override {}
+};
+
+void report(const char* what, FrmReminder& reminder, int limit)
+{
+    std::vector<double> tries;
+    for (int i = 0; i < 9; ++i) {
+        const std::clock_t begin = std::clock();
+        reminder.checkEvents();
+        tries.push_back(1e3 * static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC);
+    }
+    std::ranges::sort(tries);
+    std::printf("%-24s %5d listed %7.1f ms", what, reminder.lvwRemind().rowCount(), tries[tries.size() / 2]);
+    std::printf(limit > 0 ? "   (wanted: below %d)\n" : "\n", limit);
+}
+
+} // namespace
+
+int main()
+{
+    const QTemporaryDir folder;
+    Database::create(folder.path() + u"/Postledger.db");
+    SilentPrompts prompts;
+    SilentDesktop desktop;
+    Session session(folder.path(), systemClock(), prompts, desktop);
+    generate::campaign(session.dataJW().database(), generate::fullCampaign);
+    NoScreens screens;
+    FrmEvCal calendar(session, screens);
+    FrmReminder reminder(session, calendar);
+    reminder.load();
+    report("5000 events, all open", reminder, 0);
+    session.dataJW().execQuery(u"Update Event set Complete='OkEvent' where EventKey>60"_s);
+    report("5000 events, 60 open", reminder, 30);
+    return 0;
+}

@@ -1,0 +1,113 @@
+// The reminder screen's look at the events, and what it tells of it.
+#include "base/dates.h"
+#include "calendar/frmreminder.h"
+#include "calendar/reminderlist.h"
+#include "store/datajw.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString lastLookSetting = u"Reminder/LastLook"_s;
+constexpr qsizetype noteLines = 5;
+
+QString rowKey(Key eventKey)
+{
+    return u'A' + QString::number(eventKey);
+}
+
+/// A row of the list; the columns that would sort wrongly by their texts sort by what they say.
+ListRow listRow(const DueEvent& due)
+{
+    const ReminderVerdict& verdict = due.verdict;
+    ListRow row{rowKey(due.eventKey),
+                {due.event, due.description, dates::general(verdict.moment), due.contact, due.position,
+                 due.company, verdict.timeLeft()},
+                verdict.urgency(),
+                std::vector<QVariant>(7),
+                false};
+    row.sortsBy[2] = verdict.moment;
+    row.sortsBy[6] = verdict.hours;
+    return row;
+}
+
+QString noteLine(const DueEvent& due)
+{
+    QStringList parts{due.event.simplified(), due.company.simplified(), dates::general(due.verdict.moment)};
+    parts.removeAll(QString());
+    return parts.join(u", "_s);
+}
+
+} // namespace
+
+void FrmReminder::checkEvents()
+{
+    // Nobody is interrupted in a question. The look is lost, and so is the tick that asked for it.
+    if (m_session.dialogBusy)
+        return;
+    DueEvents found;
+    {
+        // A look that fails says so in the log and on the screen, but stops nobody with a box.
+        const Session::QuietReports quiet(m_session);
+        found = lookForDueEvents(m_session.dataJW(), m_session.now());
+    }
+    m_matchedKeys.insert(found.matched.begin(), found.matched.end());
+    const bool failed = !found.failure.isEmpty();
+    if (failed)
+        m_session.logError(u"frmReminder - checkEvents: "_s + found.failure, 1);
+    m_failure = failed ? tr("Not every event could be looked at. %1").arg(found.failure) : QString();
+    if (!failed || found.looked > 0)
+        showRows(found.open);
+    showNote();
+    if (!failed)
+        noteLook(found.open);
+    // A failure leaves the screen as it was at that moment: shown, with what had been found.
+    if (failed || m_list.rowCount() > 0)
+        comeForward(!m_unattended);
+    else
+        setScreen(false, m_timer1Enabled);
+}
+
+void FrmReminder::showRows(const std::vector<DueEvent>& events)
+{
+    std::vector<ListRow> rows;
+    rows.reserve(events.size());
+    for (const DueEvent& due : events)
+        rows.push_back(listRow(due));
+    m_list.setRows(std::move(rows));
+    // What was selected stays so while it is listed: bold, so that the user sees what a button would do.
+    const QString selected = rowKey(m_selectedEventKey);
+    if (m_list.find(selected) < 0)
+        m_selectedEventKey = 0;
+    else
+        m_list.mark(selected);
+}
+
+void FrmReminder::noteLook(const std::vector<DueEvent>& events)
+{
+    QSettings& settings = m_session.settings().file();
+    if (!m_lookedBefore) {
+        const auto last = QDateTime::fromString(settings.value(lastLookSetting).toString(), Qt::ISODate);
+        if (last.isValid())
+            tellWhatCameDue(events, last);
+    }
+    m_lookedBefore = true;
+    settings.setValue(lastLookSetting, m_session.now().toString(Qt::ISODate));
+}
+
+void FrmReminder::tellWhatCameDue(const std::vector<DueEvent>& events, const QDateTime& lastLook)
+{
+    QStringList lines;
+    for (const DueEvent& due : events) {
+        if (!ReminderRules::isInTime(due.verdict, lastLook))
+            lines.append(noteLine(due));
+    }
+    if (lines.isEmpty())
+        return;
+    if (const qsizetype further = lines.size() - noteLines; further > 0) {
+        lines.resize(noteLines);
+        lines.append(tr("and %1 more").arg(further));
+    }
+    // Without a place for notes on this desktop the screen itself has said it all.
+    (void)m_session.desktop().notify(tr("Came due since the last look"), lines.join(u'\n'));
+}

@@ -1,0 +1,132 @@
+#include "calendar/icalendar.h"
+
+#include "calendar/eventtimes.h"
+
+#include <libical/ical.h>
+
+#include <cstdlib>
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int secondsAnHour = 3600;
+
+using Component = std::unique_ptr<icalcomponent, decltype(&icalcomponent_free)>;
+
+/// A stored text as the format can carry it: lines end in LF, and signs that no text file has are gone.
+QByteArray plain(QString text)
+{
+    text.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n');
+    text.removeIf([](QChar c) { return c.category() == QChar::Other_Control && c != u'\n' && c != u'\t'; });
+    return text.toUtf8();
+}
+
+icaltimetype timeOf(QDate date, QTime time)
+{
+    icaltimetype value = icaltime_null_time();
+    value.year = date.year();
+    value.month = date.month();
+    value.day = date.day();
+    value.is_date = time.isValid() ? 0 : 1;
+    if (time.isValid()) {
+        value.hour = time.hour();
+        value.minute = time.minute();
+    }
+    return value;
+}
+
+icaltimetype utc(const QDateTime& moment)
+{
+    const QDateTime there = moment.toUTC();
+    icaltimetype value = timeOf(there.date(), there.time());
+    value.second = there.time().second();
+    value.zone = icaltimezone_get_utc_timezone();
+    return value;
+}
+
+void addTexts(icalcomponent* component, const JWevent& entry, const QDateTime& now)
+{
+    const QString uid = u"event-%1@jobwright"_s.arg(entry.eventKey);
+    icalcomponent_add_property(component, icalproperty_new_uid(uid.toUtf8().constData()));
+    icalcomponent_add_property(component, icalproperty_new_dtstamp(utc(now)));
+    icalcomponent_add_property(component, icalproperty_new_summary(plain(entry.eventName).constData()));
+    if (!entry.eventDescription.isEmpty())
+        icalcomponent_add_property(component,
+                                   icalproperty_new_description(plain(entry.eventDescription).constData()));
+}
+
+void addAlarm(icalcomponent* component, const JWevent& entry)
+{
+    bool isNumber = false;
+    const int hours = entry.reminder1.toInt(&isNumber);
+    constexpr int longest = 24 * 366;
+    if (!isNumber || hours <= 0 || hours > longest)
+        return;
+    icaltriggertype trigger{};
+    trigger.time = icaltime_null_time();
+    trigger.duration = icaldurationtype_from_int(-hours * secondsAnHour);
+    icalcomponent* const alarm = icalcomponent_new(ICAL_VALARM_COMPONENT);
+    icalcomponent_add_property(alarm, icalproperty_new_action(ICAL_ACTION_DISPLAY));
+    icalcomponent_add_property(alarm, icalproperty_new_trigger(trigger));
+    icalcomponent_add_property(alarm, icalproperty_new_description(plain(entry.eventName).constData()));
+    icalcomponent_add_component(component, alarm);
+}
+
+icalcomponent* eventOf(const JWevent& entry, const QDateTime& now)
+{
+    icalcomponent* const event = icalcomponent_new(ICAL_VEVENT_COMPONENT);
+    addTexts(event, entry, now);
+    const QTime start = entry.startTime();
+    icalcomponent_add_property(event, icalproperty_new_dtstart(timeOf(entry.eventDate, start)));
+    const double hours = eventtimes::number(entry.eventDuration);
+    constexpr double longest = 24.0 * 366;
+    if (start.isValid() && hours > 0 && hours <= longest) {
+        // Reckoned without a zone, so that the night in which clocks change makes no meeting longer.
+        const QDateTime end =
+            QDateTime(entry.eventDate, start, Qt::UTC).addSecs(qRound64(hours * secondsAnHour));
+        icalcomponent_add_property(event, icalproperty_new_dtend(timeOf(end.date(), end.time())));
+    }
+    addAlarm(event, entry);
+    return event;
+}
+
+icalcomponent* taskOf(const JWevent& entry, const QDateTime& now)
+{
+    constexpr int highest = 1;
+    constexpr int lowest = 9;
+    icalcomponent* const task = icalcomponent_new(ICAL_VTODO_COMPONENT);
+    addTexts(task, entry, now);
+    if (entry.hasDate())
+        icalcomponent_add_property(task, icalproperty_new_due(timeOf(entry.eventDate, entry.startTime())));
+    if (entry.medium == u"High Priority")
+        icalcomponent_add_property(task, icalproperty_new_priority(highest));
+    if (entry.medium == u"Low Priority")
+        icalcomponent_add_property(task, icalproperty_new_priority(lowest));
+    icalcomponent_add_property(
+        task, icalproperty_new_status(entry.isDone() ? ICAL_STATUS_COMPLETED : ICAL_STATUS_NEEDSACTION));
+    return task;
+}
+
+} // namespace
+
+namespace icalendar {
+
+QByteArray write(const std::vector<JWevent>& entries, const QDateTime& now)
+{
+    const Component calendar(icalcomponent_new(ICAL_VCALENDAR_COMPONENT), &icalcomponent_free);
+    icalcomponent_add_property(calendar.get(), icalproperty_new_version("2.0"));
+    icalcomponent_add_property(calendar.get(), icalproperty_new_prodid("-//Jobwright//Jobwright//EN"));
+    for (const JWevent& entry : entries) {
+        if (entry.isTask())
+            icalcomponent_add_component(calendar.get(), taskOf(entry, now));
+        else if (entry.hasDate())
+            icalcomponent_add_component(calendar.get(), eventOf(entry, now));
+    }
+    const std::unique_ptr<char, decltype(&std::free)> text(icalcomponent_as_ical_string_r(calendar.get()),
+                                                           &std::free);
+    return QByteArray(text.get());
+}
+
+} // namespace icalendar

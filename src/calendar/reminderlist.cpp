@@ -1,0 +1,182 @@
+#include "calendar/reminderlist.h"
+
+#include "store/datajw.h"
+
+#include <QCoreApplication>
+#include <QHash>
+
+#include <array>
+#include <functional>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString tr(const char* text)
+{
+    return QCoreApplication::translate("FrmReminder", text);
+}
+
+/// From so many events on the names are read table by table: each name by itself is a statement.
+constexpr size_t manyEvents = 200;
+
+/// The names of all rows of a table by their keys; of several columns joined with a blank.
+QHash<Key, QString> allNames(DataJW& dataJW, const QString& table, const QStringList& columns)
+{
+    QHash<Key, QString> names;
+    RecordSet rows =
+        dataJW.getExecQueryRecords(u"Select "_s + table + u"Key," + columns.join(u',') + u" from " + table);
+    names.reserve(rows.rowCount());
+    for (; !rows.atEnd(); rows.next()) {
+        QString name = rows.text(1);
+        for (int column = 2; column < rows.columnCount(); ++column)
+            name += u' ' + rows.text(column);
+        if (const auto key = toKey(rows.value(0).toLongLong()))
+            names.insert(*key, name);
+    }
+    return names;
+}
+
+/// Names by key, each asked for once however many events share it.
+class Names
+{
+public:
+    explicit Names(std::function<QString(Key)> ask)
+        : m_ask(std::move(ask))
+    {
+    }
+    /// From here on nobody is asked: what is not in @p all has no name.
+    void know(QHash<Key, QString> all)
+    {
+        m_known = std::move(all);
+        m_ask = [](Key) { return QString(); };
+    }
+    QString operator()(Key key)
+    {
+        if (key == 0)
+            return {};
+        auto found = m_known.find(key);
+        if (found == m_known.end())
+            found = m_known.insert(key, m_ask(key));
+        return *found;
+    }
+
+private:
+    std::function<QString(Key)> m_ask;
+    QHash<Key, QString> m_known;
+};
+
+/// What a listed event belongs to.
+struct Links
+{
+    Key contact = 0;
+    Key position = 0;
+    Key company = 0;
+};
+
+/// Walks the rows of all events; columns are found once, as there may be thousands of rows.
+class Look
+{
+public:
+    Look(DataJW& dataJW, RecordSet events, const QDateTime& now)
+        : m_dataJW(dataJW)
+        , m_events(std::move(events))
+        , m_rules(now)
+        , m_contacts([&dataJW](Key key) { return dataJW.getContactByKey(key); })
+        , m_positions([&dataJW](Key key) { return dataJW.getPositionNameByKey(key); })
+        , m_companies([&dataJW](Key key) { return dataJW.getCompanyNameByKey(key); })
+    {
+        constexpr std::array<QStringView, ColumnCount> names{u"EventType", u"EventDate", u"EventTime",
+                                                             u"AMPM",      u"Reminder1", u"Complete"};
+        for (int i = 0; i < ColumnCount; ++i)
+            m_columns[static_cast<size_t>(i)] = m_events.columnIndex(names[static_cast<size_t>(i)]);
+    }
+
+    DueEvents all()
+    {
+        m_found.looked = m_events.rowCount();
+        for (; !m_events.atEnd() && m_found.failure.isEmpty(); m_events.next()) {
+            // The store finds the kind in any case; an event is only what is written exactly so.
+            if (text(EventType) == u"Event")
+                look();
+        }
+        nameThem();
+        return std::move(m_found);
+    }
+
+private:
+    enum Column { EventType, EventDate, EventTime, AmPm, Reminder1, Complete, ColumnCount };
+
+    /// As stored: there is no need to put thousands of dates into another form to read them again.
+    [[nodiscard]] QString text(Column column) const { return m_events.value(m_columns[column]).toString(); }
+
+    void look()
+    {
+        const auto verdict = m_rules.judge({text(EventDate), text(EventTime), text(AmPm), text(Reminder1)});
+        if (!verdict) {
+            // One row that no one can read ends the look. The log names it, so that it can be mended.
+            m_found.failure =
+                tr("The event \"%1\" of %2 has a time or a reminder that cannot be read: \"%3\".")
+                    .arg(m_events.text(u"Event"), m_events.text(u"EventDate"),
+                         QString(text(EventTime) + u' ' + text(AmPm) + u" / " + text(Reminder1)));
+            return;
+        }
+        if (!verdict->inTime)
+            return;
+        const auto key = m_events.key(u"EventKey");
+        if (!key) {
+            m_found.failure = tr("The number of the event \"%1\" is too large.").arg(m_events.text(u"Event"));
+            return;
+        }
+        m_found.matched.push_back(*key);
+        const QString complete = text(Complete);
+        if (complete != u"Complete" && complete != u"OkEvent")
+            list(*key, *verdict);
+    }
+
+    void list(Key key, const ReminderVerdict& verdict)
+    {
+        m_found.open.push_back(
+            {key, m_events.text(u"Event"), m_events.text(u"Description"), verdict, {}, {}, {}});
+        m_links.push_back({m_events.key(u"ContactKey").value_or(0), m_events.key(u"PositionKey").value_or(0),
+                           m_events.key(u"CompanyKey").value_or(0)});
+    }
+
+    void nameThem()
+    {
+        if (m_links.size() >= manyEvents) {
+            m_contacts.know(allNames(m_dataJW, u"Contact"_s, {u"FirstName"_s, u"LastName"_s}));
+            m_positions.know(allNames(m_dataJW, u"Position"_s, {u"Title"_s}));
+            m_companies.know(allNames(m_dataJW, u"Company"_s, {u"Name"_s}));
+        }
+        for (size_t i = 0; i < m_links.size(); ++i) {
+            DueEvent& due = m_found.open[i];
+            due.contact = m_contacts(m_links[i].contact);
+            due.position = m_positions(m_links[i].position);
+            due.company = m_companies(m_links[i].company);
+        }
+    }
+
+    DataJW& m_dataJW;
+    RecordSet m_events;
+    ReminderRules m_rules;
+    std::array<int, ColumnCount> m_columns{};
+    Names m_contacts;
+    Names m_positions;
+    Names m_companies;
+    DueEvents m_found;
+    std::vector<Links> m_links; ///< of m_found.open, in its order
+};
+
+} // namespace
+
+DueEvents lookForDueEvents(DataJW& dataJW, const QDateTime& now)
+{
+    RecordSet events = dataJW.getEventAll(u"Event"_s);
+    if (events.isNothing()) {
+        DueEvents none;
+        none.failure = tr("The events could not be read.");
+        return none;
+    }
+    return Look(dataJW, std::move(events), now).all();
+}

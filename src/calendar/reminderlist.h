@@ -1,0 +1,38 @@
+// The events that are due at a moment, as the store has them.
+#pragma once
+
+#include "base/key.h"
+#include "calendar/reminderrules.h"
+
+#include <QDateTime>
+#include <QString>
+
+#include <vector>
+
+class DataJW;
+
+/// One open event inside its lead time.
+struct DueEvent
+{
+    Key eventKey = 0;
+    QString event;
+    QString description;
+    ReminderVerdict verdict;
+    QString contact; ///< names; empty when the event has none
+    QString position;
+    QString company;
+};
+
+/// What one look at all events found.
+struct DueEvents
+{
+    int looked = 0;             ///< event rows that there are
+    std::vector<DueEvent> open; ///< in the order of their dates
+    std::vector<Key> matched;   ///< every event inside its lead time, closed ones too
+    /// Why the look ended before its end, in words; empty when it did not. What stands before that row has
+    /// been found.
+    QString failure;
+};
+
+/// Looks at all events as they stand at @p now. Changes nothing and shows nothing.
+[[nodiscard]] DueEvents lookForDueEvents(DataJW& dataJW, const QDateTime& now);

@@ -1,0 +1,97 @@
+#include "calendar/reminderrules.h"
+
+#include "base/dates.h"
+
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint64 secondsAnHour = 3600;
+constexpr qint64 hoursADay = 24;
+const QDate zeroDate(1899, 12, 30);
+
+/// The same figures on the clock, taken as UTC. Appointments are made by the wall clock: counted so, an
+/// event in the hour that summer time skips is still a moment, and a day always has 24 hours.
+QDateTime wallClock(const QDateTime& local)
+{
+    return {local.date(), local.time(), Qt::UTC};
+}
+
+qint64 wholeHours(const QDateTime& from, const QDateTime& to)
+{
+    return from.secsTo(to) / secondsAnHour;
+}
+
+std::optional<QDateTime> momentOf(const ReminderValues& values)
+{
+    // A row without a date is as old as a row can be: it must not keep the others from being seen.
+    const QString text = (values.date.isEmpty() ? dates::mdyyyy(zeroDate) : values.date) + u' ' +
+                         values.time.trimmed() + u' ' + values.ampm.trimmed();
+    const auto moment = dates::parse(text);
+    if (!moment)
+        return std::nullopt;
+    return QDateTime(moment->date, moment->time.isValid() ? moment->time : QTime(0, 0), Qt::UTC);
+}
+
+/// An empty text is no reminder, as in the rows that other programs leave; any other has to be a number.
+std::optional<double> leadOf(const QString& text)
+{
+    if (text.trimmed().isEmpty())
+        return 0.0;
+    bool isNumber = false;
+    const double hours = text.trimmed().toDouble(&isNumber);
+    if (!isNumber || !std::isfinite(hours))
+        return std::nullopt;
+    return hours;
+}
+
+bool isInLead(qint64 hours, double lead)
+{
+    // Without a reminder the lead is 0, so every open event speaks up once its moment has come.
+    return static_cast<double>(hours) <= std::trunc(lead);
+}
+
+} // namespace
+
+QString ReminderVerdict::timeLeft() const
+{
+    if (hours > hoursADay)
+        return QString::number(hours / hoursADay) + u" dys";
+    return QString::number(hours) + u" hrs";
+}
+
+QString ReminderVerdict::urgency() const
+{
+    if (hours <= 0)
+        return u"Overdue"_s;
+    return static_cast<double>(hours) <= std::trunc(lead / 2) ? u"sel"_s : u"unsel"_s;
+}
+
+ReminderRules::ReminderRules(const QDateTime& now)
+    : m_now(wallClock(now))
+    , m_moment(zeroDate, QTime(0, 0), Qt::UTC)
+{
+}
+
+std::optional<ReminderVerdict> ReminderRules::judge(const ReminderValues& values)
+{
+    if (values.time != u"Nodate") {
+        const auto moment = momentOf(values);
+        if (!moment)
+            return std::nullopt;
+        m_moment = *moment;
+    }
+    const auto lead = leadOf(values.lead);
+    if (!lead)
+        return std::nullopt;
+    ReminderVerdict verdict{m_moment, *lead, wholeHours(m_now, m_moment), false};
+    verdict.inTime = isInLead(verdict.hours, *lead);
+    return verdict;
+}
+
+bool ReminderRules::isInTime(const ReminderVerdict& event, const QDateTime& when)
+{
+    return isInLead(wholeHours(wallClock(when), event.moment), event.lead);
+}

@@ -1,0 +1,113 @@
+#include "views/calendar/reminderlistview.h"
+
+#include "base/rowmodel.h"
+
+#include <QFont>
+#include <QGuiApplication>
+#include <QIcon>
+#include <QKeyEvent>
+#include <QPalette>
+
+using namespace Qt::StringLiterals;
+
+// Outside of any namespace, as the resource compiler's symbol is.
+static void loadReminderPictures()
+{
+    Q_INIT_RESOURCE(reminders);
+}
+
+namespace {
+
+bool isDark()
+{
+    constexpr int middle = 128;
+    return QGuiApplication::palette().color(QPalette::Base).lightness() < middle;
+}
+
+QString word(const QString& urgency)
+{
+    if (urgency == u"Overdue")
+        return UrgencyModel::tr("Overdue");
+    return urgency == u"sel" ? UrgencyModel::tr("Soon") : QString();
+}
+
+/// Warm colours that can be read on a light and on a dark list; a palette has none for "late".
+QVariant ink(const QString& urgency)
+{
+    if (urgency == u"Overdue")
+        return QColor(isDark() ? 0xff9a8f : 0xb3261e);
+    if (urgency == u"sel")
+        return QColor(isDark() ? 0xf2c464 : 0x7a5200);
+    return {};
+}
+
+QIcon picture(const QString& urgency)
+{
+    static const bool loaded = (loadReminderPictures(), true);
+    return loaded ? QIcon(u":/jobwright/reminders/%1.svg"_s.arg(urgency.toLower())) : QIcon();
+}
+
+} // namespace
+
+QVariant UrgencyModel::data(const QModelIndex& index, int role) const
+{
+    const bool isLast = index.column() == columnCount() - 1;
+    const auto urgency = [&] { return index.data(RowModel::KindRole).toString(); };
+    switch (role) {
+    case Qt::DisplayRole:
+        if (const QString urgent = isLast ? word(urgency()) : QString(); !urgent.isEmpty())
+            return tr("%1, %2").arg(urgent, QIdentityProxyModel::data(index, role).toString());
+        break;
+    case Qt::ToolTipRole:
+        return QIdentityProxyModel::data(index, Qt::DisplayRole); // long texts do not fit into their columns
+    case Qt::DecorationRole:
+        return index.column() == 0 ? QVariant(picture(urgency())) : QVariant();
+    case Qt::ForegroundRole:
+        return isLast ? ink(urgency()) : QVariant();
+    case Qt::FontRole:
+        if (index.data(RowModel::MarkedRole).toBool()) {
+            QFont bold;
+            bold.setBold(true);
+            return bold;
+        }
+        break;
+    default:
+        break;
+    }
+    return QIdentityProxyModel::data(index, role);
+}
+
+ReminderListView::ReminderListView(QWidget* parent)
+    : QTreeView(parent)
+{
+    setRootIsDecorated(false);
+    setUniformRowHeights(true);
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    connect(this, &QAbstractItemView::clicked, this, &ReminderListView::chosen);
+    connect(this, &QAbstractItemView::doubleClicked, this, &ReminderListView::opened);
+}
+
+void ReminderListView::showSelected(int row)
+{
+    // Without a selection there is no current row either: the next arrow key begins at the top.
+    selectionModel()->clear();
+    if (row >= 0)
+        setCurrentIndex(model()->index(row, 0));
+    viewport()->update();
+}
+
+void ReminderListView::keyPressEvent(QKeyEvent* event)
+{
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (enter && currentIndex().isValid()) {
+        emit opened(currentIndex());
+        return;
+    }
+    const bool arrow = event->key() == Qt::Key_Down || event->key() == Qt::Key_Up;
+    // The list stands on its first row as soon as it has the keyboard; the first arrow chooses that one.
+    if (!arrow || selectionModel()->hasSelection() || !currentIndex().isValid())
+        QTreeView::keyPressEvent(event);
+    if (currentIndex().isValid() && event->key() != Qt::Key_Tab && event->key() != Qt::Key_Escape)
+        emit chosen(currentIndex());
+}

@@ -1,0 +1,152 @@
+// What another calendar program reads from the file, asked of the library that many of them use.
+#include "calendar/icalendar.h"
+
+#include "base/dates.h"
+
+#include <libical/ical.h>
+
+#include <QTest>
+
+#include <QRegularExpression>
+
+#include <functional>
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QDateTime now(QDate(2026, 11, 22), QTime(9, 30), Qt::UTC);
+
+JWevent interview()
+{
+    return {.eventKey = 7,
+            .eventDate = QDate(2026, 11, 30),
+            .eventTime = u"11:30"_s,
+            .eventDuration = u"1.25"_s,
+            .eventDescription = u"Gate 2; ask for \"Mara\", bring a\\b\r\nsteel shoes\x01"_s,
+            .eventName = u"Interview"_s,
+            .reminder1 = u"24"_s,
+            .reminder2 = u"0"_s,
+            .ampm = u"PM"_s,
+            .medium = u"Meeting"_s,
+            .eventType = u"Event"_s,
+            .complete = {}};
+}
+
+JWevent task(QDate due)
+{
+    JWevent made = interview();
+    made.eventType = u"Task"_s;
+    made.eventTime.clear();
+    made.eventDate = due;
+    made.reminder1 = u"0"_s;
+    made.medium = u"High Priority"_s;
+    return made;
+}
+
+/// The entries written and read back, one "NAME=value" a line; an alarm's stand behind "VALARM".
+QStringList readBack(const JWevent& entry)
+{
+    const std::unique_ptr<icalcomponent, decltype(&icalcomponent_free)> calendar(
+        icalcomponent_new_from_string(icalendar::write({entry}, now).constData()), &icalcomponent_free);
+    if (!calendar || icalcomponent_count_errors(calendar.get()) > 0)
+        return {u"broken"_s};
+    QStringList lines;
+    const std::function<void(icalcomponent*)> walk = [&](icalcomponent* part) {
+        lines.append(QLatin1String(icalcomponent_kind_to_string(icalcomponent_isa(part))));
+        for (auto* each = icalcomponent_get_first_property(part, ICAL_ANY_PROPERTY); each;
+             each = icalcomponent_get_next_property(part, ICAL_ANY_PROPERTY)) {
+            const char* value = icalproperty_get_value_as_string(each);
+            const icalvalue* typed = icalproperty_get_value(each);
+            if (icalvalue_isa(typed) == ICAL_TEXT_VALUE)
+                value = icalvalue_get_text(typed);
+            lines.append(QString(QLatin1String(icalproperty_get_property_name(each)) + u'=' +
+                                 QString::fromUtf8(value)));
+        }
+        for (auto* each = icalcomponent_get_first_component(part, ICAL_ANY_COMPONENT); each;
+             each = icalcomponent_get_next_component(part, ICAL_ANY_COMPONENT))
+            walk(each);
+    };
+    walk(calendar.get());
+    return lines;
+}
+
+} // namespace
+
+class TestICalendar : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void eventIsReadAsItWasPlanned()
+    {
+        const QStringList lines = readBack(interview());
+        for (const QString& line :
+             {u"VERSION=2.0"_s, u"VEVENT"_s, u"UID=event-7@jobwright"_s, u"DTSTAMP=20261122T093000Z"_s,
+              u"DTSTART=20261130T233000"_s, u"DTEND=20261201T004500"_s, u"SUMMARY=Interview"_s,
+              u"DESCRIPTION=Gate 2; ask for \"Mara\", bring a\\b\nsteel shoes"_s, u"VALARM"_s,
+              u"TRIGGER=-P1D"_s, u"ACTION=DISPLAY"_s})
+            QVERIFY2(lines.contains(line), qPrintable(line + u" not in\n" + lines.join(u'\n')));
+    }
+
+    void entryHasOnlyWhatItsTextsSay_data()
+    {
+        QTest::addColumn<QString>("field");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("present"); // a line, or the beginning of none behind "-"
+        QTest::newRow("no length") << u"duration"_s << u"0"_s << u"-DTEND"_s;
+        QTest::newRow("odd length") << u"duration"_s << u"long"_s << u"-DTEND"_s;
+        QTest::newRow("length without end") << u"duration"_s << u"1e18"_s << u"-DTEND"_s;
+        QTest::newRow("no reminder") << u"lead"_s << u"0"_s << u"-VALARM"_s;
+        QTest::newRow("odd reminder") << u"lead"_s << u"soon"_s << u"-VALARM"_s;
+        QTest::newRow("reminder without end") << u"lead"_s << u"2147483647"_s << u"-VALARM"_s;
+        QTest::newRow("odd time: the day") << u"time"_s << u"noon"_s << u"DTSTART=20261130"_s;
+        QTest::newRow("no time: the day") << u"time"_s << u"Nodate"_s << u"DTSTART=20261130"_s;
+    }
+
+    void entryHasOnlyWhatItsTextsSay()
+    {
+        QFETCH(QString, field);
+        QFETCH(QString, text);
+        QFETCH(QString, present);
+        JWevent entry = interview();
+        (field == u"duration" ? entry.eventDuration
+         : field == u"lead"   ? entry.reminder1
+                              : entry.eventTime) = text;
+        const QStringList lines = readBack(entry);
+        QVERIFY(lines.contains(u"VEVENT"_s));
+        if (present.startsWith(u'-'))
+            QVERIFY2(lines.filter(QRegularExpression(u'^' + present.mid(1))).isEmpty(),
+                     qPrintable(lines.join(u'\n')));
+        else
+            QVERIFY2(lines.contains(present), qPrintable(lines.join(u'\n')));
+    }
+
+    void taskIsDueOnItsDay()
+    {
+        JWevent entry = task(QDate(2026, 11, 30));
+        QVERIFY(readBack(entry).contains(u"DUE=20261130"_s));
+        QVERIFY(readBack(entry).contains(u"PRIORITY=1"_s));
+        QVERIFY(readBack(entry).contains(u"STATUS=NEEDS-ACTION"_s));
+        entry.complete = u"Complete"_s;
+        QVERIFY(readBack(entry).contains(u"STATUS=COMPLETED"_s));
+    }
+
+    void taskWithoutDateHasNoDue()
+    {
+        const QStringList lines = readBack(task(dates::sentinel));
+        QVERIFY(lines.contains(u"VTODO"_s));
+        QVERIFY(lines.filter(u"DUE="_s).isEmpty());
+    }
+
+    void eventWithoutDateIsLeftOut()
+    {
+        JWevent entry = interview();
+        entry.eventDate = dates::sentinel;
+        QVERIFY(!readBack(entry).contains(u"VEVENT"_s));
+    }
+};
+
+QTEST_APPLESS_MAIN(TestICalendar)
+#include "tst_icalendar.moc"
