@@ -4,22 +4,92 @@
 #include "base/form.h"
 #include "base/key.h"
 #include "base/ports.h"
+#include "base/rowmodel.h"
+#include "calendar/caldis.h"
+#include "calendar/jwevent.h"
 #include "store/session.h"
 
 #include <QHash>
 #include <QObject>
+#include <QSet>
+#include <QStringList>
+
+#include <array>
+#include <optional>
+#include <vector>
+
+/// One event in a day's list.
+struct DayChip
+{
+    QString key;           ///< "EV" and the slot; valid until the next changed()
+    QString text;          ///< "10:30 Interview", "2:00p Referral"; the name alone when it has no time
+    QString tip;           ///< all of it in words, for a tool tip and for those who do not see the pictures
+    QStringList icons;     ///< pictures in order: type, format, alarm ("Meeting", "Phone", "Nobell")
+    QString kind;          ///< colour group, eventchoices::kindOf()
+    bool ghosted = false;  ///< a closed event that is shown all the same
+    bool complete = false; ///< closed or finished
+};
+
+/// One of the 37 day lists.
+struct DayCell
+{
+    QDate date; ///< invalid outside the month
+    std::vector<DayChip> chips;
+    bool today = false;
+    bool selected = false;
+};
 
 /// Shows a month of events with its tasks, and plans, moves, closes and removes them.
+///
+/// All events are read once and painted from memory. A choice or a text goes into the editing frame only; the
+/// store changes by cmdAdd1(), cmdRemove1(), removeEntry(), dropOn() and flipTask().
 class FrmEvCal : public QObject
 {
     Q_OBJECT
 
 public:
+    static constexpr int cellCount = 37;
+    static constexpr int timerCalInterval =
+        1500;                               ///< ms: how long a drag rests on a month arrow before it steps
+    static constexpr int eventBound = 1000; ///< events in memory
+    static constexpr int monthBound = 100;  ///< events in one month
+
     FrmEvCal(Session& session, Navigator& navigator);
     ~FrmEvCal() override;
 
+    /// The controls:
+    /// - month: lblMonth ("November 2026"), lblEvents, lblBusy, lblBusiest, txtTotals, txtMonthly, txtNoDate,
+    ///   Label11 ("Month of November"), chkShowComplete;
+    /// - frame: frmeEventData (its caption, "mm/dd/yyyy" or "No Date"), txtEvName, txtFormat (the format, or
+    /// the
+    ///   priority of a task), txtEvTimeS with optStAM and optStPM (start), txtEvTimeN with optEnAM and
+    ///   optEnPM (end), both with lstTime as items, chkhalf, chkOne, chkOnehalf, chkTwo, imgReminder (the
+    ///   bell, "1" when set), txtRemind with lstRemind as items, lblCompany, lblContact, lblPosition with
+    ///   their choices as items (the first one empty: none), txtEvDescription, chkTask, chkNoDate,
+    ///   chkComplete, dtEvTsk (ISO date), imgOther1 and imgOther2 (text chosen, "" for none), imgFormat and
+    ///   imgPriority (visible state), cmdAdd1, cmdRemove1.
     [[nodiscard]] Form& form() { return m_form; }
+    /// Task, Due, State; kinds "due", "overdue", "completed"; keys "A" and the event's key.
+    [[nodiscard]] RowModel& lvwAct() { return m_tasks; }
 
+    // --- The month ----------------------------------------------------------------------------------------
+    [[nodiscard]] const std::array<DayCell, cellCount>& cells() const { return m_cells; } ///< lvwDay(0..36)
+    [[nodiscard]] int cellOf(QDate date) const; ///< -1 when the date is not in the shown month
+    [[nodiscard]] qint16 month() const { return m_month; }
+    [[nodiscard]] qint16 year() const { return m_year; }
+    [[nodiscard]] QDate selectedDay() const { return m_selectedDay; } ///< always in the shown month
+
+    // --- The frame ----------------------------------------------------------------------------------------
+    [[nodiscard]] bool isFrameOpen() const { return m_frameOpen; }
+    [[nodiscard]] bool isNewEntry() const { return m_rows.empty(); }
+    [[nodiscard]] bool isFrameDirty() const { return m_frameDirty; } ///< holds what is not in the store
+    /// The entry's day, for the frame's heading; invalid for "No Date".
+    [[nodiscard]] QDate frameDate() const;
+    /// The frame may go: true when nothing in it is unsaved, or the user has saved or dropped it. Asked by
+    /// the view before it closes.
+    bool mayLeaveFrame();
+
+    // --- Called by other screens --------------------------------------------------------------------------
     /// The screen opens: reads the events and shows today's month, unless showEvent() or createHistoryEvent()
     /// has just prepared something else.
     void load();
@@ -28,18 +98,143 @@ public:
     /// Opens the screen with the frame on this event.
     void showEvent(Key eventKey);
     /// Opens the screen with the frame on a new task made of these values: "H0" company, "H1" contact, "H2"
-    /// position, "H3" event type, "H4" description, "H5" date, "H6" medium. "NONE" means empty.
+    /// position, "H3" event type, "H4" description, "H5" date in any of the program's forms (else today),
+    /// "H6" medium. "NONE" means empty. An event type that begins with "net" makes it a networking event.
     void createHistoryEvent(const QHash<QString, QString>& values);
-    /// Something else has changed events: an open calendar reads and paints them again.
+    /// Something else has changed events: an open calendar reads and paints them again. What is in the frame
+    /// stays.
     void reload();
 
+    // --- Events, called by the view. Keys are those of chips ("EV3") and tasks ("A12"). -------------------
+    void showMonth(QDate day); ///< the month of @p day, with that day selected
+    /// Selects a day of any month and shows it. A new entry in the frame moves to it; an entry that has a row
+    /// stays on its own day, so that looking around does not move it.
+    void selectDay(QDate day);
+    void walkDays(int days); ///< the arrow keys: 1 and -1, 7 and -7
+    void newEvent(QDate day);
+    void newTask(QDate day); ///< an invalid day: a task without a date
+    void openEntry(const QString& key);
+    void openEvent(Key eventKey);
+    /// Drops an entry on a day: it moves there. Invalid days and unknown keys do nothing.
+    void dropOn(const QString& key, QDate day);
+    void removeEntry(const QString& key); ///< asks, then deletes
+    void flipTask(const QString& key);    ///< right click in lvwAct: finished and open in turn
+    void setShowComplete(bool show);
+    void closeEvent(); ///< shuts the frame; what was typed is gone
+
+    void chooseEventType(const QString& text);
+    void chooseFormat(const QString& text);
+    void chooseOther(int button, const QString& text); ///< imgOther1 or imgOther2, by 1 and 2
+    void choosePriority(const QString& text);
+    void chooseRemind(const QString& text);
+    void chooseDuration(const QString& control); ///< chkhalf, chkOne, chkOnehalf or chkTwo has been clicked
+    void chooseCompany(const QString& name);     ///< "" for none
+    void chooseContact(const QString& name);
+    void choosePosition(const QString& title);
+    /// The user has changed a control of the form.
+    void fieldChanged(const QString& control);
+    /// The user leaves a field: a time typed in another way ("14:30", "9", "2pm") is written as the list has
+    /// it.
+    void fieldLeft(const QString& control);
+
+public slots:
+    void cmdLast();     ///< the month before
+    void cmdNext();     ///< the month behind
+    void cmdToday();    ///< today's month, with today selected
+    void cmdNewEvent(); ///< a new event on the selected day
+    void cmdNewTask();  ///< a new task on the selected day
+    void cmdAdd1();     ///< saves the frame's entry; the frame stays on it
+    void cmdRemove1();  ///< asks, then deletes the frame's entry
+    void cmdClose1();   ///< shuts the frame, after a question when it holds unsaved changes
+    void imgReminder(); ///< the bell
+
 signals:
-    void changed();
+    void changed(); ///< month, cells, selected day
+    /// The frame has been opened or shut, or stands for another entry.
+    void frameChanged();
+    /// The frame has been opened on an entry: the view brings it into sight and puts the focus into it.
+    void frameShown();
     /// Events or positions in the store are no longer what they were.
     void recordsChanged();
 
 private:
+    /// What a save needs beside the form.
+    struct Owners
+    {
+        Key company = 0;
+        Key contact = 0;
+        Key position = 0;
+    };
+
+    void loadEvents();
+    void setMonth(QDate day);
+    void clearCal();
+    void fillEvents();
+    void addChip(const JWevent& event, int slot);
+    void fillTasks();
+    void repaint();
+    void tellBound(const QString& place, const QString& text);
+    void tellEventBound(int count);
+    void tellMonthBound(int count);
+    [[nodiscard]] const JWevent* entryOf(const QString& key) const;
+    [[nodiscard]] bool isNoDate() const;
+
+    void openFrame(const std::vector<Key>& rows, QDate day);
+    void newEntry(QDate day, bool task);
+    void fillFrame(const JWevent& event, const RecordSet& row);
+    void fillOwners(const RecordSet& row);
+    void fillOthers();
+    void openHistoryTask(const QHash<QString, QString>& values);
+    void setFrameDate(QDate day);
+    void setTask(bool task);
+    void setNoDate(bool noDate);
+    void setBell(bool set);
+    void showDuration();
+    void showEndTime();
+    void takeEndTime();
+    void normaliseTime(const QString& control);
+    void listPeople();
+    void showListEdges();
+    void touched();
+    [[nodiscard]] bool isNetworking() const;
+    [[nodiscard]] bool mayAssign();
+    [[nodiscard]] bool isOn(const QString& control) const;
+    void setOn(const QString& control, bool on);
+
+    [[nodiscard]] bool save();
+    [[nodiscard]] bool mayBeSaved();
+    [[nodiscard]] QDate entryDate() const;
+    void clearOwnersOfNetworking();
+    [[nodiscard]] Owners owners();
+    [[nodiscard]] bool wantsPlaceholder();
+    [[nodiscard]] QString addPlaceholder(Key company, Key contact);
+    [[nodiscard]] QString insertStatement(const Owners& owners) const;
+    [[nodiscard]] bool deleteRow(Key key);
+    void afterSave(bool inserted, const std::vector<Key>& left);
+    void removeRows(const std::vector<Key>& rows);
+    void storeChanged();
+
     Session& m_session;
     Navigator& m_navigator;
     Form m_form;
+    RowModel m_tasks;
+    CalDis m_calDis;
+    std::vector<JWevent> m_events;      ///< slot 1 is the first
+    std::vector<JWevent> m_monthEvents; ///< copies of the shown month's
+    std::array<DayCell, cellCount> m_cells;
+    qint16 m_month = 0;
+    qint16 m_year = 0;
+    QDate m_selectedDay;
+    bool m_loaded = false;
+    std::optional<BusyScope> m_busy;
+
+    bool m_frameOpen = false;
+    bool m_frameDirty = false;
+    QDate m_frameDate;
+    QString m_duration;      ///< hours as a decimal text; what the entry is stored with
+    std::vector<Key> m_rows; ///< the rows that the next save replaces: none for a new entry
+
+    std::optional<Key> m_preparedEvent;
+    std::optional<QHash<QString, QString>> m_preparedTask;
+    QSet<QString> m_told; ///< the bounds that have been spoken of since the screen was opened
 };

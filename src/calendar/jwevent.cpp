@@ -1,0 +1,84 @@
+#include "calendar/jwevent.h"
+
+#include "base/dates.h"
+#include "base/text.h"
+#include "calendar/eventtimes.h"
+#include "store/datajw.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <tuple>
+
+using namespace Qt::StringLiterals;
+
+bool JWevent::hasDate() const
+{
+    return eventDate.isValid() && eventDate != dates::sentinel && eventDate != zeroDate;
+}
+
+QTime JWevent::startTime() const
+{
+    const auto start = eventtimes::readTime(eventTime, ampm == u"PM");
+    return start ? start->toTime() : QTime();
+}
+
+std::optional<JWevent> JWevent::fromRow(const RecordSet& row)
+{
+    const std::optional<Key> key = row.key(u"EventKey");
+    if (!key)
+        return std::nullopt;
+    const QDate date = row.date(u"EventDate");
+    return JWevent{.eventKey = *key,
+                   .eventDate = date.isValid() ? date : zeroDate,
+                   .eventTime = row.text(u"EventTime"),
+                   .eventDuration = row.text(u"EventDuration"),
+                   .eventDescription = row.text(u"Description"),
+                   .eventName = row.text(u"Event"),
+                   .reminder1 = row.text(u"Reminder1"),
+                   .reminder2 = row.text(u"Reminder2"),
+                   .ampm = row.text(u"AMPM"),
+                   .medium = row.text(u"Medium"),
+                   .eventType = row.text(u"EventType"),
+                   .complete = row.text(u"Complete")};
+}
+
+std::vector<JWevent> readEvents(DataJW& dataJW, const QString& tag)
+{
+    RecordSet rows = dataJW.getEventAll();
+    std::vector<std::pair<QTime, JWevent>> timed;
+    timed.reserve(static_cast<size_t>(rows.rowCount()));
+    int unreachable = 0;
+    for (; !rows.atEnd(); rows.next()) {
+        if (std::optional<JWevent> event = JWevent::fromRow(rows))
+            timed.emplace_back(event->startTime(), *std::move(event));
+        else
+            ++unreachable;
+    }
+    // The store orders by date alone. A day is read from morning to evening.
+    std::stable_sort(timed.begin(), timed.end(), [](const auto& left, const auto& right) {
+        return std::tie(left.second.eventDate, left.first, left.second.eventKey) <
+               std::tie(right.second.eventDate, right.first, right.second.eventKey);
+    });
+    std::vector<JWevent> events;
+    events.reserve(timed.size());
+    for (auto& [time, event] : timed)
+        events.push_back(std::move(event));
+    if (unreachable > 0) {
+        const QString reason = QCoreApplication::translate(
+            "FrmEvCal", "Overflow: %n event(s) have a number above 32767 and cannot be shown.", nullptr,
+            unreachable);
+        dataJW.logError(tag + text::crlf + reason);
+    }
+    return events;
+}
+
+std::vector<JWevent> eventsOfMonth(const std::vector<JWevent>& events, QDate day)
+{
+    std::vector<JWevent> found;
+    std::copy_if(events.begin(), events.end(), std::back_inserter(found), [&](const JWevent& event) {
+        return event.hasDate() && event.eventDate.year() == day.year() &&
+               event.eventDate.month() == day.month();
+    });
+    return found;
+}
