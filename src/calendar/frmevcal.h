@@ -85,6 +85,8 @@ public:
     [[nodiscard]] bool isFrameDirty() const { return m_frameDirty; } ///< holds what is not in the store
     /// The entry's day, for the frame's heading; invalid for "No Date".
     [[nodiscard]] QDate frameDate() const;
+    /// What chkComplete says beside its box: "Complete" or "Incomplete".
+    [[nodiscard]] QString completeCaption() const;
     /// The frame may go: true when nothing in it is unsaved, or the user has saved or dropped it. Asked by
     /// the view before it closes.
     bool mayLeaveFrame();
@@ -150,7 +152,7 @@ public slots:
 
 signals:
     void changed(); ///< month, cells, selected day
-    /// The frame has been opened or shut, or stands for another entry.
+    /// The frame has been opened or shut, stands for another entry, or the user has changed something in it.
     void frameChanged();
     /// The frame has been opened on an entry: the view brings it into sight and puts the focus into it.
     void frameShown();
@@ -158,7 +160,7 @@ signals:
     void recordsChanged();
 
 private:
-    /// What a save needs beside the form.
+    /// The keys that an entry is stored with; 0 for none.
     struct Owners
     {
         Key company = 0;
@@ -166,53 +168,61 @@ private:
         Key position = 0;
     };
 
+    // Painting
     void loadEvents();
     void setMonth(QDate day);
     void clearCal();
     void fillEvents();
-    void addChip(const JWevent& event, int slot);
+    void paintEvent(const JWevent& event, int slot);
     void fillTasks();
+    void markDays();
     void repaint();
-    void tellBound(const QString& place, const QString& text);
-    void tellEventBound(int count);
-    void tellMonthBound(int count);
+    void checkBound(const QString& what, const QString& place, size_t count, int bound);
     [[nodiscard]] const JWevent* entryOf(const QString& key) const;
-    [[nodiscard]] bool isNoDate() const;
+    void storeChanged(QDate shown);
+    void removeRows(const std::vector<Key>& rows);
 
-    void openFrame(const std::vector<Key>& rows, QDate day);
+    // The frame
+    void openFrame(std::vector<Key> rows, QDate day);
     void newEntry(QDate day, bool task);
-    void fillFrame(const JWevent& event, const RecordSet& row);
+    void openHistoryTask(const QHash<QString, QString>& values);
+    void fillFrame(const JWevent& event);
+    void fillTimes(const JWevent& event);
     void fillOwners(const RecordSet& row);
     void fillOthers();
-    void openHistoryTask(const QHash<QString, QString>& values);
     void setFrameDate(QDate day);
+    bool takenByChoice(const QString& control);
     void setTask(bool task);
+    void showTask(bool task);
     void setNoDate(bool noDate);
     void setBell(bool set);
-    void showDuration();
+    void tickDuration();
+    void setHalf(const QString& am, const QString& pm, bool isPm);
     void showEndTime();
     void takeEndTime();
-    void normaliseTime(const QString& control);
+    bool normaliseTime(const QString& control);
+    void nameChanged();
+    void listCompanies();
     void listPeople();
-    void showListEdges();
+    bool mayAssign(const QString& chosen);
+    void choosePerson(const QString& control, const QString& name);
     void touched();
+    [[nodiscard]] bool isNoDate() const;
     [[nodiscard]] bool isNetworking() const;
-    [[nodiscard]] bool mayAssign();
     [[nodiscard]] bool isOn(const QString& control) const;
     void setOn(const QString& control, bool on);
 
-    [[nodiscard]] bool save();
+    // Saving
+    bool save();
     [[nodiscard]] bool mayBeSaved();
-    [[nodiscard]] QDate entryDate() const;
-    void clearOwnersOfNetworking();
-    [[nodiscard]] Owners owners();
-    [[nodiscard]] bool wantsPlaceholder();
-    [[nodiscard]] QString addPlaceholder(Key company, Key contact);
+    [[nodiscard]] std::optional<Owners> owners();
+    std::nullopt_t refuse(const QString& control, const QString& why);
+    [[nodiscard]] Key contactKey(Key company);
+    [[nodiscard]] bool wantsPlaceholder(const Owners& owners);
+    [[nodiscard]] QString addPlaceholder(Owners& owners);
     [[nodiscard]] QString insertStatement(const Owners& owners) const;
-    [[nodiscard]] bool deleteRow(Key key);
-    void afterSave(bool inserted, const std::vector<Key>& left);
-    void removeRows(const std::vector<Key>& rows);
-    void storeChanged();
+    bool replaceRows(const QString& insert, std::vector<Key>& left);
+    void saved(Key newKey);
 
     Session& m_session;
     Navigator& m_navigator;
@@ -226,15 +236,19 @@ private:
     qint16 m_year = 0;
     QDate m_selectedDay;
     bool m_loaded = false;
+    bool m_showComplete = false;
     std::optional<BusyScope> m_busy;
+    QSet<QString> m_told; ///< the bounds that have been spoken of
 
     bool m_frameOpen = false;
     bool m_frameDirty = false;
     QDate m_frameDate;
     QString m_duration;      ///< hours as a decimal text; what the entry is stored with
+    QString m_otherMedium;   ///< the format while the entry is a task, the priority while it is an event
+    QString m_company;       ///< whose people and positions are listed
+    QStringList m_companies; ///< all that can be chosen
     std::vector<Key> m_rows; ///< the rows that the next save replaces: none for a new entry
 
     std::optional<Key> m_preparedEvent;
     std::optional<QHash<QString, QString>> m_preparedTask;
-    QSet<QString> m_told; ///< the bounds that have been spoken of since the screen was opened
 };

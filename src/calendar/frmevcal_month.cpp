@@ -1,0 +1,138 @@
+// Walking through the months, and what changes an entry without its frame.
+#include "base/dates.h"
+#include "calendar/frmevcal.h"
+#include "store/datajw.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+void FrmEvCal::showMonth(QDate day)
+{
+    // Statements and the grid's numbers speak of four-digit years.
+    if (!day.isValid() || day.year() < 100 || day.year() > 9999)
+        return;
+    m_selectedDay = day;
+    repaint();
+}
+
+void FrmEvCal::selectDay(QDate day)
+{
+    if (!day.isValid())
+        return;
+    if (cellOf(day) < 0) {
+        showMonth(day);
+    } else {
+        m_selectedDay = day;
+        markDays();
+        emit changed();
+    }
+    if (m_frameOpen && isNewEntry() && !isNoDate() && m_frameDate != m_selectedDay) {
+        setFrameDate(m_selectedDay);
+        emit frameChanged();
+    }
+}
+
+void FrmEvCal::walkDays(int days)
+{
+    selectDay(m_selectedDay.addDays(days));
+}
+
+void FrmEvCal::cmdLast()
+{
+    showMonth(m_selectedDay.addMonths(-1));
+}
+
+void FrmEvCal::cmdNext()
+{
+    showMonth(m_selectedDay.addMonths(1));
+}
+
+void FrmEvCal::cmdToday()
+{
+    selectDay(m_session.today());
+}
+
+void FrmEvCal::setShowComplete(bool show)
+{
+    if (m_showComplete == show)
+        return;
+    m_showComplete = show;
+    setOn(u"chkShowComplete"_s, show);
+    // The same row as in the options, so that the next opening is like this one.
+    m_session.dataJW().writeStatus(u"ShowComplete"_s, show ? u"1"_s : u"0"_s, true);
+    repaint();
+}
+
+void FrmEvCal::storeChanged(QDate shown)
+{
+    m_selectedDay = shown;
+    loadEvents();
+    repaint();
+    emit recordsChanged();
+}
+
+void FrmEvCal::dropOn(const QString& key, QDate day)
+{
+    const JWevent* const entry = entryOf(key);
+    if (!entry || !day.isValid() || entry->eventDate == day)
+        return;
+    const Key eventKey = entry->eventKey;
+    if (!m_session.dataJW().execQuery(u"Update Event set EventDate='"_s + dates::mdyyyy(day) +
+                                      u"' where eventkey=" + QString::number(eventKey)))
+        return;
+    // The frame must not take the entry back to its old day at the next save.
+    if (std::ranges::find(m_rows, eventKey) != m_rows.end()) {
+        setOn(u"chkNoDate"_s, false);
+        setFrameDate(day);
+        emit frameChanged();
+    }
+    storeChanged(day);
+}
+
+void FrmEvCal::flipTask(const QString& key)
+{
+    const JWevent* const task = entryOf(key);
+    if (!task || !task->isTask())
+        return;
+    const Key eventKey = task->eventKey;
+    const bool complete = task->complete != u"Complete";
+    if (!m_session.dataJW().execQuery((complete ? u"Update Event set Complete='Complete' where EventKey="_s
+                                                : u"Update Event set Complete='' where EventKey="_s) +
+                                      QString::number(eventKey)))
+        return;
+    if (std::ranges::find(m_rows, eventKey) != m_rows.end()) {
+        setOn(u"chkComplete"_s, complete);
+        emit frameChanged();
+    }
+    storeChanged(m_selectedDay);
+}
+
+void FrmEvCal::removeEntry(const QString& key)
+{
+    if (const JWevent* const entry = entryOf(key))
+        removeRows({entry->eventKey});
+}
+
+void FrmEvCal::cmdRemove1()
+{
+    if (!m_rows.empty())
+        removeRows(std::vector(m_rows));
+}
+
+void FrmEvCal::removeRows(const std::vector<Key>& rows)
+{
+    if (m_session.msgBox(tr("Are you sure you want to delete this entry?"), Buttons::YesNo,
+                         tr("Delete Event")) != Answer::Yes)
+        return;
+    Action action(m_session.dataJW());
+    bool gone = true;
+    for (const Key key : rows)
+        gone &= m_session.dataJW().execQuery(u"DELETE * from EVENT where eventKey="_s + QString::number(key));
+    // What could not be deleted stays in its frame, as it stays in the store.
+    if (!action.commit() || !gone)
+        return;
+    if (std::ranges::find(m_rows, rows.front()) != m_rows.end())
+        closeEvent();
+    storeChanged(m_selectedDay);
+}
