@@ -178,10 +178,10 @@ void CalendarView::connectFrame()
     connectSelector(*m_ui->lblCompany, &FrmEvCal::chooseCompany);
     connectSelector(*m_ui->lblContact, &FrmEvCal::chooseContact);
     connectSelector(*m_ui->lblPosition, &FrmEvCal::choosePosition);
-    for (QCheckBox* length : {m_ui->chkhalf, m_ui->chkOne, m_ui->chkOnehalf, m_ui->chkTwo})
-        connect(length, &QCheckBox::clicked, this,
-                [this, length] { m_presenter.chooseDuration(length->objectName()); });
-    connect(m_ui->chkShowComplete, &QCheckBox::clicked, &m_presenter, &FrmEvCal::setShowComplete);
+    // Half a typed date is no day to turn the month to, and scrolling past a field must not change it.
+    m_ui->dtEvTsk->setKeyboardTracking(false);
+    for (QWidget* field : QWidgetList{m_ui->dtEvTsk, m_ui->txtEvTimeS, m_ui->txtEvTimeN, m_ui->txtRemind})
+        field->installEventFilter(this);
 }
 
 void CalendarView::connectSelector(CompanySelector& box, void (FrmEvCal::*choose)(const QString&))
@@ -237,7 +237,7 @@ void CalendarView::remove(const QString& key)
     // Without a chip picked out, what stands in the frame is meant, or the day's only event.
     if (!key.isEmpty())
         m_presenter.removeEntry(key);
-    else if (m_presenter.isFrameOpen() && !m_presenter.isNewEntry())
+    else if (!m_presenter.isNewEntry() && m_presenter.frameDate() == m_presenter.selectedDay())
         m_presenter.cmdRemove1();
     else if (day != days.end() && day->chips.size() == 1)
         m_presenter.removeEntry(day->chips.front().key);
@@ -252,6 +252,14 @@ void CalendarView::setChip(const QString& key)
             m_chipText = chip.key == key ? chip.tip : m_chipText;
     }
     m_ui->grdMonth->setDays(m_presenter.cells(), m_chip);
+}
+
+bool CalendarView::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() != QEvent::Wheel)
+        return QDialog::eventFilter(watched, event);
+    event->ignore();
+    return true;
 }
 
 void CalendarView::done(int result)
@@ -291,10 +299,9 @@ void CalendarView::renderFrame()
     const QDate day = m_presenter.frameDate();
     const QString when = day.isValid() ? locale().toString(day, tr("dddd, MMMM d")) : tr("No Date");
     m_ui->lblFrameDay->setText(m_presenter.isNewEntry() ? tr("%1 · new").arg(when) : when);
-    m_ui->cmdRemove1->setEnabled(open && !m_presenter.isNewEntry());
-    for (const auto& control : ownControls())
-        renderControl(control);
-    for (const auto& control : {u"txtEvName"_s, u"imgReminder"_s, u"chkComplete"_s})
+    // The selectors tell their changes themselves; filled anew here they would lose what is being typed.
+    for (const auto& control :
+         {u"txtEvName"_s, u"txtFormat"_s, u"imgOther1"_s, u"imgOther2"_s, u"imgReminder"_s, u"chkComplete"_s})
         renderControl(control);
 }
 
@@ -317,7 +324,7 @@ void CalendarView::renderControl(const QString& control)
         m_ui->imgReminder->setChecked(text == "1"_L1);
         m_ui->imgReminder->setIcon(eventicons::named(text == "1"_L1 ? u"Reminder"_s : u"Nobell"_s));
     } else if (control == "chkComplete"_L1)
-        m_ui->chkComplete->setText(text == "1"_L1 ? tr("Complete") : tr("Incomplete"));
+        m_ui->chkComplete->setText(m_presenter.completeCaption());
     else if (auto* box = findChild<CompanySelector*>(control)) {
         box->showChosen(text);
         box->setEnabled(form.isEnabled(control));
