@@ -68,6 +68,9 @@ CalendarView::CalendarView(FrmEvCal& presenter, QSettings& layout, QWidget* pare
     resize(fontMetrics().averageCharWidth() * 150, fontMetrics().height() * 42);
     m_ui->splCalendar->setStretchFactor(0, 1);
     m_ui->splSide->setStretchFactor(0, 1);
+    // The tasks get what the frame leaves, whose scrolling would let it be pressed flat.
+    const int form = m_ui->pnlForm->sizeHint().height() + fontMetrics().height() * 7;
+    m_ui->splSide->setSizes({std::max(height() - form, fontMetrics().height() * 12), form});
     windowstate::restore(*this, m_layout);
     for (const auto& control : {u"lblCompany"_s, u"lblContact"_s, u"lblPosition"_s})
         fillSelector(control);
@@ -115,7 +118,8 @@ void CalendarView::fillChoices()
     m_ui->imgPriority->setChoices(tr("Priority"), withPictures(eventchoices::priorities()));
     m_ui->imgOther1->setChoices({}, withPictures(eventchoices::others(), true));
     m_ui->imgOther2->setChoices({}, withPictures(eventchoices::others(), true));
-    m_ui->imgEventType->setPictureOnly();
+    for (ChoiceButton* button : {m_ui->imgEventType, m_ui->imgOther1, m_ui->imgOther2})
+        button->setPictureOnly();
     connect(m_ui->imgEventType, &ChoiceButton::chosen, &m_presenter, &FrmEvCal::chooseEventType);
     connect(m_ui->imgFormat, &ChoiceButton::chosen, &m_presenter, &FrmEvCal::chooseFormat);
     connect(m_ui->imgPriority, &ChoiceButton::chosen, &m_presenter, &FrmEvCal::choosePriority);
@@ -201,8 +205,8 @@ void CalendarView::orderTabs()
         m_ui->cmdLast,     m_ui->cmdNext,          m_ui->cmdToday,  m_ui->cmdNewEvent,  m_ui->cmdNewTask,
         m_ui->grdMonth,    m_ui->chkShowComplete,  m_ui->lvwAct,    m_ui->imgEventType, m_ui->txtEvName,
         m_ui->imgFormat,   m_ui->imgPriority,      m_ui->imgOther1, m_ui->imgOther2,    m_ui->dtEvTsk,
-        m_ui->chkNoDate,   m_ui->txtEvTimeS,       m_ui->optStAM,   m_ui->optStPM,      m_ui->txtEvTimeN,
-        m_ui->optEnAM,     m_ui->optEnPM,          m_ui->chkhalf,   m_ui->chkOne,       m_ui->chkOnehalf,
+        m_ui->chkNoDate,   m_ui->txtEvTimeS,       m_ui->optStAM,   m_ui->optStPM,      m_ui->chkhalf,
+        m_ui->chkOne,      m_ui->txtEvTimeN,       m_ui->optEnAM,   m_ui->optEnPM,      m_ui->chkOnehalf,
         m_ui->chkTwo,      m_ui->imgReminder,      m_ui->txtRemind, m_ui->lblCompany,   m_ui->lblContact,
         m_ui->lblPosition, m_ui->txtEvDescription, m_ui->chkTask,   m_ui->chkComplete,  m_ui->cmdAdd1,
         m_ui->cmdRemove1,  m_ui->cmdClose1};

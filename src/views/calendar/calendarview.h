@@ -56,7 +56,7 @@ private:
     QSettings& m_layout;
     std::unique_ptr<Ui::CalendarView> m_ui;
     FormBinder* m_binder = nullptr;
-    QTimer m_timerCal;
+    QTimer m_timerCal{this};
     void (FrmEvCal::*m_turn)() = nullptr; ///< what the drag that rests on an arrow does
     QString m_chip;                       ///< the chip that the keys are about
     QString m_chipText;

@@ -73,7 +73,7 @@ void ChoiceButton::showChoice(const QString& text, const QIcon& picture)
     setAccessibleDescription(words);
     setToolButtonStyle(m_pictureOnly && !icon().isNull() ? Qt::ToolButtonIconOnly
                                                          : Qt::ToolButtonTextBesideIcon);
-    setText(QString(words).replace(u'&', u"&&"_s));
+    setText(m_pictureOnly ? u"–"_s : QString(words).replace(u'&', u"&&"_s));
     const auto actions = menu()->actions();
     for (QAction* action : actions)
         action->setChecked(action->isCheckable() && action->data().toString() == text);

@@ -82,7 +82,7 @@ private:
     void paintGround(QPainter& painter) const;
     void paintLabel(QPainter& painter) const;
     void paintChip(QPainter& painter, const DayChip& chip, QRect room, int lines) const;
-    QRect paintPictures(QPainter& painter, const DayChip& chip, QRect inner, bool split) const;
+    QRect paintPictures(QPainter& painter, const DayChip& chip, QRect inner, const QString& time) const;
     void paintMore(QPainter& painter) const;
 
     const ChipLook& m_look;

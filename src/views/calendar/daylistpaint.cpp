@@ -142,7 +142,7 @@ void DayList::paintChip(QPainter& painter, const DayChip& chip, QRect room, int 
     const QRect inner = room.adjusted(stripe + 3, padding, -3, -padding);
     const auto [time, name] = timeAndName(chip.text);
     const bool split = lines == 2;
-    const QRect words = paintPictures(painter, chip, inner, split);
+    const QRect words = paintPictures(painter, chip, inner, split ? time : QString());
     painter.setPen(ChipLook::mixed(palette().color(QPalette::Text), base, chip.ghosted ? 0.65 : 1));
     const auto write = [&](QRect place, const QString& text) {
         painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter,
@@ -160,11 +160,12 @@ void DayList::paintChip(QPainter& painter, const DayChip& chip, QRect room, int 
 
 /// The type's picture before the words, format and alarm behind them; answers what is left to the words. In a
 /// narrow cell the words come first, and the pictures behind them give way.
-QRect DayList::paintPictures(QPainter& painter, const DayChip& chip, QRect inner, bool split) const
+QRect DayList::paintPictures(QPainter& painter, const DayChip& chip, QRect inner, const QString& time) const
 {
     const int line = fontMetrics().height();
     const int side = line - 2;
-    const int least = split ? side * 2 : fontMetrics().averageCharWidth() * 14;
+    const int least =
+        time.isEmpty() ? fontMetrics().averageCharWidth() * 14 : fontMetrics().horizontalAdvance(time) + 3;
     const int left = inner.left() + side + 4;
     int right = inner.right() + 1;
     painter.setOpacity(chip.ghosted ? 0.6 : 1);

@@ -9,6 +9,8 @@
 #include <QMenu>
 #include <QPainter>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -69,6 +71,11 @@ void MonthGrid::labelDays()
         const int day = column == 0 ? Qt::Sunday : column;
         m_headings[static_cast<size_t>(column)]->setText(locale().standaloneDayName(day));
     }
+    // One width for all keeps the columns even.
+    const auto wish = [](const QLabel* heading) { return heading->minimumSizeHint().width(); };
+    const int widest = wish(*std::ranges::max_element(m_headings, {}, wish));
+    for (QLabel* heading : m_headings)
+        heading->setMinimumWidth(widest);
 }
 
 // --- What is shown ----------------------------------------------------------------------------------------
