@@ -46,6 +46,7 @@ DayList::DayList(const ChipLook& look, QWidget* parent)
     setAcceptDrops(true);
     setEnabled(false);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    describe();
 }
 
 // --- What it holds ----------------------------------------------------------------------------------------
