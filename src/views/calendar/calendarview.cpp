@@ -13,7 +13,7 @@
 #include <QCloseEvent>
 #include <QHeaderView>
 #include <QLineEdit>
-#include <QScopedValueRollback>
+#include <QShortcut>
 
 using namespace Qt::StringLiterals;
 
@@ -60,8 +60,10 @@ CalendarView::CalendarView(FrmEvCal& presenter, QSettings& layout, QWidget* pare
     orderTabs();
     connect(&presenter, &FrmEvCal::changed, this, &CalendarView::render);
     connect(&presenter, &FrmEvCal::frameChanged, this, &CalendarView::renderFrame);
-    connect(&presenter, &FrmEvCal::frameShown, this,
-            [this] { m_ui->txtEvName->setFocus(Qt::OtherFocusReason); });
+    connect(&presenter, &FrmEvCal::frameShown, this, [this] {
+        m_ui->txtEvName->setFocus(Qt::OtherFocusReason);
+        m_ui->txtEvName->selectAll(); // the first key writes another name
+    });
     connect(&presenter.form(), &Form::controlChanged, this, &CalendarView::renderControl);
     connect(&presenter.form(), &Form::itemsChanged, this, &CalendarView::fillSelector);
 
@@ -101,7 +103,7 @@ void CalendarView::dressTexts()
     m_ui->cmdNewTask->setIcon(icons::named(u"view-task"_s));
     m_ui->cmdAdd1->setIcon(icons::named(u"document-save"_s));
     m_ui->cmdRemove1->setIcon(icons::named(u"edit-delete"_s));
-    m_ui->lvwAct->setHint(tr("No tasks in this month."));
+    m_ui->lvwAct->setHint(tr("No tasks in this month.\n“New task” adds one to the chosen day."));
     for (QComboBox* box : {m_ui->txtEvTimeS, m_ui->txtEvTimeN, m_ui->txtRemind})
         box->setInsertPolicy(QComboBox::NoInsert);
     for (CompanySelector* box :
@@ -182,6 +184,8 @@ void CalendarView::connectFrame()
     connectSelector(*m_ui->lblCompany, &FrmEvCal::chooseCompany);
     connectSelector(*m_ui->lblContact, &FrmEvCal::chooseContact);
     connectSelector(*m_ui->lblPosition, &FrmEvCal::choosePosition);
+    connect(new QShortcut(QKeySequence::Save, this), &QShortcut::activated, m_ui->cmdAdd1,
+            &QAbstractButton::click);
     // Half a typed date is no day to turn the month to, and scrolling past a field must not change it.
     m_ui->dtEvTsk->setKeyboardTracking(false);
     for (QWidget* field : QWidgetList{m_ui->dtEvTsk, m_ui->txtEvTimeS, m_ui->txtEvTimeN, m_ui->txtRemind})

@@ -217,6 +217,13 @@ void TaskList::paintEvent(QPaintEvent* event)
 
 // --- ElidedLabel ------------------------------------------------------------------------------------------
 
+bool ElidedLabel::event(QEvent* event)
+{
+    if (event->type() == QEvent::ToolTip)
+        setToolTip(fontMetrics().horizontalAdvance(text()) > width() ? text() : QString());
+    return QLabel::event(event);
+}
+
 void ElidedLabel::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);

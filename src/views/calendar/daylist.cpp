@@ -10,6 +10,7 @@
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QTextDocument>
 
 using namespace Qt::StringLiterals;
 
@@ -106,7 +107,8 @@ bool DayList::event(QEvent* event)
         for (const DayChip& each : m_content.chips)
             tip += (tip.isEmpty() ? QString() : u"\n"_s) + each.text;
     }
-    setToolTip(tip);
+    // What a user typed or imported is no markup.
+    setToolTip(tip.isEmpty() ? QString() : Qt::convertFromPlainText(tip));
     return QWidget::event(event);
 }
 
