@@ -130,12 +130,14 @@ void FrmEvCal::showEvent(Key eventKey)
 {
     m_preparedEvent = eventKey;
     m_navigator.openScreen(u"FrmEvCal"_s);
+    m_preparedEvent.reset(); // a program without this screen has not taken it
 }
 
 void FrmEvCal::createHistoryEvent(const QHash<QString, QString>& values)
 {
     m_preparedTask = values;
     m_navigator.openScreen(u"FrmEvCal"_s);
+    m_preparedTask.reset();
 }
 
 void FrmEvCal::reload()

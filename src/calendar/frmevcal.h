@@ -62,12 +62,16 @@ public:
     ///   Label11 ("Month of November"), chkShowComplete;
     /// - frame: frmeEventData (its caption, "mm/dd/yyyy" or "No Date"), txtEvName, txtFormat (the format, or
     /// the
-    ///   priority of a task), txtEvTimeS with optStAM and optStPM (start), txtEvTimeN with optEnAM and
-    ///   optEnPM (end), both with lstTime as items, chkhalf, chkOne, chkOnehalf, chkTwo, imgReminder (the
-    ///   bell, "1" when set), txtRemind with lstRemind as items, lblCompany, lblContact, lblPosition with
-    ///   their choices as items (the first one empty: none), txtEvDescription, chkTask, chkNoDate,
-    ///   chkComplete, dtEvTsk (ISO date), imgOther1 and imgOther2 (text chosen, "" for none), imgFormat and
-    ///   imgPriority (visible state), cmdAdd1, cmdRemove1.
+    ///   priority of a task), txtEvDescription, chkTask, chkNoDate, chkComplete;
+    /// - its times: txtEvTimeS with optStAM and optStPM (start), txtEvTimeN with optEnAM and optEnPM (end),
+    /// both
+    ///   with lstTime as items, chkhalf, chkOne, chkOnehalf, chkTwo, dtEvTsk (ISO date; it moves events as
+    ///   well as tasks, for those who do not drag), imgReminder (the bell, "1" when set), txtRemind with
+    ///   lstRemind as items;
+    /// - its people: lblCompany, lblContact, lblPosition with their choices as items (the first one empty:
+    /// none);
+    /// - its buttons: cmdAdd1, cmdRemove1, imgOther1 and imgOther2 (text chosen, "" for none), imgFormat and
+    ///   imgPriority (one of them visible).
     [[nodiscard]] Form& form() { return m_form; }
     /// Task, Due, State; kinds "due", "overdue", "completed"; keys "A" and the event's key.
     [[nodiscard]] RowModel& lvwAct() { return m_tasks; }
@@ -154,7 +158,8 @@ signals:
     void changed(); ///< month, cells, selected day
     /// The frame has been opened or shut, stands for another entry, or the user has changed something in it.
     void frameChanged();
-    /// The frame has been opened on an entry: the view brings it into sight and puts the focus into it.
+    /// The frame has been opened on an entry: the view brings it into sight and puts the focus into it. A
+    /// view that is made behind load() asks isFrameOpen().
     void frameShown();
     /// Events or positions in the store are no longer what they were.
     void recordsChanged();
@@ -178,6 +183,7 @@ private:
     void markDays();
     void repaint();
     void checkBound(const QString& what, const QString& place, size_t count, int bound);
+    [[nodiscard]] static bool isStorable(QDate day);
     [[nodiscard]] const JWevent* entryOf(const QString& key) const;
     void storeChanged(QDate shown);
     void removeRows(const std::vector<Key>& rows);
@@ -222,6 +228,7 @@ private:
     [[nodiscard]] QString addPlaceholder(Owners& owners);
     [[nodiscard]] QString insertStatement(const Owners& owners) const;
     bool replaceRows(const QString& insert, std::vector<Key>& left);
+    bool settle(bool inserted, Key newKey, std::vector<Key> left);
     void saved(Key newKey);
 
     Session& m_session;

@@ -162,7 +162,7 @@ void FrmEvCal::chooseDuration(const QString& control)
 
 void FrmEvCal::setFrameDate(QDate day)
 {
-    if (day.isValid())
+    if (isStorable(day))
         m_frameDate = day;
     const bool noDate = isOn(u"chkNoDate"_s);
     m_form.setText(u"frmeEventData"_s, noDate ? tr("No Date") : dates::mmddyyyy(m_frameDate));

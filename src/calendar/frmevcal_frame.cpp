@@ -56,6 +56,8 @@ void FrmEvCal::closeEvent()
     m_frameOpen = false;
     m_frameDirty = false;
     m_rows.clear();
+    for (const QString& button : {u"cmdAdd1"_s, u"cmdRemove1"_s})
+        m_form.setEnabled(button, false);
     emit frameChanged();
 }
 
@@ -141,11 +143,13 @@ void FrmEvCal::openFrame(std::vector<Key> rows, QDate day)
     m_rows = std::move(rows);
     m_frameOpen = true;
     m_frameDirty = false;
-    // The day of the frame is not followed by a new entry's way to the selected day here: it is that day.
+    // The month follows the entry. The date comes first: a new entry would else be taken along by the
+    // selection.
     if (day.isValid() && day != m_selectedDay) {
         m_frameDate = day;
         selectDay(day);
     }
+    m_form.setEnabled(u"cmdAdd1"_s, true);
     m_form.setEnabled(u"cmdRemove1"_s, !m_rows.empty());
 }
 
@@ -214,7 +218,8 @@ void FrmEvCal::openHistoryTask(const QHash<QString, QString>& values)
         return text == u"NONE" ? QString() : text;
     };
     const auto date = dates::parse(value(u"H5"_s));
-    newEntry(date ? date->date : m_session.today(), true);
+    const QDate day = date ? date->date : m_session.today();
+    newEntry(day == dates::sentinel ? QDate() : day, true);
     QString name = value(u"H3"_s);
     if (name.left(3).toLower() == u"net")
         name = eventchoices::networkingEvent.toString();

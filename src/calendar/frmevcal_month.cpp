@@ -7,10 +7,15 @@
 
 using namespace Qt::StringLiterals;
 
+bool FrmEvCal::isStorable(QDate day)
+{
+    // A year of two digits would be read as one of our days, and statements hold four at most.
+    return day.isValid() && day.year() >= 100 && day.year() <= 9999;
+}
+
 void FrmEvCal::showMonth(QDate day)
 {
-    // Statements and the grid's numbers speak of four-digit years.
-    if (!day.isValid() || day.year() < 100 || day.year() > 9999)
+    if (!isStorable(day))
         return;
     m_selectedDay = day;
     repaint();
@@ -75,7 +80,7 @@ void FrmEvCal::storeChanged(QDate shown)
 void FrmEvCal::dropOn(const QString& key, QDate day)
 {
     const JWevent* const entry = entryOf(key);
-    if (!entry || !day.isValid() || entry->eventDate == day)
+    if (!entry || !isStorable(day) || entry->eventDate == day)
         return;
     const Key eventKey = entry->eventKey;
     if (!m_session.dataJW().execQuery(u"Update Event set EventDate='"_s + dates::mdyyyy(day) +

@@ -82,15 +82,22 @@ bool FrmEvCal::save()
         listPeople();
         m_form.setText(u"lblPosition"_s, title);
     }
+    return settle(inserted, newKey, std::move(left));
+}
+
+bool FrmEvCal::settle(bool inserted, Key newKey, std::vector<Key> left)
+{
     const bool replaced = left.empty();
     if (newKey > 0)
         left.push_back(newKey);
-    m_rows = left;
+    m_rows = std::move(left);
     m_form.setEnabled(u"cmdRemove1"_s, !m_rows.empty());
     if (inserted && replaced) {
         saved(newKey);
         return true;
     }
+    // The old row is gone and the new one did not get in, or both are there: the frame stands for what is
+    // left, and another save makes one row of it.
     m_frameDirty = true;
     storeChanged(m_selectedDay);
     emit frameChanged();
@@ -166,10 +173,13 @@ Key FrmEvCal::contactKey(Key company)
     // A first name of two words is not found by its first one, and a namesake may work elsewhere: the list
     // that the person was chosen from tells them.
     const QString companyName = text::quoteFix(m_company);
-    const qsizetype place = dataJW.getContactNames(companyName).indexOf(name);
+    const QStringList names = dataJW.getContactNames(companyName);
     const std::vector<Key> keys = dataJW.getContactKeys(companyName);
-    return place >= 0 && static_cast<size_t>(place) < keys.size() ? keys[static_cast<size_t>(place)]
-                                                                  : anywhere;
+    // A list that could not be read must not make the namesake the contact.
+    if (names.isEmpty() || static_cast<size_t>(names.size()) != keys.size())
+        return 0;
+    const qsizetype place = names.indexOf(name);
+    return place < 0 ? anywhere : keys[static_cast<size_t>(place)];
 }
 
 bool FrmEvCal::wantsPlaceholder(const Owners& owners)
@@ -195,6 +205,8 @@ QString FrmEvCal::addPlaceholder(Owners& owners)
     if (!inserted)
         return {};
     owners.position = dataJW.getPositionKey(title, text::quoteFix(m_company));
+    if (owners.position <= 0) // not found by its title, but the highest key is that of the row just added
+        owners.position = dataJW.getLastKeyInTable(u"Position"_s, u"PositionKey"_s);
     return title;
 }
 
