@@ -298,6 +298,7 @@ void CalendarView::render()
     }
     m_chip = same ? m_chip : QString();
     m_ui->grdMonth->setDays(m_presenter.cells(), m_chip);
+    m_ui->lblBusyHead->setVisible(!m_presenter.form().text(u"lblBusy"_s).isEmpty());
 }
 
 void CalendarView::renderFrame()
