@@ -1,7 +1,7 @@
 // The workbench's window on a store of its own, driven as a user drives it.
 #pragma once
 
-#include "views/workbench/companyselector.h"
+#include "views/common/companyselector.h"
 #include "views/workbench/workbenchwindow.h"
 #include "workbench/bench.h"
 

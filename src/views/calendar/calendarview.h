@@ -1,12 +1,24 @@
 // How the screen FrmEvCal looks.
 #pragma once
 
+#include "base/form.h"
+
 #include <QDialog>
 #include <QSettings>
+#include <QTimer>
 
+#include <memory>
+
+class CompanySelector;
+class FormBinder;
 class FrmEvCal;
+class TurnButton;
 
-/// The dialog of FrmEvCal.
+namespace Ui {
+class CalendarView;
+}
+
+/// The dialog of FrmEvCal: the month as a grid at the left, the tasks and the frame of one entry beside it.
 class CalendarView final : public QDialog
 {
     Q_OBJECT
@@ -14,4 +26,38 @@ class CalendarView final : public QDialog
 public:
     /// @p layout remembers the size; it and the presenter must outlive the view.
     CalendarView(FrmEvCal& presenter, QSettings& layout, QWidget* parent = nullptr);
+    ~CalendarView() override;
+
+    /// Closed in any way; stays open when the user would rather keep what the frame holds.
+    void done(int result) override;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void dressTexts();
+    void fillChoices();
+    void connectGrid();
+    void connectTasks();
+    void connectFrame();
+    void connectSelector(CompanySelector& box, void (FrmEvCal::*choose)(const QString&));
+    void connectTurn(TurnButton& button, void (FrmEvCal::*turn)());
+    void orderTabs();
+    void render();
+    void renderFrame();
+    void renderControl(const QString& control);
+    void fillSelector(const QString& control);
+    void stepMonth(int months);
+    void remove(const QString& key);
+    void setChip(const QString& key);
+
+    FrmEvCal& m_presenter;
+    QSettings& m_layout;
+    std::unique_ptr<Ui::CalendarView> m_ui;
+    FormBinder* m_binder = nullptr;
+    QTimer m_timerCal{this};
+    void (FrmEvCal::*m_turn)() = nullptr; ///< what the drag that rests on an arrow does
+    QString m_chip;                       ///< the chip that the keys are about
+    QString m_chipText;
 };

@@ -1,7 +1,7 @@
 // A selector that gets its names when somebody uses it.
 #pragma once
 
-#include "views/workbench/companyselector.h"
+#include "views/common/companyselector.h"
 
 /// Asks for its names at the first key or opening: a list of everybody costs nothing until it is wanted.
 class LazySelector : public CompanySelector

@@ -1,4 +1,4 @@
-#include "views/workbench/companyselector.h"
+#include "views/common/companyselector.h"
 
 #include <QAbstractItemView>
 #include <QCompleter>

@@ -1,0 +1,189 @@
+// How a day is laid out and drawn.
+#include "views/calendar/daylist.h"
+
+#include "views/calendar/chiplook.h"
+
+#include <QPainter>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int inset = 4;   ///< around the day's content
+constexpr int padding = 2; ///< above and below a chip's text
+constexpr int stripe = 3;  ///< the stronger edge at a chip's side
+constexpr int between = 2; ///< chips
+
+/// "2:00p Referral" as its time and its name; one without a time is all name.
+std::pair<QString, QString> timeAndName(const QString& text)
+{
+    const auto blank = text.indexOf(u' ');
+    if (blank < 0 || !text.front().isDigit())
+        return {{}, text};
+    return {text.left(blank), text.mid(blank + 1)};
+}
+
+} // namespace
+
+// --- Layout -----------------------------------------------------------------------------------------------
+
+int DayList::labelHeight() const
+{
+    return fontMetrics().height() + 2 * padding + inset;
+}
+
+DayList::Plan DayList::plan() const
+{
+    const int count = static_cast<int>(m_content.chips.size());
+    const int room = height() - labelHeight() - inset;
+    const auto chip = [this](int lines) { return lines * fontMetrics().height() + 2 * padding; };
+    const auto fitting = [&](int lines) { return (room + between) / (chip(lines) + between); };
+    if (fitting(2) >= count)
+        return {2, count, chip(2)};
+    if (fitting(1) >= count)
+        return {1, count, chip(1)};
+    return {1, std::max(0, fitting(1) - 1), chip(1)}; // the last line is for "+n more"
+}
+
+QRect DayList::chipRect(int index) const
+{
+    const Plan now = plan();
+    if (index < 0 || index >= now.shown)
+        return {};
+    return {inset, labelHeight() + index * (now.height + between), width() - 2 * inset, now.height};
+}
+
+QRect DayList::moreRect() const
+{
+    const Plan now = plan();
+    if (now.shown == static_cast<int>(m_content.chips.size()))
+        return {};
+    return {inset, labelHeight() + now.shown * (now.height + between), width() - 2 * inset, now.height};
+}
+
+int DayList::chipAt(QPoint place) const
+{
+    for (int index = 0; index < static_cast<int>(m_content.chips.size()); ++index) {
+        if (chipRect(index).contains(place))
+            return index;
+    }
+    return -1;
+}
+
+QSize DayList::minimumSizeHint() const
+{
+    // A label and one line: with less, a day would be a number without its events.
+    return {fontMetrics().averageCharWidth() * 10,
+            labelHeight() + fontMetrics().height() + 2 * padding + inset};
+}
+
+// --- Drawing ----------------------------------------------------------------------------------------------
+
+void DayList::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    paintGround(painter);
+    if (!m_content.date.isValid())
+        return;
+    paintLabel(painter);
+    const Plan now = plan();
+    QRect room(inset, labelHeight(), width() - 2 * inset, now.height);
+    for (int index = 0; index < now.shown; ++index) {
+        paintChip(painter, m_content.chips[static_cast<size_t>(index)], room, now.lines);
+        room.translate(0, now.height + between);
+    }
+    if (now.shown < static_cast<int>(m_content.chips.size()))
+        paintMore(painter);
+}
+
+void DayList::paintGround(QPainter& painter) const
+{
+    const QColor accent = palette().color(QPalette::Highlight);
+    const QColor base = palette().color(m_content.date.isValid() ? QPalette::Base : QPalette::Window);
+    painter.fillRect(rect(), m_dropTarget ? ChipLook::mixed(accent, base, 0.25) : base);
+    if (m_content.date.isValid() && m_content.selected) {
+        const int thick = hasFocus() ? 2 : 1;
+        painter.setPen(QPen(accent, thick, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+        painter.drawRect(QRectF(rect()).adjusted(thick / 2.0, thick / 2.0, -thick / 2.0, -thick / 2.0));
+    }
+}
+
+void DayList::paintLabel(QPainter& painter) const
+{
+    const QString number = QString::number(m_content.date.day());
+    QFont bold = font();
+    bold.setBold(m_content.today || m_content.selected);
+    painter.setFont(bold);
+    const int wide = painter.fontMetrics().horizontalAdvance(number) + 2 * inset;
+    const QRect room(inset, inset - 1, std::max(wide, fontMetrics().height() + 2 * padding),
+                     fontMetrics().height() + padding);
+    if (m_content.today) {
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(palette().color(QPalette::Highlight));
+        painter.drawRoundedRect(room, 3, 3);
+        painter.setRenderHint(QPainter::Antialiasing, false);
+    }
+    painter.setPen(palette().color(m_content.today ? QPalette::HighlightedText : QPalette::Text));
+    if (m_content.today)
+        painter.drawText(room, Qt::AlignCenter, number);
+    else
+        painter.drawText(room.translated(inset - 2, 0), Qt::AlignLeft | Qt::AlignVCenter, number);
+    painter.setFont(font());
+}
+
+void DayList::paintChip(QPainter& painter, const DayChip& chip, QRect room, int lines) const
+{
+    const QColor base = palette().color(QPalette::Base);
+    const qreal share = chip.ghosted ? 0.45 : 1;
+    painter.fillRect(room, ChipLook::mixed(m_look.ground(chip.kind, palette()), base, share));
+    painter.fillRect(QRect(room.topLeft(), QSize(stripe, room.height())),
+                     ChipLook::mixed(m_look.edge(chip.kind, palette()), base, share));
+    const QRect inner = room.adjusted(stripe + 3, padding, -3, -padding);
+    const auto [time, name] = timeAndName(chip.text);
+    const bool split = lines == 2;
+    const QRect words = paintPictures(painter, chip, inner, split ? time : QString());
+    painter.setPen(ChipLook::mixed(palette().color(QPalette::Text), base, chip.ghosted ? 0.65 : 1));
+    const auto write = [&](QRect place, const QString& text) {
+        painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter,
+                         fontMetrics().elidedText(text, Qt::ElideRight, place.width()));
+    };
+    write(words, split ? time : chip.text);
+    if (split)
+        write(QRect(inner.left(), words.bottom() + 1, inner.width(), words.height()), name);
+    if (chip.key == m_current) {
+        painter.setPen(palette().color(QPalette::Highlight));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRect(room.adjusted(0, 0, -1, -1));
+    }
+}
+
+/// The type's picture before the words, format and alarm behind them; answers what is left to the words. In a
+/// narrow cell the words come first, and the pictures behind them give way.
+QRect DayList::paintPictures(QPainter& painter, const DayChip& chip, QRect inner, const QString& time) const
+{
+    const int line = fontMetrics().height();
+    const int side = line - 2;
+    const int least =
+        time.isEmpty() ? fontMetrics().averageCharWidth() * 14 : fontMetrics().horizontalAdvance(time) + 3;
+    const int left = inner.left() + side + 4;
+    int right = inner.right() + 1;
+    painter.setOpacity(chip.ghosted ? 0.6 : 1);
+    m_look.icon(chip.icons.value(0)).paint(&painter, QRect(inner.left(), inner.top() + 1, side, side));
+    for (auto index = chip.icons.size() - 1; index > 0; --index) {
+        if (right - side - 2 - left < least)
+            break;
+        right -= side + 1;
+        m_look.icon(chip.icons.at(index)).paint(&painter, QRect(right, inner.top() + 1, side, side));
+    }
+    painter.setOpacity(1);
+    return {left, inner.top(), right - left - 2, line};
+}
+
+void DayList::paintMore(QPainter& painter) const
+{
+    const auto hidden = static_cast<int>(m_content.chips.size()) - plan().shown;
+    painter.setPen(palette().color(QPalette::PlaceholderText));
+    painter.drawText(moreRect().adjusted(stripe + 3, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter,
+                     tr("+%n more", nullptr, hidden));
+}
