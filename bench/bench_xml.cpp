@@ -1,7 +1,9 @@
 // What writing and reading a campaign file costs: per record at two sizes, and beside the engine's own CSV
-// import. Times are of the processor.
+// import. Times are of the processor. A machine changes its pace within a run, so what is compared takes
+// turns, and the middle of several ratios counts.
 #include "base/silentports.h"
 #include "generate.h"
+#include "measure.h"
 
 #include "base/clock.h"
 #include "store/database.h"
@@ -14,7 +16,7 @@
 
 #include <pugixml.hpp>
 
-#include <algorithm>
+#include <array>
 #include <cstdio>
 #include <functional>
 #include <vector>
@@ -71,37 +73,56 @@ double seconds(const std::function<void()>& work)
     return processorTime() - before;
 }
 
-struct Times
+/// A made-up campaign with its two files.
+class Source
 {
-    double write = 0;
-    double merge = 0;
-    double restore = 0;
+public:
+    explicit Source(int companies)
+    {
+        generate::campaign(m_place.data().database(), companies);
+        write();
+        m_place.data().createXML(u"restore.xml"_s, true);
+    }
+
+    double write() const
+    {
+        return seconds([&] { m_place.data().createXML(u"merge.xml"_s, false); });
+    }
+    /// Reads a file of this campaign into a new, empty store.
+    double read(const QString& name) const
+    {
+        const Place target;
+        const double time = seconds([&] { target.data().importXML(file(name)); });
+        if (target.session->statusLine() != u"Import Complete")
+            std::fputs("an import did not complete\n", stderr);
+        return time;
+    }
+    [[nodiscard]] QString file(const QString& name) const { return m_place.session->file(name); }
+    [[nodiscard]] QString folder() const { return m_place.folder.path(); }
+
+private:
+    Place m_place;
 };
 
-Times measure(int companies)
-{
-    Times times;
-    Place source;
-    generate::campaign(source.data().database(), companies);
-    times.write = seconds([&] { source.data().createXML(u"merge.xml"_s, false); });
-    rusage usage{};
-    ::getrusage(RUSAGE_SELF, &usage);
-    std::printf("%d companies: at most %ld MB after createXML\n", companies, usage.ru_maxrss / 1024);
-    source.data().createXML(u"restore.xml"_s, true);
-    Place merged;
-    times.merge = seconds([&] { merged.data().importXML(source.session->file(u"merge.xml"_s)); });
-    Place restored;
-    times.restore = seconds([&] { restored.data().importXML(source.session->file(u"restore.xml"_s)); });
-    if (merged.session->statusLine() != u"Import Complete" ||
-        restored.session->statusLine() != u"Import Complete")
-        std::fputs("an import did not complete\n", stderr);
-    return times;
-}
+constexpr int rounds = 3;
+constexpr int factor = 10;
 
-double middle(std::vector<Times> tries, double Times::*member)
+/// The cost of a record in a large campaign beside that in small ones: as many small runs as make up the
+/// large one, half of them before it and half behind it.
+void compareSizes(const char* what, const Source& small, const Source& large,
+                  const std::function<double(const Source&)>& work)
 {
-    std::ranges::sort(tries, {}, member);
-    return tries[tries.size() / 2].*member;
+    std::vector<double> ratios;
+    for (int round = 0; round < rounds; ++round) {
+        double parts = 0;
+        for (int i = 0; i < factor / 2; ++i)
+            parts += work(small);
+        const double whole = work(large);
+        for (int i = factor / 2; i < factor; ++i)
+            parts += work(small);
+        ratios.push_back(whole / parts);
+    }
+    measure::printRatios(what, ratios, 1.3);
 }
 
 bool runShell(const QString& database, const QString& script)
@@ -115,60 +136,62 @@ bool runShell(const QString& database, const QString& script)
     return shell.waitForFinished(-1) && shell.exitCode() == 0;
 }
 
-/// The same rows through the engine's own import into the same tables, and a bare parse of the file.
-void compareWithTheEngine(int companies)
+constexpr std::array importedTables{u"Address", u"Company", u"Contact", u"Position", u"History"};
+
+/// The engine's own import of the same rows into the same tables of a new store.
+double importByEngine(const Source& source)
 {
-    Place source;
-    generate::campaign(source.data().database(), companies);
-    source.data().createXML(u"merge.xml"_s, false);
-    const QString folder = source.folder.path();
-    QString dump = u".headers off\n.mode csv\n"_s;
+    const Place target;
     QString load = u".mode csv\n"_s;
-    for (const auto* table : {u"Address", u"Company", u"Contact", u"Position", u"History"}) {
-        const QStringView name(table);
-        dump += u".once "_s + folder + u'/' + name + u".csv\nselect * from " + name + u";\n";
-        load += u".import "_s + folder + u'/' + name + u".csv " + name + u'\n';
-    }
-    if (!runShell(folder + u"/Postledger.db", dump)) {
+    for (const QStringView table : importedTables)
+        load += u".import "_s + source.folder() + u'/' + table + u".csv " + table + u'\n';
+    return seconds([&] { runShell(target.folder.path() + u"/Postledger.db", load); });
+}
+
+/// A bare parse of the file.
+double parse(const Source& source)
+{
+    return seconds([&] {
+        pugi::xml_document document;
+        document.load_file(QFile::encodeName(source.file(u"merge.xml"_s)).constData());
+    });
+}
+
+void compareWithTheEngine(const Source& source)
+{
+    QString dump = u".headers off\n.mode csv\n"_s;
+    for (const QStringView table : importedTables)
+        dump += u".once "_s + source.folder() + u'/' + table + u".csv\nselect * from " + table + u";\n";
+    if (!runShell(source.folder() + u"/Postledger.db", dump)) {
         std::puts("no sqlite3 program here: not compared with its .import");
         return;
     }
-    Place byEngine;
-    const QString target = byEngine.folder.path() + u"/Postledger.db";
-    const double import = seconds([&] { runShell(target, load); });
-    const double parse = seconds([&] {
-        pugi::xml_document document;
-        document.load_file(QFile::encodeName(source.session->file(u"merge.xml"_s)).constData());
-    });
-    Place merged;
-    const double merge = seconds([&] { merged.data().importXML(source.session->file(u"merge.xml"_s)); });
-    std::printf("merge import %.2f s, .import %.2f s + parse %.2f s: ratio %.2f (bound 3)\n", merge, import,
-                parse, merge / (import + parse));
-}
-
-void printGrowth(const char* what, double small, double large, int factor)
-{
-    std::printf("%s: %.3f s and %.3f s: cost per record %.2f times (bound 1.3)\n", what, small, large,
-                large / small / factor);
+    std::vector<double> ratios;
+    for (int round = 0; round < rounds; ++round) {
+        const double before = importByEngine(source) + parse(source);
+        const double merge = source.read(u"merge.xml"_s);
+        const double after = importByEngine(source) + parse(source);
+        ratios.push_back(2 * merge / (before + after));
+    }
+    measure::printRatios("merge beside .import + parse", ratios, 3);
 }
 
 } // namespace
 
 int main(int argc, char** argv)
 {
-    const int large = argc > 1 ? std::atoi(argv[1]) : generate::fullCampaign;
-    const int factor = 10;
-    // A machine changes its pace within a run: both sizes take turns, and the middle of the tries is taken.
-    std::vector<Times> small;
-    std::vector<Times> full;
-    for (int i = 0; i < 3; ++i) {
-        for (int j = 0; j < 3; ++j)
-            small.push_back(measure(large / factor));
-        full.push_back(measure(large));
-    }
-    printGrowth("createXML", middle(small, &Times::write), middle(full, &Times::write), factor);
-    printGrowth("importXML, merge", middle(small, &Times::merge), middle(full, &Times::merge), factor);
-    printGrowth("importXML, restore", middle(small, &Times::restore), middle(full, &Times::restore), factor);
+    const int companies = argc > 1 ? std::atoi(argv[1]) : generate::fullCampaign;
+    const Source small(companies / factor);
+    const Source large(companies);
+    rusage usage{};
+    ::getrusage(RUSAGE_SELF, &usage);
+    std::printf("%d companies: at most %ld MB after createXML\n", companies, usage.ru_maxrss / 1024);
+    std::printf("cost of a record, %d companies beside %d:\n", companies, companies / factor);
+    compareSizes("createXML", small, large, [](const Source& source) { return source.write(); });
+    compareSizes("importXML, merge", small, large,
+                 [](const Source& source) { return source.read(u"merge.xml"_s); });
+    compareSizes("importXML, restore", small, large,
+                 [](const Source& source) { return source.read(u"restore.xml"_s); });
     compareWithTheEngine(large);
     return 0;
 }

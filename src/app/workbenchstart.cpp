@@ -216,7 +216,6 @@ int startWorkbench(int& argc, char** argv, const StartOptions& options)
     WorkbenchWindow window(workbench, session.settings().file());
     parent = &window;
     const PrintDesk printDesk(workbench, window);
-    const ReminderView reminder(workbench.reminder(), session.settings().file(), &window);
     window.show();
     if (options.exitWhenShown) {
         // What is timed is the way to the filled window, so the end takes no time: the first round draws it.
@@ -228,6 +227,10 @@ int startWorkbench(int& argc, char** argv, const StartOptions& options)
         });
         return QApplication::exec();
     }
+    // Nothing is due in the first minute, so the reminder's window can wait until the workbench stands.
+    std::optional<ReminderView> reminder;
+    QTimer::singleShot(
+        0, &window, [&] { reminder.emplace(workbench.reminder(), session.settings().file(), &window); });
     DailyCopyRunner copies(session);
     QTimer::singleShot(0, &window, [&session] { warnOfKeys(session); });
     return QApplication::exec();

@@ -23,19 +23,56 @@ struct Prepared
     std::vector<RecordSet::Column> columns;
 };
 
-void bindParameter(sqlite3_stmt* statement, int place, const dialect::BoundValue& value)
+/// Binds the literals of a statement. The texts stay in here until it has run, so that the engine need not
+/// make a copy of each.
+class Bindings
 {
-    if (const auto* number = std::get_if<qint64>(&value)) {
-        sqlite3_bind_int64(statement, place, *number);
-    } else if (const auto* real = std::get_if<double>(&value)) {
-        sqlite3_bind_double(statement, place, *real);
-    } else if (const auto* text = std::get_if<QString>(&value)) {
-        const QByteArray utf8 = text->toUtf8();
-        sqlite3_bind_text(statement, place, utf8.constData(), static_cast<int>(utf8.size()),
-                          SQLITE_TRANSIENT);
-    } else {
-        sqlite3_bind_null(statement, place);
+public:
+    explicit Bindings(const dialect::Shape& shape)
+        : m_literals(shape.literals)
+    {
     }
+    void bind(sqlite3_stmt* statement, const std::vector<dialect::Parameter>& parameters);
+
+private:
+    void bindValue(sqlite3_stmt* statement, int place, const dialect::BoundValue& value);
+    void bindText(sqlite3_stmt* statement, int place, QStringView text);
+
+    const std::vector<dialect::Literal>& m_literals;
+    std::vector<QByteArray> m_texts;
+};
+
+void Bindings::bind(sqlite3_stmt* statement, const std::vector<dialect::Parameter>& parameters)
+{
+    m_texts.reserve(parameters.size());
+    int place = 0;
+    for (const dialect::Parameter& parameter : parameters) {
+        const dialect::Literal& literal = m_literals[static_cast<size_t>(parameter.literal)];
+        ++place;
+        // Most literals are texts, and these go in as they stand.
+        if (parameter.as == dialect::BindAs::Text)
+            bindText(statement, place, literal.text);
+        else
+            bindValue(statement, place, dialect::bindValue(literal, parameter.as));
+    }
+}
+
+void Bindings::bindValue(sqlite3_stmt* statement, int place, const dialect::BoundValue& value)
+{
+    if (const auto* number = std::get_if<qint64>(&value))
+        sqlite3_bind_int64(statement, place, *number);
+    else if (const auto* real = std::get_if<double>(&value))
+        sqlite3_bind_double(statement, place, *real);
+    else if (const auto* text = std::get_if<QString>(&value))
+        bindText(statement, place, *text);
+    else
+        sqlite3_bind_null(statement, place);
+}
+
+void Bindings::bindText(sqlite3_stmt* statement, int place, QStringView text)
+{
+    const QByteArray& utf8 = m_texts.emplace_back(text.toUtf8());
+    sqlite3_bind_text(statement, place, utf8.constData(), static_cast<int>(utf8.size()), SQLITE_STATIC);
 }
 
 QVariant cell(sqlite3_stmt* statement, int column)
@@ -135,12 +172,9 @@ RecordSet Database::run(QStringView statement, const dialect::Want& want)
         shape.key += QString(QChar(u'\x1') + QString::number(want.kind) + want.column);
     Prepared& prepared = m_impl->prepare(statement, std::move(shape.key), want);
     sqlite3_stmt* const compiled = prepared.statement.get();
-    const Use use(compiled);
-    int place = 0;
-    for (const dialect::Parameter& parameter : prepared.translation.parameters)
-        bindParameter(
-            compiled, ++place,
-            dialect::bindValue(shape.literals[static_cast<size_t>(parameter.literal)], parameter.as));
+    Bindings bindings(shape);
+    const Use use(compiled); // ends before the texts that are bound
+    bindings.bind(compiled, prepared.translation.parameters);
 
     auto rows = std::make_shared<RecordSet::Rows>();
     rows->columns = prepared.columns;

@@ -27,7 +27,10 @@ QStringList DataJW::getCompanyNames()
 Key DataJW::getCompanyKey(const QString& name, bool quiet)
 {
     const auto find = [&](auto& call) {
-        return keyOf(call.firstRow(u"Select * from company where name='"_s + name + u'\''), u"CompanyKey");
+        // Asked for before nearly everything else; the index alone answers it when only the key is wanted.
+        const RecordSet keys =
+            call.oneColumn(u"Select * from company where name='"_s + name + u'\'', u"CompanyKey"_s);
+        return keyOf(keys.value(0));
     };
     return m_impl->guarded(u"DataJW-GetCompanyKey"_s, Key(0), find, quiet);
 }

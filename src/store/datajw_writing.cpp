@@ -194,12 +194,16 @@ int DataJW::updateContactLists(const std::vector<std::pair<Key, Key>>& newOld, c
         const KeyListRewriter rewriter(newOld);
         const QString keyColumn = table + u"Key";
         int changed = 0;
-        RecordSet rows = call.run(u"Select * from "_s + table + u" where contactlist > ''");
-        for (; !rows.atEnd(); rows.next()) {
-            const auto [list, replacements] = rewriter.rewrite(rows.text(u"ContactList"));
+        const QString statement = u"Select * from "_s + table + u" where contactlist > ''";
+        RecordSet keys = call.oneColumn(statement, keyColumn);
+        RecordSet lists = call.oneColumn(statement, u"ContactList"_s);
+        for (; !lists.atEnd(); lists.next(), keys.next()) {
+            const QString before = lists.text(0);
+            const auto [list, replacements] = rewriter.rewrite(before);
             changed += replacements;
-            if (replacements > 0)
-                call.run(updateList(table, u"ContactList"_s, list, keyColumn, keyOf(rows, keyColumn)));
+            // Keys that are what they were need no writing.
+            if (list != before)
+                call.run(updateList(table, u"ContactList"_s, list, keyColumn, keyOf(keys.value(0))));
         }
         return changed;
     });

@@ -19,7 +19,9 @@ void FinalizeStatement::operator()(sqlite3_stmt* statement) const
 Connection open(const QString& path, int flags)
 {
     sqlite3* raw = nullptr;
-    const int code = sqlite3_open_v2(QFile::encodeName(path).constData(), &raw, flags, nullptr);
+    // A connection belongs to one thread, so the engine need not lock it at every call.
+    const int code =
+        sqlite3_open_v2(QFile::encodeName(path).constData(), &raw, flags | SQLITE_OPEN_NOMUTEX, nullptr);
     Connection connection(raw);
     if (code != SQLITE_OK)
         throw connection

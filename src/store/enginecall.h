@@ -25,7 +25,7 @@ struct FinalizeStatement
 using Connection = std::unique_ptr<sqlite3, CloseConnection>;
 using Statement = std::unique_ptr<sqlite3_stmt, FinalizeStatement>;
 
-/// Opens a file with SQLITE_OPEN_... flags; throws StoreError.
+/// Opens a file with SQLITE_OPEN_... flags for the use of one thread at a time; throws StoreError.
 Connection open(const QString& path, int flags);
 /// Compiles one statement; throws StoreError.
 Statement prepare(sqlite3* connection, const QByteArray& sql);

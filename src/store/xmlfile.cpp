@@ -187,13 +187,15 @@ const CampaignFile::Records& CampaignFile::historiesOf(std::string_view contactK
     return found(m_histories, contactKey);
 }
 
-int CampaignFile::orphans(std::string_view table, const char* column, std::string_view owner) const
+int CampaignFile::orphans(std::string_view table, std::string_view owner, const char* ownerKey) const
 {
     std::unordered_set<std::string_view> owners;
+    owners.reserve(records(owner).size());
     for (const pugi::xml_node& record : records(owner))
-        owners.insert(record.attribute(column).value());
-    int count = 0;
-    for (const pugi::xml_node& record : records(table))
-        count += owners.contains(record.attribute(column).value()) ? 0 : 1;
-    return count;
+        owners.insert(record.attribute(ownerKey).value());
+    const Index& byOwner = table == "Contact" ? m_contacts : table == "Position" ? m_positions : m_histories;
+    size_t count = 0;
+    for (const auto& [key, belonging] : byOwner)
+        count += owners.contains(key) ? 0 : belonging.size();
+    return static_cast<int>(count);
 }

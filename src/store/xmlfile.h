@@ -34,9 +34,10 @@ public:
     [[nodiscard]] const Records& contactsOf(std::string_view companyKey) const;
     [[nodiscard]] const Records& positionsOf(std::string_view companyKey) const;
     [[nodiscard]] const Records& historiesOf(std::string_view contactKey) const;
-    /// How many records of @p table hang, by their @p column, on no record of @p owner that has this as its
-    /// key: the walk from owner to owner never meets them.
-    [[nodiscard]] int orphans(std::string_view table, const char* column, std::string_view owner) const;
+    /// How many contacts, positions or histories (@p table) hang on no record of @p owner, whose key stands
+    /// in
+    /// @p ownerKey: the walk from owner to owner never meets them.
+    [[nodiscard]] int orphans(std::string_view table, std::string_view owner, const char* ownerKey) const;
 
 private:
     using Index = std::unordered_map<std::string_view, Records>;

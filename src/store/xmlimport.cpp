@@ -242,14 +242,14 @@ void XmlImport::countOrphans()
     struct Belonging
     {
         const char* table;
-        const char* column;
         const char* owner;
+        const char* ownerKey;
     };
-    constexpr std::array belongings{Belonging{"Contact", "CompanyKey", "Company"},
-                                    Belonging{"Position", "CompanyKey", "Company"},
-                                    Belonging{"History", "ContactKey", "Contact"}};
+    constexpr std::array belongings{Belonging{"Contact", "Company", "CompanyKey"},
+                                    Belonging{"Position", "Company", "CompanyKey"},
+                                    Belonging{"History", "Contact", "ContactKey"}};
     for (const Belonging& each : belongings) {
-        const int orphans = m_file.orphans(each.table, each.column, each.owner);
+        const int orphans = m_file.orphans(each.table, each.owner, each.ownerKey);
         if (orphans == 0)
             continue;
         tick(orphans);

@@ -45,12 +45,29 @@ bool isOneColour(const QImage& picture)
     return true;
 }
 
+bool themeHasAll()
+{
+    const auto has = [](const QString& name) { return QIcon::hasThemeIcon(name); };
+    return std::all_of(icons::names().cbegin(), icons::names().cend(), has);
+}
+
+QIcon readPicture(const QString& name)
+{
+    static const bool fromTheme = themeHasAll();
+    return fromTheme ? QIcon::fromTheme(name) : QIcon(u":/jobwright/icons/%1.svg"_s.arg(name));
+}
+
 /// Draws another icon's picture in the palette's text colour, anew whenever the palette has changed.
 class InkEngine : public QIconEngine
 {
 public:
     explicit InkEngine(QIcon source)
         : m_source(std::move(source))
+    {
+    }
+    /// Reads the picture at the first drawing: a start makes many icons that stand in closed menus.
+    explicit InkEngine(QString name)
+        : m_name(std::move(name))
     {
     }
 
@@ -72,12 +89,14 @@ public:
         return *found;
     }
 
-    [[nodiscard]] QIconEngine* clone() const override { return new InkEngine(m_source); }
-    bool isNull() override { return m_source.isNull(); }
+    [[nodiscard]] QIconEngine* clone() const override { return new InkEngine(*this); }
+    bool isNull() override { return m_name.isEmpty() && m_source.isNull(); }
 
 private:
-    [[nodiscard]] QPixmap draw(const QSize& size, const QColor& ink) const
+    [[nodiscard]] QPixmap draw(const QSize& size, const QColor& ink)
     {
+        if (m_source.isNull())
+            m_source = readPicture(m_name);
         QImage picture(size, QImage::Format_ARGB32_Premultiplied);
         picture.fill(Qt::transparent);
         QPainter painter(&picture);
@@ -90,15 +109,10 @@ private:
         return QPixmap::fromImage(picture);
     }
 
+    QString m_name;
     QIcon m_source;
     QHash<QString, QPixmap> m_drawn;
 };
-
-bool themeHasAll()
-{
-    const auto has = [](const QString& name) { return QIcon::hasThemeIcon(name); };
-    return std::all_of(icons::names().cbegin(), icons::names().cend(), has);
-}
 
 } // namespace
 
@@ -118,11 +132,7 @@ const QStringList& names()
 
 QIcon named(const QString& name)
 {
-    if (!names().contains(name))
-        return {};
-    static const bool fromTheme = themeHasAll();
-    const QIcon source = fromTheme ? QIcon::fromTheme(name) : QIcon(u":/jobwright/icons/%1.svg"_s.arg(name));
-    return inPaletteInk(source);
+    return names().contains(name) ? QIcon(new InkEngine(name)) : QIcon();
 }
 
 QIcon inPaletteInk(const QIcon& picture)
