@@ -80,18 +80,137 @@ class TestAudit : public QObject
 
 private slots:
     void everyControlHasItsOwnName_data() { addViews(); }
-    void everyControlHasItsOwnName();
+    void everyControlHasItsOwnName()
+    {
+        QFETCH(QString, name);
+        QStringList seen;
+        const auto widgets = view(name)->findChildren<QWidget*>();
+        for (const QWidget* widget : widgets) {
+            const bool wanted =
+                (isControl(*widget) || qobject_cast<const QLabel*>(widget)) && !isBuiltIn(*widget);
+            if (!wanted)
+                continue;
+            QVERIFY2(!widget->objectName().isEmpty(), qPrintable(described(*widget)));
+            QVERIFY2(!seen.contains(widget->objectName()), qPrintable(u"twice: "_s + widget->objectName()));
+            seen.append(widget->objectName());
+        }
+        QVERIFY(!seen.isEmpty());
+    }
     void everyControlHasWordsForAScreenReader_data() { addViews(); }
-    void everyControlHasWordsForAScreenReader();
+    void everyControlHasWordsForAScreenReader()
+    {
+        QFETCH(QString, name);
+        const auto controls = controlsOf(*view(name));
+        for (const QWidget* control : controls)
+            QVERIFY2(!control->accessibleName().isEmpty(), qPrintable(described(*control)));
+    }
     void everyFieldHasALabelWithAMnemonic_data() { addScreens(); }
-    void everyFieldHasALabelWithAMnemonic();
+    void everyFieldHasALabelWithAMnemonic()
+    {
+        QFETCH(QString, screen);
+        const QWidget* window = windowOn(screen);
+        const auto labels = window->findChildren<QLabel*>();
+        const QWidget* frame = window->findChild<QWidget*>(QString(u"frme"_s + screen));
+        const auto fields = frame->findChildren<QWidget*>();
+        for (const QWidget* field : fields) {
+            const auto* line = isBuiltIn(*field) ? nullptr : qobject_cast<const QLineEdit*>(field);
+            if (!qobject_cast<const QPlainTextEdit*>(field) && (!line || line->isReadOnly()))
+                continue;
+            const bool labelled = std::ranges::any_of(labels, [field](const QLabel* label) {
+                return label->buddy() == field && !mnemonicOf(label->text()).isEmpty();
+            });
+            QVERIFY2(labelled, qPrintable(described(*field)));
+        }
+    }
     void noMnemonicIsTakenTwice_data() { addScreens(); }
-    void noMnemonicIsTakenTwice();
+    void noMnemonicIsTakenTwice()
+    {
+        QFETCH(QString, screen);
+        QWidget* window = windowOn(screen);
+        QHash<QString, QString> owners;
+        const auto take = [&owners](const QString& text, const QString& owner) {
+            const QString key = mnemonicOf(text);
+            if (key.isEmpty())
+                return;
+            QVERIFY2(!owners.contains(key),
+                     qPrintable(key + u": "_s + owners.value(key) + u" and "_s + owner));
+            owners.insert(key, owner);
+        };
+        // The screens that are not open do not hear their letters.
+        for (const QLabel* label : window->findChildren<QLabel*>()) {
+            if (label->isVisible())
+                take(label->text(), label->objectName());
+        }
+        for (const QAbstractButton* button : window->findChildren<QAbstractButton*>()) {
+            if (button->isVisible() && !button->objectName().startsWith("cmdTool_"_L1))
+                take(button->text(), button->objectName());
+        }
+        for (const QAction* menu : m_bench->window->menuBar()->actions())
+            take(menu->text(), menu->text());
+        QVERIFY(owners.size() > (screen == "Pipeline"_L1 ? 5 : 10)); // the steps have their own keys
+    }
     void tabKeyVisitsEveryControlInReadingOrder_data() { addScreens(); }
-    void tabKeyVisitsEveryControlInReadingOrder();
-    void everyRowOfTheFormHasItsControl();
+    void tabKeyVisitsEveryControlInReadingOrder()
+    {
+        QFETCH(QString, screen);
+        QWidget* window = windowOn(screen);
+        QStringList wanted;
+        const auto controls = controlsOf(*window);
+        for (const QWidget* control : controls) {
+            // The arrow keys, not Tab, go to the other buttons of a group.
+            const auto* button = qobject_cast<const QAbstractButton*>(control);
+            if (button && button->autoExclusive() && !button->isChecked())
+                continue;
+            if (control->isVisible() && control->isEnabled() && (control->focusPolicy() & Qt::TabFocus))
+                wanted.append(control->objectName());
+        }
+        const QWidget* first = window->findChild<QWidget*>(u"cmbSelection"_s);
+        window->findChild<QWidget*>(u"cmbSelection"_s)->setFocus();
+        QStringList visited;
+        const QWidget* before = first;
+        while (visited.size() <= wanted.size()) {
+            const QWidget* now = QApplication::focusWidget();
+            // In a date the Tab key goes from part to part.
+            if (visited.isEmpty() || visited.last() != now->objectName())
+                visited.append(now->objectName());
+            if (before != now)
+                QVERIFY2(followsForTheEye(placeOf(*before), placeOf(*now)),
+                         qPrintable(described(*before) + u" -> "_s + described(*now)));
+            before = now;
+            m_bench->press(Qt::Key_Tab);
+            if (QApplication::focusWidget() == first)
+                break;
+        }
+        for (const QString& control : std::as_const(wanted))
+            QVERIFY2(visited.contains(control), qPrintable(u"never visited: "_s + control));
+        QCOMPARE(visited.size(), wanted.size());
+    }
+
     void noTextIsCutOffAtTheSmallestSize_data() { addScreens(); }
-    void noTextIsCutOffAtTheSmallestSize();
+    void noTextIsCutOffAtTheSmallestSize()
+    {
+        QFETCH(QString, screen);
+        QWidget* window = windowOn(screen);
+        QCoreApplication::processEvents(); // what the screen's content changed has reached the window's hint
+        // The window's least size follows its screen's in two steps; a user who drags the edge is slower than
+        // both.
+        for (int i = 0; i < 2; ++i) {
+            window->resize(window->minimumSizeHint());
+            QCoreApplication::processEvents();
+        }
+        for (const QLabel* label : window->findChildren<QLabel*>()) {
+            if (label->isVisible() && !label->text().isEmpty() && !label->wordWrap())
+                QVERIFY2(label->width() >= label->minimumSizeHint().width(), qPrintable(described(*label)));
+        }
+        const QWidget* frame = window->findChild<QWidget*>(QString(u"frme"_s + screen));
+        const QWidget* form = frame->findChild<QScrollArea*>()->widget();
+        QVERIFY(form->width() <= form->parentWidget()->width());
+        for (const QPushButton* button : window->findChildren<QPushButton*>()) {
+            if (button->isVisible())
+                QVERIFY2(button->width() >= button->minimumSizeHint().width(),
+                         qPrintable(described(*button)));
+        }
+    }
 
 private:
     void addViews()
@@ -142,145 +261,6 @@ private:
     std::unique_ptr<SplashView> m_splashView;
     std::unique_ptr<AutoParseView> m_cardView;
 };
-
-void TestAudit::everyControlHasItsOwnName()
-{
-    QFETCH(QString, name);
-    QStringList seen;
-    const auto widgets = view(name)->findChildren<QWidget*>();
-    for (const QWidget* widget : widgets) {
-        const bool wanted =
-            (isControl(*widget) || qobject_cast<const QLabel*>(widget)) && !isBuiltIn(*widget);
-        if (!wanted)
-            continue;
-        QVERIFY2(!widget->objectName().isEmpty(), qPrintable(described(*widget)));
-        QVERIFY2(!seen.contains(widget->objectName()), qPrintable(u"twice: "_s + widget->objectName()));
-        seen.append(widget->objectName());
-    }
-    QVERIFY(!seen.isEmpty());
-}
-
-void TestAudit::everyControlHasWordsForAScreenReader()
-{
-    QFETCH(QString, name);
-    const auto controls = controlsOf(*view(name));
-    for (const QWidget* control : controls)
-        QVERIFY2(!control->accessibleName().isEmpty(), qPrintable(described(*control)));
-}
-
-void TestAudit::everyFieldHasALabelWithAMnemonic()
-{
-    QFETCH(QString, screen);
-    const QWidget* window = windowOn(screen);
-    const auto labels = window->findChildren<QLabel*>();
-    const QWidget* frame = window->findChild<QWidget*>(QString(u"frme"_s + screen));
-    const auto fields = frame->findChildren<QWidget*>();
-    for (const QWidget* field : fields) {
-        const auto* line = isBuiltIn(*field) ? nullptr : qobject_cast<const QLineEdit*>(field);
-        if (!qobject_cast<const QPlainTextEdit*>(field) && (!line || line->isReadOnly()))
-            continue;
-        const bool labelled = std::ranges::any_of(labels, [field](const QLabel* label) {
-            return label->buddy() == field && !mnemonicOf(label->text()).isEmpty();
-        });
-        QVERIFY2(labelled, qPrintable(described(*field)));
-    }
-}
-
-void TestAudit::noMnemonicIsTakenTwice()
-{
-    QFETCH(QString, screen);
-    QWidget* window = windowOn(screen);
-    QHash<QString, QString> owners;
-    const auto take = [&owners](const QString& text, const QString& owner) {
-        const QString key = mnemonicOf(text);
-        if (key.isEmpty())
-            return;
-        QVERIFY2(!owners.contains(key), qPrintable(key + u": "_s + owners.value(key) + u" and "_s + owner));
-        owners.insert(key, owner);
-    };
-    // The screens that are not open do not hear their letters.
-    for (const QLabel* label : window->findChildren<QLabel*>()) {
-        if (label->isVisible())
-            take(label->text(), label->objectName());
-    }
-    for (const QAbstractButton* button : window->findChildren<QAbstractButton*>()) {
-        if (button->isVisible() && !button->objectName().startsWith("cmdTool_"_L1))
-            take(button->text(), button->objectName());
-    }
-    for (const QAction* menu : m_bench->window->menuBar()->actions())
-        take(menu->text(), menu->text());
-    QVERIFY(owners.size() > (screen == "Pipeline"_L1 ? 5 : 10)); // the steps have their own keys
-}
-
-void TestAudit::tabKeyVisitsEveryControlInReadingOrder()
-{
-    QFETCH(QString, screen);
-    QWidget* window = windowOn(screen);
-    QStringList wanted;
-    const auto controls = controlsOf(*window);
-    for (const QWidget* control : controls) {
-        // The arrow keys, not Tab, go to the other buttons of a group.
-        const auto* button = qobject_cast<const QAbstractButton*>(control);
-        if (button && button->autoExclusive() && !button->isChecked())
-            continue;
-        if (control->isVisible() && control->isEnabled() && (control->focusPolicy() & Qt::TabFocus))
-            wanted.append(control->objectName());
-    }
-    const QWidget* first = window->findChild<QWidget*>(u"cmbSelection"_s);
-    window->findChild<QWidget*>(u"cmbSelection"_s)->setFocus();
-    QStringList visited;
-    const QWidget* before = first;
-    while (visited.size() <= wanted.size()) {
-        const QWidget* now = QApplication::focusWidget();
-        // In a date the Tab key goes from part to part.
-        if (visited.isEmpty() || visited.last() != now->objectName())
-            visited.append(now->objectName());
-        if (before != now)
-            QVERIFY2(followsForTheEye(placeOf(*before), placeOf(*now)),
-                     qPrintable(described(*before) + u" -> "_s + described(*now)));
-        before = now;
-        m_bench->press(Qt::Key_Tab);
-        if (QApplication::focusWidget() == first)
-            break;
-    }
-    for (const QString& control : std::as_const(wanted))
-        QVERIFY2(visited.contains(control), qPrintable(u"never visited: "_s + control));
-    QCOMPARE(visited.size(), wanted.size());
-}
-
-void TestAudit::everyRowOfTheFormHasItsControl()
-{
-    const QWidget* window = windowOn(u"Document"_s);
-    for (const Form* form :
-         {&m_bench->company().form(), &m_bench->frm->documentScreen().form(), &m_bench->frm->form()}) {
-        for (const FieldRow& row : form->rows())
-            QVERIFY2(window->findChild<QWidget*>(row.control), qPrintable(row.control));
-    }
-}
-
-void TestAudit::noTextIsCutOffAtTheSmallestSize()
-{
-    QFETCH(QString, screen);
-    QWidget* window = windowOn(screen);
-    QCoreApplication::processEvents(); // what the screen's content changed has reached the window's hint
-    // The window's least size follows its screen's in two steps; a user who drags the edge is slower than
-    // both.
-    for (int i = 0; i < 2; ++i) {
-        window->resize(window->minimumSizeHint());
-        QCoreApplication::processEvents();
-    }
-    for (const QLabel* label : window->findChildren<QLabel*>()) {
-        if (label->isVisible() && !label->text().isEmpty() && !label->wordWrap())
-            QVERIFY2(label->width() >= label->minimumSizeHint().width(), qPrintable(described(*label)));
-    }
-    const QWidget* frame = window->findChild<QWidget*>(QString(u"frme"_s + screen));
-    const QWidget* form = frame->findChild<QScrollArea*>()->widget();
-    QVERIFY(form->width() <= form->parentWidget()->width());
-    for (const QPushButton* button : window->findChildren<QPushButton*>()) {
-        if (button->isVisible())
-            QVERIFY2(button->width() >= button->minimumSizeHint().width(), qPrintable(described(*button)));
-    }
-}
 
 QTEST_MAIN(TestAudit)
 #include "tst_audit.moc"

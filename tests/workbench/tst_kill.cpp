@@ -99,96 +99,88 @@ class TestKill : public QObject
     Q_OBJECT
 
 private slots:
-    void killedAtAnyMoment_data();
-    void killedAtAnyMoment();
+    void killedAtAnyMoment_data()
+    {
+        QTest::addColumn<QString>("kind");
+        QTest::addRow("company save") << u"company"_s;
+        QTest::addRow("position save") << u"position"_s;
+        QTest::addRow("contact save") << u"contact"_s;
+        QTest::addRow("contact removal") << u"removal"_s;
+        QTest::addRow("document rewrite") << u"document"_s;
+        QTest::addRow("restore") << u"restore"_s;
+        QTest::addRow("import") << u"merge"_s;
+    }
+
+    void killedAtAnyMoment()
+    {
+        QFETCH(QString, kind);
+        const QTemporaryDir origin;
+        makeStore(origin.path());
+        const QByteArray before = hashOf(origin.path());
+        const QTemporaryDir undisturbed;
+        copyStore(origin.path(), undisturbed.path());
+        const qint64 whole = runChild(kind, undisturbed.path(), -1);
+        QVERIFY(whole > 0);
+        const QByteArray after = hashOf(undisturbed.path());
+        QVERIFY(after != before);
+        bool isNumber = false;
+        const int asked = qEnvironmentVariableIntValue("JOBWRIGHT_KILLS", &isNumber);
+        const int kills = ((isNumber ? asked : 42) + 6) / 7;
+        QRandomGenerator random(static_cast<quint32>(kind.size()));
+        int untouched = 0;
+        for (int i = 0; i < kills; ++i) {
+            const QTemporaryDir folder;
+            copyStore(origin.path(), folder.path());
+            runChild(kind, folder.path(), random.bounded(whole + whole / 10));
+            const QString database = folder.path() + u"/Postledger.db";
+            QCOMPARE(inspectStore(database).message, QString());
+            const QByteArray left = hashOf(folder.path());
+            QVERIFY2(left == before || left == after, "the store is neither as before nor as after");
+            untouched += left == before ? 1 : 0;
+            Database opened(database);
+            opened.run(u"Insert into Company(Name) VALUES('Still works')"_s);
+        }
+        // Most of the work lies before its end, so kills that all came too late would have tested nothing.
+        QVERIFY2(untouched > 0, "no kill came before the end of the work");
+    }
 
 private:
-    void makeStore(const QString& folder);
+    void makeStore(const QString& folder)
+    {
+        World world;
+        killCampaign(true, u"Own"_s, 30).import(world);
+        QCOMPARE(world.session->statusLine(), u"Import Complete"_s);
+        const QList<std::pair<QString, XmlText>> files{{u"restore"_s, killCampaign(true, u"New"_s, 40)},
+                                                       {u"merge"_s, killCampaign(false, u"Own"_s, 60)}};
+        for (const auto& [name, text] : files)
+            QVERIFY(QFile::copy(text.write(world), folder + u'/' + name + u".xml") &&
+                    QFile::remove(text.write(world)));
+        for (int i = 1; i <= 30; ++i)
+            QVERIFY(world.data().execQuery(
+                u"Insert into Document(Document,Version,Sent,CreationDate,Type) VALUES('cv%1.pdf','1','0','11/1/2026','Resume')"_s
+                    .arg(i)));
+        QVERIFY(world.data().execQuery(u"Update Contact set DocumentList='3,7',ContactList='10,11'"_s));
+        world.session.reset();
+        QVERIFY(QFile::copy(world.folder.path() + u"/Postledger.db", folder + u"/Postledger.db"));
+    }
     /// Starts the work in a process of its own; kills it @p microseconds after it began, lets it end when
     /// negative. Answers how long it ran.
-    qint64 runChild(const QString& kind, const QString& folder, qint64 microseconds);
+    qint64 runChild(const QString& kind, const QString& folder, qint64 microseconds)
+    {
+        QProcess process;
+        process.start(QCoreApplication::applicationFilePath(), {child, kind, folder});
+        if (!process.waitForReadyRead(20000))
+            return -1;
+        QElapsedTimer timer;
+        timer.start();
+        if (microseconds >= 0) {
+            QThread::usleep(static_cast<unsigned long>(microseconds));
+            ::kill(static_cast<pid_t>(process.processId()), SIGKILL);
+        }
+        process.waitForFinished(60000);
+        return timer.nsecsElapsed() / 1000;
+    }
 };
-
-void TestKill::makeStore(const QString& folder)
-{
-    World world;
-    killCampaign(true, u"Own"_s, 30).import(world);
-    QCOMPARE(world.session->statusLine(), u"Import Complete"_s);
-    const QList<std::pair<QString, XmlText>> files{{u"restore"_s, killCampaign(true, u"New"_s, 40)},
-                                                   {u"merge"_s, killCampaign(false, u"Own"_s, 60)}};
-    for (const auto& [name, text] : files)
-        QVERIFY(QFile::copy(text.write(world), folder + u'/' + name + u".xml") &&
-                QFile::remove(text.write(world)));
-    for (int i = 1; i <= 30; ++i)
-        QVERIFY(world.data().execQuery(
-            u"Insert into Document(Document,Version,Sent,CreationDate,Type) VALUES('cv%1.pdf','1','0','11/1/2026','Resume')"_s
-                .arg(i)));
-    QVERIFY(world.data().execQuery(u"Update Contact set DocumentList='3,7',ContactList='10,11'"_s));
-    world.session.reset();
-    QVERIFY(QFile::copy(world.folder.path() + u"/Postledger.db", folder + u"/Postledger.db"));
-}
-
-qint64 TestKill::runChild(const QString& kind, const QString& folder, qint64 microseconds)
-{
-    QProcess process;
-    process.start(QCoreApplication::applicationFilePath(), {child, kind, folder});
-    if (!process.waitForReadyRead(20000))
-        return -1;
-    QElapsedTimer timer;
-    timer.start();
-    if (microseconds >= 0) {
-        QThread::usleep(static_cast<unsigned long>(microseconds));
-        ::kill(static_cast<pid_t>(process.processId()), SIGKILL);
-    }
-    process.waitForFinished(60000);
-    return timer.nsecsElapsed() / 1000;
-}
-
-void TestKill::killedAtAnyMoment_data()
-{
-    QTest::addColumn<QString>("kind");
-    QTest::addRow("company save") << u"company"_s;
-    QTest::addRow("position save") << u"position"_s;
-    QTest::addRow("contact save") << u"contact"_s;
-    QTest::addRow("contact removal") << u"removal"_s;
-    QTest::addRow("document rewrite") << u"document"_s;
-    QTest::addRow("restore") << u"restore"_s;
-    QTest::addRow("import") << u"merge"_s;
-}
-
-void TestKill::killedAtAnyMoment()
-{
-    QFETCH(QString, kind);
-    const QTemporaryDir origin;
-    makeStore(origin.path());
-    const QByteArray before = hashOf(origin.path());
-    const QTemporaryDir undisturbed;
-    copyStore(origin.path(), undisturbed.path());
-    const qint64 whole = runChild(kind, undisturbed.path(), -1);
-    QVERIFY(whole > 0);
-    const QByteArray after = hashOf(undisturbed.path());
-    QVERIFY(after != before);
-
-    bool isNumber = false;
-    const int asked = qEnvironmentVariableIntValue("JOBWRIGHT_KILLS", &isNumber);
-    const int kills = ((isNumber ? asked : 42) + 6) / 7;
-    QRandomGenerator random(static_cast<quint32>(kind.size()));
-    int untouched = 0;
-    for (int i = 0; i < kills; ++i) {
-        const QTemporaryDir folder;
-        copyStore(origin.path(), folder.path());
-        runChild(kind, folder.path(), random.bounded(whole + whole / 10));
-        const QString database = folder.path() + u"/Postledger.db";
-        QCOMPARE(inspectStore(database).message, QString());
-        const QByteArray left = hashOf(folder.path());
-        QVERIFY2(left == before || left == after, "the store is neither as before nor as after");
-        untouched += left == before ? 1 : 0;
-        Database opened(database);
-        opened.run(u"Insert into Company(Name) VALUES('Still works')"_s);
-    }
-    // Most of the work lies before its end, so kills that all came too late would have tested nothing.
-    QVERIFY2(untouched > 0, "no kill came before the end of the work");
-}
 
 int main(int argc, char** argv)
 {
