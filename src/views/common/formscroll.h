@@ -26,7 +26,7 @@ public:
         if (!widget())
             return least;
         const int whole = widget()->minimumSizeHint().width() + verticalScrollBar()->sizeHint().width();
-        return {qMin(whole, screen()->availableSize().width() * 3 / 5), least.height()};
+        return {qMin(whole, screen()->availableSize().width() * 3 / 4), least.height()};
     }
 
 protected:
