@@ -9,18 +9,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-pugi::xml_document parsed(const QString& text)
-{
-    pugi::xml_document document;
-    if (!document.load_string(text.toUtf8().constData()))
-        QTest::qFail("the written text is no XML", __FILE__, __LINE__);
-    return document;
-}
-
-} // namespace
-
 class TestXmlExport : public QObject
 {
     Q_OBJECT
