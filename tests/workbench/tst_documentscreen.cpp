@@ -173,7 +173,8 @@ private slots:
         bench.addHolder(u"Ann"_s, u"1,3"_s);
         bench.addHolder(u"Bob"_s, u"2"_s);
         bench.openScreen();
-        const QString before = u"Ann: cv.pdf+note.txt, Bob: cover.doc"_s;
+        bench.addHolder(u"Cy"_s, u"79"_s); // the digits of a key that nobody holds stay as they are
+        const QString before = u"Ann: cv.pdf+note.txt, Bob: cover.doc, Cy: "_s;
         bench.screen().filesDropped({bench.makeFile(u"new.pdf"_s)});
         bench.screen().cmdAddDoc1();
         QCOMPARE(bench.holdings(), before);
@@ -181,6 +182,7 @@ private slots:
         bench.screen().showDocument(u"cover.doc"_s);
         bench.screen().cmdUpdateDoc1();
         QCOMPARE(bench.holdings(), before);
+        QCOMPARE(bench.cells(u"Select DocumentList from Contact where FirstName='Cy'"_s), u"79"_s);
         bench.openScreen(u"note.txt"_s);
         TreeModel& sent = bench.screen().lstContactsSent();
         QCOMPARE(sent.texts(sent.index(0, 0)), QStringList{u"Ann Lee"_s});
