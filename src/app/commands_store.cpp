@@ -73,8 +73,11 @@ bool asksForRestore(const QString& path)
 int importFile(CommandContext& context, const QString& file, bool agreed)
 {
     const QString path = QFileInfo(file).absoluteFilePath();
-    if (!QFileInfo(path).isFile()) {
-        printError(tr("%1 is not there.").arg(QDir::toNativeSeparators(path)));
+    if (const QFileInfo info(path); !info.isFile()) {
+        printError((info.isDir()    ? tr("%1 is a folder and not a file.")
+                    : info.exists() ? tr("%1 is not a file.")
+                                    : tr("%1 is not there."))
+                       .arg(QDir::toNativeSeparators(path)));
         return Failed;
     }
     if (asksForRestore(path) && !agreed) {

@@ -131,7 +131,7 @@ void addWorkbenchCommands(CLI::App& app, Command& chosen)
     auto table = std::make_shared<bool>(false);
     auto json = std::make_shared<bool>(false);
     companiesCommand->add_flag("--long", *table, "With positions, contacts and the last contact");
-    companiesCommand->add_flag("--json", *json, "The same as JSON");
+    companiesCommand->add_flag("--json", *json, "As JSON, with the same figures and the interactions");
     companiesCommand->callback([=, &chosen] {
         chosen = [=](CommandContext& context) { return companies(context, *table, *json); };
     });

@@ -1,9 +1,12 @@
 #include "store/session.h"
 
 #include "base/dates.h"
+#include "base/text.h"
 #include "store/datajw.h"
 #include "store/logs.h"
 #include "store/storeerror.h"
+
+#include <utility>
 
 Session::Session(QString folder, Clock clock, Prompts& prompts, Desktop& desktop)
     : m_folder(std::move(folder))
@@ -68,12 +71,22 @@ void Session::logError(const QString& text, int level, const StoreError* failure
     const QString message =
         failure ? ErrLogger::compose(failure->description(), failure->number(), failure->source(), text)
                 : ErrLogger::compose({}, 0, {}, text);
-    (void)ErrLogger(m_folder).addLog(message, shown, now());
+    m_logLost = !ErrLogger(m_folder).addLog(message, shown, now()) || m_logLost;
     if (shown == 1)
         return;
     ++m_held;
     if (m_quiet == 0)
-        msgBox(u"Error Occurred :" + message);
+        msgBox(u"Error Occurred :" + message + lostLogText());
+}
+
+QString Session::lostLogText()
+{
+    // Said once in a run, with the first failure that is shown: each further box would only repeat it.
+    if (!m_logLost || std::exchange(m_logLossTold, true))
+        return {};
+    return text::crlf + text::crlf +
+           tr("The file %1 could not be written, so this is not noted there.")
+               .arg(file(QStringLiteral("ErrorLog.txt")));
 }
 
 void Session::setStatusLine(const QString& line)

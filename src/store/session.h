@@ -111,6 +111,11 @@ private:
     RegAccess m_settings;
     std::unique_ptr<DataJW> m_dataJW;
     QString m_statusLine;
+    /// The sentence about an error log that cannot be written; "" when there is nothing new to say of it.
+    [[nodiscard]] QString lostLogText();
+
+    bool m_logLost = false;
+    bool m_logLossTold = false;
     int m_quiet = 0;
     int m_held = 0; ///< entries at level 0 so far, shown or not
 };

@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QStringDecoder>
 
+#include <algorithm>
 #include <unordered_set>
 
 using namespace Qt::StringLiterals;
@@ -64,6 +65,37 @@ QString readBytes(const QString& path, QByteArray& bytes)
     return {};
 }
 
+/// Looks for an element that has an attribute twice, which XML forbids: the parser keeps both, and the import
+/// would take the first for the whole.
+class DoubledAttribute : public pugi::xml_tree_walker
+{
+public:
+    bool for_each(pugi::xml_node& node) override
+    {
+        // The records of a table all have the same names in the same order, which need not be looked at anew.
+        m_names.clear();
+        for (const pugi::xml_attribute& attribute : node.attributes())
+            m_names.emplace_back(attribute.name());
+        if (m_names == m_seen)
+            return true;
+        m_seen = m_names;
+        std::ranges::sort(m_names);
+        const auto twice = std::ranges::adjacent_find(m_names);
+        if (twice == m_names.end())
+            return true;
+        found = node;
+        name = *twice;
+        return false;
+    }
+
+    pugi::xml_node found; ///< null when every attribute stands once
+    std::string_view name;
+
+private:
+    std::vector<std::string_view> m_names;
+    std::vector<std::string_view> m_seen;
+};
+
 const CampaignFile::Records& found(const std::unordered_map<std::string_view, CampaignFile::Records>& index,
                                    std::string_view key)
 {
@@ -78,6 +110,8 @@ QString CampaignFile::load(const QString& path)
     QString refusal = readBytes(path, m_bytes);
     if (refusal.isEmpty())
         refusal = parse(path, isValidUtf8(m_bytes));
+    if (refusal.isEmpty())
+        refusal = checkAttributes(path);
     if (refusal.isEmpty())
         refusal = checkShape();
     if (!refusal.isEmpty())
@@ -119,6 +153,20 @@ QString CampaignFile::parse(const QString& path, bool isUtf8)
     if (!root().child("Data"))
         return say("The file %1 holds no data at all, not even empty tables. It was not read.").arg(path);
     return {};
+}
+
+QString CampaignFile::checkAttributes(const QString& path)
+{
+    DoubledAttribute doubled;
+    m_document.traverse(doubled);
+    if (!doubled.found)
+        return {};
+    return say("The file %1 is no well-formed XML: an element %2 has the attribute %3 twice (line %4). It "
+               "was not "
+               "read.")
+        .arg(path, QString::fromUtf8(doubled.found.name()),
+             QString::fromUtf8(doubled.name.data(), static_cast<qsizetype>(doubled.name.size())))
+        .arg(lineOf(path, doubled.found.offset_debug()));
 }
 
 QString CampaignFile::checkShape()

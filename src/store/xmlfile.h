@@ -20,8 +20,8 @@ public:
 
     /// Reads the file and checks all that can be known before a first row is written: that it is well-formed
     /// XML of a sane size and encoding without a document type, that its root is the program's own, and that
-    /// no two companies or contacts share a key. Answers "" or, in words for the user, why the file cannot be
-    /// used.
+    /// no two companies or contacts share a key, nor two attributes of an element a name. Answers "" or, in
+    /// words for the user, why the file cannot be used.
     [[nodiscard]] QString load(const QString& path);
 
     /// True when the file replaces the store's contents; otherwise it is merged into them.
@@ -43,6 +43,7 @@ private:
     using Index = std::unordered_map<std::string_view, Records>;
 
     [[nodiscard]] QString parse(const QString& path, bool isUtf8);
+    [[nodiscard]] QString checkAttributes(const QString& path);
     [[nodiscard]] QString checkShape();
     [[nodiscard]] QString findDouble(std::string_view table, const char* keyColumn) const;
     [[nodiscard]] Index index(std::string_view table, const char* column) const;

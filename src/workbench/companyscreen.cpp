@@ -5,6 +5,7 @@
 #include "store/datajw.h"
 #include "store/storeerror.h"
 #include "workbench/contactscreen.h"
+#include "workbench/fieldleaving.h"
 #include "workbench/frmdata.h"
 #include "workbench/positionscreen.h"
 
@@ -233,7 +234,8 @@ void CompanyScreen::tvwPosContactDblClick(const QModelIndex& index)
         return;
     const bool position = m_tree.data(index, TreeModel::KindRole).toString() == u"position";
     const QString name = m_tree.text(index);
-    m_workbench.tabStrip1Click(position ? u"Position"_s : u"Contact"_s);
+    if (!m_workbench.tabStrip1Click(position ? u"Position"_s : u"Contact"_s))
+        return;
     if (position)
         m_workbench.positionScreen().showPosition(name);
     else
@@ -276,15 +278,8 @@ void CompanyScreen::fieldLeft(const QString& control)
 
 bool CompanyScreen::mayLeave()
 {
-    bool unsaved = false;
-    for (const FieldRow& row : m_form.rows()) {
-        if (row.save != SaveOn::Leave || !m_form.isDirty(row.control))
-            continue;
-        fieldLeft(row.control);
-        const QString selected = m_workbench.selection().selectedCompanyName();
-        unsaved |= m_form.isDirty(row.control) && !text::isUnsaved(selected) && !text::isCategory(selected);
-    }
-    return !unsaved || m_workbench.showMessage(
-                           tr("A change on this screen could not be saved. Leave it and lose the change?"),
-                           Buttons::YesNoDefaultNo, tr("Change not saved")) == Answer::Yes;
+    const QString selected = m_workbench.selection().selectedCompanyName();
+    return fieldleaving::mayLeave(
+        m_workbench.session(), m_form, [this](const QString& control) { fieldLeft(control); },
+        !text::isUnsaved(selected) && !text::isCategory(selected));
 }

@@ -5,6 +5,7 @@
 #include "store/datajw.h"
 #include "store/storeerror.h"
 #include "workbench/addressentry.h"
+#include "workbench/fieldleaving.h"
 #include "workbench/frmdata.h"
 
 #include <QLocale>
@@ -170,8 +171,17 @@ Key ContactScreen::keyShown() const
     return findContact(contactShown(), company());
 }
 
+bool ContactScreen::mayLeave()
+{
+    return fieldleaving::mayLeave(
+        m_workbench.session(), m_form, [this](const QString& control) { fieldLeft(control); },
+        !text::isUnsaved(contactShown()));
+}
+
 void ContactScreen::cmbContactsClick(const QString& name)
 {
+    if (!mayLeave())
+        return;
     m_form.setText(u"cmbContacts"_s, name);
     if (text::isUnsaved(name)) {
         clearContactForm();

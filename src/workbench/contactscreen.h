@@ -58,6 +58,9 @@ public:
     void fieldKeyDown(const QString& control);
     void fieldChanged(const QString& control);
     void fieldLeft(const QString& control);
+    /// Before the form takes another record: tries once more what could not be written when its field was
+    /// left. False when the user would rather stay with a text that still cannot be written.
+    bool mayLeave();
 
 public slots:
     void cmdUpdateContact1();

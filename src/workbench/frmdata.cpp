@@ -173,7 +173,7 @@ void FrmData::selectCategory()
 
 void FrmData::cmbSelectionClick(const QString& text)
 {
-    if (!m_company->mayLeave()) {
+    if (!mayLeave()) {
         m_form.setText(u"cmbSelection"_s, m_selection.selectedCompanyName());
         return;
     }
@@ -226,12 +226,22 @@ void FrmData::clearStrip()
         m_form.setVisible(frame.toString(), false);
 }
 
-void FrmData::tabStrip1Click(const QString& tabKey)
+bool FrmData::mayLeave()
 {
+    return m_company->mayLeave() && m_position->mayLeave() && m_contact->mayLeave();
+}
+
+bool FrmData::tabStrip1Click(const QString& tabKey)
+{
+    // Every screen reads its record anew when it is opened, so what its fields hold unsaved would be gone.
+    if (!mayLeave()) {
+        emit changed();
+        return false;
+    }
     m_currentTab = tabKey;
     if (tabKey == u"Company") {
         showCompanyScreen();
-        return;
+        return true;
     }
     clearStrip();
     if (tabKey == u"Position")
@@ -243,6 +253,7 @@ void FrmData::tabStrip1Click(const QString& tabKey)
     else if (tabKey == u"Document")
         showDocumentScreen();
     emit changed();
+    return true;
 }
 
 void FrmData::setNewButton(const QString& toolTip, const QString& image)

@@ -82,7 +82,10 @@ public:
     void unload();
 
     // --- Screens ------------------------------------------------------------------------------------------
-    void tabStrip1Click(const QString& tabKey);
+    /// False when the user stays where a text could not be saved.
+    bool tabStrip1Click(const QString& tabKey);
+    /// Before another record, screen or the end: whether nothing typed is lost, or the user agrees to it.
+    bool mayLeave();
     void clearStrip();
     void setSbar(const QString& kind);
     void sbarVis();

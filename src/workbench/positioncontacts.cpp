@@ -153,6 +153,7 @@ void PositionScreen::tvwContactsDblClick(const QModelIndex& index)
     if (!index.parent().isValid())
         return;
     const QString name = m_contacts.text(index);
-    m_workbench.tabStrip1Click(u"Contact"_s);
+    if (!m_workbench.tabStrip1Click(u"Contact"_s))
+        return;
     m_workbench.contactScreen().showContact(name);
 }

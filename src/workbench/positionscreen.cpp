@@ -6,6 +6,7 @@
 #include "base/text.h"
 #include "store/datajw.h"
 #include "store/storeerror.h"
+#include "workbench/fieldleaving.h"
 #include "workbench/frmdata.h"
 #include "workbench/pipelinesteps.h"
 
@@ -99,6 +100,10 @@ void PositionScreen::loadPositionList()
 
 void PositionScreen::cmbPosSelectionClick(const QString& text)
 {
+    if (!mayLeave()) {
+        emit changed();
+        return;
+    }
     m_workbench.savedSbar();
     RecordSet position;
     if (!text::isUnsaved(text))
@@ -255,12 +260,24 @@ void PositionScreen::fieldLeft(const QString& control)
     m_workbench.savedSbar();
 }
 
-Key PositionScreen::savedKey()
+bool PositionScreen::mayLeave()
+{
+    return fieldleaving::mayLeave(
+        m_workbench.session(), m_form, [this](const QString& control) { fieldLeft(control); }, showsStored());
+}
+
+bool PositionScreen::showsStored() const
 {
     const QString selected = m_form.text(u"cmbPosSelection"_s);
     // A title that is being changed names another position of the company, or none.
-    if (text::isUnsaved(selected) || !sameTitle(selected, m_form.text(u"txtPosTitle"_s)))
+    return !text::isUnsaved(selected) && sameTitle(selected, m_form.text(u"txtPosTitle"_s));
+}
+
+Key PositionScreen::savedKey()
+{
+    if (!showsStored())
         return 0;
+    const QString selected = m_form.text(u"cmbPosSelection"_s);
     const Key key = m_workbench.session().dataJW().getPositionKey(text::quoteFix(selected), companyName());
     return key == m_workbench.selection().currentPositionKey ? key : Key{0};
 }

@@ -66,6 +66,9 @@ public:
     void fieldKeyDown(const QString& control);
     void fieldChanged(const QString& control);
     void fieldLeft(const QString& control);
+    /// Before the form takes another record: tries once more what could not be written when its field was
+    /// left. False when the user would rather stay with a text that still cannot be written.
+    bool mayLeave();
     void tickExpires(bool ticked);                ///< the picker's own tick
     void selectContact(const QModelIndex& index); ///< the node selected in tvwContacts; invalid for none
     void tvwContactsDblClick(const QModelIndex& index);
@@ -98,6 +101,8 @@ private:
     };
 
     [[nodiscard]] Key savedKey();
+    /// True when the form shows a position of the store and not a new or a renamed one.
+    [[nodiscard]] bool showsStored() const;
     bool writeColumn(const QString& column, const QString& value);
     void showExpires(QDate date);
     void expiresEdited(QDate date);

@@ -30,7 +30,7 @@ void furnish(CalendarBench& bench, bool atBolt = true)
     bench.run(u"Insert into Position(Title,CompanyKey) Values('Welder',2)"_s);
     bench.addEvent(u"11/24/2026"_s, u"10:30 AM"_s);
     bench.run(u"Update Event set Description='old', "_s +
-              (atBolt ? u"CompanyKey=2, ContactKey=3, PositionKey=2" : u"CompanyKey=1, ContactKey=1") +
+              (atBolt ? u"CompanyKey=2, ContactKey=3, PositionKey=2"_s : u"CompanyKey=1, ContactKey=1"_s) +
               u" where EventKey=1");
     bench.calendar.load();
     bench.calendar.openEntry(u"EV1"_s);

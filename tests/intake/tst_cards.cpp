@@ -1,5 +1,6 @@
 // Business cards as people have them, each with the fields that it is to be sorted into.
 #include "intake/cardclassifier.h"
+#include "support/table.h"
 
 #include <QFile>
 #include <QHash>
@@ -31,51 +32,47 @@ class TestCards : public QObject
     Q_OBJECT
 
 private slots:
-    void cardIsSortedIntoItsFields_data();
-    void cardIsSortedIntoItsFields();
-};
+    void cardIsSortedIntoItsFields_data()
+    {
+        columns<QString, QStringList>("card", "fields");
+        int count = 0;
+        for (const QString& file : {u"us"_s, u"odd"_s}) {
+            for (const QString& block :
+                 readText(u"/tests/data/cards/"_s + file + u".cards").split(u"\n== "_s).mid(1)) {
+                const QString name = block.section(u'\n', 0, 0);
+                const QStringList halves = block.section(u'\n', 1).split(u"\n--\n"_s);
+                QVERIFY2(halves.size() == 2, qPrintable(name));
+                QHash<QString, QStringList> expected;
+                for (const QString& line : halves[1].split(u'\n', Qt::SkipEmptyParts))
+                    expected[line.section(u": "_s, 0, 0)].append(unescaped(line.section(u": "_s, 1)));
+                QStringList fields;
+                for (const QString& control : cardControls())
+                    fields.append(control + u": " + expected.take(control).join(u"\r\n"_s));
+                QVERIFY2(expected.isEmpty(), qPrintable(name));
+                QTest::newRow(qPrintable(file + u": " + name)) << unescaped(halves[0]) << fields;
+                ++count;
+            }
+        }
+        QVERIFY(count >= 60);
+    }
 
-void TestCards::cardIsSortedIntoItsFields_data()
-{
-    QTest::addColumn<QString>("card");
-    QTest::addColumn<QStringList>("fields");
-    int count = 0;
-    for (const QString& file : {u"us"_s, u"odd"_s}) {
-        for (const QString& block :
-             readText(u"/tests/data/cards/"_s + file + u".cards").split(u"\n== "_s).mid(1)) {
-            const QString name = block.section(u'\n', 0, 0);
-            const QStringList halves = block.section(u'\n', 1).split(u"\n--\n"_s);
-            QVERIFY2(halves.size() == 2, qPrintable(name));
-            QHash<QString, QStringList> expected;
-            for (const QString& line : halves[1].split(u'\n', Qt::SkipEmptyParts))
-                expected[line.section(u": "_s, 0, 0)].append(unescaped(line.section(u": "_s, 1)));
-            QStringList fields;
-            for (const QString& control : cardControls())
-                fields.append(control + u": " + expected.take(control).join(u"\r\n"_s));
-            QVERIFY2(expected.isEmpty(), qPrintable(name));
-            QTest::newRow(qPrintable(file + u": " + name)) << unescaped(halves[0]) << fields;
-            ++count;
+    void cardIsSortedIntoItsFields()
+    {
+        QFETCH(QString, card);
+        QFETCH(QStringList, fields);
+        const auto codes = AreaCodes::load(QStringLiteral(JOBWRIGHT_SOURCE_DIR) + u"/data/areacodes.jwd");
+        QVERIFY(codes);
+        const CardClassifier classifier(*codes);
+        // Whatever ends the lines where the card came from.
+        for (const QString& end : {u"\r\n"_s, u"\n"_s, u"\r"_s, QString(QChar::LineSeparator)}) {
+            const Card sorted = classifier.classify(QString(card).replace(u"\n"_s, end));
+            QStringList found;
+            for (int field = 0; field < CardFieldCount; ++field)
+                found.append(cardControls()[field] + u": " + sorted.fields[field]);
+            QCOMPARE(found, fields);
         }
     }
-    QVERIFY(count >= 60);
-}
-
-void TestCards::cardIsSortedIntoItsFields()
-{
-    QFETCH(QString, card);
-    QFETCH(QStringList, fields);
-    const auto codes = AreaCodes::load(QStringLiteral(JOBWRIGHT_SOURCE_DIR) + u"/data/areacodes.jwd");
-    QVERIFY(codes);
-    const CardClassifier classifier(*codes);
-    // Whatever ends the lines where the card came from.
-    for (const QString& end : {u"\r\n"_s, u"\n"_s, u"\r"_s, QString(QChar::LineSeparator)}) {
-        const Card sorted = classifier.classify(QString(card).replace(u"\n"_s, end));
-        QStringList found;
-        for (int field = 0; field < CardFieldCount; ++field)
-            found.append(cardControls()[field] + u": " + sorted.fields[field]);
-        QCOMPARE(found, fields);
-    }
-}
+};
 
 QTEST_GUILESS_MAIN(TestCards)
 #include "tst_cards.moc"

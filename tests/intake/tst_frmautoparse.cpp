@@ -1,6 +1,7 @@
 // The screen Fast Data Parsing: what its buttons do to the fields, and how another screen gets them back.
 #include "intake/frmautoparse.h"
 #include "support/errorlog.h"
+#include "support/table.h"
 #include "support/world.h"
 
 #include <QSignalSpy>
@@ -65,25 +66,6 @@ private slots:
         m_user = {};
     }
 
-    void buttonsWaitForASortedCard()
-    {
-        m_screen->load(u"1 Old Road"_s, u"Acme"_s);
-        for (const QString& button : {u"cmdSave"_s, u"cmdMerge"_s, u"cmdDiscard"_s})
-            QVERIFY2(!enabled(button), qPrintable(button));
-        QVERIFY(enabled(u"cmdLocation"_s));
-        type(card);
-        m_screen->cmdVerify();
-        for (const QString& button : {u"cmdSave"_s, u"cmdMerge"_s, u"cmdDiscard"_s})
-            QVERIFY2(enabled(button), qPrintable(button));
-
-        // A new card begins anew, and with nothing to merge into there is no merging; nor a map of no
-        // company.
-        m_screen->load({}, {});
-        QCOMPARE(shown(u"txtBizCard"_s) + shown(u"txtAddress"_s) + shown(u"Label2"_s), QString());
-        m_screen->cmdVerify();
-        QVERIFY(enabled(u"cmdSave"_s) && !enabled(u"cmdMerge"_s) && !enabled(u"cmdLocation"_s));
-    }
-
     void secondSortingForgetsTheFirst()
     {
         m_screen->load({}, {});
@@ -101,34 +83,10 @@ private slots:
         QCOMPARE(shown(u"Label2"_s), QString());
     }
 
-    void decisionHidesTheScreen_data()
-    {
-        QTest::addColumn<QString>("button");
-        QTest::addColumn<int>("mode");
-        QTest::newRow("save") << u"cmdSave"_s << 1;
-        QTest::newRow("merge") << u"cmdMerge"_s << 2;
-        QTest::newRow("discard") << u"cmdDiscard"_s << 3;
-    }
-    void decisionHidesTheScreen()
-    {
-        QFETCH(QString, button);
-        QFETCH(int, mode);
-        m_screen->load(u"1 Old Road"_s, {});
-        QCOMPARE(int(m_screen->mode()), 0);
-        const QSignalSpy hidden(m_screen.get(), &FrmAutoParse::hideRequested);
-        QVERIFY(QMetaObject::invokeMethod(m_screen.get(), button.toLatin1().constData()));
-        QCOMPARE(int(m_screen->mode()), mode);
-        QCOMPARE(hidden.count(), 1);
-    }
-
     void callersFieldsAreFilledAsDecided_data()
     {
-        QTest::addColumn<QString>("button");
-        QTest::addColumn<bool>("taken");
-        QTest::addColumn<QString>("street");
-        QTest::addColumn<QString>("city");
-        QTest::addColumn<QString>("fax");
-        QTest::addColumn<QString>("mail");
+        columns<QString, bool, QString, QString, QString, QString>("button", "taken", "street", "city", "fax",
+                                                                   "mail");
         QTest::newRow("overwritten, emptied too") << u"cmdSave"_s << true << u"6 Spindle Court"_s
                                                   << u"Boston"_s << QString() << u"changed@mill.example"_s;
         QTest::newRow("only the empty ones") << u"cmdMerge"_s << true << u"6 Spindle Court"_s << u"Akron"_s
@@ -191,21 +149,6 @@ private slots:
         m_screen->cmdVerify();
         QCOMPARE(shown(u"txtCity"_s), u"Boston"_s);
         QCOMPARE(shown(u"txtAddress"_s), u"6 Spindle Court\r\n617-555-0142"_s);
-    }
-
-    void mapShowsTheCompanysStoredAddress()
-    {
-        QVERIFY(m_world->data().execQuery(
-            u"Insert into Address(Address1,City,State,Zip) Values('12 Mill Lane','Lowell','Massachusetts','01851')"_s));
-        QVERIFY(m_world->data().execQuery(u"Insert into Company(Name,AddressKey) Values('O`Hara',1)"_s));
-        m_screen->load({}, u"O'Hara"_s);
-        m_screen->cmdLocation();
-        QCOMPARE(m_world->desktop.opened,
-                 QStringList{u"https://maps.example/maps/map.adp?city=Lowell&state=Massachusetts&"
-                             "address=12+Mill+Lane&zip=01851&country=US&zoom=7"_s});
-        m_screen->load({}, u"Nobody"_s);
-        m_screen->cmdLocation();
-        QCOMPARE(m_world->desktop.opened.size(), 1);
     }
 };
 

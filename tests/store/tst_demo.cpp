@@ -5,129 +5,98 @@
 
 using namespace Qt::StringLiterals;
 
-class TestDemo : public QObject
-{
-    Q_OBJECT
-
-private slots:
-    void everythingComesIn();
-    void daysAreRelativeToToday_data();
-    void daysAreRelativeToToday();
-    void completesWhatARestoreLeavesOut();
-    void campaignHasEveryStage();
-    void usedStoreIsLeftAlone();
-    void spoiltFileIsRefused();
-};
-
 namespace {
 
 const QString delivered = QStringLiteral(JOBWRIGHT_SOURCE_DIR "/data/demo/campaign.xml");
 
 } // namespace
 
-void TestDemo::everythingComesIn()
+class TestDemo : public QObject
 {
-    World world;
-    QVERIFY(loadDemo(*world.session, delivered)); // any message would fail the test
-    const QList<std::pair<const char*, int>> least{
-        {"Company", 18},  {"Contact", 45}, {"Position", 30}, {"History", 150}, {"Event", 20},  {"Target", 12},
-        {"UProfile", 10}, {"Document", 8}, {"Question", 8},  {"CProfile", 15}, {"JProfile", 5}};
-    for (const auto& [table, count] : least)
-        QVERIFY2(world.data().getCount(QLatin1String(table), true) >= count, table);
-    QVERIFY(QFile::exists(world.session->file(u"restore.xml"_s)));
-    // The answers belong to the companies that they were given for: the file's keys are the store's.
-    QCOMPARE(world.data().getProfileRank(false, world.data().getCompanyKey(u"Alder & Finch Foods"_s)),
-             Key(7));
-    QVERIFY(world.data().keyVerification(world.data().getCompanyKey(u"Millrace Paper"_s), u"CompanyKey"_s,
-                                         u"Target"_s));
-}
+    Q_OBJECT
 
-void TestDemo::daysAreRelativeToToday_data()
-{
-    QTest::addColumn<QDate>("today");
-    QTest::addRow("the recorded day") << QDate(2026, 11, 22);
-    QTest::addRow("a year and a half later") << QDate(2028, 5, 1);
-    QTest::addRow("a clock that is behind") << QDate(2024, 2, 29);
-}
-
-void TestDemo::daysAreRelativeToToday()
-{
-    QFETCH(QDate, today);
-    World world(QDateTime(today, QTime(8, 0)));
-    QVERIFY(loadDemo(*world.session, delivered));
-    QVERIFY(
-        rowTexts(world, u"Select Event from Event where EventDate='%1'"_s.arg(dates::mdyyyy(today))).size() >=
-        2);
-    QDate first = today;
-    QDate last(1900, 1, 1);
-    for (RecordSet rows = world.data().getExecQueryRecords(u"Select ContactDate from History"_s);
-         !rows.atEnd(); rows.next()) {
-        first = qMin(first, rows.date(u"ContactDate"));
-        last = qMax(last, rows.date(u"ContactDate"));
+private slots:
+    void everythingComesIn()
+    {
+        World world;
+        QVERIFY(loadDemo(*world.session, delivered)); // any message would fail the test
+        const QList<std::pair<const char*, int>> least{{"Company", 18},  {"Contact", 45}, {"Position", 30},
+                                                       {"History", 150}, {"Event", 20},   {"Target", 12},
+                                                       {"UProfile", 10}, {"Document", 8}, {"Question", 8},
+                                                       {"CProfile", 15}, {"JProfile", 5}};
+        for (const auto& [table, count] : least)
+            QVERIFY2(world.data().getCount(QLatin1String(table), true) >= count, table);
+        QVERIFY(QFile::exists(world.session->file(u"restore.xml"_s)));
+        // The answers belong to the companies that they were given for: the file's keys are the store's.
+        QCOMPARE(world.data().getProfileRank(false, world.data().getCompanyKey(u"Alder & Finch Foods"_s)),
+                 Key(7));
+        QVERIFY(world.data().keyVerification(world.data().getCompanyKey(u"Millrace Paper"_s), u"CompanyKey"_s,
+                                             u"Target"_s));
     }
-    QVERIFY(first.daysTo(today) > 400 && first.daysTo(today) < 430);
-    QVERIFY(last.daysTo(today) >= 0 && last.daysTo(today) < 7);
-    // A step that is not done stays not done, a position without end stays so.
-    QCOMPARE(rowTexts(world, u"Select Hired,Expires from Position where Title='First Planner'"_s),
-             QStringList{u"12/31/1999|12/31/1999"_s});
-}
 
-void TestDemo::completesWhatARestoreLeavesOut()
-{
-    World world;
-    QVERIFY(loadDemo(*world.session, delivered));
-    QCOMPARE(rowTexts(world, u"Select ContactLevel,DocumentList from Contact where LastName='Lindqvist'"_s),
-             QStringList{u"87|1,4"_s});
-    const Key position =
-        world.data().getPositionKey(u"Milk Network Planner"_s, u"Brightwater Dairy Cooperative"_s);
-    QCOMPARE(world.data().getProfileRank(true, position), Key(4));
-    QCOMPARE(world.data().getStatusValue(u"CategoryCount"_s), u"3"_s);
-    QCOMPARE(world.data().getStatusValue(u"Category2"_s), u"Recruiters"_s);
-}
-
-void TestDemo::campaignHasEveryStage()
-{
-    World world;
-    QVERIFY(loadDemo(*world.session, delivered));
-    const QStringList steps{u"CompanyResearch"_s, u"PositionResearch"_s, u"InfoContact"_s, u"InfoFollow"_s,
-                            u"PrepareCover"_s,    u"PrepareResume"_s,    u"SentResume"_s,  u"Response"_s,
-                            u"Interview"_s,       u"FollowUp"_s,         u"Hired"_s};
-    QSet<int> stages;
-    for (RecordSet rows = world.data().getExecQueryRecords(u"Select * from Position"_s); !rows.atEnd();
-         rows.next()) {
-        int stage = 0;
-        for (int i = 0; i < steps.size(); ++i) {
-            const bool done = rows.date(steps[i]) > dates::sentinel;
-            stage = done ? i + 1 : stage;
-            const int medium = rows.key(QString(steps[i] + u"Medium")).value_or(-1);
-            QVERIFY2(done ? medium >= 1 && medium <= 7 : medium == 0, qPrintable(rows.text(u"Title")));
+    void daysAreRelativeToToday_data()
+    {
+        QTest::addColumn<QDate>("today");
+        QTest::addRow("the recorded day") << QDate(2026, 11, 22);
+        QTest::addRow("a year and a half later") << QDate(2028, 5, 1);
+    }
+    void daysAreRelativeToToday()
+    {
+        QFETCH(QDate, today);
+        World world(QDateTime(today, QTime(8, 0)));
+        QVERIFY(loadDemo(*world.session, delivered));
+        QVERIFY(rowTexts(world, u"Select Event from Event where EventDate='%1'"_s.arg(dates::mdyyyy(today)))
+                    .size() >= 2);
+        QDate first = today;
+        QDate last(1900, 1, 1);
+        for (RecordSet rows = world.data().getExecQueryRecords(u"Select ContactDate from History"_s);
+             !rows.atEnd(); rows.next()) {
+            first = qMin(first, rows.date(u"ContactDate"));
+            last = qMax(last, rows.date(u"ContactDate"));
         }
-        stages.insert(stage);
-        // Every contact of a position is one of the store's.
-        for (const QString& key : text::csvParse(rows.text(u"ContactList")))
-            QVERIFY(world.data().keyVerification(key.toShort(), u"ContactKey"_s, u"Contact"_s));
+        QVERIFY(first.daysTo(today) > 400 && first.daysTo(today) < 430);
+        QVERIFY(last.daysTo(today) >= 0 && last.daysTo(today) < 7);
+        // A step that is not done stays not done, a position without end stays so.
+        QCOMPARE(rowTexts(world, u"Select Hired,Expires from Position where Title='First Planner'"_s),
+                 QStringList{u"12/31/1999|12/31/1999"_s});
     }
-    QCOMPARE(stages.size(), 12);
-}
 
-void TestDemo::usedStoreIsLeftAlone()
-{
-    World world;
-    QVERIFY(world.data().execQuery(u"Insert into Company(Name) VALUES('Mine')"_s));
-    world.prompts.expect(u"into an empty database only"_s);
-    QVERIFY(!loadDemo(*world.session, delivered));
-    QCOMPARE(world.data().getCompanyNames(), QStringList{u"Mine"_s});
-    QVERIFY(!QFile::exists(world.session->file(u"restore.xml"_s)));
-}
+    void campaignHasEveryStage()
+    {
+        World world;
+        QVERIFY(loadDemo(*world.session, delivered));
+        const QStringList steps{
+            u"CompanyResearch"_s, u"PositionResearch"_s, u"InfoContact"_s, u"InfoFollow"_s,
+            u"PrepareCover"_s,    u"PrepareResume"_s,    u"SentResume"_s,  u"Response"_s,
+            u"Interview"_s,       u"FollowUp"_s,         u"Hired"_s};
+        QSet<int> stages;
+        for (RecordSet rows = world.data().getExecQueryRecords(u"Select * from Position"_s); !rows.atEnd();
+             rows.next()) {
+            int stage = 0;
+            for (int i = 0; i < steps.size(); ++i) {
+                const bool done = rows.date(steps[i]) > dates::sentinel;
+                stage = done ? i + 1 : stage;
+                const int medium = rows.key(QString(steps[i] + u"Medium")).value_or(-1);
+                QVERIFY2(done ? medium >= 1 && medium <= 7 : medium == 0, qPrintable(rows.text(u"Title")));
+            }
+            stages.insert(stage);
+            // Every contact of a position is one of the store's.
+            for (const QString& key : text::csvParse(rows.text(u"ContactList")))
+                QVERIFY(world.data().keyVerification(key.toShort(), u"ContactKey"_s, u"Contact"_s));
+        }
+        QCOMPARE(stages.size(), 12);
+    }
 
-void TestDemo::spoiltFileIsRefused()
-{
-    World world;
-    world.prompts.expect(u"is no demo campaign"_s); // a campaign that does not say its day
-    QVERIFY(!loadDemo(*world.session,
-                      XmlText(true).add(u"Company"_s, u"CompanyKey='1' Name='A'"_s).write(world)));
-    QCOMPARE(world.data().getCount(u"Company"_s, true), Key(0));
-}
+    void usedStoreIsLeftAlone()
+    {
+        World world;
+        QVERIFY(world.data().execQuery(u"Insert into Company(Name) VALUES('Mine')"_s));
+        world.prompts.expect(u"into an empty database only"_s);
+        QVERIFY(!loadDemo(*world.session, delivered));
+        QCOMPARE(world.data().getCompanyNames(), QStringList{u"Mine"_s});
+        QVERIFY(!QFile::exists(world.session->file(u"restore.xml"_s)));
+    }
+};
 
 QTEST_GUILESS_MAIN(TestDemo)
 #include "tst_demo.moc"

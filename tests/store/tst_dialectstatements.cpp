@@ -1,5 +1,6 @@
 // Every shape of statement that the program sends, and what it must refuse, against the real engine.
 #include "support/dialectengine.h"
+#include "support/table.h"
 
 #include "store/storeerror.h"
 
@@ -13,110 +14,94 @@ class tst_DialectStatements : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void statement_isRunOrRefused_data();
-    void statement_isRunOrRefused();
+    void initTestCase()
+    {
+        m_engine = std::make_unique<DialectEngine>();
+        fill();
+    }
+
+    void statement_isRunOrRefused_data()
+    {
+        columns<QString, QString, QString>("verdict", "words", "statement");
+        QFile file(QStringLiteral(JOBWRIGHT_SOURCE_DIR "/tests/data/statements.txt"));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        int number = 0;
+        while (!file.atEnd()) {
+            ++number;
+            QString line = QString::fromUtf8(file.readLine());
+            line.chop(1);
+            if (line.startsWith(u"# "))
+                continue;
+            const QStringList parts = line.split(u'\t');
+            QVERIFY2(parts.size() >= 3, qPrintable(line));
+            // A statement may itself hold a tab.
+            const QString statement = line.section(u'\t', 2).replace(u"{CRLF}"_s, u"\r\n"_s);
+            QTest::addRow("line %d: %s", number, qPrintable(statement.left(60).simplified()))
+                << parts[0] << parts[1] << statement;
+        }
+        QVERIFY(number > 500);
+    }
+
+    void statement_isRunOrRefused()
+    {
+        FETCH(QString, verdict, words, statement);
+        const QHash<QString, int> codes{{u"BadStatement"_s, StoreError::BadStatement},
+                                        {u"UnknownName"_s, StoreError::UnknownName},
+                                        {u"TypeMismatch"_s, StoreError::TypeMismatch}};
+        try {
+            m_engine->tryOut(statement);
+            QCOMPARE(u"ok"_s, verdict);
+        } catch (const StoreError& error) {
+            QVERIFY2(codes.contains(verdict), qPrintable(u"refused: "_s + error.description()));
+            QCOMPARE(error.number(), codes.value(verdict));
+            QVERIFY2(error.description().contains(words), qPrintable(error.description()));
+        } catch (const std::runtime_error& error) {
+            QFAIL(error.what());
+        }
+    }
     void statement_withOtherValues_isTheSameSql_data() { statement_isRunOrRefused_data(); }
-    void statement_withOtherValues_isTheSameSql();
+
+    void statement_withOtherValues_isTheSameSql()
+    {
+        FETCH(QString, verdict, statement);
+        if (verdict != u"ok")
+            return;
+        const dialect::Shape shape = dialect::splitShape(statement);
+        QString other = shape.key;
+        other.replace(u'\'', u"'Or 1=1'"_s).replace(u'?', u"987654.25"_s).replace(u'#', u"#1/1/2001#"_s);
+        QCOMPARE(dialect::splitShape(other).key, shape.key);
+        const dialect::Translation translation = dialect::translate(statement);
+        const dialect::Translation otherTranslation = dialect::translate(other);
+        QCOMPARE(otherTranslation.sql, translation.sql);
+        QCOMPARE(translation.parameters.size(), shape.literals.size());
+        for (std::size_t i = 0; i < translation.parameters.size(); ++i) {
+            QCOMPARE(otherTranslation.parameters[i].literal, translation.parameters[i].literal);
+            QCOMPARE(otherTranslation.parameters[i].as, translation.parameters[i].as);
+        }
+        QVERIFY(!translation.sql.contains("Or 1=1"));
+    }
 
 private:
-    void fill();
+    void fill()
+    {
+        const QStringList rows{
+            u"Insert Into Address (AddressKey,Address1,EntryDate) Values (5,'1 Main St','1/2/26')"_s,
+            u"Insert Into Company (CompanyKey,Name,AddressKey,EntryDate) Values (7,'Acme',5,'1/2/2026')"_s,
+            u"Insert Into Contact (ContactKey,FirstName,LastName,CompanyKey,ContactLevel,ContactList) "
+            "Values (12,'Ana','Ruiz',7,37,'5,9')"_s,
+            u"Insert Into Position (PositionKey,Title,CompanyKey,Expires,SentResume) "
+            "Values (5,'Buyer',7,'12/31/99','6/1/2026')"_s,
+            u"Insert Into History (HistoryKey,ContactKey,ContactCount,ContactDate) Values ('12-1',12,1,'3/4/2026')"_s,
+            u"Insert Into Event (EventKey,Event,EventDate,PositionKey) Values (9,'Interview','3/9/2026',5)"_s,
+            u"Insert Into Status (StatusKey,StatusDescription,StatusValue) Values (1,'Autosave','1')"_s,
+            u"Insert Into Target (TargetKey,Name,Contacts,EntryDate) Values (2,'Acme',1,'1/2/2026')"_s,
+            u"Insert Into UProfile (UProfileKey,Title,Index) Values (4,'Engineer','Index')"_s};
+        for (const QString& row : rows)
+            m_engine->run(row);
+    }
 
     std::unique_ptr<DialectEngine> m_engine;
 };
-
-void tst_DialectStatements::initTestCase()
-{
-    m_engine = std::make_unique<DialectEngine>();
-    fill();
-}
-
-// Rows under the keys that the statements speak of, so that a value of the wrong kind meets a real column.
-void tst_DialectStatements::fill()
-{
-    const QStringList rows{
-        u"Insert Into Address (AddressKey,Address1,EntryDate) Values (5,'1 Main St','1/2/26')"_s,
-        u"Insert Into Company (CompanyKey,Name,AddressKey,EntryDate) Values (7,'Acme',5,'1/2/2026')"_s,
-        u"Insert Into Contact (ContactKey,FirstName,LastName,CompanyKey,ContactLevel,ContactList) "
-        "Values (12,'Ana','Ruiz',7,37,'5,9')"_s,
-        u"Insert Into Position (PositionKey,Title,CompanyKey,Expires,SentResume) "
-        "Values (5,'Buyer',7,'12/31/99','6/1/2026')"_s,
-        u"Insert Into History (HistoryKey,ContactKey,ContactCount,ContactDate) Values ('12-1',12,1,'3/4/2026')"_s,
-        u"Insert Into Event (EventKey,Event,EventDate,PositionKey) Values (9,'Interview','3/9/2026',5)"_s,
-        u"Insert Into Status (StatusKey,StatusDescription,StatusValue) Values (1,'Autosave','1')"_s,
-        u"Insert Into Target (TargetKey,Name,Contacts,EntryDate) Values (2,'Acme',1,'1/2/2026')"_s,
-        u"Insert Into UProfile (UProfileKey,Title,Index) Values (4,'Engineer','Index')"_s};
-    for (const QString& row : rows)
-        m_engine->run(row);
-}
-
-void tst_DialectStatements::statement_isRunOrRefused_data()
-{
-    QTest::addColumn<QString>("verdict");
-    QTest::addColumn<QString>("words");
-    QTest::addColumn<QString>("statement");
-
-    QFile file(QStringLiteral(JOBWRIGHT_SOURCE_DIR "/tests/data/statements.txt"));
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    int number = 0;
-    while (!file.atEnd()) {
-        ++number;
-        QString line = QString::fromUtf8(file.readLine());
-        line.chop(1);
-        if (line.startsWith(u"# "))
-            continue;
-        const QStringList parts = line.split(u'\t');
-        QVERIFY2(parts.size() >= 3, qPrintable(line));
-        // A statement may itself hold a tab.
-        const QString statement = line.section(u'\t', 2).replace(u"{CRLF}"_s, u"\r\n"_s);
-        QTest::addRow("line %d: %s", number, qPrintable(statement.left(60).simplified()))
-            << parts[0] << parts[1] << statement;
-    }
-    QVERIFY(number > 500);
-}
-
-void tst_DialectStatements::statement_isRunOrRefused()
-{
-    QFETCH(QString, verdict);
-    QFETCH(QString, words);
-    QFETCH(QString, statement);
-    const QHash<QString, int> codes{{u"BadStatement"_s, StoreError::BadStatement},
-                                    {u"UnknownName"_s, StoreError::UnknownName},
-                                    {u"TypeMismatch"_s, StoreError::TypeMismatch}};
-    try {
-        m_engine->tryOut(statement);
-        QCOMPARE(u"ok"_s, verdict);
-    } catch (const StoreError& error) {
-        QVERIFY2(codes.contains(verdict), qPrintable(u"refused: "_s + error.description()));
-        QCOMPARE(error.number(), codes.value(verdict));
-        QVERIFY2(error.description().contains(words), qPrintable(error.description()));
-    } catch (const std::runtime_error& error) {
-        QFAIL(error.what());
-    }
-}
-
-// One translation serves all statements of a shape, so nothing in it may hang on the values of one of them.
-void tst_DialectStatements::statement_withOtherValues_isTheSameSql()
-{
-    QFETCH(QString, verdict);
-    QFETCH(QString, statement);
-    if (verdict != u"ok")
-        return;
-    const dialect::Shape shape = dialect::splitShape(statement);
-    QString other = shape.key;
-    other.replace(u'\'', u"'Or 1=1'"_s).replace(u'?', u"987654.25"_s).replace(u'#', u"#1/1/2001#"_s);
-
-    QCOMPARE(dialect::splitShape(other).key, shape.key);
-    const dialect::Translation translation = dialect::translate(statement);
-    const dialect::Translation otherTranslation = dialect::translate(other);
-    QCOMPARE(otherTranslation.sql, translation.sql);
-    QCOMPARE(translation.parameters.size(), shape.literals.size());
-    for (std::size_t i = 0; i < translation.parameters.size(); ++i) {
-        QCOMPARE(otherTranslation.parameters[i].literal, translation.parameters[i].literal);
-        QCOMPARE(otherTranslation.parameters[i].as, translation.parameters[i].as);
-    }
-    QVERIFY(!translation.sql.contains("Or 1=1"));
-}
 
 QTEST_APPLESS_MAIN(tst_DialectStatements)
 #include "tst_dialectstatements.moc"

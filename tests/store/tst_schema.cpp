@@ -1,5 +1,6 @@
 // The tables as they come out in a real file, and whether the program's lookups are quick on them.
 #include "support/dialectengine.h"
+#include "support/table.h"
 
 #include <QFile>
 #include <QTest>
@@ -11,139 +12,103 @@ class tst_Schema : public QObject
     Q_OBJECT
 
 private slots:
-    void createdTables_haveTheListedColumns();
-    void columnNames_areFoundInAnyCase();
-    void lookup_usesAnIndex_data();
-    void lookup_usesAnIndex();
-    void valueOfAnotherKind_isRefusedByTheTables();
+    void createdTables_haveTheListedColumns()
+    {
+        QFile file(QStringLiteral(JOBWRIGHT_SOURCE_DIR "/tests/data/columns.txt"));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QStringList listed = QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);
+        const QStringList described = describeTables();
+        QCOMPARE(described.size(), listed.size());
+        for (int i = 0; i < listed.size(); ++i)
+            QCOMPARE(described[i], listed[i]);
+    }
+
+    void lookup_usesAnIndex_data()
+    {
+        using dialect::Want;
+        columns<QString, Want::Kind>("statement", "kind");
+        const auto row = [](const QString& statement, Want::Kind kind = Want::AllRows) {
+            QTest::addRow("%s, %d", qPrintable(statement), static_cast<int>(kind)) << statement << kind;
+        };
+        row(u"Select * from Contact where ContactKey=12"_s);
+        row(u"Select * from company where name='acme'"_s);
+        row(u"Select * from contact where firstName='Ana' and lastName='Ruiz'"_s);
+        row(u"Select * from Contact where firstName='Ana' and lastName='Ruiz' and companykey=3"_s);
+        row(u"Select * from Contact where companyKey=3"_s);
+        row(u"Select * from Contact where AddressKey=3"_s, Want::Exists);
+        row(u"Select * from Address where Address1='1 Main St'"_s);
+        row(u"Select * from Position where title='Buyer' and CompanyKey=3"_s);
+        row(u"Select * from Company order by CompanyKey"_s, Want::LastValue);
+        row(u"Select * from History"_s, Want::LastValue);
+        row(u"Select * from History where ContactKey=3 Order by ContactDate,ContactCount"_s);
+        row(u"Select * from History where ContactKey=3"_s, Want::LastValue);
+        row(u"Update History set HistoryKey=('9-' & ContactCount) where contactkey=9"_s);
+        row(u"Select * from Event Order by EventKey DESC"_s, Want::FirstRow);
+        row(u"Select * from Event Order by EventDate"_s);
+        row(u"Delete * from event where contactKey=12"_s);
+        row(u"Update Event Set PositionKey=9 where PositionKey=5"_s);
+        row(u"Select * from Status where StatusDescription='Autosave' Order by StatusKey"_s);
+        row(u"Select * from Target where Name='Acme'"_s);
+        row(u"Select * from JProfile where PositionKey=5"_s);
+        row(u"Delete * from Cprofile where companykey=5"_s);
+    }
+    void lookup_usesAnIndex()
+    {
+        QFETCH(QString, statement);
+        QFETCH(dialect::Want::Kind, kind);
+        const bool wholeTable = !statement.contains(u" where "_s);
+        for (const QString& step : plan(statement, {kind, {}})) {
+            // The few rows of one contact may be sorted.
+            if (step.startsWith(u"USE TEMP B-TREE") && statement.contains(u"where ContactKey="_s))
+                continue;
+            QVERIFY2(!step.startsWith(u"USE TEMP B-TREE"), qPrintable(step));
+            QVERIFY2(wholeTable || step.startsWith(u"SEARCH"), qPrintable(step));
+        }
+    }
+
+    void valueOfAnotherKind_isRefusedByTheTables()
+    {
+        QVERIFY_EXCEPTION_THROWN(m_engine.execute("insert into Company (AddressKey) values ('twelve')"),
+                                 std::runtime_error);
+        QVERIFY_EXCEPTION_THROWN(m_engine.execute("insert into Company (Name) values (x'00')"),
+                                 std::runtime_error);
+    }
 
 private:
-    QStringList describeTables();
-    QStringList plan(const QString& statement, const dialect::Want& want);
+    QStringList describeTables()
+    {
+        sqlite3_set_authorizer(m_engine.handle(), nullptr, nullptr);
+        QStringList described;
+        for (const schema::Table& table : schema::tables()) {
+            QStringList columns;
+            for (const auto& column :
+                 m_engine.execute("pragma table_info(\"" + table.name.toUtf8() + "\")")) {
+                const QString name = column[1].toString();
+                const schema::ColumnType type = table.columns.at(table.indexOf(name)).type;
+                const bool isKey = column[5].toInt() == 1;
+                const QString word = type == schema::ColumnType::Date  ? u"date"_s
+                                     : column[2].toString() == u"TEXT" ? u"text"_s
+                                     : isKey                           ? u"auto"_s
+                                                                       : u"int"_s;
+                columns.append(name + u':' + word);
+            }
+            described.append(table.name + u": " + columns.join(u' '));
+        }
+        return described;
+    }
+
+    QStringList plan(const QString& statement, const dialect::Want& want)
+    {
+        sqlite3_set_authorizer(m_engine.handle(), nullptr, nullptr);
+        QStringList steps;
+        for (const auto& row :
+             m_engine.execute("explain query plan " + dialect::translate(statement, want).sql))
+            steps.append(row.at(3).toString());
+        return steps;
+    }
 
     DialectEngine m_engine;
 };
-
-/// What the engine itself says of its tables, in the form of the listing.
-QStringList tst_Schema::describeTables()
-{
-    sqlite3_set_authorizer(m_engine.handle(), nullptr, nullptr);
-    QStringList described;
-    for (const schema::Table& table : schema::tables()) {
-        QStringList columns;
-        for (const auto& column : m_engine.execute("pragma table_info(\"" + table.name.toUtf8() + "\")")) {
-            const QString name = column[1].toString();
-            const schema::ColumnType type = table.columns.at(table.indexOf(name)).type;
-            const bool isKey = column[5].toInt() == 1;
-            const QString word = type == schema::ColumnType::Date  ? u"date"_s
-                                 : column[2].toString() == u"TEXT" ? u"text"_s
-                                 : isKey                           ? u"auto"_s
-                                                                   : u"int"_s;
-            columns.append(name + u':' + word);
-        }
-        described.append(table.name + u": " + columns.join(u' '));
-    }
-    return described;
-}
-
-// The screens build their inserts from these columns and append the values in this order.
-void tst_Schema::createdTables_haveTheListedColumns()
-{
-    QFile file(QStringLiteral(JOBWRIGHT_SOURCE_DIR "/tests/data/columns.txt"));
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    const QStringList listed = QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);
-    const QStringList described = describeTables();
-    QCOMPARE(described.size(), listed.size());
-    for (int i = 0; i < listed.size(); ++i)
-        QCOMPARE(described[i], listed[i]);
-}
-
-void tst_Schema::columnNames_areFoundInAnyCase()
-{
-    const schema::Table* address = schema::findTable(u"aDDress");
-    QVERIFY(address);
-    QCOMPARE(address->indexOf(u"url2"), 14);
-    QCOMPARE(address->indexOf(u"URL"), -1);
-    QCOMPARE(address->indexOf(u""), -1);
-    QVERIFY(!schema::findTable(u"Addresses"));
-    QVERIFY(!schema::findTable(u""));
-}
-
-QStringList tst_Schema::plan(const QString& statement, const dialect::Want& want)
-{
-    sqlite3_set_authorizer(m_engine.handle(), nullptr, nullptr);
-    QStringList steps;
-    for (const auto& row : m_engine.execute("explain query plan " + dialect::translate(statement, want).sql))
-        steps.append(row.at(3).toString());
-    return steps;
-}
-
-void tst_Schema::lookup_usesAnIndex_data()
-{
-    using dialect::Want;
-    QTest::addColumn<QString>("statement");
-    QTest::addColumn<Want::Kind>("kind");
-
-    const auto row = [](const QString& statement, Want::Kind kind = Want::AllRows) {
-        QTest::addRow("%s, %d", qPrintable(statement), static_cast<int>(kind)) << statement << kind;
-    };
-    row(u"Select * from Contact where ContactKey=12"_s);
-    row(u"Select * from company where name='acme'"_s);
-    row(u"Select * from company order by name"_s);
-    row(u"Select * from contact where firstName='Ana' and lastName='Ruiz'"_s);
-    row(u"Select * from Contact where firstName='Ana' and lastName='Ruiz' and companykey=3"_s);
-    row(u"Select * from contact order by lastName"_s);
-    row(u"Select * from Contact where companyKey=3"_s);
-    row(u"Select * from Contact where companyKey=3"_s, Want::RowCount);
-    row(u"Select * from Contact where AddressKey=3"_s, Want::Exists);
-    row(u"Select * from Company where AddressKey=3"_s, Want::Exists);
-    row(u"Select * from Address where Address1='1 Main St'"_s);
-    row(u"Select * from Position where title='Buyer' and CompanyKey=3"_s);
-    row(u"Select * from Position where CompanyKey=3 order by title"_s);
-    row(u"Select * from position order by Title"_s);
-    row(u"Select * from Company order by CompanyKey"_s, Want::LastValue);
-    row(u"Select * from History"_s, Want::LastValue);
-    row(u"Select * from History where ContactKey=3 Order by ContactDate,ContactCount"_s);
-    row(u"Select * from History where ContactKey=3"_s, Want::RowCount);
-    row(u"Select * from History where ContactKey=3"_s, Want::LastValue);
-    row(u"Select * from History where ContactKey=3 Order by ContactDate"_s);
-    row(u"Update History set HistoryKey=('9-' & ContactCount) where contactkey=9"_s);
-    row(u"Select * from Event Order by EventKey DESC"_s, Want::FirstRow);
-    row(u"Select * from Event Order by EventDate"_s);
-    row(u"Delete * from event where contactKey=12"_s);
-    row(u"Delete * from Event where companykey=12"_s);
-    row(u"Update Event Set PositionKey=9 where PositionKey=5"_s);
-    row(u"Select * from Status where StatusDescription='Autosave' Order by StatusKey"_s);
-    row(u"Select * from document where document='Resume'"_s);
-    row(u"Select * from UProfile where title='Engineer' AND subTitle='Plant'"_s);
-    row(u"Select * from Target where Name='Acme'"_s);
-    row(u"Select * from JProfile where PositionKey=5"_s);
-    row(u"Update JProfile set CompanyKey=9 where CompanyKey=5"_s);
-    row(u"Delete * from Cprofile where companykey=5"_s);
-}
-
-// With 120,000 histories a walk over a whole table for one row is felt, and so is a sort of it.
-void tst_Schema::lookup_usesAnIndex()
-{
-    QFETCH(QString, statement);
-    QFETCH(dialect::Want::Kind, kind);
-    const bool wholeTable = !statement.contains(u" where "_s);
-    for (const QString& step : plan(statement, {kind, {}})) {
-        // The few rows of one contact may be sorted.
-        if (step.startsWith(u"USE TEMP B-TREE") && statement.contains(u"where ContactKey="_s))
-            continue;
-        QVERIFY2(!step.startsWith(u"USE TEMP B-TREE"), qPrintable(step));
-        QVERIFY2(wholeTable || step.startsWith(u"SEARCH"), qPrintable(step));
-    }
-}
-
-void tst_Schema::valueOfAnotherKind_isRefusedByTheTables()
-{
-    QVERIFY_EXCEPTION_THROWN(m_engine.execute("insert into Company (AddressKey) values ('twelve')"),
-                             std::runtime_error);
-    QVERIFY_EXCEPTION_THROWN(m_engine.execute("insert into Company (Name) values (x'00')"),
-                             std::runtime_error);
-}
 
 QTEST_APPLESS_MAIN(tst_Schema)
 #include "tst_schema.moc"

@@ -1,5 +1,6 @@
 #include "store/appfolder.h"
 #include "store/logs.h"
+#include "support/table.h"
 #include "support/world.h"
 
 #include <QTest>
@@ -13,10 +14,7 @@ class TestSession : public QObject
 private slots:
     void entriesOfTheErrorLog_data()
     {
-        QTest::addColumn<int>("level");
-        QTest::addColumn<bool>("withFailure");
-        QTest::addColumn<bool>("shown");
-        QTest::addColumn<QString>("entry");
+        columns<int, bool, bool, QString>("level", "withFailure", "shown", "entry");
         const QString stamp = u"11/22/2026 9:30:00 AM\r\n"_s;
         QTest::newRow("failure, shown")
             << 0 << true << true
@@ -25,9 +23,6 @@ private slots:
             << 1 << true << false
             << u"\r\n>>> ERROR:\r\nSuppressed disk is tired\r\n10\r\nSQLite\r\nTag\r\nQuery: q\r\n-------"_s +
                    stamp;
-        QTest::newRow("condition, log only")
-            << 1 << false << false
-            << u"\r\n>>> ERROR:\r\nSuppressed \r\n0\r\n\r\nTag\r\nQuery: q\r\n-------"_s + stamp;
         QTest::newRow("negative level counts as 0")
             << -3 << false << true << u"\r\n>>> ERROR:\r\n0\r\n\r\nTag\r\nQuery: q\r\n-------"_s + stamp;
         QTest::newRow("level 2 is shown")
@@ -36,8 +31,7 @@ private slots:
     void entriesOfTheErrorLog()
     {
         QFETCH(int, level);
-        QFETCH(bool, withFailure);
-        QFETCH(bool, shown);
+        FETCH(bool, withFailure, shown);
         QFETCH(QString, entry);
         World world;
         const StoreError failure(u"disk is tired"_s, 10, u"SQLite"_s);
@@ -50,19 +44,6 @@ private slots:
             QCOMPARE(world.prompts.lastTitle(), u"Jobwright Message"_s);
     }
 
-    void aBoxInsideABoxLeavesTheBusyFlagUp()
-    {
-        World world;
-        world.session->dialogBusy = true;
-        world.prompts.expect(u"Error Occurred :"_s);
-        world.session->logError(u"inner"_s, 0);
-        QVERIFY(world.session->dialogBusy);
-        world.session->dialogBusy = false;
-        world.prompts.expect(u"plain"_s);
-        world.session->msgBox(u"plain"_s);
-        QVERIFY(!world.session->dialogBusy);
-    }
-
     void aLongWalkIsNotInterrupted()
     {
         World world;
@@ -73,22 +54,17 @@ private slots:
         QVERIFY(world.errorLog().contains(u">>> ERROR:\r\n0\r\n\r\nfirst"_s));
     }
 
-    void traceIsWrittenInDebugModeOnly()
-    {
-        World world;
-        world.session->trace(u"quiet"_s);
-        QCOMPARE(world.opLog(), QString());
-        world.session->debugMode = true;
-        world.session->trace(u"Open Company Screen"_s);
-        QCOMPARE(world.opLog(), u"Open Company Screen : 11/22/2026 9:30:00 AM\r\n"_s);
-    }
-
-    void aLogThatCannotBeWrittenDoesNotHideTheFailure()
+    void logThatCannotBeWrittenIsToldOnce()
     {
         World world;
         QVERIFY(QDir(world.folder.path()).mkdir(u"ErrorLog.txt"_s));
-        world.prompts.expect(u"something broke"_s);
-        world.session->logError(u"something broke"_s, 0);
+        world.prompts.acceptAll(Answer::Ok);
+        for (const int level : {1, 0, 0})
+            world.session->logError(u"something broke"_s, level);
+        QCOMPARE(world.prompts.asked().size(), 2);
+        QVERIFY(world.prompts.asked()[0].contains(u"something broke") &&
+                world.prompts.asked()[0].contains(u"ErrorLog.txt could not be written"));
+        QVERIFY(!world.prompts.asked()[1].contains(u"could not be written"));
     }
 
     void firstStartIsProvisionedOnce()

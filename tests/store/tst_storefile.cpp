@@ -3,6 +3,7 @@
 #include "store/database.h"
 #include "store/enginecall.h"
 #include "store/storefile.h"
+#include "support/table.h"
 #include "support/world.h"
 
 #include <QCryptographicHash>
@@ -47,9 +48,7 @@ class TestStoreFile : public QObject
 private slots:
     void spoiltFileIsNamedAndUntouched_data()
     {
-        QTest::addColumn<Spoil>("spoil");
-        QTest::addColumn<FileState>("state");
-        QTest::addColumn<QString>("word");
+        columns<Spoil, FileState, QString>("spoil", "state", "word");
         QTest::newRow("missing") << Spoil([](const QString& p) { QFile::remove(p); }) << FileState::Missing
                                  << u"does not exist"_s;
         QTest::newRow("empty") << Spoil([](const QString& p) { QFile(p).resize(0); }) << FileState::Damaged
@@ -98,11 +97,9 @@ private slots:
         const QByteArray before = contentOf(path);
         const QStringList filesBefore =
             QDir(world.folder.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
-
         const FileReport report = inspectStore(path);
         QCOMPARE(report.state, state);
         QVERIFY2(report.message.contains(word), qPrintable(report.message));
-
         // The whole start meets the same file, says so once, and leaves it alone too.
         world.prompts.expect(u"Error Occurred :"_s);
         QVERIFY(!world.data().isConnected());
@@ -134,32 +131,13 @@ private slots:
                      qPrintable(rows.text(u"StatusDescription")));
             names.insert(rows.text(u"StatusDescription"));
         }
-        for (const QString& name : {u"TimeDelta"_s,
-                                    u"DateDelta"_s,
-                                    u"TimeFreq"_s,
-                                    u"Autosave"_s,
-                                    u"ScreenGraphics"_s,
-                                    u"ExecutionLog"_s,
-                                    u"ActionWordTest"_s,
-                                    u"CriticalityWordTest"_s,
-                                    u"QuantificationTest"_s,
-                                    u"OccupationTest"_s,
-                                    u"PositionCorrelation"_s,
-                                    u"PositionThreshold"_s,
-                                    u"DetailStats"_s,
-                                    u"WriteEvents2Outlook"_s,
-                                    u"ShowComplete"_s,
-                                    u"OutlookIncoming"_s,
-                                    u"MailImportInterval"_s,
-                                    u"AlarmFile"_s,
-                                    u"Multimedia"_s,
-                                    u"PDFViewer"_s,
-                                    u"TextViewer"_s,
-                                    u"WordViewer"_s,
-                                    u"DocumentDirectory"_s,
-                                    u"ExportFile"_s,
-                                    u"CategoryCount"_s,
-                                    u"UserName"_s})
+        const QString settings =
+            u"TimeDelta DateDelta TimeFreq Autosave ScreenGraphics ExecutionLog ActionWordTest "
+            "CriticalityWordTest QuantificationTest OccupationTest PositionCorrelation "
+            "PositionThreshold DetailStats WriteEvents2Outlook ShowComplete OutlookIncoming "
+            "MailImportInterval AlarmFile Multimedia PDFViewer TextViewer WordViewer "
+            "DocumentDirectory ExportFile CategoryCount UserName"_s;
+        for (const QString& name : settings.split(u' '))
             QVERIFY2(names.contains(name), qPrintable(name));
         QCOMPARE(world.data().getStatusValue(u"TimeDelta"_s), u"10"_s);
         QCOMPARE(world.data().getStatusValue(u"OutlookIncoming"_s), u"Inbox"_s);

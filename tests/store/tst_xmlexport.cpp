@@ -1,6 +1,7 @@
 // What a written campaign file looks like, and that it brings back what was stored.
 #include "store/campaignfile.h"
 #include "store/storefile.h"
+#include "support/table.h"
 
 #include <pugixml.hpp>
 
@@ -13,183 +14,100 @@ class TestXmlExport : public QObject
     Q_OBJECT
 
 private slots:
-    void shapeFollowsTheTables();
-    void rootTellsTheKindOfFile_data();
-    void rootTellsTheKindOfFile();
-    void valuesSurviveTheRoundTrip_data();
-    void valuesSurviveTheRoundTrip();
-    void controlCharactersAreLeftOut();
-    void fileIsWholeOrNotThere();
-    void unreadableTableWritesNoFile();
-    void ownFilesAreNeverWrittenOver_data();
-    void ownFilesAreNeverWrittenOver();
-    void restoredStoreWritesTheSameFile();
-};
-
-namespace {
-
-pugi::xml_document parsed(const QString& text)
-{
-    pugi::xml_document document;
-    if (!document.load_string(text.toUtf8().constData()))
-        QTest::qFail("the written text is no XML", __FILE__, __LINE__);
-    return document;
-}
-
-} // namespace
-
-void TestXmlExport::shapeFollowsTheTables()
-{
-    World world;
-    QVERIFY(world.data().execQuery(
-        u"Insert into History(HistoryKey,ContactKey,ContactCount,NextCall,ContactDate) VALUES('1-1','1','1','','2026-03-04 14:05:00')"_s));
-    QVERIFY(world.data().execQuery(u"Insert into History(HistoryKey,ContactDate) VALUES('1-2','3/4/26')"_s));
-    const QString text = world.data().createXML(u"out.xml"_s, false);
-    QCOMPARE(world.fileText(u"out.xml"_s), text);
-    const pugi::xml_document document = parsed(text);
-    QStringList tables;
-    for (const pugi::xml_node data : document.document_element().children())
-        tables.append(QString::fromUtf8(data.attribute("Table").value()));
-    QCOMPARE(
-        tables.join(u' '),
-        u"Address Company Contact CProfile Document Event History JProfile Position Question Target UProfile"_s);
-    const pugi::xml_node history = document.document_element().find_child_by_attribute("Table", "History");
-    QStringList attributes;
-    for (const pugi::xml_attribute attribute : history.first_child().attributes())
-        attributes.append(QString::fromUtf8(attribute.name()) + u'=' + QString::fromUtf8(attribute.value()));
-    QCOMPARE(attributes.join(u' '),
-             u"HistoryKey=1-1 ContactKey=1 ContactCount=1 Medium= Length= Topic= Details= Location= Return= "
-             "NextCall= ContactDate=3/4/2026 2:05:00 PM DocumentXfer="_s);
-    QCOMPARE(QString::fromUtf8(history.last_child().attribute("ContactDate").value()), u"3/4/2026"_s);
-}
-
-void TestXmlExport::rootTellsTheKindOfFile_data()
-{
-    QTest::addColumn<bool>("restore");
-    QTest::addColumn<QString>("attribute");
-    QTest::addRow("a restore file has Restore=1") << true << u"1"_s;
-    QTest::addRow("an export has no attribute") << false << QString();
-}
-
-void TestXmlExport::rootTellsTheKindOfFile()
-{
-    QFETCH(bool, restore);
-    QFETCH(QString, attribute);
-    World world;
-    const pugi::xml_document document = parsed(world.data().createXML(u"out.xml"_s, restore));
-    const pugi::xml_node root = document.document_element();
-    QCOMPARE(QString::fromUtf8(root.name()), u"Jobwright"_s);
-    QCOMPARE(QString::fromUtf8(root.first_attribute().value()), attribute);
-    QCOMPARE(QString::fromUtf8(root.first_attribute().name()), restore ? u"Restore"_s : QString());
-}
-
-void TestXmlExport::valuesSurviveTheRoundTrip_data()
-{
-    QTest::addColumn<QString>("value");
-    QTest::addRow("line ends") << u"a\r\nb\nc\rd"_s;
-    QTest::addRow("tabs and outer blanks") << u"  a\tb  "_s;
-    QTest::addRow("markup") << u"<a href=\"x\">&amp;</a>]]>"_s;
-    QTest::addRow("quotes") << u"\"so-called\" O`Neil"_s;
-    QTest::addRow("letters of all alphabets") << u"Łódź 東京 🙂 ñ"_s;
-    QTest::addRow("an entity by its name") << u"&lt;&#13;"_s;
-}
-
-void TestXmlExport::valuesSurviveTheRoundTrip()
-{
-    QFETCH(QString, value);
-    World source;
-    QVERIFY(source.data().execQuery(u"Insert into Company(Name,Notes) VALUES('A','%1')"_s.arg(value)));
-    QVERIFY(!source.data().createXML(u"out.xml"_s, false).isEmpty());
-    World target;
-    target.data().importXML(source.session->file(u"out.xml"_s));
-    QCOMPARE(target.data().getCompany(u"A"_s).text(u"Notes"), value);
-}
-
-void TestXmlExport::controlCharactersAreLeftOut()
-{
-    World world;
-    QVERIFY(world.data().execQuery(u"Insert into Company(Name,Notes) VALUES('A','x\x01y\x1bz\uFFFEw')"_s));
-    const QString text = world.data().createXML(u"out.xml"_s, false);
-    QVERIFY(text.contains(u"Notes=\"xyzw\""));
-}
-
-void TestXmlExport::fileIsWholeOrNotThere()
-{
-    World world;
-    QVERIFY(!world.data().createXML(u"out.xml"_s, false).isEmpty());
-    const QString before = world.fileText(u"out.xml"_s);
-    const QString elsewhere = world.folder.path() + u"/sub";
-    QVERIFY(QDir().mkpath(elsewhere));
-    QVERIFY(!world.data()
-                 .createXML(elsewhere + u"/abs.xml", false)
-                 .isEmpty()); // an absolute path is taken as it is
-    QVERIFY(QFile::exists(elsewhere + u"/abs.xml"));
-    world.prompts.expect(u"could not be written"_s);
-    QCOMPARE(world.data().createXML(u"nowhere/out.xml"_s, false), QString());
-    QVERIFY(world.errorLog().contains(u"DataJW-CreateXML"));
-    QCOMPARE(world.fileText(u"out.xml"_s), before);
-}
-
-void TestXmlExport::unreadableTableWritesNoFile()
-{
-    World world;
-    world.data().database().setInterceptor([](QStringView statement) {
-        if (statement.contains(u"Select * from Position"))
-            throw StoreError(u"broken"_s, 1, u"test"_s);
-    });
-    world.prompts.acceptAll(Answer::Ok);
-    QCOMPARE(world.data().createXML(u"out.xml"_s, true), QString());
-    QVERIFY(!QFile::exists(world.session->file(u"out.xml"_s)));
-    QVERIFY(world.prompts.asked().join(u'\n').contains(u"broken"));
-}
-
-void TestXmlExport::restoredStoreWritesTheSameFile()
-{
-    // A restore into a fresh store gives the keys of the demo's file again, so that all that comes back is
-    // seen in the text; what does not come back is taken out of the original.
-    World world;
-    const QString path = QStringLiteral(JOBWRIGHT_SOURCE_DIR "/data/demo/campaign.xml");
-    world.data().importXML(path);
-    QCOMPARE(world.session->statusLine(), u"Import Complete"_s);
-    pugi::xml_document expected;
-    QVERIFY(expected.load_file(path.toUtf8().constData()));
-    pugi::xml_node root = expected.document_element();
-    root.remove_attribute("Recorded");
-    for (pugi::xml_node contact : root.find_child_by_attribute("Table", "Contact").children()) {
-        contact.attribute("ContactLevel").set_value("0");
-        contact.attribute("DocumentList").set_value("");
+    void valuesSurviveTheRoundTrip_data()
+    {
+        QTest::addColumn<QString>("value");
+        QTest::addRow("line ends") << u"a\r\nb\nc\rd"_s;
+        QTest::addRow("tabs and outer blanks") << u"  a\tb  "_s;
+        QTest::addRow("markup") << u"<a href=\"x\">&amp;</a>]]>"_s;
+        QTest::addRow("quotes") << u"\"so-called\" O`Neil"_s;
+        QTest::addRow("letters of all alphabets") << u"Łódź 東京 🙂 ñ"_s;
+        QTest::addRow("an entity by its name") << u"&lt;&#13;"_s;
     }
-    for (pugi::xml_node profile : root.find_child_by_attribute("Table", "JProfile").children())
-        profile.attribute("PositionKey").set_value("");
-    std::ostringstream text;
-    root.print(text, "  ");
-    const QString written = world.data().createXML(u"out.xml"_s, true).section(u'\n', 1);
-    const QStringList lines = written.split(u'\n');
-    const QStringList wanted = QString::fromStdString(text.str()).split(u'\n');
-    for (qsizetype i = 0; i < wanted.size(); ++i)
-        QCOMPARE(lines.value(i), wanted[i]);
-}
+    void valuesSurviveTheRoundTrip()
+    {
+        QFETCH(QString, value);
+        World source;
+        QVERIFY(source.data().execQuery(u"Insert into Company(Name,Notes) VALUES('A','%1')"_s.arg(value)));
+        QVERIFY(!source.data().createXML(u"out.xml"_s, false).isEmpty());
+        World target;
+        target.data().importXML(source.session->file(u"out.xml"_s));
+        QCOMPARE(target.data().getCompany(u"A"_s).text(u"Notes"), value);
+    }
 
-void TestXmlExport::ownFilesAreNeverWrittenOver_data()
-{
-    QTest::addColumn<QString>("name");
-    for (const char* name : {"Postledger.db", "POSTLEDGER.DB", "ErrorLog.txt", "settings.ini",
-                             "./Postledger.db", "alias.xml", "folder"})
-        QTest::newRow(name) << QString::fromLatin1(name);
-}
+    void controlCharactersAreLeftOut()
+    {
+        World world;
+        QVERIFY(
+            world.data().execQuery(u"Insert into Company(Name,Notes) VALUES('A','x\x01y\x1bz\uFFFEw')"_s));
+        const QString text = world.data().createXML(u"out.xml"_s, false);
+        QVERIFY(text.contains(u"Notes=\"xyzw\""));
+    }
 
-void TestXmlExport::ownFilesAreNeverWrittenOver()
-{
-    QFETCH(QString, name);
-    World world;
-    world.data().execQuery(u"INSERT INTO Company (Name) VALUES ('Acme')"_s);
-    QVERIFY(QDir(world.folder.path()).mkdir(u"folder"_s));
-    QVERIFY(QFile::link(world.session->databasePath(), world.folder.path() + u"/alias.xml"));
-    world.prompts.expect(u"could not be written"_s);
-    QCOMPARE(world.data().createXML(name, false), QString());
-    QCOMPARE(inspectStore(world.session->databasePath()).state, FileState::Good);
-    QCOMPARE(world.data().getCompanyNames(), QStringList{u"Acme"_s});
-}
+    void fileIsWholeOrNotThere()
+    {
+        World world;
+        QVERIFY(!world.data().createXML(u"out.xml"_s, false).isEmpty());
+        const QString before = world.fileText(u"out.xml"_s);
+        const QString elsewhere = world.folder.path() + u"/sub";
+        QVERIFY(QDir().mkpath(elsewhere));
+        QVERIFY(!world.data()
+                     .createXML(elsewhere + u"/abs.xml", false)
+                     .isEmpty()); // an absolute path is taken as it is
+        QVERIFY(QFile::exists(elsewhere + u"/abs.xml"));
+        world.prompts.expect(u"could not be written"_s);
+        QCOMPARE(world.data().createXML(u"nowhere/out.xml"_s, false), QString());
+        QVERIFY(world.errorLog().contains(u"DataJW-CreateXML"));
+        QCOMPARE(world.fileText(u"out.xml"_s), before);
+    }
+
+    void ownFilesAreNeverWrittenOver_data()
+    {
+        QTest::addColumn<QString>("name");
+        for (const char* name : {"Postledger.db", "POSTLEDGER.DB", "ErrorLog.txt", "settings.ini",
+                                 "./Postledger.db", "alias.xml", "folder"})
+            QTest::newRow(name) << QString::fromLatin1(name);
+    }
+    void ownFilesAreNeverWrittenOver()
+    {
+        QFETCH(QString, name);
+        World world;
+        world.data().execQuery(u"INSERT INTO Company (Name) VALUES ('Acme')"_s);
+        QVERIFY(QDir(world.folder.path()).mkdir(u"folder"_s));
+        QVERIFY(QFile::link(world.session->databasePath(), world.folder.path() + u"/alias.xml"));
+        world.prompts.expect(u"could not be written"_s);
+        QCOMPARE(world.data().createXML(name, false), QString());
+        QCOMPARE(inspectStore(world.session->databasePath()).state, FileState::Good);
+        QCOMPARE(world.data().getCompanyNames(), QStringList{u"Acme"_s});
+    }
+
+    void restoredStoreWritesTheSameFile()
+    {
+        // A restore into a fresh store gives the keys of the demo's file again, so that all that comes back
+        // is seen in the text; what does not come back is taken out of the original.
+        World world;
+        const QString path = QStringLiteral(JOBWRIGHT_SOURCE_DIR "/data/demo/campaign.xml");
+        world.data().importXML(path);
+        QCOMPARE(world.session->statusLine(), u"Import Complete"_s);
+        pugi::xml_document expected;
+        QVERIFY(expected.load_file(path.toUtf8().constData()));
+        pugi::xml_node root = expected.document_element();
+        root.remove_attribute("Recorded");
+        for (pugi::xml_node contact : root.find_child_by_attribute("Table", "Contact").children()) {
+            contact.attribute("ContactLevel").set_value("0");
+            contact.attribute("DocumentList").set_value("");
+        }
+        for (pugi::xml_node profile : root.find_child_by_attribute("Table", "JProfile").children())
+            profile.attribute("PositionKey").set_value("");
+        std::ostringstream text;
+        root.print(text, "  ");
+        const QString written = world.data().createXML(u"out.xml"_s, true).section(u'\n', 1);
+        const QStringList lines = written.split(u'\n');
+        const QStringList wanted = QString::fromStdString(text.str()).split(u'\n');
+        for (qsizetype i = 0; i < wanted.size(); ++i)
+            QCOMPARE(lines.value(i), wanted[i]);
+    }
+};
 
 QTEST_GUILESS_MAIN(TestXmlExport)
 #include "tst_xmlexport.moc"

@@ -140,9 +140,8 @@ private:
     void addViews()
     {
         QTest::addColumn<QString>("name");
-        for (const auto& name :
-             {u"frmData"_s, u"frmImportProg"_s, u"frmSplash"_s, u"frmAutoParse"_s, u"frmEvCal"_s,
-              u"frmHistory"_s, u"frmReminder"_s})
+        for (const auto& name : {u"frmData"_s, u"frmImportProg"_s, u"frmSplash"_s, u"frmAutoParse"_s,
+                                 u"frmEvCal"_s, u"frmHistory"_s, u"frmReminder"_s})
             QTest::newRow(qPrintable(name)) << name;
     }
     void addScreens()

@@ -54,104 +54,46 @@ class TestAutoParse : public QObject
     Q_OBJECT
 
 private slots:
-    void pastedCardIsSortedCorrectedAndSaved();
-    void escapeLeavesEverythingAsItWas();
-    void keyboardAloneTakesACard();
-    void pictureOnTheClipboardPastesNothing();
-    void dialogComesBackInItsSize();
+    void pastedCardIsSortedCorrectedAndSaved()
+    {
+        CardBench bench;
+        QApplication::clipboard()->setText(
+            u"6 Spindle Court\r\nBoston, MA 02139\r\n617-555-0142\r\nann@mill.example"_s);
+        bench.inDialog = [&] {
+            QVERIFY(bench.there<QPlainTextEdit>(u"txtCurrent"_s)->toPlainText().startsWith(u"1 Main"_s));
+            QVERIFY(!bench.there<QWidget>(u"cmdSave"_s)->isEnabled());
+            bench.click(u"cmdPaste"_s);
+            bench.click(u"cmdVerify"_s);
+            QCOMPARE(bench.there<QLabel>(u"Label2"_s)->text(), u"617 - MA"_s);
+            QCOMPARE(bench.there<QPlainTextEdit>(u"txtAddress"_s)->toPlainText(), u"6 Spindle Court"_s);
+            // What the sorting got wrong is put right by hand before it is taken.
+            auto* city = bench.there<QLineEdit>(u"txtCity"_s);
+            city->setFocus();
+            city->selectAll();
+            bench.type(u"Cambridge"_s);
+            bench.click(u"cmdSave"_s);
+        };
+        bench.doubleClickStreet();
+        QCOMPARE(bench.navigator.opened, QStringList{u"FrmAutoParse"_s});
+        QCOMPARE(bench.line(u"txtCity"_s)->text(), u"Cambridge"_s);
+        QCOMPARE(bench.cells(u"Select Address1,City,Phone1 from Address order by AddressKey DESC"_s)
+                     .section(u';', 0, 0),
+                 u"6 Spindle Court|Cambridge|617-555-0142"_s);
+    }
+
+    void escapeLeavesEverythingAsItWas()
+    {
+        CardBench bench;
+        bench.inDialog = [&] {
+            QTest::keyClick(bench.there<QWidget>(u"cmdVerify"_s), Qt::Key_Escape);
+            QVERIFY(!bench.dialog->isVisible());
+        };
+        QTest::mouseClick(bench.find<QAbstractButton>(u"cmdFastParser"_s), Qt::LeftButton);
+        QCOMPARE(bench.navigator.opened.size(), 1);
+        QCOMPARE(bench.line(u"txtCity"_s)->text(), u"Acme City"_s);
+        QCOMPARE(bench.rows(u"Address"_s), 1);
+    }
 };
-
-void TestAutoParse::pastedCardIsSortedCorrectedAndSaved()
-{
-    CardBench bench;
-    QApplication::clipboard()->setText(
-        u"6 Spindle Court\r\nBoston, MA 02139\r\n617-555-0142\r\nann@mill.example"_s);
-    bench.inDialog = [&] {
-        QVERIFY(bench.there<QPlainTextEdit>(u"txtCurrent"_s)->toPlainText().startsWith(u"1 Main"_s));
-        QVERIFY(!bench.there<QWidget>(u"cmdSave"_s)->isEnabled());
-        bench.click(u"cmdPaste"_s);
-        bench.click(u"cmdVerify"_s);
-        QCOMPARE(bench.there<QLabel>(u"Label2"_s)->text(), u"617 - MA"_s);
-        QCOMPARE(bench.there<QPlainTextEdit>(u"txtAddress"_s)->toPlainText(), u"6 Spindle Court"_s);
-        // What the sorting got wrong is put right by hand before it is taken.
-        auto* city = bench.there<QLineEdit>(u"txtCity"_s);
-        city->setFocus();
-        city->selectAll();
-        bench.type(u"Cambridge"_s);
-        bench.click(u"cmdSave"_s);
-    };
-    bench.doubleClickStreet();
-    QCOMPARE(bench.navigator.opened, QStringList{u"FrmAutoParse"_s});
-    QCOMPARE(bench.line(u"txtCity"_s)->text(), u"Cambridge"_s);
-    QCOMPARE(bench.cells(u"Select Address1,City,Phone1 from Address order by AddressKey DESC"_s)
-                 .section(u';', 0, 0),
-             u"6 Spindle Court|Cambridge|617-555-0142"_s);
-}
-
-void TestAutoParse::escapeLeavesEverythingAsItWas()
-{
-    CardBench bench;
-    bench.inDialog = [&] {
-        QTest::keyClick(bench.there<QWidget>(u"cmdVerify"_s), Qt::Key_Escape);
-        QVERIFY(!bench.dialog->isVisible());
-    };
-    QTest::mouseClick(bench.find<QAbstractButton>(u"cmdFastParser"_s), Qt::LeftButton);
-    QCOMPARE(bench.navigator.opened.size(), 1);
-    QCOMPARE(bench.line(u"txtCity"_s)->text(), u"Acme City"_s);
-    QCOMPARE(bench.rows(u"Address"_s), 1);
-}
-
-void TestAutoParse::keyboardAloneTakesACard()
-{
-    CardBench bench;
-    bench.inDialog = [&] {
-        QCOMPARE(QApplication::focusWidget()->objectName(), u"txtBizCard"_s);
-        bench.type(u"6 Spindle Court\nfax 617-555-0143"_s);
-        bench.press(Qt::Key_Tab);
-        QCOMPARE(QApplication::focusWidget()->objectName(), u"cmdVerify"_s);
-        bench.press(Qt::Key_Space);
-        // On through every field to the buttons, each once.
-        for (int step = 0; step < 40 && QApplication::focusWidget()->objectName() != u"cmdMerge"; ++step)
-            bench.press(Qt::Key_Tab);
-        bench.press(Qt::Key_Space);
-    };
-    bench.find<QWidget>(u"cmdFastParser"_s)->setFocus();
-    bench.press(Qt::Key_Space);
-    QCOMPARE(bench.cells(u"Select Address1,Fax from Address order by AddressKey DESC"_s).section(u';', 0, 0),
-             u"1 Main|fax 617-555-0143"_s);
-}
-
-void TestAutoParse::pictureOnTheClipboardPastesNothing()
-{
-    CardBench bench;
-    auto* mime = new QMimeData;
-    mime->setImageData(QImage(4, 4, QImage::Format_RGB32));
-    QApplication::clipboard()->setMimeData(mime);
-    bench.inDialog = [&] {
-        bench.click(u"cmdPaste"_s);
-        QCOMPARE(bench.there<QPlainTextEdit>(u"txtBizCard"_s)->toPlainText(), QString());
-        bench.dialog->reject();
-    };
-    bench.doubleClickStreet();
-    QCOMPARE(bench.navigator.opened.size(), 1);
-}
-
-void TestAutoParse::dialogComesBackInItsSize()
-{
-    CardBench bench;
-    const QSize wanted(790, 640);
-    bench.inDialog = [&] {
-        bench.dialog->resize(wanted);
-        bench.dialog->reject();
-    };
-    bench.doubleClickStreet();
-    bench.inDialog = [&] {
-        QCOMPARE(bench.dialog->size(), wanted);
-        bench.dialog->reject();
-    };
-    bench.doubleClickStreet();
-    QCOMPARE(bench.navigator.opened.size(), 2);
-}
 
 QTEST_MAIN(TestAutoParse)
 #include "tst_autoparse.moc"

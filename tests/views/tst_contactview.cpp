@@ -1,5 +1,6 @@
 // The Contact screen, the address entry and the company picker with keys and mouse.
 #include "desktop/companypicker.h"
+#include "support/table.h"
 #include "views/common/kindtree.h"
 #include "views/windowbench.h"
 #include "views/workbench/addressentryview.h"
@@ -118,97 +119,6 @@ private slots:
         QVERIFY(!bench.find<QCheckBox>(u"chk10"_s)->isChecked());
     }
 
-    void unknownNameGivesWay()
-    {
-        ContactWindow bench;
-        bench.show();
-        bench.pick(u"cmbContacts"_s, u"lee"_s);
-        bench.pick(u"cmbContacts"_s, u"zzz"_s);
-        bench.press(Qt::Key_Tab);
-        QCOMPARE(bench.find<CompanySelector>(u"cmbContacts"_s)->currentText(), u"Ann Lee"_s);
-        QCOMPARE(bench.line(u"txtFirst"_s)->text(), u"Ann"_s);
-    }
-
-    void otherContactsAreAssignedOpenedAndRemoved()
-    {
-        ContactWindow bench;
-        bench.show();
-        bench.pick(u"cmbContacts"_s, u"lee"_s);
-        auto* box = bench.find<CompanySelector>(u"cmbOtherContact"_s);
-        QVERIFY2(box->companies().isEmpty(), "everybody was listed though nobody asked");
-        bench.pick(u"cmbOtherContact"_s, u"abb"_s);
-        bench.click(u"cmdAddOther1"_s);
-        QCOMPARE(bench.listed(u"tvwOtherContact"_s), QStringList{u"Cy Abbot"_s});
-        bench.world.prompts.expect(u"Update of Ann Lee is complete."_s);
-        bench.click(u"cmdUpdateContact1"_s);
-        const QPoint place = bench.nodeRect(u"tvwOtherContact"_s).center();
-        QTest::mouseClick(bench.viewport(u"tvwOtherContact"_s), Qt::LeftButton, {}, place);
-        QTest::mouseDClick(bench.viewport(u"tvwOtherContact"_s), Qt::LeftButton, {}, place);
-        QCOMPARE(bench.selector()->currentText(), u"Bolt"_s);
-        QCOMPARE(bench.line(u"txtFirst"_s)->text(), u"Cy"_s);
-
-        bench.WindowBench::find(u"acme"_s, Qt::Key_Return);
-        bench.pick(u"cmbContacts"_s, u"lee"_s);
-        QTest::mouseClick(bench.viewport(u"tvwOtherContact"_s), Qt::LeftButton, {},
-                          bench.nodeRect(u"tvwOtherContact"_s).center());
-        bench.click(u"cmdRemoveOther1"_s);
-        QVERIFY(bench.find<KindTree>(u"tvwOtherContact"_s)->isEmpty());
-        QCOMPARE(bench.cells(u"Select ContactList from Contact where LastName='Lee'"_s), QString());
-    }
-
-    void documentIsAssignedByKeys()
-    {
-        ContactWindow bench;
-        bench.world.session->autosave = true;
-        bench.show();
-        bench.pick(u"cmbContacts"_s, u"lee"_s);
-        bench.find<QComboBox>(u"cmbDocsAvailable"_s)->setFocus();
-        bench.press(Qt::Key_Down);
-        bench.world.session->autosave = true;
-        bench.world.prompts.expect(u"Update of Ann Lee is complete."_s);
-        bench.press(Qt::Key_Tab);
-        bench.press(Qt::Key_Space);
-        QCOMPARE(bench.listed(u"tvwDocument"_s), QStringList{u"Letter"_s});
-        QCOMPARE(bench.cells(u"Select DocumentList from Contact where LastName='Lee'"_s), u"1"_s);
-    }
-
-    void refusalsAreTold_data()
-    {
-        QTest::addColumn<QString>("button");
-        QTest::addColumn<QString>("message");
-        QTest::newRow("save") << u"cmdUpdateContact1"_s << u"Please enter a name for a new contact"_s;
-        QTest::newRow("remove") << u"cmdRemoveContact1"_s << u"Please select a contact to remove."_s;
-        QTest::newRow("reassign") << u"cmdReassign1"_s << u"Please select a contact to reassign"_s;
-        QTest::newRow("assign") << u"cmdAddOther1"_s << u"Please select a contact to assign."_s;
-        QTest::newRow("unassign") << u"cmdRemoveOther1"_s << u"Please select a contact to remove."_s;
-        QTest::newRow("assign document")
-            << u"cmdAddDocContact1"_s << u"Please select a document to assign."_s;
-        QTest::newRow("unassign document")
-            << u"cmdRemoveDocContact1"_s << u"Please select a document to remove."_s;
-        QTest::newRow("history") << u"cmdHistory1"_s << u"Please select a contact before viewing History."_s;
-    }
-    void refusalsAreTold()
-    {
-        QFETCH(QString, button);
-        QFETCH(QString, message);
-        ContactWindow bench;
-        bench.show();
-        bench.world.prompts.expect(message);
-        bench.click(button);
-        QVERIFY(bench.world.prompts.done());
-        QCOMPARE(bench.rows(u"Contact"_s), 3);
-    }
-
-    void missingHistoryIsLockedAndSaysWhy()
-    {
-        ContactWindow bench;
-        bench.navigator.hasAll = false;
-        bench.show();
-        const auto* button = bench.find<QPushButton>(u"cmdHistory1"_s);
-        QVERIFY(!button->isEnabled());
-        QVERIFY(button->toolTip().contains(u"not part of this version"_s));
-    }
-
     void addressIsEnteredSavedAndCancelled()
     {
         ContactWindow bench;
@@ -242,9 +152,7 @@ private slots:
 
     void pickerNarrowsAsOneTypes_data()
     {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<int>("downs");
-        QTest::addColumn<QString>("picked");
+        columns<QString, int, QString>("typed", "downs", "picked");
         QTest::newRow("anywhere in the name") << u"ware"_s << 0 << u"Blue Ware"_s;
         QTest::newRow("arrow keys walk on") << u"ware"_s << 1 << u"Software House"_s;
         QTest::newRow("other alphabet") << u"ößling"_s << 0 << u"Größling"_s;
@@ -253,9 +161,8 @@ private slots:
     }
     void pickerNarrowsAsOneTypes()
     {
-        QFETCH(QString, typed);
+        FETCH(QString, typed, picked);
         QFETCH(int, downs);
-        QFETCH(QString, picked);
         CompanyPicker picker(u"All Contacts"_s,
                              {u"Acme"_s, u"Blue Ware"_s, u"Größling"_s, u"Software House"_s});
         picker.show();
@@ -268,18 +175,6 @@ private slots:
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
         QCOMPARE(picker.result() == QDialog::Accepted, !picked.isEmpty());
         QCOMPARE(picker.picked(), picked);
-    }
-
-    void everyRowOfTheFormsHasItsControl()
-    {
-        ContactWindow bench;
-        bench.show();
-        for (const FieldRow& row : bench.frm->contactScreen().form().rows())
-            QVERIFY2(bench.window->findChild<QWidget*>(row.control), qPrintable(row.control));
-        FrmAddressEntry& entry = bench.frm->contactScreen().addressEntry();
-        const AddressEntryView view(entry, *bench.layout);
-        for (const FieldRow& row : entry.form().rows())
-            QVERIFY2(view.findChild<QWidget*>(row.control), qPrintable(row.control));
     }
 };
 

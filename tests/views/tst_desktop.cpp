@@ -1,9 +1,9 @@
 // Boxes, addresses and programs of the user's desktop.
 #include "desktop/desktopprompts.h"
 #include "desktop/desktopservices.h"
+#include "support/table.h"
 
 #include <QApplication>
-#include <QDesktopServices>
 #include <QDir>
 #include <QFile>
 #include <QMessageBox>
@@ -13,18 +13,6 @@
 #include <QTimer>
 
 using namespace Qt::StringLiterals;
-
-/// Stands for the user's browser.
-class NotedBrowser : public QObject
-{
-    Q_OBJECT
-
-public slots:
-    void open(const QUrl& url) { opened.append(url.toString()); }
-
-public:
-    QStringList opened;
-};
 
 static void write(const QString& path, const QByteArray& content)
 {
@@ -39,137 +27,107 @@ class TestDesktop : public QObject
     Q_OBJECT
 
 private slots:
-    void typedAddressBecomesUrl_data();
-    void typedAddressBecomesUrl();
-    void onlyKnownSchemesReachTheBrowser();
-    void endingIsOpenableWhenAProgramIsListed();
-    void startedProgramGetsEachArgumentAsItStands();
-    void boxAnswersWithTheButtonOfTheKey_data();
-    void boxAnswersWithTheButtonOfTheKey();
-    void boxShowsMarkupAsItStands();
-    void longTextStaysReachableInASmallBox();
+    void typedAddressBecomesUrl_data()
+    {
+        columns<QString, QString>("typed", "url");
+        QTest::newRow("whole") << u"https://a.example/x?y=1"_s << u"https://a.example/x?y=1"_s;
+        QTest::newRow("bare host") << u"www.a.example"_s << u"https://www.a.example"_s;
+        QTest::newRow("mail") << u"ann@a.example"_s << u"mailto:ann@a.example"_s;
+        QTest::newRow("file") << u"/tmp/a.pdf"_s << u"file:///tmp/a.pdf"_s;
+        QTest::newRow("script") << u"javascript:alert(1)"_s << QString();
+        QTest::newRow("remote shell") << u"ssh://a.example"_s << QString();
+        QTest::newRow("no host") << u"https://"_s << QString();
+        QTest::newRow("two lines") << u"www.a.example\nwww.b.example"_s << QString();
+        QTest::newRow("empty") << u"  "_s << QString();
+    }
+    void typedAddressBecomesUrl()
+    {
+        FETCH(QString, typed, url);
+        QCOMPARE(DesktopServices::cleanAddress(typed).toString(), url);
+    }
+
+    void endingIsOpenableWhenAProgramIsListed()
+    {
+        QTemporaryDir home;
+        for (const char* folder : {"XDG_DATA_HOME", "XDG_DATA_DIRS", "XDG_CONFIG_HOME", "XDG_CONFIG_DIRS"})
+            qputenv(folder, home.path().toUtf8());
+        // Types of its own, so that the test does not hang on what the machine has installed.
+        write(
+            home.filePath(u"mime/packages/types.xml"_s),
+            "<?xml version=\"1.0\"?><mime-info xmlns='http://www.freedesktop.org/standards/shared-mime-info'>"
+            "<mime-type type=\"application/msword\"><glob pattern=\"*.doc\"/></mime-type>"
+            "<mime-type type=\"application/pdf\"><glob pattern=\"*.pdf\"/></mime-type></mime-info>");
+        const DesktopServices desktop;
+        QVERIFY(!desktop.canOpen(u".doc"_s));
+        write(home.filePath(u"applications/mimeinfo.cache"_s),
+              "[MIME Cache]\napplication/msword=writer.desktop;\napplication/pdf=\n");
+        QVERIFY(desktop.canOpen(u".doc"_s));
+        QVERIFY(!desktop.canOpen(u".pdf"_s));
+        QVERIFY(!desktop.canOpen(u".nosuchending"_s));
+    }
+
+    void startedProgramGetsEachArgumentAsItStands()
+    {
+        QTemporaryDir folder;
+        DesktopServices desktop;
+        const QString path = folder.filePath(u"my cv; touch \"$HOME\" & *.pdf"_s);
+        QVERIFY(desktop.startProgram(u"touch"_s, {path}));
+        QTRY_VERIFY(QFile::exists(path));
+        QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 1);
+        QVERIFY(!desktop.startProgram(folder.filePath(u"no such viewer"_s), {path}));
+    }
+
+    void boxAnswersWithTheButtonOfTheKey_data()
+    {
+        columns<Buttons, Qt::Key, Answer>("buttons", "key", "answer");
+        QTest::newRow("Enter takes Yes") << Buttons::YesNo << Qt::Key_Return << Answer::Yes;
+        QTest::newRow("Enter takes No where that is safer")
+            << Buttons::YesNoDefaultNo << Qt::Key_Return << Answer::No;
+        QTest::newRow("Esc is No without Cancel") << Buttons::YesNo << Qt::Key_Escape << Answer::No;
+        QTest::newRow("Esc is Cancel") << Buttons::YesNoCancel << Qt::Key_Escape << Answer::Cancel;
+        QTest::newRow("Esc closes a message") << Buttons::Ok << Qt::Key_Escape << Answer::Ok;
+    }
+    void boxAnswersWithTheButtonOfTheKey()
+    {
+        QFETCH(Buttons, buttons);
+        QFETCH(Qt::Key, key);
+        QFETCH(Answer, answer);
+        QTimer::singleShot(0, this, [key] { QTest::keyClick(QApplication::activeModalWidget(), key); });
+        QCOMPARE(DesktopPrompts().msgBox(u"Really?"_s, buttons, u"Title"_s), answer);
+    }
+
+    void boxShowsMarkupAsItStands()
+    {
+        const QString text = u"<b>Bold & <a href='x'>Sons</a></b>"_s;
+        QString shown;
+        Qt::TextFormat format = Qt::AutoText;
+        QTimer::singleShot(0, this, [&] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            shown = box->text();
+            format = box->textFormat();
+            box->accept();
+        });
+        DesktopPrompts().msgBox(text, Buttons::Ok, u"Title"_s);
+        QCOMPARE(shown, text);
+        QCOMPARE(format, Qt::PlainText);
+    }
+
+    void longTextStaysReachableInASmallBox()
+    {
+        const QString text = u"A line of a very long report.\n"_s.repeated(500);
+        QString details;
+        int height = 0;
+        QTimer::singleShot(0, this, [&] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            details = box->detailedText();
+            height = box->height();
+            box->accept();
+        });
+        DesktopPrompts().msgBox(text, Buttons::Ok, u"Title"_s);
+        QCOMPARE(details, text);
+        QVERIFY(height < 500);
+    }
 };
-
-void TestDesktop::typedAddressBecomesUrl_data()
-{
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("url");
-    QTest::newRow("whole") << u"https://a.example/x?y=1"_s << u"https://a.example/x?y=1"_s;
-    QTest::newRow("bare host") << u"www.a.example"_s << u"https://www.a.example"_s;
-    QTest::newRow("blanks around") << u" www.a.example \n"_s << u"https://www.a.example"_s;
-    QTest::newRow("port") << u"a.example:8080/jobs"_s << u"https://a.example:8080/jobs"_s;
-    QTest::newRow("mail") << u"ann@a.example"_s << u"mailto:ann@a.example"_s;
-    QTest::newRow("file") << u"/tmp/a.pdf"_s << u"file:///tmp/a.pdf"_s;
-    QTest::newRow("script") << u"javascript:alert(1)"_s << QString();
-    QTest::newRow("remote shell") << u"ssh://a.example"_s << QString();
-    QTest::newRow("no host") << u"https://"_s << QString();
-    QTest::newRow("two lines") << u"www.a.example\nwww.b.example"_s << QString();
-    QTest::newRow("empty") << u"  "_s << QString();
-}
-
-void TestDesktop::typedAddressBecomesUrl()
-{
-    QFETCH(QString, typed);
-    QFETCH(QString, url);
-    QCOMPARE(DesktopServices::cleanAddress(typed).toString(), url);
-}
-
-void TestDesktop::onlyKnownSchemesReachTheBrowser()
-{
-    NotedBrowser browser;
-    for (const auto& scheme : {u"https"_s, u"javascript"_s})
-        QDesktopServices::setUrlHandler(scheme, &browser, "open");
-    DesktopServices desktop;
-    QVERIFY(desktop.openUrl(u"www.a.example"_s));
-    QVERIFY(!desktop.openUrl(u"javascript:alert(1)"_s));
-    QCOMPARE(browser.opened, QStringList{u"https://www.a.example"_s});
-    for (const auto& scheme : {u"https"_s, u"javascript"_s})
-        QDesktopServices::unsetUrlHandler(scheme);
-}
-
-void TestDesktop::endingIsOpenableWhenAProgramIsListed()
-{
-    QTemporaryDir home;
-    for (const char* folder : {"XDG_DATA_HOME", "XDG_DATA_DIRS", "XDG_CONFIG_HOME", "XDG_CONFIG_DIRS"})
-        qputenv(folder, home.path().toUtf8());
-    // Types of its own, so that the test does not hang on what the machine has installed.
-    write(home.filePath(u"mime/packages/types.xml"_s),
-          "<?xml version=\"1.0\"?><mime-info xmlns='http://www.freedesktop.org/standards/shared-mime-info'>"
-          "<mime-type type=\"application/msword\"><glob pattern=\"*.doc\"/></mime-type>"
-          "<mime-type type=\"application/pdf\"><glob pattern=\"*.pdf\"/></mime-type></mime-info>");
-    const DesktopServices desktop;
-    QVERIFY(!desktop.canOpen(u".doc"_s));
-    write(home.filePath(u"applications/mimeinfo.cache"_s),
-          "[MIME Cache]\napplication/msword=writer.desktop;\napplication/pdf=\n");
-    QVERIFY(desktop.canOpen(u".doc"_s));
-    QVERIFY(!desktop.canOpen(u".pdf"_s));
-    QVERIFY(!desktop.canOpen(u".nosuchending"_s));
-}
-
-void TestDesktop::startedProgramGetsEachArgumentAsItStands()
-{
-    QTemporaryDir folder;
-    DesktopServices desktop;
-    const QString path = folder.filePath(u"my cv; touch \"$HOME\" & *.pdf"_s);
-    QVERIFY(desktop.startProgram(u"touch"_s, {path}));
-    QTRY_VERIFY(QFile::exists(path));
-    QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 1);
-    QVERIFY(!desktop.startProgram(folder.filePath(u"no such viewer"_s), {path}));
-}
-
-void TestDesktop::boxAnswersWithTheButtonOfTheKey_data()
-{
-    QTest::addColumn<Buttons>("buttons");
-    QTest::addColumn<Qt::Key>("key");
-    QTest::addColumn<Answer>("answer");
-    QTest::newRow("Enter takes Yes") << Buttons::YesNo << Qt::Key_Return << Answer::Yes;
-    QTest::newRow("Enter takes No where that is safer")
-        << Buttons::YesNoDefaultNo << Qt::Key_Return << Answer::No;
-    QTest::newRow("Esc is No without Cancel") << Buttons::YesNo << Qt::Key_Escape << Answer::No;
-    QTest::newRow("Esc is Cancel") << Buttons::YesNoCancel << Qt::Key_Escape << Answer::Cancel;
-    QTest::newRow("Esc closes a message") << Buttons::Ok << Qt::Key_Escape << Answer::Ok;
-}
-
-void TestDesktop::boxAnswersWithTheButtonOfTheKey()
-{
-    QFETCH(Buttons, buttons);
-    QFETCH(Qt::Key, key);
-    QFETCH(Answer, answer);
-    QTimer::singleShot(0, this, [key] { QTest::keyClick(QApplication::activeModalWidget(), key); });
-    QCOMPARE(DesktopPrompts().msgBox(u"Really?"_s, buttons, u"Title"_s), answer);
-}
-
-void TestDesktop::boxShowsMarkupAsItStands()
-{
-    const QString text = u"<b>Bold & <a href='x'>Sons</a></b>"_s;
-    QString shown;
-    Qt::TextFormat format = Qt::AutoText;
-    QTimer::singleShot(0, this, [&] {
-        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        shown = box->text();
-        format = box->textFormat();
-        box->accept();
-    });
-    DesktopPrompts().msgBox(text, Buttons::Ok, u"Title"_s);
-    QCOMPARE(shown, text);
-    QCOMPARE(format, Qt::PlainText);
-}
-
-void TestDesktop::longTextStaysReachableInASmallBox()
-{
-    const QString text = u"A line of a very long report.\n"_s.repeated(500);
-    QString details;
-    int height = 0;
-    QTimer::singleShot(0, this, [&] {
-        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        details = box->detailedText();
-        height = box->height();
-        box->accept();
-    });
-    DesktopPrompts().msgBox(text, Buttons::Ok, u"Title"_s);
-    QCOMPARE(details, text);
-    QVERIFY(height < 500);
-}
 
 QTEST_MAIN(TestDesktop)
 #include "tst_desktop.moc"

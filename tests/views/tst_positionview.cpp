@@ -1,4 +1,5 @@
 // The Position screen with keys and mouse on a real store.
+#include "support/table.h"
 #include "views/windowbench.h"
 #include "views/workbench/rankchart.h"
 #include "workbench/positionscreen.h"
@@ -66,32 +67,6 @@ private slots:
         QVERIFY(!bench.find<QLabel>(u"proc"_s)->isVisible());
     }
 
-    void typedPartOfATitleChoosesIt()
-    {
-        PositionWindow bench;
-        bench.chooseTitle(u"zzz"_s);
-        QVERIFY(bench.find<QLabel>(u"lblNoPosition"_s)->text().contains(u"zzz"_s));
-        bench.chooseTitle(u"gine"_s);
-        QVERIFY(bench.find<QLabel>(u"lblNoPosition"_s)->text().isEmpty());
-        QCOMPARE(bench.line(u"txtPosTitle"_s)->text(), u"Engineer"_s);
-        QCOMPARE(bench.find<QProgressBar>(u"shpProgress"_s)->value(), 7);
-        QVERIFY(bench.find<QLabel>(u"lblStep"_s)->text().contains(u"Received response, Follow-up again"_s));
-        const auto* tree = bench.find<QTreeView>(u"tvwContacts"_s);
-        QCOMPARE(tree->model()->index(0, 0, tree->model()->index(0, 0)).data().toString(), u"Ann Lee"_s);
-    }
-
-    void fieldLeftIsInTheStore()
-    {
-        PositionWindow bench;
-        bench.chooseTitle(u"engineer"_s);
-        bench.enter(u"txtResponsibilities"_s);
-        bench.type(u"one\ntwo"_s);
-        QVERIFY(bench.find<QLabel>(u"proc"_s)->isVisible());
-        bench.press(Qt::Key_Tab);
-        QCOMPARE(bench.cells(u"Select Responsibilities from Position"_s), u"one\r\ntwo"_s);
-        QVERIFY(!bench.find<QLabel>(u"proc"_s)->isVisible());
-    }
-
     void expiryFollowsItsTickAndItsKeys()
     {
         PositionWindow bench;
@@ -145,8 +120,7 @@ private slots:
 
     void refusalsTellWhy_data()
     {
-        QTest::addColumn<QString>("button");
-        QTest::addColumn<QString>("message");
+        columns<QString, QString>("button", "message");
         QTest::newRow("save") << u"cmdUpdatePos1"_s << u"Please enter a name for a new Position in"_s;
         QTest::newRow("delete") << u"cmdRemovePos1"_s << u"Please select a Position to remove."_s;
         QTest::newRow("assign") << u"cmdAssign1"_s << u"Please select a contact to assign."_s;
@@ -154,11 +128,9 @@ private slots:
                                   << u"No contacts assigned to this position for removal."_s;
         QTest::newRow("questionnaire") << u"cmdJProfile1"_s << u"No existing position has been selected."_s;
     }
-
     void refusalsTellWhy()
     {
-        QFETCH(QString, button);
-        QFETCH(QString, message);
+        FETCH(QString, button, message);
         PositionWindow bench;
         bench.world.prompts.expect(message);
         bench.click(button);
@@ -168,31 +140,17 @@ private slots:
         QCOMPARE(bench.rows(u"Position"_s), 1);
     }
 
-    void deletedPositionIsGoneAtOnce()
-    {
-        PositionWindow bench;
-        bench.chooseTitle(u"engineer"_s);
-        bench.click(u"cmdRemovePos1"_s);
-        QCOMPARE(bench.rows(u"Position"_s), 0);
-        QCOMPARE(bench.find<QComboBox>(u"cmbPosSelection"_s)->currentText(), QString());
-        QCOMPARE(bench.line(u"txtPosTitle"_s)->text(), QString());
-        QVERIFY(!bench.panel()->isVisible());
-    }
-
     void chartKeepsItsPointerInPlace_data()
     {
-        QTest::addColumn<double>("company");
-        QTest::addColumn<double>("position");
-        QTest::addColumn<QPointF>("share"); ///< of the way from the low ends of both axes to the high ones
+        // share: /< of the way from the low ends of both axes to the high ones
+        columns<double, double, QPointF>("company", "position", "share");
         QTest::newRow("not ranked") << 0.0 << 0.0 << QPointF(0, 0);
         QTest::newRow("between") << 0.25 << 0.75 << QPointF(0.25, 0.75);
         QTest::newRow("beyond the scale") << 3.0 << qInf() << QPointF(1, 0);
     }
-
     void chartKeepsItsPointerInPlace()
     {
-        QFETCH(double, company);
-        QFETCH(double, position);
+        FETCH(double, company, position);
         QFETCH(QPointF, share);
         RankChart chart;
         for (const QSize size : {QSize(200, 120), QSize(900, 500)}) {
@@ -206,33 +164,6 @@ private slots:
             QCOMPARE(chart.pointerCentre().x(), low.x() + share.x() * (high.x() - low.x()));
             QCOMPARE(chart.pointerCentre().y(), low.y() + share.y() * (high.y() - low.y()));
         }
-    }
-
-    void questionnaireIsDisabledWithoutItsScreen()
-    {
-        PositionWindow bench(false);
-        bench.chooseTitle(u"engineer"_s);
-        const auto* button = bench.find<QPushButton>(u"cmdJProfile1"_s);
-        QVERIFY(!button->isEnabled());
-        QVERIFY(!button->toolTip().isEmpty());
-    }
-
-    void tabKeyGoesThroughTheFormInReadingOrder()
-    {
-        PositionWindow bench;
-        bench.chooseTitle(u"engineer"_s);
-        QStringList visited;
-        // Within the date, Tab goes from month to day to year.
-        for (int step = 0; step < 20 && visited.size() < 18; ++step) {
-            const QString name = QApplication::focusWidget()->objectName();
-            if (!visited.contains(name))
-                visited.append(name);
-            bench.press(Qt::Key_Tab);
-        }
-        QCOMPARE(visited.join(u' '),
-                 u"cmbPosSelection txtPosTitle txtKeyword txtLocation txtSource chkExpires dtpExpires "
-                 "txtResponsibilities txtQualifications txtBenefits txtPosNotes cmdJProfile1 tvwContacts "
-                 "cmbAssignContact cmdAssign1 cmdRemoveContactAssign1 cmdUpdatePos1 cmdRemovePos1"_s);
     }
 };
 

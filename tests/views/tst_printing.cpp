@@ -12,51 +12,47 @@ class TestPrinting : public QObject
     Q_OBJECT
 
 private slots:
-    void pageHasTheFormsValuesAndNoMarkup();
-    void pdfHoldsTheCompanysName();
-    void unwritablePlaceIsToldByFalse();
+    void pageHasTheFormsValuesAndNoMarkup()
+    {
+        WindowBench bench;
+        bench.addCompany(u"<b>Acme</b> & Sons"_s);
+        bench.open();
+        bench.choose(u"<b>Acme</b> & Sons"_s);
+        const QString page = bench.window->printableForm()->toPlainText();
+        QVERIFY2(page.startsWith(u"<b>Acme</b> & Sons"_s), qPrintable(page));
+        for (const auto& part : {u"Industry\nTools"_s, u"Notes\nold notes"_s, u"Short name\n"_s,
+                                 u"The company has been in your database for 3 weeks."_s})
+            QVERIFY2(page.contains(part), qPrintable(part + u" in "_s + page));
+        // Empty fields would only be labels in a row.
+        QVERIFY(!page.contains(u"Fax"_s));
+    }
+
+    void pdfHoldsTheCompanysName()
+    {
+        WindowBench bench;
+        bench.addCompany(u"Acme Rails"_s);
+        bench.open();
+        bench.choose(u"Acme Rails"_s);
+        const QString path = bench.world.folder.filePath(u"form.pdf"_s);
+        QVERIFY(Printing().printToPdf(*bench.window->printableForm(), path));
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QVERIFY(file.read(5) == "%PDF-");
+        if (QStandardPaths::findExecutable(u"pdftotext"_s).isEmpty())
+            QSKIP("pdftotext is not installed; the file itself was written");
+        QProcess reader;
+        reader.start(u"pdftotext"_s, {path, u"-"_s});
+        QVERIFY(reader.waitForFinished());
+        QVERIFY(reader.readAllStandardOutput().contains("Acme Rails"));
+    }
+
+    void unwritablePlaceIsToldByFalse()
+    {
+        QTextDocument page(u"text"_s);
+        QVERIFY(!Printing().printToPdf(page, u"/nowhere/at/all.pdf"_s));
+        QVERIFY(!Printing().printToPdf(page, QString()));
+    }
 };
-
-void TestPrinting::pageHasTheFormsValuesAndNoMarkup()
-{
-    WindowBench bench;
-    bench.addCompany(u"<b>Acme</b> & Sons"_s);
-    bench.open();
-    bench.choose(u"<b>Acme</b> & Sons"_s);
-    const QString page = bench.window->printableForm()->toPlainText();
-    QVERIFY2(page.startsWith(u"<b>Acme</b> & Sons"_s), qPrintable(page));
-    for (const auto& part : {u"Industry\nTools"_s, u"Notes\nold notes"_s, u"Short name\n"_s,
-                             u"The company has been in your database for 3 weeks."_s})
-        QVERIFY2(page.contains(part), qPrintable(part + u" in "_s + page));
-    // Empty fields would only be labels in a row.
-    QVERIFY(!page.contains(u"Fax"_s));
-}
-
-void TestPrinting::pdfHoldsTheCompanysName()
-{
-    WindowBench bench;
-    bench.addCompany(u"Acme Rails"_s);
-    bench.open();
-    bench.choose(u"Acme Rails"_s);
-    const QString path = bench.world.folder.filePath(u"form.pdf"_s);
-    QVERIFY(Printing().printToPdf(*bench.window->printableForm(), path));
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QVERIFY(file.read(5) == "%PDF-");
-    if (QStandardPaths::findExecutable(u"pdftotext"_s).isEmpty())
-        QSKIP("pdftotext is not installed; the file itself was written");
-    QProcess reader;
-    reader.start(u"pdftotext"_s, {path, u"-"_s});
-    QVERIFY(reader.waitForFinished());
-    QVERIFY(reader.readAllStandardOutput().contains("Acme Rails"));
-}
-
-void TestPrinting::unwritablePlaceIsToldByFalse()
-{
-    QTextDocument page(u"text"_s);
-    QVERIFY(!Printing().printToPdf(page, u"/nowhere/at/all.pdf"_s));
-    QVERIFY(!Printing().printToPdf(page, QString()));
-}
 
 QTEST_MAIN(TestPrinting)
 #include "tst_printing.moc"

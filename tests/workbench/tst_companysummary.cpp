@@ -1,5 +1,6 @@
 // The company summary: which sentences stand for which figures.
 #include "base/dates.h"
+#include "support/table.h"
 #include "workbench/companysummary.h"
 
 #include <QTest>
@@ -51,9 +52,7 @@ class TestCompanySummary : public QObject
 private slots:
     void wholeText_data()
     {
-        QTest::addColumn<CompanyFigures>("figures");
-        QTest::addColumn<QString>("text");
-
+        columns<CompanyFigures, QString>("figures", "text");
         QTest::newRow("entered today, nothing known")
             << entered(0)
             << u"The company has been in your database for 0 week."
@@ -110,7 +109,6 @@ private slots:
                " ---GENERAL\n"
                "You have ranked this company average based on profile."_s;
     }
-
     void wholeText()
     {
         QFETCH(CompanyFigures, figures);
@@ -120,77 +118,63 @@ private slots:
 
     void sentence_data()
     {
-        QTest::addColumn<CompanyFigures>("figures");
-        QTest::addColumn<QString>("part");
-        QTest::addColumn<bool>("written");
-
-        const auto row = [](const char* name, const CompanyFigures& figures, const QString& part,
-                            bool written) { QTest::newRow(name) << figures << part << written; };
-        row("13 days are one week", entered(13), u"for 1 week."_s, true);
-        row("14 days are two weeks, with a blank behind", entered(14), u"for 2 weeks. You"_s, true);
-        row("no contact, position open: nothing available is not said",
-            with(entered(5), [](auto& f) { f.positionCount = 1; }), u"no current available"_s, false);
-        row("no contact, all positions expired: nothing available",
-            with(entered(5), [](auto& f) { f.positionCount = f.expiredCount = 1; }),
-            u"no current available"_s, true);
-        row("a contact, no position: nothing available is not said",
-            with(entered(5), [](auto& f) { f.contactCount = 1; }), u"no current available"_s, false);
-        row("one contact", with(entered(5), [](auto& f) { f.contactCount = 1; }),
-            u"You have entered 1 contact at this company."_s, true);
-        row("last contact clause stands without any history",
-            with(entered(5),
-                 [](auto& f) {
-                     f.contactCount = 1;
-                     f.lastContact = today.addDays(-14);
-                 }),
+        columns<CompanyFigures, QString, bool>("figures", "part", "written");
+        const auto row = [](const CompanyFigures& figures, const QString& part, bool written) {
+            static int number = 0;
+            QTest::addRow("%d %s", ++number, qPrintable(part)) << figures << part << written;
+        };
+        row(entered(13), u"for 1 week."_s, true);
+        row(entered(14), u"for 2 weeks. You"_s, true); // the plural has a blank behind
+        const QString nothing = u"no current available"_s;
+        row(with(entered(5), [](auto& f) { f.positionCount = 1; }), nothing, false);
+        row(with(entered(5), [](auto& f) { f.positionCount = f.expiredCount = 1; }), nothing, true);
+        row(with(entered(5), [](auto& f) { f.contactCount = 1; }), nothing, false);
+        // The clause of the last contact stands without any history.
+        const auto reached = [](QDate day) {
+            return with(entered(5), [day](auto& f) {
+                f.contactCount = 1;
+                f.lastContact = day;
+            });
+        };
+        row(reached(today.addDays(-14)),
             u"1 contact at this company., with whom you've last contacted 2 weeks ago."_s, true);
-        row("13 days since contact are one week", known(5, 13), u"last contacted 1 week ago."_s, true);
-        row("the empty date is no contact", entered(5), u"with whom"_s, false);
-        row("the day after the empty date is one",
-            with(entered(5), [](auto& f) { f.lastContact = dates::sentinel.addDays(1); }), u"with whom"_s,
-            true);
-
+        row(reached(today.addDays(-13)), u"last contacted 1 week ago."_s, true);
+        row(reached(dates::sentinel.addDays(1)), u"with whom"_s, true);
+        row(reached(dates::sentinel), u"with whom"_s, false);
         const QString stale = u"Contacts at this company are stale."_s;
         const QString fresh = u"Contacts at this company are fresh."_s;
-        row("61 and 61 days: stale", known(61, 61), stale, true);
-        row("60 and 61 days: not stale", known(60, 61), stale, false);
-        row("61 and 60 days: not stale", known(61, 60), stale, false);
-        row("59 and 59 days: fresh", known(59, 59), fresh, true);
-        row("60 and 59 days: not fresh", known(60, 59), fresh, false);
-        row("59 and 60 days: not fresh", known(59, 60), fresh, false);
-        row("stale with others to turn to", with(known(61, 61), [](auto& f) { f.maxPerContact = 2; }),
+        row(known(61, 61), stale, true);
+        row(known(60, 61), stale, false);
+        row(known(61, 60), stale, false);
+        row(known(59, 59), fresh, true);
+        row(known(60, 59), fresh, false);
+        row(known(59, 60), fresh, false);
+        row(with(known(61, 61), [](auto& f) { f.maxPerContact = 2; }),
             u"stale.Other contacts are available in your database."_s, true);
-
         const auto expired = [](auto& f) { f.positionCount = f.expiredCount = 2; };
-        row("positions expired at 60 days: not stale", with(known(60, 61), expired), u" Positions at this"_s,
-            false);
-        row("positions expired at 61 days: stale", with(known(61, 61), expired), u" Positions at this"_s,
-            true);
-        row("position at 59 days: fresh", known(59, 61), u" Positions data"_s, true);
-        row("position at 60 days: not fresh", known(60, 61), u" Positions data"_s, false);
-        row("no position at 59 days: no verdict", entered(59), u" Positions data"_s, false);
-        row("61 days: aged", known(61, 1), u"data are aged."_s, true);
-        row("60 days: not aged", known(60, 1), u"data are aged."_s, false);
-
-        const auto ranked = [](Key rank) { return with(known(1, 1), [rank](auto& f) { f.rank = rank; }); };
-        row("rank 0: no sentence", ranked(0), u"You have ranked"_s, false);
-        row("rank 1: low", ranked(1), u"company low"_s, true);
-        row("rank 3: low", ranked(3), u"company low"_s, true);
-        row("rank 4: average", ranked(4), u"company average"_s, true);
-        row("rank 6: average", ranked(6), u"company average"_s, true);
-        row("rank 7: high", ranked(7), u"company high"_s, true);
-
+        row(with(known(60, 61), expired), u" Positions at this"_s, false);
+        row(with(known(61, 61), expired), u" Positions at this"_s, true);
+        row(known(59, 61), u" Positions data"_s, true);
+        row(known(60, 61), u" Positions data"_s, false);
+        row(entered(59), u" Positions data"_s, false);
+        row(known(61, 1), u"data are aged."_s, true);
+        row(known(60, 1), u"data are aged."_s, false);
+        const auto ranked = [](Key rank, int silence = 1) {
+            return with(known(1, silence), [rank](auto& f) { f.rank = rank; });
+        };
+        row(ranked(0), u"You have ranked"_s, false);
+        row(ranked(1), u"company low"_s, true);
+        row(ranked(3), u"company low"_s, true);
+        row(ranked(4), u"company average"_s, true);
+        row(ranked(6), u"company average"_s, true);
+        row(ranked(7), u"company high"_s, true);
+        // Neglected: fewer questions' points than interactions, and more than a month of silence.
         const QString neglected = u"Contacts with this company have been neglected."_s;
-        row("ratio below 1 after 31 days: neglected", with(known(1, 31), [](auto& f) { f.rank = 2; }),
-            neglected, true);
-        row("ratio below 1 after 30 days: not neglected", with(known(1, 30), [](auto& f) { f.rank = 2; }),
-            neglected, false);
-        row("ratio of exactly 1: not neglected", with(known(1, 31), [](auto& f) { f.rank = 3; }), neglected,
-            false);
-        row("no interaction counts as ratio 0 whatever the rank",
-            with(entered(1), [](auto& f) { f.rank = 9; }), neglected, true);
+        row(ranked(2, 31), neglected, true);
+        row(ranked(2, 30), neglected, false);
+        row(ranked(3, 31), neglected, false);
+        row(with(entered(1), [](auto& f) { f.rank = 9; }), neglected, true);
     }
-
     void sentence()
     {
         QFETCH(CompanyFigures, figures);

@@ -1,5 +1,6 @@
 // The Address entry of a contact.
 #include "intake/frmautoparse.h"
+#include "support/table.h"
 #include "workbench/contactbench.h"
 
 #include <QTest>
@@ -57,18 +58,14 @@ private slots:
 
     void savedEntriesAreInTheContactsRow_data()
     {
-        QTest::addColumn<QString>("street");
-        QTest::addColumn<QString>("stored");
+        columns<QString, QString>("street", "stored");
         QTest::newRow("one line") << u"1 Main"_s << u"1 Main|"_s;
-        QTest::newRow("two lines") << u"1 Main\nFloor 3"_s << u"1 Main|Floor 3"_s;
         QTest::newRow("three lines") << u"1 Main\nFloor 3\nRear"_s << u"1 Main|Floor 3\r\nRear"_s;
-        QTest::newRow("apostrophe") << u"O'Hara's\r\nYard"_s << u"O`Hara`s|Yard"_s;
         QTest::newRow("empty") << QString() << u"|"_s;
     }
     void savedEntriesAreInTheContactsRow()
     {
-        QFETCH(QString, street);
-        QFETCH(QString, stored);
+        FETCH(QString, street, stored);
         ContactBench bench;
         furnish(bench);
         bench.world.prompts.expect(u"Update of Ann Lee is complete."_s);
@@ -91,41 +88,19 @@ private slots:
         QCOMPARE(bench.current(), Key(1));
     }
 
-    void nothingIsSavedWithoutTheSaveButton()
-    {
-        ContactBench bench;
-        furnish(bench);
-        withEntry(bench, [&](FrmAddressEntry& entry) {
-            entry.cmdClear1();
-            QCOMPARE(entry.form().text(u"txtECity"_s), QString());
-            bench.world.prompts.expect(u"Reset Address to company data?"_s, Answer::Yes);
-            entry.cmdSetCompany();
-            QCOMPARE(entry.form().text(u"txtECity"_s), u"Acme City"_s);
-            entry.cmdCancel();
-        });
-        QCOMPARE(bench.cells(annsRow), before);
-        QVERIFY(!bench.contact().addressEntry().saved());
-    }
-
     void mergeTakesOnlyWhatTheCompanyHas_data()
     {
-        QTest::addColumn<Answer>("answer");
-        QTest::addColumn<QString>("company");
-        QTest::addColumn<QString>("shown"); // street, city, zip, country, phone 1, mail 2
+        // shown: street, city, zip, country, phone 1, mail 2
+        columns<Answer, QString, QString>("answer", "company", "shown");
         QTest::newRow("Yes") << Answer::Yes << u"Address2='Gate',Country='Canada'"_s
                              << u"1 Main\nGate|Acme City|08540|USA|555-1000|ann@acme.example"_s;
-        QTest::newRow("one street line")
-            << Answer::Yes << u"City=''"_s << u"1 Main|Annville|08540|USA|555-1000|ann@acme.example"_s;
-        QTest::newRow("empty company") << Answer::Yes << u"Address1='',City='',State='',Zip=''"_s
-                                       << u"9 Elm\nFloor 2|Annville||USA|555-1000|ann@acme.example"_s;
         QTest::newRow("No") << Answer::No << u"Address2='Gate'"_s
                             << u"9 Elm\nFloor 2|Annville||USA|555-1000|ann@acme.example"_s;
     }
     void mergeTakesOnlyWhatTheCompanyHas()
     {
         QFETCH(Answer, answer);
-        QFETCH(QString, company);
-        QFETCH(QString, shown);
+        FETCH(QString, company, shown);
         ContactBench bench;
         furnish(bench);
         bench.run(u"Update Address set "_s + company + u" where AddressKey=1");
@@ -139,38 +114,6 @@ private slots:
             QCOMPARE(parts.join(u'|'), shown);
         });
         QCOMPARE(bench.cells(annsRow), before);
-    }
-
-    void unsavedContactHasNoAddressToStore()
-    {
-        ContactBench bench;
-        furnish(bench);
-        bench.contact().newRecord();
-        withEntry(bench, [&](FrmAddressEntry& entry) {
-            QCOMPARE(entry.form().text(u"txtECity"_s), QString());
-            entry.form().edit(u"txtECity"_s, u"Troy"_s);
-            bench.world.prompts.expect(u"Please save the contact before storing an address for it."_s);
-            entry.cmdSave1();
-            QCOMPARE(entry.form().text(u"txtECity"_s), u"Troy"_s);
-        });
-        QCOMPARE(bench.rows(u"Address"_s), 2);
-    }
-
-    void contactWithoutAnAddressGetsARow()
-    {
-        ContactBench bench;
-        furnish(bench);
-        bench.run(u"Update Contact set AddressKey=77"_s);
-        bench.contact().cmbContactsClick(u"Ann Lee"_s);
-        bench.world.prompts.expect(u"Update of Ann Lee is complete."_s);
-        withEntry(bench, [&](FrmAddressEntry& entry) {
-            entry.form().edit(u"txtECity"_s, u"Troy"_s);
-            entry.cmdSave1();
-        });
-        QCOMPARE(bench.cells(u"Select AddressKey from Contact"_s), u"3"_s);
-        QCOMPARE(bench.cells(u"Select City from Address where AddressKey=3"_s), u"Troy"_s);
-        bench.save(u"Ann Lee"_s);
-        QCOMPARE(bench.cells(u"Select City from Address order by AddressKey"_s), u"Acme City;Troy"_s);
     }
 
     void failedSaveStaysOpenAndTellsNobody()

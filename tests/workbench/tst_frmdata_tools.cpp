@@ -1,4 +1,5 @@
 // The doors from the workbench to its tools: toolbar, menus, keys, export and restore.
+#include "support/table.h"
 #include "workbench/bench.h"
 
 #include <QTest>
@@ -10,11 +11,7 @@ class TestFrmDataTools : public QObject
 private slots:
     void toolOpensItsScreen_data()
     {
-        QTest::addColumn<QString>("key");
-        QTest::addColumn<bool>("menu");
-        QTest::addColumn<QString>("screen");
-        QTest::addColumn<QString>("line");
-        QTest::addColumn<QString>("tabAfter");
+        columns<QString, bool, QString, QString, QString>("key", "menu", "screen", "line", "tabAfter");
         const auto row = [](const QString& key, bool menu, const QString& screen, const QString& line,
                             const QString& tabAfter = u"Contact"_s) {
             QTest::addRow("%s %s", menu ? "menu" : "toolbar", qPrintable(key))
@@ -34,13 +31,10 @@ private slots:
         row(u"target"_s, false, u"FrmTargets"_s, {});
         row(u"PrintReport"_s, true, u"FrmReport"_s, {});
     }
-
     void toolOpensItsScreen()
     {
-        QFETCH(QString, key);
+        FETCH(QString, key, screen, line);
         QFETCH(bool, menu);
-        QFETCH(QString, screen);
-        QFETCH(QString, line);
         Bench bench;
         bench.addCompany(u"Acme"_s);
         bench.frm->load();
@@ -74,23 +68,6 @@ private slots:
         QVERIFY(!bench.frm->toolAvailable(u"helpdox"_s));
     }
 
-    void documentationOpensItsFile()
-    {
-        Bench bench;
-        bench.frm->load();
-        QVERIFY(QDir(bench.world.folder.path()).mkdir(u"JWHelp"_s));
-        const QString path = bench.world.folder.filePath(u"JWHelp/Jobwright-Dox.pdf"_s);
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        QVERIFY(bench.frm->toolAvailable(u"Documentation"_s));
-        bench.frm->tbarButtonClick(u"helpdox"_s);
-        bench.frm->menuClick(u"Documentation"_s);
-        QCOMPARE(bench.world.desktop.opened, (QStringList{path, path}));
-        bench.world.desktop.works = false;
-        bench.world.prompts.expect(u"could not be opened"_s);
-        bench.frm->tbarButtonClick(u"helpdox"_s);
-    }
-
     void editorKeepsRemindersOut()
     {
         Bench bench;
@@ -118,28 +95,6 @@ private slots:
         QCOMPARE(bench.navigator.helped, QList<int>{12});
     }
 
-    void exportNamesItsFile_data()
-    {
-        QTest::addColumn<QString>("setting");
-        QTest::addColumn<QString>("file");
-        QTest::newRow("none set") << QString() << u"Export.xml"_s;
-        QTest::newRow("set") << u"mine.xml"_s << u"mine.xml"_s;
-    }
-
-    void exportNamesItsFile()
-    {
-        QFETCH(QString, setting);
-        QFETCH(QString, file);
-        Bench bench;
-        bench.addCompany(u"Acme"_s);
-        bench.data().writeStatus(u"ExportFile"_s, setting, true);
-        bench.world.prompts.expect(u"Data has been exported to "_s + bench.world.folder.path() + u'/' + file);
-        bench.frm->fileExport();
-        const QString text = bench.world.fileText(file);
-        QVERIFY(text.contains(u"Name=\"Acme\""));
-        QVERIFY(!text.contains(u"Restore="));
-    }
-
     void failedExportClaimsNothing()
     {
         Bench bench;
@@ -152,19 +107,16 @@ private slots:
 
     void restoreAsksFirst_data()
     {
-        QTest::addColumn<bool>("present");
-        QTest::addColumn<QString>("answers"); // y or n, in the order of the questions
-        QTest::addColumn<bool>("rewritten");
+        // answers: y or n, in the order of the questions
+        columns<bool, QString, bool>("present", "answers", "rewritten");
         QTest::newRow("absent: written") << false << QString() << true;
         QTest::newRow("no, no: kept") << true << u"nn"_s << false;
         QTest::newRow("no, yes: overwritten") << true << u"ny"_s << true;
     }
-
     void restoreAsksFirst()
     {
-        QFETCH(bool, present);
+        FETCH(bool, present, rewritten);
         QFETCH(QString, answers);
-        QFETCH(bool, rewritten);
         Bench bench;
         bench.addCompany(u"Acme"_s);
         bench.frm->load();

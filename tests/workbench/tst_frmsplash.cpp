@@ -1,4 +1,5 @@
 // The splash screen: how long it stays and what ends it.
+#include "support/table.h"
 #include "support/world.h"
 #include "workbench/frmsplash.h"
 
@@ -33,12 +34,10 @@ private slots:
 
     void keyAndClickEndItOnce_data()
     {
-        QTest::addColumn<bool>("byLabel");
-        QTest::addColumn<QString>("trace");
+        columns<bool, QString>("byLabel", "trace");
         QTest::newRow("key") << false << u"frmSplash - Form_Unload"_s;
         QTest::newRow("label") << true << u"frmSplash - Form_Load"_s;
     }
-
     void keyAndClickEndItOnce()
     {
         QFETCH(bool, byLabel);
@@ -56,35 +55,6 @@ private slots:
         QVERIFY(world.opLog().contains(trace));
         QVERIFY(!world.opLog().contains(u"Timer_Unload"));
         QCOMPARE(world.opLog().count(u"frmSplash - Form_Unload"_s), 1);
-    }
-
-    void pictureSwitchesTheTraceOnAndClosesNothing()
-    {
-        World world;
-        FrmSplash splash(*world.session);
-        splash.load();
-        QVERIFY(world.opLog().isEmpty());
-        splash.image1Click();
-        QVERIFY(world.session->debugMode);
-        QVERIFY(splash.timerEnabled());
-        for (int i = 0; i <= 100; ++i)
-            splash.tick();
-        QVERIFY(world.opLog().contains(u"frmSplash - Timer_Unload"));
-    }
-
-    void looksForWhatTheDesktopOffers()
-    {
-        World world;
-        FrmSplash splash(*world.session);
-        world.desktop.works = false;
-        splash.load();
-        QVERIFY(!world.session->wordAvailable);
-        QVERIFY(!world.session->outlookAvailable);
-        world.desktop.works = true;
-        QVERIFY(QDir(world.folder.path()).mkdir(u"exchange"_s));
-        splash.load();
-        QVERIFY(world.session->wordAvailable);
-        QVERIFY(world.session->outlookAvailable);
     }
 };
 

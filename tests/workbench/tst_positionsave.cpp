@@ -1,4 +1,5 @@
 // Saving and removing a whole position.
+#include "support/table.h"
 #include "workbench/positionbench.h"
 
 #include <QTest>
@@ -71,18 +72,6 @@ private slots:
         QCOMPARE(bench.position().positionPlace(), 0.6);
     }
 
-    void everyVersionGoesIntoTheJournal()
-    {
-        PositionBench bench;
-        bench.open(u"Acme"_s, u"Engineer"_s);
-        for (const QString& notes : {u"one"_s, u"two"_s}) {
-            bench.edit(u"txtPosNotes"_s, notes);
-            bench.position().cmdUpdatePos1();
-        }
-        QCOMPARE(bench.cells(u"Select Title,Notes,PrepareResume,ContactList from PositionRecovery"_s),
-                 u"Engineer|one|10/9/2026|1,3;Engineer|two|10/9/2026|1,3"_s);
-    }
-
     void savedAgainAndAgainStaysTheSame()
     {
         PositionBench bench;
@@ -102,33 +91,13 @@ private slots:
             u"5|12/31/1999|0|12/31/1999|0"_s);
     }
 
-    void typedTitleRenames()
-    {
-        PositionBench bench;
-        bench.open(u"Acme"_s, u"Engineer"_s);
-        bench.edit(u"txtPosTitle"_s, u"ENGINEER"_s); // only its case is another
-        bench.position().cmdUpdatePos1();
-        bench.edit(u"txtPosTitle"_s, u"Lead Engineer"_s);
-        bench.position().cmdUpdatePos1();
-        QCOMPARE(bench.cells(u"Select PositionKey,Title from Position"_s), u"3|Lead Engineer"_s);
-        QCOMPARE(bench.position().form().items(u"cmbPosSelection"_s),
-                 (QStringList{u"Lead Engineer"_s, u"<New>"_s}));
-        QCOMPARE(bench.field(u"cmbPosSelection"_s), u"Lead Engineer"_s);
-    }
-
     void refusedSavesWriteNothing_data()
     {
         const QString noTitle =
             u"Please enter a name for a new Position in\r\nthe position selection box or select a Position to update."_s;
-        QTest::addColumn<QString>("company");
-        QTest::addColumn<QString>("chosen");
-        QTest::addColumn<QString>("title");
-        QTest::addColumn<QString>("message");
-        QTest::newRow("no company") << QString() << u"<New>"_s << u"Welder"_s
-                                    << u"Please select a company before storing a position to it."_s;
+        columns<QString, QString, QString, QString>("company", "chosen", "title", "message");
         QTest::newRow("new company") << u"<New>"_s << u"<New>"_s << u"Welder"_s
                                      << u"Please select a company before storing a position to it."_s;
-        QTest::newRow("no title") << u"Acme"_s << u"Engineer"_s << QString() << noTitle;
         QTest::newRow("blanks") << u"Acme"_s << u"<New>"_s << u"  "_s << noTitle;
         QTest::newRow("the box's own entry") << u"Acme"_s << u"<New>"_s << u"<New>"_s << noTitle;
         QTest::newRow("new with a known title")
@@ -136,13 +105,9 @@ private slots:
         QTest::newRow("another's title")
             << u"Acme"_s << u"Planner"_s << u"Engineer"_s << u"already called \"Engineer\""_s;
     }
-
     void refusedSavesWriteNothing()
     {
-        QFETCH(QString, company);
-        QFETCH(QString, chosen);
-        QFETCH(QString, title);
-        QFETCH(QString, message);
+        FETCH(QString, company, chosen, title, message);
         PositionBench bench;
         bench.addPosition(u"Planner"_s, 1);
         bench.open(u"Acme"_s, chosen);
@@ -156,58 +121,6 @@ private slots:
         QCOMPARE(bench.cells(u"Select * from Position"_s), before);
         QCOMPARE(bench.rows(u"PositionRecovery"_s), 0);
         QCOMPARE(bench.field(u"txtPosTitle"_s), title.trimmed());
-    }
-
-    void formWhoseKeyIsGoneDoesNotAddATwin()
-    {
-        PositionBench bench;
-        bench.open(u"Acme"_s, u"Engineer"_s);
-        bench.frm->selection().currentPositionKey = 0; // by another screen
-        bench.world.prompts.expect(u"already called \"Engineer\""_s);
-        bench.position().cmdUpdatePos1();
-        QCOMPARE(bench.rows(u"Position"_s), 1);
-    }
-
-    void sameTitleAtAnotherCompanyIsFine()
-    {
-        PositionBench bench;
-        bench.open(u"Bolt"_s, u"<New>"_s);
-        bench.edit(u"txtPosTitle"_s, u"Engineer"_s);
-        bench.position().cmdUpdatePos1();
-        QCOMPARE(bench.cells(u"Select PositionKey,CompanyKey from Position order by PositionKey"_s),
-                 u"1|1;2|2"_s);
-        QCOMPARE(bench.currentKey(), Key(2));
-    }
-
-    void contactSavedMeanwhileKeepsItsAssignment()
-    {
-        PositionBench bench;
-        bench.open(u"Acme"_s, u"Engineer"_s);
-        // A contact's save gives it a new key, here behind the open form.
-        bench.run(u"Delete * from Contact where ContactKey=1"_s);
-        bench.addContact(u"Ann"_s, u"Lee"_s, 1);
-        bench.position().cmdUpdatePos1();
-        QCOMPARE(bench.cells(u"Select ContactList from Position"_s), u"5,3"_s);
-        QCOMPARE(bench.assigned(), (QStringList{u"Ann Lee"_s, u"Bob Orr"_s}));
-    }
-
-    void contactRemovedMeanwhileLeavesTheList()
-    {
-        PositionBench bench;
-        bench.run(u"Update Position set ContactList=',1,,77,x,'"_s);
-        bench.open(u"Acme"_s, u"Engineer"_s);
-        QCOMPARE(bench.assigned(), QStringList{u"Ann Lee"_s});
-        bench.position().cmdUpdatePos1();
-        QCOMPARE(bench.cells(u"Select ContactList from Position"_s), u"1"_s);
-    }
-
-    void stepsOfAnotherScreenAreWritten()
-    {
-        PositionBench bench;
-        bench.open(u"Acme"_s, u"Engineer"_s);
-        QVERIFY(bench.position().upPosx(u"'11/2/2026','3',"_s + u"'','',"_s.repeated(10), u"Reject"_s));
-        QCOMPARE(bench.rowsCalled(u"Engineer"_s), u"2|3/5/2024|11/2/2026|3|||Reject|1,3"_s);
-        QCOMPARE(bench.position().progress(), 1);
     }
 
     void removalAsksNothing()

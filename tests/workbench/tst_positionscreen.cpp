@@ -1,4 +1,5 @@
 // The Position screen: choosing, field by field saving, expiry, contacts, ranks.
+#include "support/table.h"
 #include "workbench/positionbench.h"
 
 #include <QTest>
@@ -43,17 +44,6 @@ private slots:
         QCOMPARE(focused, u"txtPosTitle"_s);
     }
 
-    void positionGoneMeanwhileIsNotShownAsOne()
-    {
-        PositionBench bench;
-        bench.open(u"Acme"_s, u"Engineer"_s);
-        bench.run(u"Delete * from Position"_s);
-        bench.world.prompts.expect(u"DataJW-GetPosition- Position Key not found."_s);
-        bench.position().cmbPosSelectionClick(u"Engineer"_s);
-        QCOMPARE(bench.field(u"cmbPosSelection"_s) + bench.field(u"txtPosTitle"_s), QString());
-        QCOMPARE(bench.currentKey(), Key(0));
-    }
-
     void formIsEmptyOnAnotherCompany()
     {
         PositionBench bench;
@@ -96,17 +86,13 @@ private slots:
 
     void fieldLeftUnderAnotherTitleIsKeptForTheSave_data()
     {
-        QTest::addColumn<QString>("chosen");
-        QTest::addColumn<QString>("title");
-        QTest::newRow("new entry") << u"<New>"_s << u"Welder"_s;
+        columns<QString, QString>("chosen", "title");
         QTest::newRow("renamed") << u"Engineer"_s << u"Welder"_s;
         QTest::newRow("renamed to another position") << u"Engineer"_s << u"Planner"_s;
     }
-
     void fieldLeftUnderAnotherTitleIsKeptForTheSave()
     {
-        QFETCH(QString, chosen);
-        QFETCH(QString, title);
+        FETCH(QString, chosen, title);
         PositionBench bench;
         bench.addPosition(u"Planner"_s, 1);
         bench.open(u"Acme"_s, chosen);
@@ -116,22 +102,6 @@ private slots:
         QCOMPARE(bench.cells(u"Select Keyword from Position order by PositionKey"_s), u"cad;"_s);
         QVERIFY(bench.position().form().isDirty(u"txtKeyword"_s));
         QVERIFY(bench.frm->procVisible());
-    }
-
-    void failedFieldIsWrittenByTheNextLeaving()
-    {
-        PositionBench bench;
-        bench.open(u"Acme"_s, u"Engineer"_s);
-        bench.edit(u"txtKeyword"_s, u"steel"_s);
-        bench.data().database().setInterceptor([](QStringView statement) {
-            if (statement.startsWith(u"Update"))
-                throw StoreError(u"failed on purpose"_s, 1, u"test"_s);
-        });
-        bench.world.prompts.expect(u"failed on purpose"_s);
-        bench.position().fieldLeft(u"txtKeyword"_s);
-        bench.data().database().setInterceptor({});
-        bench.position().fieldLeft(u"txtKeyword"_s);
-        QCOMPARE(bench.cells(u"Select Keyword from Position"_s), u"steel"_s);
     }
 
     void titleMayHoldBlanksWhileItIsTyped()
@@ -151,22 +121,16 @@ private slots:
 
     void expiryIsToldInThePanel_data()
     {
-        QTest::addColumn<QString>("stored");
-        QTest::addColumn<QString>("shown");
-        QTest::addColumn<bool>("ticked");
-        QTest::addColumn<bool>("expired");
-        QTest::newRow("tomorrow") << u"'11/23/2026'"_s << u"2026-11-23"_s << true << false;
+        columns<QString, QString, bool, bool>("stored", "shown", "ticked", "expired");
         QTest::newRow("today") << u"'11/22/2026'"_s << u"2026-11-22"_s << true << false;
         QTest::newRow("yesterday") << u"'11/21/2026'"_s << u"2026-11-21"_s << true << true;
         QTest::newRow("no expiry") << u"'12/31/99'"_s << u"1999-12-31"_s << false << false;
         QTest::newRow("never entered") << u"''"_s << u"2001-01-01"_s << true << true;
     }
-
     void expiryIsToldInThePanel()
     {
         QFETCH(QString, stored);
-        QFETCH(bool, ticked);
-        QFETCH(bool, expired);
+        FETCH(bool, ticked, expired);
         PositionBench bench;
         bench.run(u"Update Position set Expires="_s + stored);
         bench.open(u"Acme"_s, u"Engineer"_s);
@@ -177,30 +141,6 @@ private slots:
         QCOMPARE(bench.frm->procVisible(), expired);
         bench.position().cmbPosSelectionClick(u"<New>"_s);
         QCOMPARE(bench.frm->positionPanel(), QString());
-    }
-
-    void changedExpiryIsStoredAtOnce()
-    {
-        PositionBench bench;
-        bench.open(u"Acme"_s, u"Engineer"_s);
-        const QStringList sent = bench.statements([&] { bench.edit(u"dtpExpires"_s, u"2026-11-05"_s); });
-        QCOMPARE(sent.last(), u"Update Position set Expires='11/5/2026' where positionkey=1"_s);
-        QCOMPARE(bench.frm->positionPanel(), u"Position EXPIRED"_s);
-        QVERIFY(!bench.frm->procVisible());
-        bench.edit(u"dtpExpires"_s, u"2027-01-05"_s);
-        QCOMPARE(bench.cells(u"Select Expires from Position"_s), u"1/5/2027"_s);
-        QCOMPARE(bench.frm->positionPanel(), QString());
-    }
-
-    void untickedExpiryIsTheEmptyDate()
-    {
-        PositionBench bench;
-        bench.open(u"Acme"_s, u"Engineer"_s);
-        bench.position().tickExpires(false);
-        QCOMPARE(bench.cells(u"Select Expires from Position"_s), u"12/31/1999"_s);
-        QVERIFY(!bench.position().hasExpiry());
-        bench.position().tickExpires(true);
-        QCOMPARE(bench.cells(u"Select Expires from Position"_s), u"12/22/2026"_s);
     }
 
     void assignedContactMovesTheStep()
@@ -244,35 +184,15 @@ private slots:
         QCOMPARE(bench.cells(u"Select ContactList from Position"_s), QString());
     }
 
-    void autosaveBringsTheListIntoTheStore()
-    {
-        PositionBench bench;
-        bench.world.session->autosave = true;
-        bench.open(u"Acme"_s, u"Engineer"_s);
-        bench.assign(u"Mary Jo Ray"_s);
-        QCOMPARE(bench.cells(u"Select PositionKey,ContactList,InfoContactMedium from Position"_s),
-                 u"2|1,3,2|6"_s);
-        bench.position().selectContact(
-            bench.position().tvwContacts().index(0, 0, bench.position().tvwContacts().index(0, 0)));
-        bench.position().cmdRemoveContactAssign1();
-        QCOMPARE(bench.cells(u"Select PositionKey,ContactList from Position"_s), u"3|3,2"_s);
-    }
-
     void pointerStandsOnBothRanks_data()
     {
-        QTest::addColumn<QString>("company");
-        QTest::addColumn<QString>("title");
-        QTest::addColumn<double>("companyPlace");
-        QTest::addColumn<double>("positionPlace");
+        columns<QString, QString, double, double>("company", "title", "companyPlace", "positionPlace");
         QTest::newRow("both ranked") << u"Acme"_s << u"Engineer"_s << 0.25 << 0.6;
-        QTest::newRow("position not ranked") << u"Acme"_s << u"Planner"_s << 0.25 << 0.0;
         QTest::newRow("none ranked") << u"Bolt"_s << u"<New>"_s << 0.0 << 0.0;
     }
-
     void pointerStandsOnBothRanks()
     {
-        QFETCH(QString, company);
-        QFETCH(QString, title);
+        FETCH(QString, company, title);
         PositionBench bench;
         bench.addPosition(u"Planner"_s, 1);
         bench.run(u"Insert into CProfile(CompanyKey,PR,QCount) Values(1,2,8)"_s);
@@ -285,22 +205,6 @@ private slots:
         bench.position().computeJptr();
         QTEST(bench.position().companyPlace(), "companyPlace");
         QCOMPARE(bench.world.errorLog().contains(u"frmData - computeJptr"_s), company == u"Acme");
-    }
-
-    void questionnaireNeedsASavedPosition()
-    {
-        PositionBench bench;
-        bench.open(u"Acme"_s, u"<New>"_s);
-        bench.world.prompts.expect(
-            u"No existing position has been selected.\r\nMake sure you saved and selected any "
-            "position data prior to creating a profile."_s);
-        bench.position().cmdJProfile1();
-        QVERIFY(bench.navigator.opened.isEmpty());
-        bench.position().cmbPosSelectionClick(u"Engineer"_s);
-        bench.navigator.whileOpen = [&] { bench.run(u"Update JProfile set PR=9"_s); };
-        bench.position().cmdJProfile1();
-        QCOMPARE(bench.navigator.opened, QStringList{u"FrmProfileJob"_s});
-        QCOMPARE(bench.position().positionPlace(), 0.9);
     }
 };
 

@@ -185,6 +185,12 @@ void Scope::find(ColumnName& column) const
     }
     if (column.id.table)
         return;
+    const auto isNamed = [&](const schema::Table* table) { return isIn(column, *table); };
+    if (!m_tables.empty() && std::ranges::none_of(m_tables, isNamed))
+        m_source.refuse(StoreError::UnknownName,
+                        Refusal::tr("The name %1 in front of a column is no table of the statement")
+                            .arg(Refusal::quoted(column.table->text)),
+                        column.table->place);
     QStringList names;
     for (const schema::Table* table : m_tables)
         names.append(table->name);

@@ -1,11 +1,13 @@
-// A form that scrolls up and down where the screen is too low for it.
+// A form that scrolls where the screen is too small for it.
 #pragma once
 
 #include <QEvent>
+#include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
 
-/// Never narrower than its form: scrolling sideways would tear labels from their fields.
+/// Not narrower than its form where the screen has the room: scrolling sideways tears labels from their
+/// fields. On a small screen at a large scale it scrolls all the same, as fields that overlap are worse.
 class FormScroll : public QScrollArea
 {
     Q_OBJECT
@@ -16,7 +18,6 @@ public:
     {
         setWidgetResizable(true);
         setFrameShape(QFrame::NoFrame);
-        setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     }
 
     [[nodiscard]] QSize minimumSizeHint() const override
@@ -24,8 +25,8 @@ public:
         const QSize least = QScrollArea::minimumSizeHint();
         if (!widget())
             return least;
-        return {widget()->minimumSizeHint().width() + verticalScrollBar()->sizeHint().width(),
-                least.height()};
+        const int whole = widget()->minimumSizeHint().width() + verticalScrollBar()->sizeHint().width();
+        return {qMin(whole, screen()->availableSize().width() * 3 / 4), least.height()};
     }
 
 protected:

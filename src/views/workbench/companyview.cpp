@@ -21,6 +21,9 @@ CompanyView::CompanyView(CompanyScreen& presenter, QWidget* parent)
     for (FigureBox* figure :
          {m_ui->txtPosCount, m_ui->txtContCount, m_ui->txtDaysSince, m_ui->txtHTRatio, m_ui->txtRTRatio})
         figure->setScale(1.5);
+    // State, zip and map stand in one row; the field above keeps their column wide enough for all three.
+    m_ui->layPlace->invalidate();
+    m_ui->txtCity->setMinimumWidth(m_ui->layPlace->minimumSize().width());
     // A little more for the form than for the figures and texts beside it.
     m_ui->splCompany->setSizes({600, 500});
     setIcons();

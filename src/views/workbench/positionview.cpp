@@ -58,8 +58,10 @@ void PositionView::connectSelectors()
         selector->setCompanies(form().items(selector->objectName()));
         selector->showChosen(form().text(selector->objectName()));
     }
-    connect(m_ui->cmbPosSelection, &CompanySelector::chosen, &m_presenter,
-            &PositionScreen::cmbPosSelectionClick);
+    connect(m_ui->cmbPosSelection, &CompanySelector::chosen, this, [this](const QString& title) {
+        m_presenter.cmbPosSelectionClick(title);
+        m_ui->cmbPosSelection->showChosen(form().text(u"cmbPosSelection"_s));
+    });
     connect(m_ui->cmbAssignContact, &CompanySelector::chosen, this,
             [this](const QString& name) { form().edit(u"cmbAssignContact"_s, name); });
     connect(m_ui->cmbPosSelection, &CompanySelector::nothingFound, this, [this](const QString& typed) {

@@ -366,6 +366,10 @@ void WorkbenchWindow::closeEvent(QCloseEvent* event)
     }
     if (!m_unloaded) {
         leaveField();
+        if (!m_presenter.mayLeave()) {
+            event->ignore();
+            return;
+        }
         windowstate::save(*this, m_layout);
         m_unloaded = true;
         m_presenter.unload();
