@@ -229,8 +229,8 @@ int startWorkbench(int& argc, char** argv, const StartOptions& options)
     }
     // Nothing is due in the first minute, so the reminder's window can wait until the workbench stands.
     std::optional<ReminderView> reminder;
-    QTimer::singleShot(
-        0, &window, [&] { reminder.emplace(workbench.reminder(), session.settings().file(), &window); });
+    QTimer::singleShot(0, &window,
+                       [&] { reminder.emplace(workbench.reminder(), session.settings().file(), &window); });
     DailyCopyRunner copies(session);
     QTimer::singleShot(0, &window, [&session] { warnOfKeys(session); });
     return QApplication::exec();
