@@ -1,14 +1,18 @@
-// Grabs the workbench for the documents, with a record on each of its screens:
+// Grabs the program's screens for the documents, each with a record of the demo on it:
 // jobwright_pictures CAMPAIGN.xml light|dark SCREEN OUT.png
 #include "calendar/frmevcal.h"
 #include "calendar/frmreminder.h"
 #include "history/frmhistory.h"
+#include "intake/frmautoparse.h"
 #include "store/demo.h"
 #include "views/calendar/calendarview.h"
 #include "views/calendar/reminderview.h"
 #include "views/history/historyview.h"
+#include "views/intake/autoparseview.h"
 #include "views/palettes.h"
+#include "views/workbench/addressentryview.h"
 #include "views/workbench/workbenchwindow.h"
+#include "workbench/addressentry.h"
 #include "workbench/bench.h"
 #include "workbench/contactscreen.h"
 #include "workbench/documentscreen.h"
@@ -39,35 +43,19 @@ bool chooseNode(PipelineScreen& pipeline, const QModelIndex& parent, const QStri
     return false;
 }
 
-/// Grabs the history of the contact shown, with its latest entry in the fields.
-bool grabHistory(Bench& bench, QSettings& layout, const QString& file)
+bool grab(QWidget& view, const QString& file)
 {
-    FrmHistory& history = bench.frm->history();
-    bench.world.session->outlookAvailable = true;
-    if (!history.load(bench.frm->selection().currentContactKey))
-        return false;
-    HistoryView view(history, layout);
-    history.lvwHistoryClick(history.lvwHistory().rowCount() - 2);
-    view.show();
     QCoreApplication::processEvents();
     return view.grab().save(file);
 }
 
-/// Opens a tab and shows one of the demo's records on it.
-void openScreen(FrmData& frm, const QString& screen)
+/// A screen's view on its own, grabbed when it has been laid out.
+bool show(QWidget& view, const QString& file)
 {
-    if (screen == "Reminder"_L1)
-        return;
-    frm.tabStrip1Click(screen == "History"_L1 ? u"Contact"_s : screen);
-    if (screen == "Position"_L1)
-        frm.positionScreen().showPosition(u"Milk Network Planner"_s);
-    if (screen == "Contact"_L1 || screen == "History"_L1)
-        frm.contactScreen().showContact(
-            frm.session().dataJW().getContactNames(frm.selection().selectedCompanyName()).value(0));
-    if (screen == "Document"_L1)
-        frm.documentScreen().showDocument(frm.session().dataJW().loadDox().front().docName);
-    if (screen == "Pipeline"_L1)
-        chooseNode(frm.pipelineScreen(), {}, u"Milk Network Planner"_s);
+    view.show();
+    const bool written = grab(view, file);
+    view.close();
+    return written;
 }
 
 /// A month in which a search is in full swing.
@@ -95,27 +83,106 @@ void addBusyWeeks(Bench& bench)
     bench.run(u"Update Event set CompanyKey=2,ContactKey=4,PositionKey=3 where EventDate='11/24/2026'"_s);
 }
 
-/// The calendar of the campaign with one interview in its frame.
-bool grabCalendar(Bench& bench, QSettings& layout, const QString& file)
+/// The campaign with the workbench's window around it.
+struct Scene
 {
-    addBusyWeeks(bench);
-    FrmEvCal& calendar = bench.frm->calendar();
+    Bench& bench;
+    QSettings& layout;
+    WorkbenchWindow& window;
+    QString file;
+
+    FrmData& frm() { return *bench.frm; }
+};
+
+bool grabTab(Scene& scene, const QString& tab)
+{
+    FrmData& frm = scene.frm();
+    frm.tabStrip1Click(tab);
+    if (tab == "Position"_L1)
+        frm.positionScreen().showPosition(u"Milk Network Planner"_s);
+    if (tab == "Contact"_L1)
+        frm.contactScreen().showContact(u"Desmond Okafor"_s);
+    if (tab == "Document"_L1)
+        frm.documentScreen().showDocument(frm.session().dataJW().loadDox().front().docName);
+    if (tab == "Pipeline"_L1)
+        chooseNode(frm.pipelineScreen(), {}, u"Milk Network Planner"_s);
+    return grab(scene.window, scene.file);
+}
+
+bool grabCalendar(Scene& scene)
+{
+    addBusyWeeks(scene.bench);
+    FrmEvCal& calendar = scene.frm().calendar();
     calendar.load();
     calendar.setShowComplete(true);
-    CalendarView view(calendar, layout);
+    CalendarView view(calendar, scene.layout);
     view.resize(1180, 760);
     view.show();
-    calendar.selectDay(QDate(2026, 11, 24));
-    for (const DayChip& chip :
-         calendar.cells().at(static_cast<size_t>(calendar.cellOf({2026, 11, 24}))).chips) {
+    const QDate day(2026, 11, 24);
+    calendar.selectDay(day);
+    for (const DayChip& chip : calendar.cells().at(static_cast<size_t>(calendar.cellOf(day))).chips) {
         if (chip.text == "10:00 Interview"_L1)
             calendar.openEntry(QString(chip.key));
     }
-    QCoreApplication::processEvents();
-    const bool written = view.grab().save(file);
-    view.close();
-    calendar.unload();
+    return show(view, scene.file);
+}
+
+bool grabHistory(Scene& scene)
+{
+    scene.frm().tabStrip1Click(u"Contact"_s);
+    scene.frm().contactScreen().showContact(u"Desmond Okafor"_s);
+    FrmHistory& history = scene.frm().history();
+    scene.bench.world.session->outlookAvailable = true;
+    history.load(scene.frm().selection().currentContactKey);
+    HistoryView view(history, scene.layout);
+    history.lvwHistoryClick(history.lvwHistory().rowCount() - 2);
+    return show(view, scene.file);
+}
+
+bool grabReminder(Scene& scene)
+{
+    ReminderView view(scene.frm().reminder(), scene.layout, &scene.window);
+    scene.frm().reminder().checkEvents();
+    return grab(view, scene.file);
+}
+
+bool grabCard(Scene& scene)
+{
+    FrmAutoParse& parser = scene.frm().autoParse();
+    parser.load(u"88 Creamery Lane\nWooster, OH 44691"_s, u"Brightwater Dairy Cooperative"_s);
+    parser.form().edit(u"txtBizCard"_s,
+                       u"Desmond Okafor\nVice President Supply Chain\n88 Creamery Lane\n"
+                       "Wooster, OH 44691\n(330) 555-0107\nFax (330) 555-0109\n"
+                       "desmond.okafor@brightwaterdairy.example\nwww.brightwaterdairy.example"_s);
+    parser.cmdVerify();
+    AutoParseView view(parser, scene.layout);
+    return show(view, scene.file);
+}
+
+bool grabAddress(Scene& scene)
+{
+    bool written = false;
+    scene.bench.navigator.whileOpen = [&] {
+        AddressEntryView view(scene.frm().contactScreen().addressEntry(), scene.layout);
+        written = show(view, scene.file);
+    };
+    scene.frm().tabStrip1Click(u"Contact"_s);
+    scene.frm().contactScreen().showContact(u"Desmond Okafor"_s);
+    scene.frm().contactScreen().cmdAddress1();
     return written;
+}
+
+/// False for a screen of no such name, too.
+bool grabScreen(Scene& scene, const QString& screen)
+{
+    static const QHash<QString, bool (*)(Scene&)> dialogs{{u"Calendar"_s, grabCalendar},
+                                                          {u"History"_s, grabHistory},
+                                                          {u"Reminder"_s, grabReminder},
+                                                          {u"Card"_s, grabCard},
+                                                          {u"Address"_s, grabAddress}};
+    if (const auto dialog = dialogs.value(screen))
+        return dialog(scene);
+    return grabTab(scene, screen);
 }
 
 } // namespace
@@ -139,23 +206,19 @@ int main(int argc, char** argv)
     Bench bench(QDateTime(QDate(2026, 11, 22), QTime(9, 30)));
     bench.world.prompts.acceptAll(Answer::Ok);
     loadDemo(*bench.world.session, arguments.at(1));
+    QFile::copy(QStringLiteral(JOBWRIGHT_SOURCE_DIR "/data/areacodes.jwd"),
+                bench.world.session->file(u"areacodes.jwd"_s));
     bench.navigator.hasAll = false;
+    bench.navigator.has = {u"FrmEvCal"_s, u"FrmReminder"_s, u"FrmHistory"_s, u"FrmAutoParse"_s,
+                           u"FrmAddressEntry"_s};
     bench.frm->load();
     QSettings layout(bench.world.folder.filePath(u"layout.ini"_s), QSettings::IniFormat);
-    if (arguments.at(3) == "Calendar"_L1)
-        return grabCalendar(bench, layout, arguments.at(4)) ? 0 : 1;
     WorkbenchWindow window(*bench.frm, layout);
     window.resize(1180, 800);
     window.show();
     bench.choose(u"Brightwater Dairy Cooperative"_s);
-    openScreen(*bench.frm, arguments.at(3));
-    ReminderView reminder(bench.frm->reminder(), layout, &window);
-    if (arguments.at(3) == "Reminder"_L1)
-        bench.frm->reminder().checkEvents();
-    QCoreApplication::processEvents();
-    QWidget& shown = reminder.isVisible() ? static_cast<QWidget&>(reminder) : window;
-    const bool written = arguments.at(3) == "History"_L1 ? grabHistory(bench, layout, arguments.at(4))
-                                                         : shown.grab().save(arguments.at(4));
+    Scene scene{bench, layout, window, arguments.at(4)};
+    const bool written = grabScreen(scene, arguments.at(3));
     if (!written)
         std::fputs("The picture could not be written.\n", stderr);
     window.close();

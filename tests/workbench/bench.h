@@ -15,11 +15,15 @@ class NotedNavigator : public Navigator
 {
 public:
     bool hasAll = true;
+    QStringList has; ///< beside hasAll
     QStringList opened;
     QList<int> helped;
     std::function<void()> whileOpen;
 
-    [[nodiscard]] bool hasScreen(const QString&) const override { return hasAll; }
+    [[nodiscard]] bool hasScreen(const QString& screen) const override
+    {
+        return hasAll || has.contains(screen);
+    }
     void openScreen(const QString& screen) override
     {
         opened.append(screen);
