@@ -3,37 +3,27 @@
 #include "app/exitcodes.h"
 #include "app/openstore.h"
 #include "app/output.h"
+#include "app/screens.h"
 #include "base/clock.h"
-#include "calendar/frmevcal.h"
-#include "calendar/frmreminder.h"
 #include "desktop/desktopprompts.h"
 #include "desktop/desktopservices.h"
 #include "desktop/printing.h"
-#include "history/frmhistory.h"
-#include "intake/frmautoparse.h"
 #include "store/appfolder.h"
 #include "store/copies.h"
 #include "store/datajw.h"
 #include "store/session.h"
 #include "store/storecheck.h"
-#include "views/calendar/calendarview.h"
 #include "views/calendar/reminderview.h"
-#include "views/history/historyview.h"
-#include "views/intake/autoparseview.h"
-#include "views/workbench/addressentryview.h"
 #include "views/workbench/splashview.h"
 #include "views/workbench/workbenchwindow.h"
-#include "workbench/contactscreen.h"
 #include "workbench/frmdata.h"
 #include "workbench/frmsplash.h"
 
 #include <QApplication>
-#include <QHash>
 #include <QTextDocument>
 #include <QTimer>
 
 #include <cstdlib>
-#include <functional>
 #include <optional>
 
 namespace {
@@ -42,23 +32,6 @@ QString tr(const char* text)
 {
     return QCoreApplication::translate("WorkbenchStart", text);
 }
-
-/// The screens that the workbench can open, each with the way to open it.
-class ScreenNavigator : public Navigator
-{
-public:
-    void add(const QString& screen, std::function<void()> open) { m_screens.insert(screen, std::move(open)); }
-    [[nodiscard]] bool hasScreen(const QString& screen) const override { return m_screens.contains(screen); }
-    void openScreen(const QString& screen) override
-    {
-        if (const auto open = m_screens.value(screen))
-            open();
-    }
-    void openHelp(int) override {}
-
-private:
-    QHash<QString, std::function<void()>> m_screens;
-};
 
 /// Sees to the store before anything touches it. False when the user would rather leave.
 bool readyStore(Session& session)
@@ -136,28 +109,6 @@ private:
     std::optional<Printing> m_printing;
 };
 
-/// The screens beside the workbench's own; @p parent has its window by the time that one of them opens.
-void addScreens(ScreenNavigator& navigator, FrmData& workbench, QSettings& layout, WorkbenchWindow*& parent)
-{
-    navigator.add(QStringLiteral("FrmAutoParse"),
-                  [&] { AutoParseView(workbench.autoParse(), layout, parent).exec(); });
-    navigator.add(QStringLiteral("FrmAddressEntry"),
-                  [&] { AddressEntryView(workbench.contactScreen().addressEntry(), layout, parent).exec(); });
-    navigator.add(QStringLiteral("FrmReminder"), [&] { workbench.reminder().showScreen(); });
-    navigator.add(QStringLiteral("FrmEvCal"), [&] {
-        workbench.calendar().load();
-        CalendarView(workbench.calendar(), layout, QApplication::activeWindow()).exec();
-        workbench.calendar().unload();
-    });
-    navigator.add(QStringLiteral("FrmHistory"), [&] {
-        if (!workbench.history().load(workbench.selection().currentContactKey))
-            return;
-        HistoryView(workbench.history(), layout, parent).exec();
-        // The dialog has written what was changed, unless the program is ending under it.
-        workbench.history().unload();
-    });
-}
-
 void warnOfKeys(Session& session)
 {
     if (!session.dataJW().isConnected())
@@ -169,6 +120,54 @@ void warnOfKeys(Session& session)
     } catch (const StoreError& error) {
         session.logError(QStringLiteral("WorkbenchStart - keys"), 1, &error);
     }
+}
+
+void showSplash(Session& session, bool silently)
+{
+    FrmSplash splash(session);
+    if (!silently) {
+        SplashView(splash).run();
+        return;
+    }
+    splash.load(); // it also looks for what the desktop offers
+    splash.unload();
+}
+
+/// Ends the process at once when the window has been drawn: what is timed is the way to it.
+void exitWhenDrawn(QObject& window, InstanceLock& lock)
+{
+    // The first round draws the window.
+    QTimer::singleShot(0, &window, [&] {
+        QTimer::singleShot(0, &window, [&lock] {
+            lock.release();
+            std::_Exit(Done);
+        });
+    });
+}
+
+int runWorkbench(Session& session, InstanceLock& lock, const StartOptions& options)
+{
+    Screens screens;
+    FrmData workbench(session, screens);
+    showSplash(session, options.noSplash);
+    if (!workbench.load())
+        return Failed;
+    QSettings& layout = session.settings().file();
+    screens.furnish(workbench, layout);
+    WorkbenchWindow window(workbench, layout);
+    screens.setWindow(window);
+    const PrintDesk printDesk(workbench, window);
+    window.show();
+    if (options.exitWhenShown) {
+        exitWhenDrawn(window, lock);
+        return QApplication::exec();
+    }
+    // Nothing is due in the first minute, so the reminder's window can wait until the workbench stands.
+    std::optional<ReminderView> reminder;
+    QTimer::singleShot(0, &window, [&] { reminder.emplace(workbench.reminder(), layout, &window); });
+    DailyCopyRunner copies(session);
+    QTimer::singleShot(0, &window, [&session] { warnOfKeys(session); });
+    return QApplication::exec();
 }
 
 } // namespace
@@ -194,44 +193,6 @@ int startWorkbench(int& argc, char** argv, const StartOptions& options)
         prompts.msgBox(lock.holder(), Buttons::Ok, QStringLiteral("Jobwright Message"));
         return lock.isHeldByAnother() ? InUse : StoreClosed;
     }
-
     Session session(folder, systemClock(), prompts, desktop);
-    if (!readyStore(session))
-        return StoreClosed;
-    ScreenNavigator navigator;
-    FrmData workbench(session, navigator);
-    FrmSplash splash(session);
-    if (options.noSplash) {
-        splash.load(); // it also looks for what the desktop offers
-        splash.unload();
-    } else {
-        SplashView(splash).run();
-    }
-    if (!workbench.load())
-        return Failed;
-
-    // What the window offers depends on what can be opened, so the screens come first.
-    WorkbenchWindow* parent = nullptr;
-    addScreens(navigator, workbench, session.settings().file(), parent);
-    WorkbenchWindow window(workbench, session.settings().file());
-    parent = &window;
-    const PrintDesk printDesk(workbench, window);
-    window.show();
-    if (options.exitWhenShown) {
-        // What is timed is the way to the filled window, so the end takes no time: the first round draws it.
-        QTimer::singleShot(0, &window, [&] {
-            QTimer::singleShot(0, &window, [&lock] {
-                lock.release();
-                std::_Exit(Done);
-            });
-        });
-        return QApplication::exec();
-    }
-    // Nothing is due in the first minute, so the reminder's window can wait until the workbench stands.
-    std::optional<ReminderView> reminder;
-    QTimer::singleShot(0, &window,
-                       [&] { reminder.emplace(workbench.reminder(), session.settings().file(), &window); });
-    DailyCopyRunner copies(session);
-    QTimer::singleShot(0, &window, [&session] { warnOfKeys(session); });
-    return QApplication::exec();
+    return readyStore(session) ? runWorkbench(session, lock, options) : StoreClosed;
 }

@@ -156,8 +156,9 @@ void FrmHistory::readEntries()
     const int counted = dataJW().getHistoryCount(contactKey);
     auto rows = History::loadAll(dataJW(), contactKey);
     const auto found = rows ? static_cast<int>(rows->size()) : 0;
+    const bool isRead = rows.has_value();
     m_entries = HistoryEntries(contactKey, std::move(rows).value_or(std::vector<History>()));
-    if (!rows || (found == 0 && counted > 0))
+    if (!isRead || (found == 0 && counted > 0))
         lock(tr(
             "The histories of this contact could not be read. So that none is lost, nothing can be changed "
             "on this screen now."));
