@@ -24,7 +24,11 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     /// The Tab key leaves the field at once: month, day and year are one date (and a blank one has none to
     /// walk).
-    bool focusNextPrevChild(bool next) override { return QWidget::focusNextPrevChild(next); }
+    bool focusNextPrevChild(bool next) override
+    {
+        // The parent's own would walk through the date.
+        return QWidget::focusNextPrevChild(next); // NOLINT(bugprone-parent-virtual-call)
+    }
     /// Scrolling past a date must not change it.
     void wheelEvent(QWheelEvent* event) override { event->ignore(); }
 };
