@@ -101,34 +101,6 @@ private slots:
         QCOMPARE(desk.world.session->lastReminderCheck == start, looks);
     }
 
-    void onlyButtonsStartTheTimerAgain()
-    {
-        Desk desk;
-        const Key first = desk.addEvent(u"First"_s, 1);
-        desk.addEvent(u"Second"_s, 2);
-        desk.addEvent(u"Third"_s, 3);
-        const auto stopped = [&desk] {
-            desk.frm->tick();
-            return !desk.frm->timer1Enabled();
-        };
-        QVERIFY(stopped());
-        desk.frm->showScreen();
-        desk.lookAndSelect(first);
-        QVERIFY(!desk.frm->timer1Enabled());
-        desk.frm->cmdSnooze(); // two are left
-        QVERIFY(!desk.frm->timer1Enabled());
-        desk.select(first + 1);
-        desk.frm->cmdDismiss(); // one is left
-        QVERIFY(!desk.frm->timer1Enabled());
-        desk.frm->cmdCloseAll();
-        QVERIFY(desk.frm->timer1Enabled() && stopped());
-        desk.frm->cmdSnoozeAll();
-        QVERIFY(desk.frm->timer1Enabled() && stopped());
-        desk.lookAndSelect(first);
-        desk.frm->cmdOk();
-        QVERIFY(desk.frm->isVisible() && desk.frm->timer1Enabled());
-    }
-
     void lookListsOpenEventsInsideTheirLead()
     {
         Desk desk;
@@ -302,28 +274,45 @@ private slots:
         }
     }
 
-    void buttonsTakeEventsOffTheList()
+    void buttonsTakeEventsOffTheListAndOnlyTheyStartTheTimer()
     {
         Desk desk;
         const Key first = desk.addEvent(u"First"_s, 1);
         const Key second = desk.addEvent(u"Second"_s, 2);
+        desk.frm->tick();
         desk.frm->checkEvents();
+        desk.frm->showScreen();
         desk.frm->cmdSnooze(); // nothing selected
         QCOMPARE(desk.listed(), u"First,Second"_s);
         desk.select(first);
+        QVERIFY(!desk.frm->timer1Enabled());
         desk.frm->cmdSnooze();
         QCOMPARE(desk.listed(), u"Second"_s);
+        QVERIFY(!desk.frm->timer1Enabled());
         desk.frm->cmdDismiss(); // the event put off is no longer selected
         QCOMPARE(desk.stored(u"Count(*)"_s), u"2"_s);
         QVERIFY(!desk.frm->isVisible());
+        for (void (FrmReminder::*putOff)() : {&FrmReminder::cmdCloseAll, &FrmReminder::cmdSnoozeAll}) {
+            desk.frm->tick();
+            QVERIFY(!desk.frm->timer1Enabled());
+            desk.frm->checkEvents();
+            (*desk.frm.*putOff)();
+            QVERIFY(!desk.frm->isVisible() && desk.frm->timer1Enabled());
+        }
+        desk.frm->tick();
         desk.lookAndSelect(second);
         QCOMPARE(desk.listed(), u"First,Second*"_s);
         desk.frm->cmdDismiss();
         QCOMPARE(desk.stored(u"Event"_s), u"First"_s);
-        QVERIFY(desk.frm->isVisible());
+        QVERIFY(desk.frm->isVisible() && !desk.frm->timer1Enabled());
         desk.select(first);
-        desk.frm->cmdSnooze();
+        desk.frm->cmdSnooze(); // the last one
         QVERIFY(!desk.frm->isVisible() && desk.frm->timer1Enabled());
+        desk.addEvent(u"Third"_s, 3);
+        desk.frm->tick();
+        desk.lookAndSelect(first);
+        desk.frm->cmdOk();
+        QVERIFY(desk.frm->isVisible() && desk.frm->timer1Enabled());
     }
 
     void intervalIsKeptWhenItIsOne_data()
