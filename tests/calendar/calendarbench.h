@@ -2,36 +2,13 @@
 #pragma once
 
 #include "calendar/frmevcal.h"
-#include "support/world.h"
+#include "calendar/screenbench.h"
 
 #include <QSignalSpy>
 
-#include <functional>
-
-using namespace Qt::StringLiterals;
-
-/// Opens the calendar as the shell does, and lets the test work in it while it is open.
-class CalendarNavigator : public Navigator
-{
-public:
-    FrmEvCal* calendar = nullptr;
-    std::function<void()> whileOpen;
-
-    [[nodiscard]] bool hasScreen(const QString&) const override { return true; }
-    void openScreen(const QString& screen) override
-    {
-        QCOMPARE(screen, u"FrmEvCal"_s);
-        calendar->load();
-        if (whileOpen)
-            whileOpen();
-        calendar->unload();
-    }
-    void openHelp(int) override {}
-};
-
-/// World and calendar on a small campaign: Acme (company 1) with Ana Ruiz (1), Mary Ann Smith (2) and the
-/// position Engineer (1); Bolt (2) with another Ana Ruiz (3). It is Sunday, 11/22/2026, half past nine.
-class CalendarBench
+/// The calendar on a small campaign: Acme (company 1) with Ana Ruiz (1), Mary Ann Smith (2) and the position
+/// Engineer (1); Bolt (2) with another Ana Ruiz (3). It is Sunday, 11/22/2026, half past nine.
+class CalendarBench : public ScreenBench
 {
 public:
     CalendarBench()
@@ -41,17 +18,18 @@ public:
         for (const QString& person : {u"'Ana','Ruiz',1"_s, u"'Mary Ann','Smith',1"_s, u"'Ana','Ruiz',2"_s})
             run(u"Insert into Contact(FirstName,LastName,CompanyKey) Values("_s + person + u')');
         run(u"Insert into Position(Title,CompanyKey) Values('Engineer',1)"_s);
-        navigator.calendar = &calendar;
     }
 
-    World world;
-    CalendarNavigator navigator;
-    FrmEvCal calendar{*world.session, navigator};
+    FrmEvCal calendar{*world.session, doors};
 
-    DataJW& data() { return world.data(); }
-    Form& form() { return calendar.form(); }
-    QString shown(const QString& control) { return form().text(control); }
-    void run(const QString& statement) { QVERIFY2(data().execQuery(statement), qPrintable(statement)); }
+    /// What the controls show, with "|" between them.
+    QString shown(const QString& controls)
+    {
+        QStringList texts;
+        for (const QString& control : controls.split(u' '))
+            texts.append(calendar.form().text(control));
+        return texts.join(u'|');
+    }
     /// Puts an entry in; time as "10:30 AM", "" for none.
     void addEvent(const QString& date, const QString& time, const QString& name = u"Interview"_s,
                   const QString& type = u"Event"_s, const QString& complete = {})
@@ -62,24 +40,18 @@ public:
             name + u"','" + date + u"','" + time.section(u' ', 0, 0) + u"','1','" + time.section(u' ', 1) +
             u"','0','0','" + type + u"','" + complete + u"','')");
     }
+    void addTask(const QString& date, const QString& name, const QString& complete = {})
+    {
+        addEvent(date, {}, name, u"Task"_s, complete);
+    }
+    /// Columns of all entries, as cells() has them.
+    QString stored(const QString& columns) { return cells(u"Select "_s + columns + u" from Event"); }
     /// Changes a control as a view reports it.
     void type(const QString& control, const QString& text)
     {
-        form().edit(control, text);
+        calendar.form().edit(control, text);
         calendar.fieldChanged(control);
         calendar.fieldLeft(control);
-    }
-    /// The cells of a statement's rows, "a|b" a row and ";" between rows.
-    QString cells(const QString& statement)
-    {
-        QStringList rows;
-        for (RecordSet set = data().getExecQueryRecords(statement); !set.atEnd(); set.next()) {
-            QStringList row;
-            for (int column = 0; column < set.columnCount(); ++column)
-                row.append(set.text(column));
-            rows.append(row.join(u'|'));
-        }
-        return rows.join(u';');
     }
     /// The grid: "day key text" of each chip, joined with ";".
     QString chips()
@@ -99,5 +71,28 @@ public:
         for (const ListRow& row : calendar.lvwAct().rows())
             all << row.key + u' ' + row.texts.join(u' ');
         return all.join(u';');
+    }
+};
+
+/// The calendar with a new event on 11/24 in its frame.
+struct NewEvent : CalendarBench
+{
+    NewEvent()
+    {
+        calendar.load();
+        calendar.newEvent({2026, 11, 24});
+    }
+};
+
+/// The calendar with a stored interview on 11/24 in its frame.
+struct StoredEvent : CalendarBench
+{
+    explicit StoredEvent(const QString& time = u"10:30 AM"_s, const QString& columns = {})
+    {
+        addEvent(u"11/24/2026"_s, time);
+        if (!columns.isEmpty())
+            run(u"Update Event set "_s + columns);
+        calendar.load();
+        calendar.openEntry(u"EV1"_s);
     }
 };

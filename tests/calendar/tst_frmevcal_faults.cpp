@@ -3,46 +3,30 @@
 
 #include <QTest>
 
-#include <sqlite3.h>
-
 namespace {
 
-/// Lets the i-th statement of @p act fail; answers its text, "" when there were fewer.
-QString failing(CalendarBench& bench, int i, const std::function<void()>& act)
-{
-    QString failed;
-    int count = 0;
-    bench.data().database().setInterceptor([&](QStringView statement) {
-        if (count++ != i)
-            return;
-        failed = statement.toString();
-        throw StoreError(u"failed on purpose"_s, 1, u"test"_s);
-    });
-    act();
-    bench.data().database().setInterceptor({});
-    return failed;
-}
-
 /// An interview opened and with a new description typed: of Bolt's Ana Ruiz for the position Welder (2), or
-/// of her namesake at Acme for no position.
-void furnish(CalendarBench& bench, bool atBolt = true)
+/// of her namesake at Acme for no position. Every question is answered with Yes.
+struct EditedEvent : StoredEvent
 {
-    bench.run(u"Insert into Position(Title,CompanyKey) Values('Welder',2)"_s);
-    bench.addEvent(u"11/24/2026"_s, u"10:30 AM"_s);
-    bench.run(u"Update Event set Description='old', "_s +
-              (atBolt ? u"CompanyKey=2, ContactKey=3, PositionKey=2"_s : u"CompanyKey=1, ContactKey=1"_s) +
-              u" where EventKey=1");
-    bench.calendar.load();
-    bench.calendar.openEntry(u"EV1"_s);
-    bench.type(u"txtEvDescription"_s, u"new"_s);
-    bench.world.prompts.acceptAll(Answer::Yes); // yes to the placeholder, and every failure's message
-}
-
-QString state(CalendarBench& bench)
-{
-    return bench.cells(u"Select EventKey,Description,PositionKey,ContactKey,CompanyKey from Event"_s) + u' ' +
-           QString::number(bench.data().getCount(u"EventRecovery"_s, true));
-}
+    explicit EditedEvent(bool atBolt = true)
+        : StoredEvent(u"10:30 AM"_s,
+                      u"Description='old', "_s + (atBolt ? u"CompanyKey=2, ContactKey=3, PositionKey=2"_s
+                                                         : u"CompanyKey=1, ContactKey=1"_s))
+    {
+        run(u"Insert into Position(Title,CompanyKey) Values('Welder',2)"_s);
+        calendar.closeEvent();
+        calendar.openEntry(u"EV1"_s);
+        type(u"txtEvDescription"_s, u"new"_s);
+        world.prompts.acceptAll(Answer::Yes);
+    }
+    QString state()
+    {
+        return stored(u"EventKey,Description,PositionKey,ContactKey,CompanyKey"_s) + u' ' +
+               QString::number(data().getCount(u"EventRecovery"_s, true));
+    }
+    QString mended() { return stored(u"Description,PositionKey,ContactKey,CompanyKey"_s); }
+};
 
 struct Fault
 {
@@ -66,6 +50,7 @@ const std::vector<Fault> faults{
     {u"INSERT into EventRecovery("_s, u"2|new|2|3|2 0"_s},
     {u"Select * from Event Order by EventKey DESC"_s, after},
     {u"Select * from Event Order by EventDate"_s, after},
+    {{}, after}, // no further call
 };
 
 } // namespace
@@ -75,52 +60,35 @@ class TestFrmEvCalFaults : public QObject
     Q_OBJECT
 
 private slots:
-    void everyStepOfASaveMayFail_data()
-    {
-        QTest::addColumn<int>("step");
-        for (size_t i = 0; i < faults.size(); ++i)
-            QTest::addRow("%02zu %s", i, qPrintable(faults[i].statement)) << int(i);
-    }
-
     void everyStepOfASaveMayFail()
     {
-        QFETCH(int, step);
-        const Fault& fault = faults.at(size_t(step));
-        CalendarBench bench;
-        furnish(bench);
-        const QString failed = failing(bench, step, [&] { bench.calendar.cmdAdd1(); });
-        QVERIFY2(failed.startsWith(fault.statement), qPrintable(failed));
-        QCOMPARE(state(bench), fault.left);
-        QVERIFY(bench.world.errorLog().contains(u"failed on purpose"_s));
-        // What was typed is still there, and what is not all in the store counts as unsaved.
-        const bool stored = fault.left.startsWith(u"2|new");
-        QVERIFY(stored || (bench.calendar.isFrameOpen() && bench.calendar.isFrameDirty()));
-        QCOMPARE(bench.shown(u"txtEvDescription"_s), u"new"_s);
-
-        bench.calendar.reload();
-        if (!bench.calendar.isFrameOpen())
-            bench.calendar.openEntry(u"EV1"_s);
-        bench.calendar.cmdAdd1();
-        const QString mended =
-            bench.cells(u"Select Description,PositionKey,ContactKey,CompanyKey from Event"_s);
-        QCOMPARE(mended, u"new|2|3|2"_s); // one row, whatever had been left
-        QCOMPARE(bench.chips().count(u"EV"_s), 1);
-    }
-
-    void saveHasNoFurtherSteps()
-    {
-        CalendarBench bench;
-        furnish(bench);
-        QCOMPARE(failing(bench, int(faults.size()), [&] { bench.calendar.cmdAdd1(); }), QString());
+        for (size_t step = 0; step < faults.size(); ++step) {
+            EditedEvent bench;
+            const QString failed = bench.failing(int(step), [&] { bench.calendar.cmdAdd1(); });
+            const QByteArray place = QString(QString::number(step) + u' ' + failed).toUtf8();
+            QVERIFY2(failed.startsWith(faults[step].statement), place);
+            QVERIFY2(bench.state() == faults[step].left, place);
+            QVERIFY2(failed.isEmpty() || bench.world.errorLog().contains(u"failed on purpose"_s), place);
+            // What was typed is still there, and what is not all in the store counts as unsaved.
+            const bool stored = faults[step].left.startsWith(u"2|new");
+            QVERIFY2(stored || (bench.calendar.isFrameOpen() && bench.calendar.isFrameDirty()), place);
+            QCOMPARE(bench.shown(u"txtEvDescription"_s), u"new"_s);
+            bench.calendar.reload();
+            if (!bench.calendar.isFrameOpen())
+                bench.calendar.openEntry(u"EV1"_s);
+            bench.calendar.cmdAdd1();
+            QVERIFY2(bench.mended() == u"new|2|3|2", place); // one row, whatever had been left
+            QCOMPARE(bench.chips().count(u"EV"_s), 1);
+            QCOMPARE(failed.isEmpty(), step + 1 == faults.size());
+        }
     }
 
     void placeholderIsMadeOnceWhateverFails()
     {
         for (int i = 0;; ++i) {
-            CalendarBench bench;
-            furnish(bench, false);
-            const QString failed = failing(bench, i, [&] { bench.calendar.cmdAdd1(); });
-            QVERIFY2(bench.cells(u"Select Description from Event"_s) == u"new" ||
+            EditedEvent bench(false);
+            const QString failed = bench.failing(i, [&] { bench.calendar.cmdAdd1(); });
+            QVERIFY2(bench.stored(u"Description"_s) == u"new" ||
                          (bench.calendar.isFrameDirty() && bench.shown(u"txtEvDescription"_s) == u"new"),
                      qPrintable(failed));
             if (failed.isEmpty())
@@ -128,64 +96,50 @@ private slots:
             if (!bench.calendar.isFrameOpen())
                 bench.calendar.openEvent(2);
             bench.calendar.cmdAdd1();
-            QCOMPARE(bench.cells(u"Select Description,PositionKey,ContactKey,CompanyKey from Event"_s),
-                     u"new|3|1|1"_s);
+            QCOMPARE(bench.mended(), u"new|3|1|1"_s);
             QCOMPARE(bench.cells(u"Select Title,ContactList from Position where CompanyKey=1"_s),
                      u"Engineer|;Position34200|1"_s);
         }
     }
 
-    void failedChangeWithoutTheFrameLeavesTheScreenAsItIs_data()
-    {
-        QTest::addColumn<QString>("what");
-        for (const QString& what : {u"drop"_s, u"flip"_s, u"remove"_s})
-            QTest::newRow(qPrintable(what)) << what;
-    }
-
     void failedChangeWithoutTheFrameLeavesTheScreenAsItIs()
     {
-        QFETCH(QString, what);
-        CalendarBench bench;
-        bench.addEvent(u"11/24/2026"_s, u""_s, u"Thank"_s, u"Task"_s);
-        bench.calendar.load();
-        bench.calendar.openEntry(u"A1"_s);
-        bench.world.prompts.acceptAll(Answer::Yes);
-        QSignalSpy recordsChanged(&bench.calendar, &FrmEvCal::recordsChanged);
-        const auto act = [&] {
-            if (what == u"drop")
-                bench.calendar.dropOn(u"A1"_s, QDate(2026, 11, 20));
-            else if (what == u"flip")
-                bench.calendar.flipTask(u"A1"_s);
-            else
-                bench.calendar.removeEntry(u"A1"_s);
-        };
-        QVERIFY(!failing(bench, 0, act).isEmpty());
-        QCOMPARE(recordsChanged.size(), 0);
-        QCOMPARE(bench.tasks(), u"A1 Thank 11/24 due"_s);
-        QVERIFY(bench.calendar.isFrameOpen());
-        QCOMPARE(bench.calendar.frameDate(), QDate(2026, 11, 24));
-        act();
-        QCOMPARE(recordsChanged.size(), 1);
-        QVERIFY(bench.tasks() != u"A1 Thank 11/24 due");
+        using Change = std::function<void(FrmEvCal&)>;
+        for (const Change& change : {Change([](auto& frm) {
+                                         frm.dropOn(u"A1"_s, {2026, 11, 20});
+                                     }),
+                                     Change([](auto& frm) { frm.flipTask(u"A1"_s); }),
+                                     Change([](auto& frm) { frm.removeEntry(u"A1"_s); })}) {
+            CalendarBench bench;
+            bench.addTask(u"11/24/2026"_s, u"Thank"_s);
+            bench.calendar.load();
+            bench.calendar.openEntry(u"A1"_s);
+            bench.world.prompts.acceptAll(Answer::Yes);
+            QSignalSpy recordsChanged(&bench.calendar, &FrmEvCal::recordsChanged);
+            QVERIFY(!bench.failing(0, [&] { change(bench.calendar); }).isEmpty());
+            QCOMPARE(recordsChanged.size(), 0);
+            QCOMPARE(bench.tasks(), u"A1 Thank 11/24 due"_s);
+            QVERIFY(bench.calendar.isFrameOpen());
+            QCOMPARE(bench.calendar.frameDate(), QDate(2026, 11, 24));
+            change(bench.calendar);
+            QCOMPARE(recordsChanged.size(), 1);
+            QVERIFY(bench.tasks() != u"A1 Thank 11/24 due");
+        }
     }
 
     void fullDiskLeavesTheStoreAsItWas()
     {
-        CalendarBench bench;
-        furnish(bench);
+        EditedEvent bench;
         bench.type(u"txtEvDescription"_s, QString(300'000, u'n'));
-        sqlite3* const handle = bench.data().database().handle();
-        sqlite3_exec(handle, "PRAGMA max_page_count=1", nullptr, nullptr,
-                     nullptr); // no page more than there are
+        bench.setDiskFull(true);
         bench.calendar.cmdAdd1();
-        QCOMPARE(state(bench), before);
+        QCOMPARE(bench.state(), before);
         QVERIFY(bench.world.prompts.asked().last().contains(u"The database is as it was before."));
         QVERIFY(bench.calendar.isFrameDirty());
         QCOMPARE(bench.shown(u"txtEvDescription"_s).size(), 300'000);
-
-        sqlite3_exec(handle, "PRAGMA max_page_count=1000000", nullptr, nullptr, nullptr);
+        bench.setDiskFull(false);
         bench.calendar.cmdAdd1();
-        QCOMPARE(bench.cells(u"Select Description from Event"_s).size(), 300'000);
+        QCOMPARE(bench.stored(u"Description"_s).size(), 300'000);
     }
 };
 

@@ -2,10 +2,9 @@
 #include "calendar/icalendar.h"
 
 #include "base/dates.h"
+#include "support/table.h"
 
 #include <libical/ical.h>
-
-#include <QTest>
 
 #include <QRegularExpression>
 
@@ -13,6 +12,9 @@
 #include <memory>
 
 using namespace Qt::StringLiterals;
+
+using FieldOfEntry = QString JWevent::*;
+Q_DECLARE_METATYPE(FieldOfEntry)
 
 namespace {
 
@@ -92,56 +94,44 @@ private slots:
 
     void entryHasOnlyWhatItsTextsSay_data()
     {
-        QTest::addColumn<QString>("field");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("present"); // a line, or the beginning of none behind "-"
-        QTest::newRow("no length") << u"duration"_s << u"0"_s << u"-DTEND"_s;
-        QTest::newRow("odd length") << u"duration"_s << u"long"_s << u"-DTEND"_s;
-        QTest::newRow("length without end") << u"duration"_s << u"1e18"_s << u"-DTEND"_s;
-        QTest::newRow("no reminder") << u"lead"_s << u"0"_s << u"-VALARM"_s;
-        QTest::newRow("odd reminder") << u"lead"_s << u"soon"_s << u"-VALARM"_s;
-        QTest::newRow("reminder without end") << u"lead"_s << u"2147483647"_s << u"-VALARM"_s;
-        QTest::newRow("odd time: the day") << u"time"_s << u"noon"_s << u"DTSTART=20261130"_s;
-        QTest::newRow("no time: the day") << u"time"_s << u"Nodate"_s << u"DTSTART=20261130"_s;
+        // line: one that is there, or the beginning of none behind "-"
+        columns<FieldOfEntry, QString, QString>("field", "text", "line");
+        QTest::newRow("no length") << &JWevent::eventDuration << u"0"_s << u"-DTEND"_s;
+        QTest::newRow("odd length") << &JWevent::eventDuration << u"long"_s << u"-DTEND"_s;
+        QTest::newRow("length without end") << &JWevent::eventDuration << u"1e18"_s << u"-DTEND"_s;
+        QTest::newRow("no reminder") << &JWevent::reminder1 << u"0"_s << u"-VALARM"_s;
+        QTest::newRow("odd reminder") << &JWevent::reminder1 << u"soon"_s << u"-VALARM"_s;
+        QTest::newRow("reminder without end") << &JWevent::reminder1 << u"2147483647"_s << u"-VALARM"_s;
+        QTest::newRow("odd time: the day") << &JWevent::eventTime << u"noon"_s << u"DTSTART=20261130"_s;
+        QTest::newRow("no time: the day") << &JWevent::eventTime << u"Nodate"_s << u"DTSTART=20261130"_s;
     }
-
     void entryHasOnlyWhatItsTextsSay()
     {
-        QFETCH(QString, field);
-        QFETCH(QString, text);
-        QFETCH(QString, present);
+        QFETCH(FieldOfEntry, field);
+        FETCH(QString, text, line);
         JWevent entry = interview();
-        (field == u"duration" ? entry.eventDuration
-         : field == u"lead"   ? entry.reminder1
-                              : entry.eventTime) = text;
+        entry.*field = text;
         const QStringList lines = readBack(entry);
         QVERIFY(lines.contains(u"VEVENT"_s));
-        if (present.startsWith(u'-'))
-            QVERIFY2(lines.filter(QRegularExpression(u'^' + present.mid(1))).isEmpty(),
-                     qPrintable(lines.join(u'\n')));
-        else
-            QVERIFY2(lines.contains(present), qPrintable(lines.join(u'\n')));
+        const bool met = line.startsWith(u'-')
+                             ? lines.filter(QRegularExpression(u'^' + line.mid(1))).isEmpty()
+                             : lines.contains(line);
+        QVERIFY2(met, qPrintable(lines.join(u'\n')));
     }
 
     void taskIsDueOnItsDay()
     {
         JWevent entry = task(QDate(2026, 11, 30));
-        QVERIFY(readBack(entry).contains(u"DUE=20261130"_s));
-        QVERIFY(readBack(entry).contains(u"PRIORITY=1"_s));
-        QVERIFY(readBack(entry).contains(u"STATUS=NEEDS-ACTION"_s));
+        for (const QString& line : {u"DUE=20261130"_s, u"PRIORITY=1"_s, u"STATUS=NEEDS-ACTION"_s})
+            QVERIFY2(readBack(entry).contains(line), qPrintable(line));
         entry.complete = u"Complete"_s;
         QVERIFY(readBack(entry).contains(u"STATUS=COMPLETED"_s));
     }
 
-    void taskWithoutDateHasNoDue()
+    void entryWithoutDateHasNoDueAndNoPlaceAmongEvents()
     {
         const QStringList lines = readBack(task(dates::sentinel));
-        QVERIFY(lines.contains(u"VTODO"_s));
-        QVERIFY(lines.filter(u"DUE="_s).isEmpty());
-    }
-
-    void eventWithoutDateIsLeftOut()
-    {
+        QVERIFY(lines.contains(u"VTODO"_s) && lines.filter(u"DUE="_s).isEmpty());
         JWevent entry = interview();
         entry.eventDate = dates::sentinel;
         QVERIFY(!readBack(entry).contains(u"VEVENT"_s));

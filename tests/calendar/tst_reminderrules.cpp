@@ -1,7 +1,6 @@
 // Which events are spoken of at a moment, and how urgently, around every boundary.
 #include "calendar/reminderrules.h"
-
-#include <QTest>
+#include "support/table.h"
 
 using namespace Qt::StringLiterals;
 
@@ -26,9 +25,8 @@ private slots:
     void initTestCase() { qputenv("TZ", "America/New_York"); }
     void eventIsJudgedByHoursLeftAndLead_data()
     {
-        QTest::addColumn<int>("minutes"); // from now to the event
-        QTest::addColumn<QString>("lead");
-        QTest::addColumn<QString>("result"); // "" when it is not spoken of
+        // minutes from now to the event; no result: it is not spoken of
+        columns<int, QString, QString>("minutes", "lead", "result");
         const auto row = [](const char* name, int minutes, const QString& lead, const QString& result) {
             QTest::newRow(name) << minutes << lead << result;
         };
@@ -60,8 +58,7 @@ private slots:
     void eventIsJudgedByHoursLeftAndLead()
     {
         QFETCH(int, minutes);
-        QFETCH(QString, lead);
-        QFETCH(QString, result);
+        FETCH(QString, lead, result);
         const auto verdict = ReminderRules(now).judge(at(now.addSecs(60 * minutes), lead));
         if (result == u"unreadable") {
             QVERIFY(!verdict);
@@ -76,38 +73,31 @@ private slots:
 
     void momentIsReadFromDateTimeAndHalf_data()
     {
-        QTest::addColumn<QString>("date");
-        QTest::addColumn<QString>("time");
-        QTest::addColumn<QString>("ampm");
-        QTest::addColumn<QString>("moment"); // "" when it cannot be read
-        const QString day = u"11/20/2026"_s;
-        QTest::newRow("morning") << day << u"9:05"_s << u"AM"_s << u"2026-11-20 09:05"_s;
-        QTest::newRow("noon") << day << u"12:30"_s << u"PM"_s << u"2026-11-20 12:30"_s;
-        QTest::newRow("midnight") << day << u"12:30"_s << u"AM"_s << u"2026-11-20 00:30"_s;
-        QTest::newRow("24-hour clock") << day << u"14:30"_s << QString() << u"2026-11-20 14:30"_s;
-        QTest::newRow("blanks") << day << u" 9:05 "_s << u" pm"_s << u"2026-11-20 21:05"_s;
-        QTest::newRow("day alone") << day << QString() << QString() << u"2026-11-20 00:00"_s;
-        QTest::newRow("no date") << QString() << u"9:05"_s << u"AM"_s << u"1899-12-30 09:05"_s;
-        QTest::newRow("summer time skips it")
-            << u"3/14/2027"_s << u"2:30"_s << u"AM"_s << u"2027-03-14 02:30"_s;
-        QTest::newRow("as stored") << u"2026-11-20"_s << u"9:05"_s << u"PM"_s << u"2026-11-20 21:05"_s;
-        QTest::newRow("words") << day << u"noon"_s << u"PM"_s << QString();
-        QTest::newRow("no such time") << day << u"25:00"_s << QString() << QString();
-        QTest::newRow("no such half") << day << u"9:05"_s << u"XM"_s << QString();
-        QTest::newRow("a half without a time") << day << QString() << u"AM"_s << QString();
-        QTest::newRow("two times") << u"11/20/2026 2:05:00 PM"_s << u"9:05"_s << u"AM"_s << QString();
-        QTest::newRow("no such day") << u"2/30/2026"_s << u"9:05"_s << u"AM"_s << QString();
-        QTest::newRow("endless") << day << QString(100000, u'9') << u"AM"_s << QString();
+        columns<QString, QString>("values", "moment"); // date, time and half; "" when unreadable
+        const auto row = [](const char* name, const QString& values, const QString& moment) {
+            QTest::newRow(name) << values << moment;
+        };
+        row("morning", u"11/20/2026|9:05|AM"_s, u"2026-11-20 09:05"_s);
+        row("noon", u"11/20/2026|12:30|PM"_s, u"2026-11-20 12:30"_s);
+        row("midnight", u"11/20/2026|12:30|AM"_s, u"2026-11-20 00:30"_s);
+        row("24-hour clock", u"11/20/2026|14:30|"_s, u"2026-11-20 14:30"_s);
+        row("blanks", u"11/20/2026| 9:05 | pm"_s, u"2026-11-20 21:05"_s);
+        row("day alone", u"11/20/2026||"_s, u"2026-11-20 00:00"_s);
+        row("no date", u"|9:05|AM"_s, u"1899-12-30 09:05"_s);
+        row("summer time skips it", u"3/14/2027|2:30|AM"_s, u"2027-03-14 02:30"_s);
+        row("as stored", u"2026-11-20|9:05|PM"_s, u"2026-11-20 21:05"_s);
+        row("endless", u"11/20/2026|"_s + QString(100000, u'9') + u"|AM", {});
+        for (const QString& odd :
+             {u"11/20/2026|noon|PM"_s, u"11/20/2026|25:00|"_s, u"11/20/2026|9:05|XM"_s, u"11/20/2026||AM"_s,
+              u"11/20/2026 2:05:00 PM|9:05|AM"_s, u"2/30/2026|9:05|AM"_s})
+            row(qPrintable(odd), odd, {});
     }
-
     void momentIsReadFromDateTimeAndHalf()
     {
-        QFETCH(QString, date);
-        QFETCH(QString, time);
-        QFETCH(QString, ampm);
-        QFETCH(QString, moment);
-        const auto verdict = ReminderRules(now).judge({date, time, ampm, u"0"_s});
-        QCOMPARE(verdict ? verdict->moment.toString(u"yyyy-MM-dd HH:mm"_s) : QString(), moment);
+        QFETCH(QString, values);
+        const auto part = [&values](int i) { return values.section(u'|', i, i); };
+        const auto verdict = ReminderRules(now).judge({part(0), part(1), part(2), u"0"_s});
+        QTEST(verdict ? verdict->moment.toString(u"yyyy-MM-dd HH:mm"_s) : QString(), "moment");
     }
 
     void eventWithoutTimeStandsWhereTheOneBeforeItStood()

@@ -1,32 +1,21 @@
 // What the closing of a history leaves when a statement or the disk fails, and that another try mends it.
 #include "history/historybench.h"
 
-#include <sqlite3.h>
-
 namespace {
 
 /// Three stored histories, a position that follows them, and an edit of each kind on the open screen.
-void furnish(HistoryBench& bench)
+struct EditedHistory : HistoryBench
 {
-    bench.fill(3);
-    bench.addPosition(u"Planner"_s, u"1"_s);
-    bench.open();
-    bench.choose(1);
-    bench.type(u"cmbReturn"_s, u"Follow-up"_s);
-    bench.history.cmdAddHistory();
-    bench.choose(4);
-    bench.type(u"DTPContact"_s, u"2026-11-20"_s);
-    bench.type(u"txtTopic"_s, u"New one"_s);
-    bench.type(u"chkDoxGiven"_s, u"1"_s);
-    bench.history.cmdAddHistory();
-}
-
-QString state(HistoryBench& bench)
-{
-    return QStringList{bench.stored(), bench.lastContact(),
-                       bench.cells(u"Select InfoFollow,SentResume,SentResumeMedium from Position"_s)}
-        .join(u" / ");
-}
+    EditedHistory()
+    {
+        fill(3);
+        addPosition(u"Planner"_s, u"1"_s);
+        open();
+        put(1, u"2024-01-02"_s, u"Talk 1"_s, u"Follow-up"_s);
+        put(4, u"2026-11-20"_s, u"New one"_s, {}, u"1"_s);
+    }
+    QString state() { return QStringList{stored(), lastContact(), steps(u"Planner"_s)}.join(u" / "); }
+};
 
 } // namespace
 
@@ -37,49 +26,39 @@ class TestFrmHistoryFaults : public QObject
 private slots:
     void anyFailedStepIsToldAndMendedByAnotherTry()
     {
-        HistoryBench undisturbed;
-        furnish(undisturbed);
-        const QString before = state(undisturbed);
-        QVERIFY(undisturbed.history.unload());
-        const QString after = state(undisturbed);
-        size_t steps = 0;
+        EditedHistory undisturbed;
+        const QString before = undisturbed.state();
+        undisturbed.close();
+        const QString after = undisturbed.state();
+        int steps = 0;
         for (;; ++steps) {
-            HistoryBench bench;
-            furnish(bench);
+            EditedHistory bench;
             bench.world.prompts.acceptAll(Answer::Yes);
-            QString failed;
             bool closed = false;
-            bench.failing(
-                [&](size_t i, QStringView statement) {
-                    if (i == steps)
-                        failed = statement.toString();
-                    return i == steps;
-                },
-                [&] { closed = bench.history.unload(); });
+            const QString failed = bench.failing(steps, [&] { closed = bench.history.unload(); });
             if (failed.isEmpty())
                 break;
-            const QByteArray place = QByteArray::number(qulonglong(steps)) + ' ' + failed.toUtf8();
-            QVERIFY2(bench.world.errorLog().contains(QString(u"Query: " + failed)), place.constData());
+            const QByteArray place = QString(QString::number(steps) + u' ' + failed).toUtf8();
+            QVERIFY2(bench.world.errorLog().contains(QString(u"Query: " + failed)), place);
             if (failed.startsWith(u"Delete"))
-                QCOMPARE(state(bench), before);
+                QCOMPARE(bench.state(), before);
             // A refusal to name the position or the like only leaves its step as it was.
             if (!closed) {
-                QVERIFY2(bench.world.prompts.asked().last().contains(u"try again"_s), place.constData());
-                QCOMPARE(bench.listed(), (QStringList{u"Talk 1"_s, u"Talk 2"_s, u"Talk 3"_s, u"New one"_s}));
-                QVERIFY2(bench.history.unload(), place.constData());
+                QVERIFY2(bench.world.prompts.asked().last().contains(u"try again"_s), place);
+                QCOMPARE(bench.listed(), u"Talk 1,Talk 2,Talk 3,New one"_s);
+                QVERIFY2(bench.history.unload(), place);
             }
-            QVERIFY2(state(bench) == after, place.constData());
+            QVERIFY2(bench.state() == after, place);
         }
         QVERIFY2(steps > 12, "the closing was not swept");
     }
 
     void entryThatWasRefusedIsNamedAndTheOthersAreStored()
     {
-        HistoryBench bench;
-        furnish(bench);
+        EditedHistory bench;
         bench.world.prompts.expect(u"Talk 2"_s, Answer::No);
         bench.failing(
-            [](size_t, QStringView statement) {
+            [](int, QStringView statement) {
                 return statement.startsWith(u"INSERT") && statement.contains(u"Talk 2");
             },
             [&] { QVERIFY2(bench.history.unload(), "the user had wanted to leave"); });
@@ -91,23 +70,19 @@ private slots:
 
     void fullDiskLeavesTheStoreAsItWas()
     {
-        HistoryBench bench;
-        furnish(bench);
+        EditedHistory bench;
         bench.choose(2);
         bench.type(u"txtDetails"_s, QString(200'000, u'x'));
         bench.history.cmdAddHistory();
-        const QString before = state(bench);
-        const auto limit = [&bench](const char* pages) {
-            sqlite3_exec(bench.data().database().handle(), pages, nullptr, nullptr, nullptr);
-        };
-        limit("PRAGMA max_page_count=1");
+        const QString before = bench.state();
+        bench.setDiskFull(true);
         bench.world.prompts.expect(u"The change was not saved"_s);
         bench.world.prompts.expect(u"try again"_s, Answer::Yes);
         QVERIFY(!bench.history.unload());
-        QCOMPARE(state(bench), before);
+        QCOMPARE(bench.state(), before);
         QVERIFY(bench.history.historyDirty());
-        limit("PRAGMA max_page_count=1000000");
-        QVERIFY(bench.history.unload());
+        bench.setDiskFull(false);
+        bench.close();
         QCOMPARE(bench.cells(u"Select Details from History where HistoryKey='1-2'"_s).size(), 200'000);
     }
 };

@@ -1,15 +1,11 @@
 // The Document screen in the workbench's window, with keys and mouse on a real store.
 #include "support/table.h"
-#include "views/windowbench.h"
-#include "workbench/documentscreen.h"
-
 #include "views/common/kindtree.h"
+#include "views/windowbench.h"
 
-#include <QCheckBox>
 #include <QDateEdit>
 #include <QDropEvent>
 #include <QMimeData>
-#include <QPlainTextEdit>
 #include <QRadioButton>
 
 namespace {
@@ -24,27 +20,19 @@ public:
         for (const QString& name : names)
             run(u"Insert into Document(Document,Version,Style,Notes,Path,Type) Values('" + name +
                 u"','1.0','000000000000','','/files/" + name + u"','Cover')");
-        run(u"Insert into Contact(FirstName,LastName,DocumentList,CompanyKey) Values('Ann','Lee','1',1)"_s);
         open();
         press(Qt::Key_4, Qt::ControlModifier);
     }
-    KindTree* tree(const QString& name = u"tvwDocs"_s) { return find<KindTree>(name); }
-    /// The row of a tree or list, from 0.
-    QModelIndex row(KindTree* in, int number)
+    KindTree* tree() { return find<KindTree>(u"tvwDocs"_s); }
+    /// Clicks the document of a row, from 0; answers where.
+    QPoint choose(int row)
     {
-        return in->model()->index(number, 0, in->model()->index(0, 0));
+        const QModelIndex index = tree()->model()->index(row, 0, tree()->model()->index(0, 0));
+        tree()->scrollTo(index);
+        const QPoint place = tree()->visualRect(index).center();
+        QTest::mouseClick(tree()->viewport(), Qt::LeftButton, {}, place);
+        return place;
     }
-    void click(KindTree* in, int number)
-    {
-        in->scrollTo(row(in, number));
-        QTest::mouseClick(in->viewport(), Qt::LeftButton, {}, in->visualRect(row(in, number)).center());
-    }
-    void doubleClick(KindTree* in, int number)
-    {
-        click(in, number);
-        QTest::mouseDClick(in->viewport(), Qt::LeftButton, {}, in->visualRect(row(in, number)).center());
-    }
-    void push(const QString& button) { QTest::mouseClick(find<QPushButton>(button), Qt::LeftButton); }
     QString makeFile(const QString& name)
     {
         QFile file(world.folder.filePath(name));
@@ -53,10 +41,10 @@ public:
         return file.fileName();
     }
     /// What the list makes of a drop; the action it took, or none.
-    Qt::DropAction drop(const QList<QUrl>& urls, Qt::DropActions possible)
+    Qt::DropAction drop(const QUrl& url, Qt::DropActions possible)
     {
         QMimeData data;
-        data.setUrls(urls);
+        data.setUrls({url});
         QWidget* target = tree()->viewport();
         QDragEnterEvent enter({5, 5}, possible, &data, Qt::LeftButton, {});
         QCoreApplication::sendEvent(target, &enter);
@@ -78,59 +66,54 @@ private slots:
     void chosenFileIsAddedShownAndViewed()
     {
         DocumentWindow bench;
-        bench.world.prompts.expectFile(u"Jobwright - Select Document"_s, bench.makeFile(u"cv.pdf"_s));
+        const QString path = bench.makeFile(u"cv.pdf"_s);
+        bench.world.prompts.expectFile(u"Jobwright - Select Document"_s, path);
         bench.press(Qt::Key_L, Qt::AltModifier);
         // A button's letter presses it for a while.
-        QTRY_COMPARE(bench.line(u"txtFileName"_s)->text(), u"cv.pdf"_s);
+        QTRY_COMPARE(bench.text(u"txtFileName"_s), u"cv.pdf"_s);
         QCOMPARE(bench.find<QDateEdit>(u"dtpEntry"_s)->date(), QDate::currentDate());
-        bench.enter(u"txtVersion"_s);
-        bench.type(u"3.2"_s);
+        bench.enter(u"txtVersion"_s, u"3.2"_s);
         bench.press(Qt::Key_A, Qt::AltModifier);
         QTRY_COMPARE(bench.cells(u"Select Document,Version,Type from Document"_s), u"cv.pdf|3.2|Resume"_s);
         QCOMPARE(bench.tree()->currentIndex().data().toString(), u"cv.pdf"_s);
         QVERIFY(bench.find<QRadioButton>(u"opt1"_s)->isChecked());
-        const QString path = bench.world.folder.filePath(u"cv.pdf"_s);
         bench.press(Qt::Key_V, Qt::AltModifier);
         QTRY_COMPARE(bench.world.desktop.opened, QStringList{path});
-        bench.doubleClick(bench.tree(), 0);
+        QTest::mouseDClick(bench.tree()->viewport(), Qt::LeftButton, {}, bench.choose(0));
         QCOMPARE(bench.world.desktop.opened, (QStringList{path, path}));
     }
 
     void fieldIsSavedBeforeAnotherDocumentIsShown()
     {
         DocumentWindow bench({u"a.pdf"_s, u"b.pdf"_s});
-        bench.click(bench.tree(), 0);
-        bench.enter(u"txtDocNotes"_s);
-        bench.type(u"one\ntwo"_s);
-        bench.click(bench.tree(), 1);
+        bench.choose(0);
+        bench.enter(u"txtDocNotes"_s, u"one\ntwo"_s);
+        bench.choose(1);
         QCOMPARE(bench.cells(u"Select Document,Notes from Document"_s), u"a.pdf|one\r\ntwo;b.pdf|"_s);
-        QVERIFY(bench.find<QPlainTextEdit>(u"txtDocNotes"_s)->toPlainText().isEmpty());
+        QVERIFY(bench.text(u"txtDocNotes"_s).isEmpty());
     }
 
     void fileNotYetAddedSurvivesAVisitToTheList()
     {
         DocumentWindow bench({u"a.pdf"_s});
-        bench.drop({QUrl::fromLocalFile(bench.makeFile(u"new.pdf"_s))}, Qt::CopyAction);
-        bench.enter(u"txtVersion"_s);
-        bench.type(u"5"_s);
-        bench.find<QPlainTextEdit>(u"txtDocNotes"_s)->setFocus();
+        bench.drop(QUrl::fromLocalFile(bench.makeFile(u"new.pdf"_s)), Qt::CopyAction);
+        bench.enter(u"txtVersion"_s, u"5"_s);
+        bench.find(u"txtDocNotes"_s)->setFocus();
         bench.press(Qt::Key_Tab); // the list takes its root as current
         QVERIFY(bench.tree()->hasFocus());
-        QCOMPARE(bench.line(u"txtFileName"_s)->text(), u"new.pdf"_s);
-        bench.push(u"cmdAddDoc1"_s);
+        QCOMPARE(bench.text(u"txtFileName"_s), u"new.pdf"_s);
+        bench.click(u"cmdAddDoc1"_s);
         QCOMPARE(bench.cells(u"Select Document,Version from Document"_s), u"a.pdf|1.0;new.pdf|5"_s);
     }
 
     void droppedFileIsTakenButNeverMoved_data()
     {
-        // url: empty: a file of this machine
-        columns<QString, int, int>("url", "possible", "taken");
-        QTest::newRow("copy or move")
-            << QString() << int(Qt::CopyAction | Qt::MoveAction) << int(Qt::CopyAction);
+        columns<QString, int, int>("url", "possible", "taken"); // no url: a file of this machine
+        const int copyOrMove = Qt::CopyAction | Qt::MoveAction;
+        QTest::newRow("copy or move") << QString() << copyOrMove << int(Qt::CopyAction);
         QTest::newRow("link") << QString() << int(Qt::LinkAction | Qt::CopyAction) << int(Qt::LinkAction);
         QTest::newRow("move only") << QString() << int(Qt::MoveAction) << int(Qt::IgnoreAction);
-        QTest::newRow("web page") << u"https://a.example/cv.pdf"_s << int(Qt::CopyAction)
-                                  << int(Qt::IgnoreAction);
+        QTest::newRow("web page") << u"https://a.example/cv.pdf"_s << copyOrMove << int(Qt::IgnoreAction);
     }
     void droppedFileIsTakenButNeverMoved()
     {
@@ -138,8 +121,8 @@ private slots:
         FETCH(int, possible, taken);
         DocumentWindow bench;
         const QUrl dropped = url.isEmpty() ? QUrl::fromLocalFile(bench.makeFile(u"cv.pdf"_s)) : QUrl(url);
-        QCOMPARE(int(bench.drop({dropped}, Qt::DropActions(possible))), taken);
-        QCOMPARE(bench.line(u"txtFileName"_s)->text(), taken ? u"cv.pdf"_s : QString());
+        QCOMPARE(int(bench.drop(dropped, Qt::DropActions(possible))), taken);
+        QCOMPARE(bench.text(u"txtFileName"_s), taken ? u"cv.pdf"_s : QString());
         QCOMPARE(bench.rows(u"Document"_s), 0);
     }
 };

@@ -6,12 +6,7 @@
 #include "workbench/contactscreen.h"
 #include "workbench/positionscreen.h"
 
-#include <QCheckBox>
-#include <QComboBox>
-#include <QDateEdit>
 #include <QHeaderView>
-#include <QPlainTextEdit>
-#include <QTimer>
 
 namespace {
 
@@ -21,46 +16,39 @@ class HistoryWindow : public WindowBench
 public:
     HistoryWindow()
     {
-        const Key acme = addCompany(u"Acme"_s);
-        addContact(u"Ann"_s, u"Lee"_s, acme);
+        addContact(u"Ann"_s, u"Lee"_s, addCompany(u"Acme"_s));
         run(u"Insert into Position(Title,CompanyKey,ContactList) Values('Planner',1,'1')"_s);
-        addHistory(1, u"10/1/2026"_s, u"Met at the fair"_s, u"10/8/2026"_s);
-        addHistory(2, u"10/5/2026"_s, u"Wrote"_s, u"12/31/1999"_s);
-        addHistory(3, u"10/9/2026"_s, u"Called"_s, u"12/1/2026"_s);
-        navigator.whileOpen = [this] {
-            if (navigator.opened.last() == u"FrmHistory")
-                showDialog();
-        };
+        addHistory(u"1"_s, u"10/1/2026"_s, u"Met at the fair"_s, u"10/8/2026"_s);
+        addHistory(u"2"_s, u"10/5/2026"_s, u"Wrote"_s, u"12/31/1999"_s);
+        addHistory(u"3"_s, u"10/9/2026"_s, u"Called"_s, u"12/1/2026"_s);
         open();
         choose(u"Acme"_s);
+        showAnn();
+    }
+    void showAnn()
+    {
         frm->tabStrip1Click(u"Contact"_s);
         frm->contactScreen().showContact(u"Ann Lee"_s);
     }
-    void addHistory(int count, const QString& day, const QString& topic, const QString& next)
+    void addHistory(const QString& n, const QString& day, const QString& topic, const QString& next)
     {
-        const QString n = QString::number(count);
         run(u"Insert into History(HistoryKey,ContactKey,ContactCount,ContactDate,Topic,NextCall,Details) "
-            "Values('1-"_s +
-            n + u"',1," + n + u",'" + day + u"','" + topic + u"','" + next + u"','details " + n + u"')");
+            "Values('1-%1',1,%1,'%2','%3','%4','details %1')"_s.arg(n, day, topic, next));
     }
     /// Opens the history with its button; @p act is what the user does in it.
     void inHistory(const std::function<void()>& act)
     {
-        m_act = act;
-        QTest::mouseClick(find<QPushButton>(u"cmdHistory1"_s), Qt::LeftButton);
-        QVERIFY2(!m_act, "the history was never open");
+        navigator.whileOpen = [this, act] {
+            if (navigator.opened.last() != u"FrmHistory")
+                return;
+            QVERIFY(frm->history().load(frm->selection().currentContactKey));
+            inDialog<HistoryView>(frm->history(), act);
+            frm->history().unload();
+        };
+        click(u"cmdHistory1"_s);
     }
-
-    template<typename Widget> Widget* there(const QString& name)
-    {
-        auto* widget = dialog->findChild<Widget*>(name);
-        if (!widget)
-            QTest::qFail(qPrintable(u"no control "_s + name), __FILE__, __LINE__);
-        return widget;
-    }
-    HistoryList* list() { return there<HistoryList>(u"lvwHistory"_s); }
-    QString topic() { return there<QLineEdit>(u"txtTopic"_s)->text(); }
-    void click(const QString& button) { QTest::mouseClick(there<QPushButton>(button), Qt::LeftButton); }
+    HistoryList* list() { return find<HistoryList>(u"lvwHistory"_s); }
+    QString topic() { return text(u"txtTopic"_s); }
     QString cell(int row, int column = FrmHistory::TopicColumn)
     {
         return list()->model()->index(row, column).data().toString();
@@ -73,40 +61,20 @@ public:
             texts.append(cell(row).isEmpty() ? cell(row, FrmHistory::DateColumn) : cell(row));
         return texts.join(u", "_s);
     }
-    QPoint placeOf(int row)
+    /// Answers the place that was clicked.
+    QPoint clickRow(int row)
     {
-        return list()->visualRect(list()->model()->index(row, FrmHistory::TopicColumn)).center();
+        const QPoint at = list()->visualRect(list()->model()->index(row, FrmHistory::TopicColumn)).center();
+        QTest::mouseClick(list()->viewport(), Qt::LeftButton, {}, at);
+        return at;
     }
-    void clickRow(int row) { QTest::mouseClick(list()->viewport(), Qt::LeftButton, {}, placeOf(row)); }
-    void clickHeader(FrmHistory::Column column)
+    void sortByTopic()
     {
         QHeaderView& header = *list()->header();
-        QTest::mouseClick(header.viewport(), Qt::LeftButton, {},
-                          QPoint(header.sectionViewportPosition(column) + 20, header.height() / 2));
+        const QPoint at(header.sectionViewportPosition(FrmHistory::TopicColumn) + 20, header.height() / 2);
+        QTest::mouseClick(header.viewport(), Qt::LeftButton, {}, at);
     }
     QString stored() { return cells(u"Select HistoryKey,Topic from History order by ContactCount"_s); }
-
-    HistoryView* dialog = nullptr;
-
-private:
-    void showDialog()
-    {
-        QVERIFY(frm->history().load(frm->selection().currentContactKey));
-        HistoryView view(frm->history(), *layout, window.get());
-        dialog = &view;
-        QTimer::singleShot(0, &view, [this, &view] {
-            if (QTest::qWaitFor([&view] { return QApplication::activeWindow() == &view; }))
-                std::exchange(m_act, {})();
-            if (view.isVisible())
-                QTest::qFail("the dialog was left open", __FILE__, __LINE__);
-            view.hide(); // in case the test has given up before it closed it
-        });
-        view.exec();
-        frm->history().unload();
-        dialog = nullptr;
-    }
-
-    std::function<void()> m_act;
 };
 
 } // namespace
@@ -116,211 +84,166 @@ class TestHistoryView : public QObject
     Q_OBJECT
 
 private slots:
-    void interactionIsEnteredStoredAndFoundAgain();
-    void listIsWalkedAndEditedByKeysAlone();
-    void entriesAreRemovedButTheFirst();
-    void sortingAndMarksLeaveTheSlotsAlone();
-    void searchNarrowsAsOneTypes();
-    void closingThatFailsKeepsTheScreen();
-    void importWaitsForItsVersion();
-    void dialogComesBackAsItWasLeft();
-};
-
-void TestHistoryView::interactionIsEnteredStoredAndFoundAgain()
-{
-    HistoryWindow bench;
-    bench.frm->tabStrip1Click(u"Position"_s);
-    bench.frm->positionScreen().showPosition(u"Planner"_s);
-    const QString before = bench.frm->positionScreen().nextStep();
-    bench.frm->tabStrip1Click(u"Contact"_s);
-    bench.frm->contactScreen().showContact(u"Ann Lee"_s);
-    bench.inHistory([&] {
-        QCOMPARE(QApplication::focusWidget()->objectName(), u"txtTopic"_s);
-        bench.type(u"Élan's plan"_s);
-        auto* medium = bench.there<QComboBox>(u"cmbMedium"_s);
-        medium->setFocus();
-        bench.press(Qt::Key_M); // "Meeting"
-        bench.press(Qt::Key_Delete);
-        QCOMPARE(bench.frm->history().form().text(u"cmbMedium"_s), QString());
-        bench.press(Qt::Key_Home);
-        QTest::mouseClick(bench.there<QCheckBox>(u"chkDoxGiven"_s), Qt::LeftButton, {}, QPoint(8, 8));
-        bench.there<QPlainTextEdit>(u"txtDetails"_s)->setFocus();
-        bench.type(u"one\ntwo"_s);
-        QVERIFY(bench.there<QLabel>(u"lblNote"_s)->text().contains(u"press Update"_s));
-        bench.press(Qt::Key_S, Qt::ControlModifier);
-        QCOMPARE(bench.there<QLabel>(u"lblNote"_s)->text(), QString());
-        QCOMPARE(bench.listed(), u"Met at the fair, Wrote, Called, Élan`s plan, <New>"_s);
-        QCOMPARE(bench.rows(u"History"_s), 3);
-        bench.click(u"cmdClose"_s);
-        QVERIFY(!bench.dialog->isVisible());
-    });
-    QCOMPARE(bench.cells(u"Select Topic,Medium,Details,ContactDate,DocumentXfer from History where "
-                         "HistoryKey='1-4'"_s),
-             u"Élan`s plan|Phone|one\r\ntwo|11/22/2026|1"_s);
-    // The screens behind show what the history has moved, and keep it when they are saved.
-    const QString today = QLocale().toString(QDate(2026, 11, 22), QLocale::ShortFormat);
-    QCOMPARE(bench.line(u"txtDTPicker1"_s)->text(), today);
-    bench.world.prompts.expect(u"Update of Ann Lee is complete."_s);
-    bench.frm->contactScreen().cmdUpdateContact1();
-    QCOMPARE(bench.cells(u"Select LastContact from Contact"_s), u"11/22/2026"_s);
-    QVERIFY(bench.frm->positionScreen().nextStep() != before);
-    QCOMPARE(bench.cells(u"Select SentResume,SentResumeMedium from Position"_s), u"11/22/2026|7"_s);
-    bench.inHistory([&] {
-        bench.clickRow(3);
-        QCOMPARE(bench.there<QPlainTextEdit>(u"txtDetails"_s)->toPlainText(), u"one\ntwo"_s);
-        QCOMPARE(bench.there<QComboBox>(u"cmbMedium"_s)->currentText(), u"Phone"_s);
-        bench.press(Qt::Key_Escape);
-    });
-}
-
-void TestHistoryView::listIsWalkedAndEditedByKeysAlone()
-{
-    HistoryWindow bench;
-    bench.inHistory([&] {
-        bench.press(Qt::Key_F, Qt::ControlModifier);
-        bench.press(Qt::Key_Down);
-        QCOMPARE(QApplication::focusWidget(), bench.list());
-        bench.press(Qt::Key_Up);
-        bench.press(Qt::Key_Up);
-        QCOMPARE(bench.topic(), u"Wrote"_s);
-        bench.press(Qt::Key_Return);
-        QCOMPARE(QApplication::focusWidget()->objectName(), u"txtTopic"_s);
-        bench.press(Qt::Key_End);
-        bench.type(u" a letter\n"_s); // Enter is Update
-        QCOMPARE(bench.cell(1), u"Wrote a letter"_s);
-        bench.type(u" dropped"_s);
-        bench.press(Qt::Key_N, Qt::ControlModifier);
-        QCOMPARE(bench.topic(), QString());
-        bench.press(Qt::Key_Escape);
-        QVERIFY(!bench.dialog->isVisible());
-    });
-    QCOMPARE(bench.stored(), u"1-1|Met at the fair;1-2|Wrote a letter;1-3|Called"_s);
-}
-
-void TestHistoryView::entriesAreRemovedButTheFirst()
-{
-    HistoryWindow bench;
-    bench.inHistory([&] {
-        QVERIFY(!bench.there<QPushButton>(u"cmdRemoveHistory"_s)->isEnabled());
-        bench.clickRow(0);
-        bench.world.prompts.expect(u"You may not remove the first contact history"_s);
-        bench.click(u"cmdRemoveHistory"_s);
-        bench.clickRow(1);
-        bench.world.prompts.expect(u"Are you sure you want to remove this history?"_s, Answer::Yes);
-        bench.click(u"cmdRemoveHistory"_s);
-        QCOMPARE(bench.topic(), u"Called"_s);
-        QCOMPARE(bench.list()->currentIndex().row(), 1);
-        bench.press(Qt::Key_Escape);
-    });
-    QCOMPARE(bench.stored(), u"1-1|Met at the fair;1-2|Called"_s);
-}
-
-void TestHistoryView::sortingAndMarksLeaveTheSlotsAlone()
-{
-    HistoryWindow bench;
-    bench.inHistory([&] {
-        QVERIFY(bench.cell(0, FrmHistory::CallColumn).contains(u"overdue"_s));
-        QVERIFY(!bench.list()->model()->index(0, FrmHistory::CallColumn).data(Qt::DecorationRole).isNull());
-        QVERIFY(!bench.cell(1, FrmHistory::CallColumn).contains(u"overdue"_s));
-        QVERIFY(!bench.cell(2, FrmHistory::CallColumn).contains(u"overdue"_s));
-        bench.clickHeader(FrmHistory::TopicColumn);
-        QCOMPARE(bench.listed(), u"Called, Met at the fair, Wrote, <New>"_s);
-        bench.clickHeader(FrmHistory::TopicColumn);
-        QCOMPARE(bench.listed(), u"Wrote, Met at the fair, Called, <New>"_s);
-        bench.clickRow(0);
-        QTest::mouseDClick(bench.list()->viewport(), Qt::LeftButton, {}, bench.placeOf(0));
-        QCOMPARE(bench.topic(), u"Wrote"_s);
-        QCOMPARE(QApplication::focusWidget()->objectName(), u"txtTopic"_s);
-        bench.press(Qt::Key_A, Qt::ControlModifier);
-        bench.type(u"Zeal\n"_s);
-        QCOMPARE(bench.listed(), u"Zeal, Met at the fair, Called, <New>"_s);
-        QCOMPARE(bench.list()->currentIndex().row(), 0);
-        bench.press(Qt::Key_Escape);
-    });
-    QCOMPARE(bench.stored(), u"1-1|Met at the fair;1-2|Zeal;1-3|Called"_s);
-}
-
-void TestHistoryView::searchNarrowsAsOneTypes()
-{
-    HistoryWindow bench;
-    bench.inHistory([&] {
-        bench.clickRow(2);
-        bench.there<QLineEdit>(u"txtTopic"_s)->setFocus();
-        bench.type(u"!"_s);
-        bench.press(Qt::Key_F, Qt::ControlModifier);
-        bench.type(u"FAIR"_s);
-        // What is being edited stays, whatever it holds.
-        QCOMPARE(bench.listed(), u"Met at the fair, Called, <New>"_s);
-        QVERIFY(bench.topic().contains(u'!'));
-        bench.press(Qt::Key_Escape);
-        QVERIFY(bench.dialog->isVisible());
-        bench.type(u"details 2"_s);
-        QCOMPARE(bench.listed(), u"Wrote, Called, <New>"_s);
-        bench.press(Qt::Key_N, Qt::ControlModifier);
-        bench.press(Qt::Key_F, Qt::ControlModifier);
-        bench.type(u"nowhere"_s);
-        QCOMPARE(bench.listed(), u"<New>"_s);
-        QCOMPARE(bench.list()->hint(), u"No history holds “nowhere”."_s);
-        bench.press(Qt::Key_Escape);
-        QCOMPARE(bench.listed(), u"Met at the fair, Wrote, Called, <New>"_s);
-        bench.press(Qt::Key_Escape);
-        QVERIFY(!bench.dialog->isVisible());
-    });
-}
-
-void TestHistoryView::closingThatFailsKeepsTheScreen()
-{
-    HistoryWindow bench;
-    bench.inHistory([&] {
-        bench.type(u"Hard won\n"_s);
-        bench.data().database().setInterceptor([](QStringView statement) {
-            if (statement.startsWith(u"INSERT"))
-                throw StoreError(u"failed on purpose"_s, 1, u"test"_s);
-        });
-        bench.world.prompts.expect(u"Hard won"_s, Answer::Yes);
-        bench.press(Qt::Key_Escape);
-        QVERIFY(bench.dialog->isVisible());
-        bench.data().database().setInterceptor({});
-        QCOMPARE(bench.listed(), u"Met at the fair, Wrote, Called, Hard won, <New>"_s);
-        bench.dialog->close();
-        QVERIFY(!bench.dialog->isVisible());
-    });
-    QCOMPARE(bench.stored(), u"1-1|Met at the fair;1-2|Wrote;1-3|Called;1-4|Hard won"_s);
-}
-
-void TestHistoryView::importWaitsForItsVersion()
-{
-    HistoryWindow bench;
-    for (const bool exchange : {false, true}) {
-        bench.world.session->outlookAvailable = exchange;
+    void interactionIsEnteredStoredAndFoundAgain()
+    {
+        HistoryWindow bench;
+        bench.frm->tabStrip1Click(u"Position"_s);
+        bench.frm->positionScreen().showPosition(u"Planner"_s);
+        const QString before = bench.frm->positionScreen().nextStep();
+        bench.showAnn();
         bench.inHistory([&] {
-            const auto* button = bench.there<QPushButton>(u"cmdUpdateOutlook"_s);
-            QCOMPARE(button->isVisible(), exchange);
-            QVERIFY(!button->isEnabled() && button->toolTip().contains(u"not part of this version"_s));
-            QCOMPARE(bench.there<QPushButton>(u"cmdAddEvent"_s)->isEnabled(), exchange);
-            if (exchange)
-                bench.click(u"cmdAddEvent"_s);
+            QCOMPARE(QApplication::focusWidget()->objectName(), u"txtTopic"_s);
+            bench.type(u"Élan's plan"_s);
+            bench.find(u"cmbMedium"_s)->setFocus();
+            bench.press(Qt::Key_M); // "Meeting"
+            bench.press(Qt::Key_Delete);
+            QCOMPARE(bench.frm->history().form().text(u"cmbMedium"_s), QString());
+            bench.press(Qt::Key_Home);
+            QTest::mouseClick(bench.find(u"chkDoxGiven"_s), Qt::LeftButton, {}, QPoint(8, 8));
+            bench.find(u"txtDetails"_s)->setFocus();
+            bench.type(u"one\ntwo"_s);
+            QVERIFY(bench.text(u"lblNote"_s).contains(u"press Update"_s));
+            bench.press(Qt::Key_S, Qt::ControlModifier);
+            QCOMPARE(bench.text(u"lblNote"_s), QString());
+            QCOMPARE(bench.listed(), u"Met at the fair, Wrote, Called, Élan`s plan, <New>"_s);
+            bench.click(u"cmdClose"_s);
+        });
+        QCOMPARE(bench.cells(u"Select Topic,Medium,Details,ContactDate,DocumentXfer from History where "
+                             "HistoryKey='1-4'"_s),
+                 u"Élan`s plan|Phone|one\r\ntwo|11/22/2026|1"_s);
+        // The screens behind show what the history has moved, and keep it when they are saved.
+        QCOMPARE(bench.text(u"txtDTPicker1"_s),
+                 QLocale().toString(QDate(2026, 11, 22), QLocale::ShortFormat));
+        bench.world.prompts.expect(u"Update of Ann Lee is complete."_s);
+        bench.frm->contactScreen().cmdUpdateContact1();
+        QCOMPARE(bench.cells(u"Select LastContact from Contact"_s), u"11/22/2026"_s);
+        QVERIFY(bench.frm->positionScreen().nextStep() != before);
+        bench.inHistory([&] {
+            bench.clickRow(3);
+            QCOMPARE(bench.text(u"txtDetails"_s), u"one\ntwo"_s);
+            QCOMPARE(bench.text(u"cmbMedium"_s), u"Phone"_s);
             bench.press(Qt::Key_Escape);
         });
     }
-    QCOMPARE(bench.navigator.opened.last(), u"FrmEvCal"_s);
-}
 
-void TestHistoryView::dialogComesBackAsItWasLeft()
-{
-    HistoryWindow bench;
-    const QSize wanted(1010, 720);
-    bench.inHistory([&] {
-        bench.dialog->resize(wanted);
-        bench.list()->header()->resizeSection(FrmHistory::TopicColumn, 123);
-        bench.press(Qt::Key_Escape);
-    });
-    bench.inHistory([&] {
-        QCOMPARE(bench.dialog->size(), wanted);
-        QCOMPARE(bench.list()->header()->sectionSize(FrmHistory::TopicColumn), 123);
-        bench.press(Qt::Key_Escape);
-    });
-}
+    void listIsWalkedAndEditedByKeysAlone()
+    {
+        HistoryWindow bench;
+        bench.inHistory([&] {
+            bench.press(Qt::Key_F, Qt::ControlModifier);
+            bench.press(Qt::Key_Down);
+            QCOMPARE(QApplication::focusWidget(), bench.list());
+            bench.press(Qt::Key_Up);
+            bench.press(Qt::Key_Up);
+            QCOMPARE(bench.topic(), u"Wrote"_s);
+            bench.press(Qt::Key_Return);
+            QCOMPARE(QApplication::focusWidget()->objectName(), u"txtTopic"_s);
+            bench.press(Qt::Key_End);
+            bench.type(u" a letter\n"_s); // Enter is Update
+            QCOMPARE(bench.cell(1), u"Wrote a letter"_s);
+            bench.type(u" dropped"_s);
+            bench.press(Qt::Key_N, Qt::ControlModifier);
+            QCOMPARE(bench.topic(), QString());
+            bench.press(Qt::Key_Escape);
+        });
+        QCOMPARE(bench.stored(), u"1-1|Met at the fair;1-2|Wrote a letter;1-3|Called"_s);
+    }
+
+    void sortingAndRemovingMeanTheRowThatIsSeen()
+    {
+        HistoryWindow bench;
+        bench.inHistory([&] {
+            for (int row = 0; row < 3; ++row)
+                QCOMPARE(bench.cell(row, FrmHistory::CallColumn).contains(u"overdue"_s), row == 0);
+            QVERIFY(
+                !bench.list()->model()->index(0, FrmHistory::CallColumn).data(Qt::DecorationRole).isNull());
+            bench.sortByTopic();
+            QCOMPARE(bench.listed(), u"Called, Met at the fair, Wrote, <New>"_s);
+            bench.sortByTopic();
+            QCOMPARE(bench.listed(), u"Wrote, Met at the fair, Called, <New>"_s);
+            QTest::mouseDClick(bench.list()->viewport(), Qt::LeftButton, {}, bench.clickRow(0));
+            QCOMPARE(QApplication::focusWidget()->objectName(), u"txtTopic"_s);
+            bench.press(Qt::Key_A, Qt::ControlModifier);
+            bench.type(u"Zeal\n"_s);
+            QCOMPARE(bench.listed(), u"Zeal, Met at the fair, Called, <New>"_s);
+            QCOMPARE(bench.list()->currentIndex().row(), 0);
+            bench.clickRow(2);
+            bench.world.prompts.expect(u"Are you sure you want to remove this history?"_s, Answer::Yes);
+            bench.click(u"cmdRemoveHistory"_s);
+            QCOMPARE(bench.listed(), u"Zeal, Met at the fair, <New>"_s);
+            bench.press(Qt::Key_Escape);
+        });
+        QCOMPARE(bench.stored(), u"1-1|Met at the fair;1-2|Zeal"_s);
+    }
+
+    void searchNarrowsAsOneTypes()
+    {
+        HistoryWindow bench;
+        bench.inHistory([&] {
+            bench.clickRow(2);
+            bench.find(u"txtTopic"_s)->setFocus();
+            bench.type(u"!"_s);
+            bench.press(Qt::Key_F, Qt::ControlModifier);
+            bench.type(u"FAIR"_s);
+            // What is being edited stays, whatever it holds.
+            QCOMPARE(bench.listed(), u"Met at the fair, Called, <New>"_s);
+            QVERIFY(bench.topic().contains(u'!'));
+            bench.press(Qt::Key_Escape);
+            QVERIFY(bench.front->isVisible());
+            bench.type(u"details 2"_s);
+            QCOMPARE(bench.listed(), u"Wrote, Called, <New>"_s);
+            bench.press(Qt::Key_N, Qt::ControlModifier);
+            bench.press(Qt::Key_F, Qt::ControlModifier);
+            bench.type(u"nowhere"_s);
+            QCOMPARE(bench.listed(), u"<New>"_s);
+            QCOMPARE(bench.list()->hint(), u"No history holds “nowhere”."_s);
+            bench.press(Qt::Key_Escape);
+            QCOMPARE(bench.listed(), u"Met at the fair, Wrote, Called, <New>"_s);
+            bench.press(Qt::Key_Escape);
+        });
+    }
+
+    void closingThatFailsKeepsTheScreen()
+    {
+        HistoryWindow bench;
+        bench.inHistory([&] {
+            bench.type(u"Hard won\n"_s);
+            bench.data().database().setInterceptor([](QStringView statement) {
+                if (statement.startsWith(u"INSERT"))
+                    throw StoreError(u"failed on purpose"_s, 1, u"test"_s);
+            });
+            bench.world.prompts.expect(u"Hard won"_s, Answer::Yes);
+            bench.press(Qt::Key_Escape);
+            QVERIFY(bench.front->isVisible());
+            bench.data().database().setInterceptor({});
+            QCOMPARE(bench.listed(), u"Met at the fair, Wrote, Called, Hard won, <New>"_s);
+            bench.front->close();
+        });
+        QCOMPARE(bench.stored(), u"1-1|Met at the fair;1-2|Wrote;1-3|Called;1-4|Hard won"_s);
+    }
+
+    void dialogComesBackAsItWasLeft()
+    {
+        HistoryWindow bench;
+        bench.inHistory([&] {
+            QVERIFY(!bench.find(u"cmdUpdateOutlook"_s)->isVisible());
+            bench.front->resize(1010, 720);
+            bench.list()->header()->resizeSection(FrmHistory::TopicColumn, 123);
+            bench.press(Qt::Key_Escape);
+        });
+        bench.world.session->outlookAvailable = true;
+        bench.inHistory([&] {
+            QCOMPARE(bench.front->size(), QSize(1010, 720));
+            QCOMPARE(bench.list()->header()->sectionSize(FrmHistory::TopicColumn), 123);
+            const auto* button = bench.find(u"cmdUpdateOutlook"_s);
+            QVERIFY(button->isVisible() && !button->isEnabled());
+            QVERIFY(button->toolTip().contains(u"not part of this version"_s));
+            bench.click(u"cmdAddEvent"_s);
+            bench.press(Qt::Key_Escape);
+        });
+        QCOMPARE(bench.navigator.opened.last(), u"FrmEvCal"_s);
+    }
+};
 
 QTEST_MAIN(TestHistoryView)
 #include "tst_historyview.moc"

@@ -6,11 +6,15 @@
 #include "workbench/bench.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScopedValueRollback>
 #include <QSettings>
 #include <QTabBar>
+#include <QTimer>
 
 /// Bench and window. Companies are put in before open().
 class WindowBench : public Bench
@@ -23,18 +27,45 @@ public:
         frm->load();
         layout = std::make_unique<QSettings>(layoutPath, QSettings::IniFormat);
         window = std::make_unique<WorkbenchWindow>(*frm, *layout);
+        front = window.get();
         window->show();
-        QVERIFY(QTest::qWaitForWindowActive(window.get()));
+        QVERIFY(QTest::qWaitForWindowActive(front));
     }
-    template<typename Widget> Widget* find(const QString& name)
+    /// Opens a dialog over the window; @p act is what the user does in it, closing included.
+    template<typename View, typename Screen> void inDialog(Screen& screen, const std::function<void()>& act)
     {
-        auto* widget = window->findChild<Widget*>(name);
+        View view(screen, *layout, window.get());
+        const QScopedValueRollback<QWidget*> before(front, &view);
+        QTimer::singleShot(0, &view, [&] {
+            if (QTest::qWaitFor([&] { return QApplication::activeWindow() == &view; }))
+                act();
+            if (view.isVisible())
+                QTest::qFail("the dialog was left open", __FILE__, __LINE__);
+            view.hide(); // in case the test has given up before it closed it
+        });
+        view.exec();
+    }
+
+    /// A control of the window in front.
+    template<typename Widget = QWidget> Widget* find(const QString& name)
+    {
+        auto* widget = front->findChild<Widget*>(name);
         if (!widget)
             QTest::qFail(qPrintable(u"no control "_s + name), __FILE__, __LINE__);
         return widget;
     }
     QLineEdit* line(const QString& name) { return find<QLineEdit>(name); }
     CompanySelector* selector() { return find<CompanySelector>(u"cmbSelection"_s); }
+    /// What a label, a field or a selector shows.
+    QString text(const QString& name)
+    {
+        const QWidget* widget = find(name);
+        const char* property = qobject_cast<const QComboBox*>(widget)        ? "currentText"
+                               : qobject_cast<const QPlainTextEdit*>(widget) ? "plainText"
+                                                                             : "text";
+        return widget->property(property).toString();
+    }
+    void click(const QString& name) { QTest::mouseClick(find(name), Qt::LeftButton); }
     /// Sends a text key by key to whatever has the focus; other alphabets too.
     void type(const QString& text)
     {
@@ -50,13 +81,21 @@ public:
     {
         QTest::keyClick(QApplication::focusWidget(), key, modifiers);
     }
-    /// Goes into a field with the mouse and empties it.
-    void enter(const QString& name)
+    /// Goes into a field with the mouse, empties it and types.
+    void enter(const QString& name, const QString& text)
     {
-        QTest::mouseClick(find<QWidget>(name), Qt::LeftButton);
-        find<QWidget>(name)->setFocus();
+        click(name);
+        find(name)->setFocus();
         press(Qt::Key_A, Qt::ControlModifier);
         press(Qt::Key_Delete);
+        type(text);
+    }
+    /// Goes into a field or a selector by the keyboard and types over what it holds.
+    void write(const QString& name, const QString& text)
+    {
+        find(name)->setFocus();
+        press(Qt::Key_A, Qt::ControlModifier);
+        type(text);
     }
     /// Chooses a company by typing and Enter.
     void find(const QString& typed, Qt::Key end)
@@ -74,4 +113,5 @@ public:
     QString layoutPath;
     std::unique_ptr<QSettings> layout;
     std::unique_ptr<WorkbenchWindow> window;
+    QWidget* front = nullptr;
 };
