@@ -8,8 +8,6 @@
 #include "history/historyclosing.h"
 #include "store/datajw.h"
 
-#include <QLocale>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -54,20 +52,13 @@ std::vector<FieldRow> historyForm()
     return rows;
 }
 
-/// A day as a person reads it; a day that is no day says nothing.
-QString shownDay(QDate day)
-{
-    return day.isValid() && day != dates::sentinel ? QLocale().toString(day, QLocale::ShortFormat)
-                                                   : QString();
-}
-
 /// The row of an entry. Lists show one line, whatever line ends came in from elsewhere.
 ListRow rowOf(const History& entry, int slot, QDate today)
 {
     ListRow row;
     row.key = QString::number(slot) + u"Hist"_s;
-    for (const QString& text : {shownDay(entry.ContactDate), entry.topic, entry.medium, entry.Length,
-                                entry.Location, shownDay(entry.NextCall), entry.ReturnCall})
+    for (const QString& text : {dates::shown(entry.ContactDate), entry.topic, entry.medium, entry.Length,
+                                entry.Location, dates::shown(entry.NextCall), entry.ReturnCall})
         row.texts.append(text.simplified());
     const auto length = lengths().indexOf(entry.Length);
     row.sortsBy = {QVariant(entry.ContactDate),
@@ -77,8 +68,7 @@ ListRow rowOf(const History& entry, int slot, QDate today)
                    {},
                    QVariant(entry.NextCall),
                    {}};
-    const bool isDue = entry.NextCall.isValid() && entry.NextCall != dates::sentinel;
-    row.kind = isDue && entry.NextCall < today ? u"overdue"_s : QString();
+    row.kind = dates::isDay(entry.NextCall) && entry.NextCall < today ? u"overdue"_s : QString();
     return row;
 }
 
@@ -272,7 +262,7 @@ bool FrmHistory::close()
         constexpr size_t mostNamed = 10;
         QStringList lines{tr("These histories could not be written:")};
         for (const History& entry : outcome.unwritten)
-            lines.append(shownDay(entry.ContactDate) + u"  " + entry.topic.simplified().left(60));
+            lines.append(dates::shown(entry.ContactDate) + u"  " + entry.topic.simplified().left(60));
         if (outcome.unwritten.size() > mostNamed)
             lines = lines.mid(0, mostNamed + 1)
                     << tr("and %1 more").arg(outcome.unwritten.size() - mostNamed);
