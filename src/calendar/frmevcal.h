@@ -6,6 +6,7 @@
 #include "base/ports.h"
 #include "base/rowmodel.h"
 #include "calendar/caldis.h"
+#include "calendar/eventpeople.h"
 #include "calendar/jwevent.h"
 #include "store/session.h"
 
@@ -49,32 +50,42 @@ class FrmEvCal : public QObject
 
 public:
     static constexpr int cellCount = 37;
-    static constexpr int timerCalInterval =
-        1500;                               ///< ms: how long a drag rests on a month arrow before it steps
-    static constexpr int eventBound = 1000; ///< events in memory
-    static constexpr int monthBound = 100;  ///< events in one month
+    static constexpr int timerCalInterval = 1500; ///< ms that a drag rests on a month arrow before it steps
+    static constexpr int eventBound = 1000;       ///< events in memory
+    static constexpr int monthBound = 100;        ///< events in one month
 
     FrmEvCal(Session& session, Navigator& navigator);
     ~FrmEvCal() override;
 
-    /// The controls:
-    /// - month: lblMonth ("November 2026"), lblEvents, lblBusy, lblBusiest, txtTotals, txtMonthly, txtNoDate,
-    ///   Label11 ("Month of November"), chkShowComplete;
-    /// - frame: frmeEventData (its caption, "mm/dd/yyyy" or "No Date"), txtEvName, txtFormat (the format, or
-    /// the
-    ///   priority of a task), txtEvDescription, chkTask, chkNoDate, chkComplete;
-    /// - its times: txtEvTimeS with optStAM and optStPM (start), txtEvTimeN with optEnAM and optEnPM (end),
-    /// both
-    ///   with lstTime as items, chkhalf, chkOne, chkOnehalf, chkTwo, dtEvTsk (ISO date; it moves events as
-    ///   well as tasks, for those who do not drag), imgReminder (the bell, "1" when set), txtRemind with
-    ///   lstRemind as items;
-    /// - its people: lblCompany, lblContact, lblPosition with their choices as items (the first one empty:
-    /// none);
-    /// - its buttons: cmdAdd1, cmdRemove1, imgOther1 and imgOther2 (text chosen, "" for none), imgFormat and
-    ///   imgPriority (one of them visible).
+    /// The controls.
+    ///
+    /// Month:
+    /// - lblMonth ("November 2026"), Label11 ("Month of November"), lblEvents, lblBusy, lblBusiest
+    /// - txtTotals, txtMonthly, txtNoDate: the tasks counted
+    /// - chkShowComplete, cmdNewEvent, cmdNewTask: disabled while the events could not be read
+    ///
+    /// Frame:
+    /// - frmeEventData: its caption, "mm/dd/yyyy" or "No Date"
+    /// - txtEvName, txtEvDescription, chkTask, chkNoDate, chkComplete
+    /// - txtFormat: the format, or the priority of a task; imgFormat or imgPriority is visible with it
+    /// - imgOther1, imgOther2: the text chosen, "" for none
+    /// - cmdAdd1, cmdRemove1
+    ///
+    /// Its times:
+    /// - txtEvTimeS with optStAM and optStPM: the start, with lstTime as items
+    /// - txtEvTimeN with optEnAM and optEnPM: the end, with the same
+    /// - chkhalf, chkOne, chkOnehalf, chkTwo: lengths
+    /// - dtEvTsk: the day as an ISO date, for those who do not drag
+    /// - imgReminder: the bell, "1" when set; txtRemind with lstRemind as items
+    ///
+    /// Its people:
+    /// - lblCompany, lblContact, lblPosition with their choices as items, the first one empty: none
     [[nodiscard]] Form& form() { return m_form; }
     /// Task, Due, State; kinds "due", "overdue", "completed"; keys "A" and the event's key.
     [[nodiscard]] RowModel& lvwAct() { return m_tasks; }
+
+    /// False when the last reading of the events failed: the month is then unknown, not empty.
+    [[nodiscard]] bool isReadable() const { return m_readable; }
 
     // --- The month ----------------------------------------------------------------------------------------
     [[nodiscard]] const std::array<DayCell, cellCount>& cells() const { return m_cells; } ///< lvwDay(0..36)
@@ -182,7 +193,10 @@ private:
     void fillTasks();
     void markDays();
     void repaint();
-    void checkBound(const QString& what, const QString& place, size_t count, int bound);
+    enum class Bound { Events, Month };
+    void checkBound(Bound kind, const QString& what, const QString& place, size_t count);
+    [[nodiscard]] ListRow taskRow(const JWevent& task) const;
+    [[nodiscard]] QString with(const JWevent& entry) const;
     [[nodiscard]] static bool isStorable(QDate day);
     [[nodiscard]] const JWevent* entryOf(const QString& key) const;
     void storeChanged(QDate shown);
@@ -190,6 +204,7 @@ private:
 
     // The frame
     void openFrame(std::vector<Key> rows, QDate day);
+    bool mayPlan();
     void newEntry(QDate day, bool task);
     void openHistoryTask(const QHash<QString, QString>& values);
     void fillFrame(const JWevent& event);
@@ -236,15 +251,18 @@ private:
     Form m_form;
     RowModel m_tasks;
     CalDis m_calDis;
-    std::vector<JWevent> m_events;      ///< slot 1 is the first
+    std::vector<JWevent> m_events; ///< slot 1 is the first
+    EventOwnersByKey m_owners;     ///< of m_events
+    EventPeople m_people;
     std::vector<JWevent> m_monthEvents; ///< copies of the shown month's
     std::array<DayCell, cellCount> m_cells;
     qint16 m_month = 0;
     qint16 m_year = 0;
     QDate m_selectedDay;
     bool m_loaded = false;
+    bool m_readable = true;
     bool m_showComplete = false;
-    QSet<QString> m_told; ///< the bounds that have been spoken of
+    QSet<QString> m_told; ///< the bounds that have been spoken of; "!" before those told once an opening
 
     bool m_frameOpen = false;
     bool m_frameDirty = false;

@@ -77,9 +77,18 @@ void FrmEvCal::cmdNewTask()
     newTask(m_selectedDay);
 }
 
+bool FrmEvCal::mayPlan()
+{
+    // Beside entries that nobody sees a second one for the same hour would be made, or the same one again.
+    if (!m_readable)
+        m_session.msgBox(tr("The events could not be read, so that nothing can be planned now. Please try "
+                            "\"Today\", or open the calendar again."));
+    return m_readable;
+}
+
 void FrmEvCal::newEvent(QDate day)
 {
-    if (!day.isValid() || !mayLeaveFrame())
+    if (!day.isValid() || !mayPlan() || !mayLeaveFrame())
         return;
     newEntry(day, false);
     emit frameShown();
@@ -87,7 +96,7 @@ void FrmEvCal::newEvent(QDate day)
 
 void FrmEvCal::newTask(QDate day)
 {
-    if (!mayLeaveFrame())
+    if (!mayPlan() || !mayLeaveFrame())
         return;
     newEntry(day, true);
     emit frameShown();
@@ -217,6 +226,8 @@ void FrmEvCal::openHistoryTask(const QHash<QString, QString>& values)
         const QString text = values.value(name);
         return text == u"NONE" ? QString() : text;
     };
+    if (!mayPlan())
+        return;
     const auto date = dates::parse(value(u"H5"_s));
     const QDate day = date ? date->date : m_session.today();
     newEntry(day == dates::sentinel ? QDate() : day, true);

@@ -55,6 +55,8 @@ void FrmEvCal::cmdNext()
 
 void FrmEvCal::cmdToday()
 {
+    if (!m_readable)
+        reload();
     selectDay(m_session.today());
 }
 
