@@ -82,6 +82,10 @@ void FrmEvCal::unload()
 
 void FrmEvCal::showEvent(Key eventKey)
 {
+    if (m_loaded) { // another screen stands beside the open calendar
+        openEvent(eventKey);
+        return;
+    }
     m_preparedEvent = eventKey;
     m_navigator.openScreen(u"FrmEvCal"_s);
     m_preparedEvent.reset(); // a program without this screen has not taken it
@@ -89,6 +93,11 @@ void FrmEvCal::showEvent(Key eventKey)
 
 void FrmEvCal::createHistoryEvent(const QHash<QString, QString>& values)
 {
+    if (m_loaded) {
+        if (mayLeaveFrame())
+            openHistoryTask(values);
+        return;
+    }
     m_preparedTask = values;
     m_navigator.openScreen(u"FrmEvCal"_s);
     m_preparedTask.reset();

@@ -112,7 +112,8 @@ public:
     void load();
     /// The screen has been closed.
     void unload();
-    /// Opens the screen with the frame on this event.
+    /// Opens the screen with the frame on this event. A calendar that is open already shows it, once what is
+    /// unsaved in its frame has been asked for; so does the next.
     void showEvent(Key eventKey);
     /// Opens the screen with the frame on a new task made of these values: "H0" company, "H1" contact, "H2"
     /// position, "H3" event type, "H4" description, "H5" date in any of the program's forms (else today),

@@ -61,6 +61,10 @@ CalendarView::CalendarView(FrmEvCal& presenter, QSettings& layout, QWidget* pare
     connect(&presenter, &FrmEvCal::changed, this, &CalendarView::render);
     connect(&presenter, &FrmEvCal::frameChanged, this, &CalendarView::renderFrame);
     connect(&presenter, &FrmEvCal::frameShown, this, [this] {
+        if (!isActiveWindow()) { // asked for from a window beside this one
+            raise();
+            activateWindow();
+        }
         m_ui->txtEvName->setFocus(Qt::OtherFocusReason);
         m_ui->txtEvName->selectAll(); // the first key writes another name
     });
