@@ -242,6 +242,7 @@ private:
     [[nodiscard]] Key contactKey(Key company);
     [[nodiscard]] bool wantsPlaceholder(const Owners& owners);
     [[nodiscard]] QString addPlaceholder(Owners& owners);
+    [[nodiscard]] bool isStoredAsTask() const;
     [[nodiscard]] QString insertStatement(const Owners& owners) const;
     bool replaceRows(const QString& insert, std::vector<Key>& left);
     bool settle(bool inserted, Key newKey, std::vector<Key> left);
@@ -268,6 +269,7 @@ private:
     bool m_frameOpen = false;
     bool m_frameDirty = false;
     QDate m_frameDate;
+    bool m_untimed = false;  ///< an event with "Nodate" for its start: an empty one does not make it a task
     QString m_duration;      ///< hours as a decimal text; what the entry is stored with
     QString m_otherMedium;   ///< the format while the entry is a task, the priority while it is an event
     QString m_company;       ///< whose people and positions are listed

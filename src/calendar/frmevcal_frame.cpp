@@ -23,7 +23,7 @@ void FrmEvCal::setOn(const QString& control, bool on)
 
 bool FrmEvCal::isNoDate() const
 {
-    return m_form.text(u"frmeEventData"_s) == tr("No Date");
+    return isOn(u"chkNoDate"_s);
 }
 
 QDate FrmEvCal::frameDate() const
@@ -183,6 +183,7 @@ void FrmEvCal::fillFrame(const JWevent& event)
 void FrmEvCal::fillTimes(const JWevent& event)
 {
     const bool timed = event.eventTime != u"Nodate";
+    m_untimed = !timed && event.isEvent();
     m_form.setText(u"txtEvTimeS"_s, timed ? event.eventTime : QString());
     setHalf(u"optStAM"_s, u"optStPM"_s, event.ampm == u"PM");
     // The stored length stays what it is until the user changes the end, also where the clock's twelve makes
