@@ -209,6 +209,7 @@ private:
     void newEntry(QDate day, bool task);
     void openHistoryTask(const QHash<QString, QString>& values);
     void fillFrame(const JWevent& event);
+    void showMedium(const QString& medium, bool task);
     void fillTimes(const JWevent& event);
     void fillOwners(const RecordSet& row);
     void fillOthers();
@@ -243,6 +244,7 @@ private:
     [[nodiscard]] bool wantsPlaceholder(const Owners& owners);
     [[nodiscard]] QString addPlaceholder(Owners& owners);
     [[nodiscard]] bool isStoredAsTask() const;
+    [[nodiscard]] QString mediumStored() const;
     [[nodiscard]] QString insertStatement(const Owners& owners) const;
     bool replaceRows(const QString& insert, std::vector<Key>& left);
     bool settle(bool inserted, Key newKey, std::vector<Key> left);

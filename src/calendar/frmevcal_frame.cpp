@@ -164,20 +164,28 @@ void FrmEvCal::openFrame(std::vector<Key> rows, QDate day)
 
 void FrmEvCal::fillFrame(const JWevent& event)
 {
-    m_otherMedium.clear();
     m_frameDate = event.hasDate() ? event.eventDate : m_selectedDay;
     showTask(event.isTask());
     setOn(u"chkNoDate"_s, !event.hasDate());
     setFrameDate(m_frameDate);
     setOn(u"chkComplete"_s, event.isDone());
     m_form.setText(u"txtEvName"_s, event.eventName);
-    m_form.setText(u"txtFormat"_s, event.medium);
+    showMedium(event.medium, event.isTask());
     m_form.setText(u"txtEvDescription"_s, fieldtext::toShown(event.eventDescription));
     fillOthers();
     fillTimes(event);
     const int lead = static_cast<int>(std::clamp<double>(eventtimes::number(event.reminder1), 0, INT16_MAX));
     setOn(u"imgReminder"_s, lead > 0);
     m_form.setText(u"txtRemind"_s, eventtimes::reminderText(lead));
+}
+
+void FrmEvCal::showMedium(const QString& medium, bool task)
+{
+    // The one column holds a format or a priority. A task that was made of a history has the history's
+    // medium there: it stays the format, and comes back when the task is made an event.
+    const bool hidden = task && !eventchoices::isPriority(medium);
+    m_form.setText(u"txtFormat"_s, hidden ? QString() : medium);
+    m_otherMedium = hidden ? medium : QString();
 }
 
 void FrmEvCal::fillTimes(const JWevent& event)
@@ -237,7 +245,7 @@ void FrmEvCal::openHistoryTask(const QHash<QString, QString>& values)
         name = eventchoices::networkingEvent.toString();
     m_form.setText(u"txtEvName"_s, name);
     m_form.setText(u"txtEvDescription"_s, fieldtext::toShown(value(u"H4"_s)));
-    m_form.setText(u"txtFormat"_s, value(u"H6"_s));
+    showMedium(value(u"H6"_s), true);
     fillOthers();
     if (isNetworking()) {
         nameChanged();

@@ -110,8 +110,10 @@ bool FrmEvCal::settle(bool inserted, Key newKey, std::vector<Key> left)
 
 void FrmEvCal::saved(Key newKey)
 {
-    if (isStoredAsTask())
+    if (isStoredAsTask() && !isOn(u"chkTask"_s)) {
         showTask(true);
+        showMedium(mediumStored(), true);
+    }
     m_frameDirty = false;
     // An entry that cannot be found again must not be added twice by another save.
     if (newKey <= 0)
@@ -214,6 +216,12 @@ bool FrmEvCal::isStoredAsTask() const
     return isOn(u"chkTask"_s) || (m_form.text(u"txtEvTimeS"_s).isEmpty() && !m_untimed);
 }
 
+QString FrmEvCal::mediumStored() const
+{
+    const QString shown = m_form.text(u"txtFormat"_s);
+    return shown.isEmpty() && isStoredAsTask() ? m_otherMedium : shown;
+}
+
 QString FrmEvCal::insertStatement(const Owners& owners) const
 {
     const bool task = isStoredAsTask();
@@ -231,7 +239,7 @@ QString FrmEvCal::insertStatement(const Owners& owners) const
                              QString::number(owners.position),
                              QString::number(owners.contact),
                              QString::number(owners.company),
-                             m_form.text(u"txtFormat"_s),
+                             mediumStored(),
                              task ? u"Task"_s : u"Event"_s,
                              complete};
     QStringList quoted;
