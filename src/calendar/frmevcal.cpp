@@ -108,6 +108,7 @@ void FrmEvCal::reload()
     if (!m_loaded)
         return;
     loadEvents();
+    followStore();
     repaint();
 }
 

@@ -119,8 +119,9 @@ public:
     /// position, "H3" event type, "H4" description, "H5" date in any of the program's forms (else today),
     /// "H6" medium. "NONE" means empty. An event type that begins with "net" makes it a networking event.
     void createHistoryEvent(const QHash<QString, QString>& values);
-    /// Something else has changed events: an open calendar reads and paints them again. What is in the frame
-    /// stays.
+    /// Something else has changed events: an open calendar reads and paints them again. A frame with nothing
+    /// unsaved shows what is stored now, or shuts when its entry is gone. What is unsaved stays, as an entry
+    /// that is gone is then a new one, and one that has been closed stays closed.
     void reload();
 
     // --- Events, called by the view. Keys are those of chips ("EV3") and tasks ("A12"). -------------------
@@ -200,6 +201,7 @@ private:
     [[nodiscard]] QString with(const JWevent& entry) const;
     [[nodiscard]] static bool isStorable(QDate day);
     [[nodiscard]] const JWevent* entryOf(const QString& key) const;
+    void followStore();
     void storeChanged(QDate shown);
     void removeRows(const std::vector<Key>& rows);
 

@@ -71,6 +71,37 @@ void FrmEvCal::setShowComplete(bool show)
     repaint();
 }
 
+void FrmEvCal::followStore()
+{
+    if (!m_frameOpen || m_rows.empty())
+        return;
+    std::vector<Key> left;
+    RecordSet stored;
+    for (const Key key : m_rows) {
+        RecordSet row = m_session.dataJW().getEventByKey(key);
+        if (row.isNothing())
+            return; // a row that could not be read is not gone
+        if (row.isEmpty())
+            continue;
+        left.push_back(key);
+        stored = std::move(row);
+    }
+    m_rows = std::move(left);
+    const std::optional<JWevent> entry = m_rows.empty() ? std::nullopt : JWevent::fromRow(stored);
+    if (!m_frameDirty && !entry) {
+        closeEvent();
+        return;
+    }
+    if (!m_frameDirty) {
+        fillFrame(*entry);
+        fillOwners(stored);
+    } else if (entry && entry->isDone()) {
+        setOn(u"chkComplete"_s, true); // saving it must not open it again
+    }
+    m_form.setEnabled(u"cmdRemove1"_s, !m_rows.empty());
+    emit frameChanged();
+}
+
 void FrmEvCal::storeChanged(QDate shown)
 {
     m_selectedDay = shown;
