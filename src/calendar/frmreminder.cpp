@@ -199,18 +199,17 @@ void FrmReminder::cmdOk()
         m_session.logError(u"Selected EventKey not found when accessing Events."_s, 1);
         return;
     }
-    closeEvent(event);
-    if (m_list.rowCount() > 0) {
+    // What is still open in the store stays listed, as the user has been told that it could not be closed.
+    if (closeEvent(event) && m_list.rowCount() > 0)
         removeSelected();
-        if (m_list.rowCount() == 0)
-            cmdCloseAll();
-        else
-            setScreen(m_visible, true);
-    }
+    if (m_list.rowCount() == 0)
+        cmdCloseAll();
+    else
+        setScreen(m_visible, true);
     emit recordsChanged();
 }
 
-void FrmReminder::closeEvent(const RecordSet& event)
+bool FrmReminder::closeEvent(const RecordSet& event)
 {
     DataJW& dataJW = m_session.dataJW();
     Action action(dataJW);
@@ -221,9 +220,9 @@ void FrmReminder::closeEvent(const RecordSet& event)
     else
         m_session.logError(u"Selected Event Position Key not found when accessing Events."_s, 1);
     // The event is over whatever became of its position.
-    dataJW.execQuery(u"Update Event set Complete='OkEvent' where EventKey="_s +
-                     QString::number(m_selectedEventKey));
-    action.commit();
+    const bool closed = dataJW.execQuery(u"Update Event set Complete='OkEvent' where EventKey="_s +
+                                         QString::number(m_selectedEventKey));
+    return action.commit() && closed;
 }
 
 void FrmReminder::writeStep(const QString& event, const QString& date, Key position, Key medium)
@@ -258,9 +257,10 @@ void FrmReminder::cmdDismiss()
         return;
     }
     Action action(m_session.dataJW());
-    m_session.dataJW().execQuery(u"DELETE * FROM EVENT where EventKey="_s +
-                                 QString::number(m_selectedEventKey));
-    action.commit();
+    const bool gone = m_session.dataJW().execQuery(u"DELETE * FROM EVENT where EventKey="_s +
+                                                   QString::number(m_selectedEventKey));
+    if (!action.commit() || !gone)
+        return; // it stays listed, as it stays in the store
     removeSelected();
     if (m_list.rowCount() == 0)
         cmdCloseAll();

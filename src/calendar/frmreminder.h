@@ -83,7 +83,7 @@ private:
     void tellWhatCameDue(const std::vector<DueEvent>& events, const QDateTime& lastLook);
     void removeSelected();
     void showNote();
-    void closeEvent(const RecordSet& event);
+    [[nodiscard]] bool closeEvent(const RecordSet& event);
     void writeStep(const QString& event, const QString& date, Key position, Key medium);
 
     Session& m_session;
