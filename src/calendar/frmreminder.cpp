@@ -38,6 +38,7 @@ FrmReminder::FrmReminder(Session& session, FrmEvCal& calendar)
     , m_form({{u"txtInterval"_s, {}, SaveOn::Never}, {u"lblNote"_s, {}, SaveOn::Never}})
     , m_list(headings())
 {
+    connect(&calendar, &FrmEvCal::recordsChanged, this, &FrmReminder::lookAgain);
 }
 
 FrmReminder::~FrmReminder() = default;
@@ -142,26 +143,37 @@ void FrmReminder::playAlarm()
 
 // --- Selection --------------------------------------------------------------------------------------------
 
-void FrmReminder::select(const QString& rowKey)
+QString FrmReminder::rowKey(Key eventKey)
 {
-    if (m_list.find(rowKey) < 0)
-        return;
-    m_selectedEventKey = rowKey.mid(1).toShort();
-    m_list.mark(rowKey);
+    return u'A' + QString::number(eventKey);
 }
 
-void FrmReminder::open(const QString& rowKey)
+int FrmReminder::selectedRow() const
 {
-    if (m_list.find(rowKey) < 0)
+    return m_list.find(rowKey(m_selectedEventKey));
+}
+
+void FrmReminder::select(const QString& key)
+{
+    if (m_list.find(key) < 0)
         return;
-    select(rowKey);
+    m_selectedEventKey = key.mid(1).toShort();
+    m_list.mark(key);
+}
+
+void FrmReminder::open(const QString& key)
+{
+    if (m_list.find(key) < 0)
+        return;
+    select(key);
     m_session.trace(u"Open Calendar Screen"_s);
     m_calendar.showEvent(m_selectedEventKey);
+    lookAgain(); // time has passed there, too
 }
 
 void FrmReminder::removeSelected()
 {
-    m_list.remove(u'A' + QString::number(m_selectedEventKey));
+    m_list.remove(rowKey(m_selectedEventKey));
     // The buttons must never act on an event that the user no longer sees.
     m_selectedEventKey = 0;
     showNote();
