@@ -175,6 +175,13 @@ bool FrmHistory::holds(int row, const QString& words) const
     return listed || (m_entries.has(row + 1) && has(m_entries.at(row + 1).Details));
 }
 
+QString FrmHistory::hint(int shownRows, const QString& words) const
+{
+    if (m_list.rowCount() <= 1) // "<New>" is no history
+        return tr("Nothing here yet. Fill in the fields below and press Update.");
+    return shownRows <= 1 ? tr("No history holds “%1”.").arg(words.trimmed()) : QString();
+}
+
 void FrmHistory::lvwHistoryClick(int row)
 {
     m_selected = row + 1;
@@ -201,6 +208,7 @@ void FrmHistory::showEntry(const History& entry)
     showChoice(u"cmbReturn"_s, entry.ReturnCall);
     m_form.setText(u"dtpNextCall"_s, day(entry.NextCall));
     m_form.setText(u"chkDoxGiven"_s, entry.DocXfer.isEmpty() || entry.DocXfer == u"0" ? u"0"_s : u"1"_s);
+    noteDays();
     say({});
 }
 
@@ -223,7 +231,14 @@ void FrmHistory::clearHistoryEntry()
     m_form.setText(u"DTPContact"_s, m_session.today().toString(Qt::ISODate));
     m_form.setText(u"dtpNextCall"_s, m_session.today().addDays(1).toString(Qt::ISODate));
     m_form.setText(u"chkDoxGiven"_s, u"0"_s);
+    noteDays();
     say({});
+}
+
+void FrmHistory::noteDays()
+{
+    m_day = m_form.text(u"DTPContact"_s);
+    m_call = m_form.text(u"dtpNextCall"_s);
 }
 
 void FrmHistory::enableButtons()
