@@ -60,6 +60,7 @@ void FrmEvCal::load()
     setOn(u"chkShowComplete"_s, m_showComplete);
     m_companies = m_session.dataJW().getCompanyNames();
     m_companies.removeIf([](const QString& name) { return text::isCategory(name); });
+    m_chip.clear();
     m_people.forget(); // they may have got other names since
     closeEvent();
     setMonth(m_session.today());
@@ -170,8 +171,18 @@ void FrmEvCal::setMonth(QDate day)
     m_year = static_cast<qint16>(day.year());
     m_selectedDay = day;
     clearCal();
-    m_form.setText(u"lblMonth"_s, m_calDis.monthName() + u' ' + QString::number(m_year));
+    m_form.setText(u"lblMonth"_s, monthTitle(day));
     m_form.setText(u"Label11"_s, tr("Month of ") + m_calDis.monthName());
+}
+
+QString FrmEvCal::monthTitle(QDate day)
+{
+    return CalDis::getMonth(day) + u' ' + QString::number(day.year());
+}
+
+QString FrmEvCal::tasksHint() const
+{
+    return m_readable ? tr("No tasks in this month.\n“New task” adds one to the chosen day.") : QString();
 }
 
 void FrmEvCal::clearCal()

@@ -94,6 +94,11 @@ public:
     [[nodiscard]] qint16 year() const { return m_year; }
     [[nodiscard]] QDate selectedDay() const { return m_selectedDay; } ///< always in the shown month
 
+    /// What the task list says while it is empty.
+    [[nodiscard]] QString tasksHint() const;
+    /// lblMonth for the month of @p day.
+    [[nodiscard]] static QString monthTitle(QDate day);
+
     // --- The frame ----------------------------------------------------------------------------------------
     [[nodiscard]] bool isFrameOpen() const { return m_frameOpen; }
     [[nodiscard]] bool isNewEntry() const { return m_rows.empty(); }
@@ -102,6 +107,8 @@ public:
     [[nodiscard]] QDate frameDate() const;
     /// What chkComplete says beside its box: "Complete" or "Incomplete".
     [[nodiscard]] QString completeCaption() const;
+    /// The frame's heading: the entry's day in the user's language, and whether the entry is a new one.
+    [[nodiscard]] QString frameHeading() const;
     /// The frame may go: true when nothing in it is unsaved, or the user has saved or dropped it. Asked by
     /// the view before it closes.
     bool mayLeaveFrame();
@@ -134,6 +141,17 @@ public:
     void newTask(QDate day); ///< an invalid day: a task without a date
     void openEntry(const QString& key);
     void openEvent(Key eventKey);
+    /// The keys go to this chip of the selected day; "" for the day itself.
+    void chooseChip(const QString& chip);
+    /// The chip that the keys are about; "" for none, and once another day or another event stands there.
+    [[nodiscard]] QString chosenChip() const;
+    /// The selected day is opened by a key, @p chip being the one of its chips that the keys are about (""
+    /// for none): that entry or the day's only one is opened, several are offered by dayListWanted(), and a
+    /// day without any gets a new one.
+    void openChosen(const QString& chip);
+    /// Something of the selected day is to be deleted: @p chip, without one the frame's entry when it lies
+    /// there, else the day's only one. Which of several is not guessed.
+    void removeChosen(const QString& chip);
     /// Drops an entry on a day: it moves there. Invalid days and unknown keys do nothing.
     void dropOn(const QString& key, QDate day);
     void removeEntry(const QString& key); ///< asks, then deletes
@@ -174,6 +192,7 @@ signals:
     /// The frame has been opened on an entry: the view brings it into sight and puts the focus into it. A
     /// view that is made behind load() asks isFrameOpen().
     void frameShown();
+    void dayListWanted(); ///< the user is to pick one of the selected day's entries
     /// Events or positions in the store are no longer what they were.
     void recordsChanged();
 
@@ -200,6 +219,7 @@ private:
     [[nodiscard]] ListRow taskRow(const JWevent& task) const;
     [[nodiscard]] QString with(const JWevent& entry) const;
     [[nodiscard]] static bool isStorable(QDate day);
+    [[nodiscard]] const std::vector<DayChip>& selectedChips() const;
     [[nodiscard]] const JWevent* entryOf(const QString& key) const;
     void followStore();
     void storeChanged(QDate shown);
@@ -265,6 +285,8 @@ private:
     qint16 m_month = 0;
     qint16 m_year = 0;
     QDate m_selectedDay;
+    QString m_chip;
+    Key m_chipEvent = 0; ///< that m_chip stood for when it was chosen
     bool m_loaded = false;
     bool m_readable = true;
     bool m_showComplete = false;

@@ -7,6 +7,8 @@
 #include "calendar/frmevcal.h"
 #include "store/datajw.h"
 
+#include <QLocale>
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -29,6 +31,13 @@ bool FrmEvCal::isNoDate() const
 QDate FrmEvCal::frameDate() const
 {
     return m_frameOpen && !isNoDate() ? m_frameDate : QDate();
+}
+
+QString FrmEvCal::frameHeading() const
+{
+    const QDate day = frameDate();
+    const QString when = day.isValid() ? QLocale().toString(day, tr("dddd, MMMM d")) : tr("No Date");
+    return isNewEntry() ? tr("%1 · new").arg(when) : when;
 }
 
 QString FrmEvCal::completeCaption() const

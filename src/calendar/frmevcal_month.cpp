@@ -146,6 +146,55 @@ void FrmEvCal::flipTask(const QString& key)
     storeChanged(m_selectedDay);
 }
 
+const std::vector<DayChip>& FrmEvCal::selectedChips() const
+{
+    static const std::vector<DayChip> none;
+    const int cell = cellOf(m_selectedDay);
+    return cell < 0 ? none : m_cells[static_cast<size_t>(cell)].chips;
+}
+
+void FrmEvCal::chooseChip(const QString& chip)
+{
+    if (chip == chosenChip())
+        return;
+    const JWevent* const event = entryOf(chip);
+    m_chip = chip;
+    m_chipEvent = event ? event->eventKey : Key(0);
+    emit changed();
+}
+
+QString FrmEvCal::chosenChip() const
+{
+    // Keys are slots and may stand for another event by now: Delete must never mean one that nobody sees.
+    const JWevent* const event = entryOf(m_chip);
+    const bool shown = std::ranges::find(selectedChips(), m_chip, &DayChip::key) != selectedChips().end();
+    return shown && event && event->eventKey == m_chipEvent ? m_chip : QString();
+}
+
+void FrmEvCal::openChosen(const QString& chip)
+{
+    const std::vector<DayChip>& chips = selectedChips();
+    if (!chip.isEmpty())
+        openEntry(chip);
+    else if (chips.size() > 1)
+        emit dayListWanted();
+    else if (!chips.empty())
+        openEntry(chips.front().key);
+    else
+        cmdNewEvent();
+}
+
+void FrmEvCal::removeChosen(const QString& chip)
+{
+    const std::vector<DayChip>& chips = selectedChips();
+    if (!chip.isEmpty())
+        removeEntry(chip);
+    else if (!isNewEntry() && frameDate() == m_selectedDay)
+        cmdRemove1();
+    else if (chips.size() == 1)
+        removeEntry(chips.front().key);
+}
+
 void FrmEvCal::removeEntry(const QString& key)
 {
     if (const JWevent* const entry = entryOf(key))
