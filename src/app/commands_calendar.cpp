@@ -1,9 +1,12 @@
 // The commands about what is planned and due.
 #include "app/commands.h"
 #include "app/output.h"
+#include "calendar/eventpeople.h"
 #include "calendar/icalendar.h"
 #include "calendar/jwevent.h"
+#include "calendar/monthsummary.h"
 #include "calendar/reminderlist.h"
+#include "calendar/reminderrules.h"
 #include "store/datajw.h"
 
 #include <QCoreApplication>
@@ -13,6 +16,7 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -49,22 +53,45 @@ QString timeText(const JWevent& entry)
     return entry.startTime().isValid() ? entry.startTime().toString(u"HH:mm"_s) : u"-"_s;
 }
 
-/// Where an entry stands, as the calendar's task list says it.
+/// Where an entry stands, for scripts.
 QString stateOf(const JWevent& entry, QDate today)
 {
-    if (entry.isDone())
-        return entry.isTask() ? u"completed"_s : u"closed"_s;
-    if (!entry.isTask())
-        return u"open"_s;
-    return entry.hasDate() && entry.eventDate < today ? u"overdue"_s : u"due"_s;
+    if (entry.isTask())
+        return stateName(taskState(entry, today));
+    return entry.isDone() ? u"closed"_s : u"open"_s;
 }
+
+/// The same for people.
+QString shownStateOf(const JWevent& entry, QDate today)
+{
+    if (entry.isTask())
+        return shownState(taskState(entry, today));
+    return entry.isDone() ? tr("closed") : tr("open");
+}
+
+/// What a month holds, and the names that belong to it.
+struct Agenda
+{
+    std::vector<JWevent> entries;
+    EventOwnersByKey owners;
+    EventPeople people;
+
+    [[nodiscard]] QString contact(const JWevent& entry) const
+    {
+        return people.contact(owners.value(entry.eventKey));
+    }
+    [[nodiscard]] QString company(const JWevent& entry) const
+    {
+        return people.company(owners.value(entry.eventKey));
+    }
+};
 
 QJsonValue textOrNull(const QString& text)
 {
     return text == u"-" || text.isEmpty() ? QJsonValue() : QJsonValue(text);
 }
 
-QJsonObject asJson(const JWevent& entry, QDate today)
+QJsonObject asJson(const Agenda& agenda, const JWevent& entry, QDate today)
 {
     return {{u"key"_s, entry.eventKey},
             {u"kind"_s, entry.isTask() ? u"task"_s : u"event"_s},
@@ -73,18 +100,28 @@ QJsonObject asJson(const JWevent& entry, QDate today)
             {u"name"_s, entry.eventName},
             {u"description"_s, entry.eventDescription},
             {u"medium"_s, textOrNull(entry.medium)},
+            {u"contact"_s, textOrNull(agenda.contact(entry))},
+            {u"company"_s, textOrNull(agenda.company(entry))},
             {u"state"_s, stateOf(entry, today)}};
 }
 
-/// The month's events and tasks by date, and behind them the tasks without a date, which belong to every
-/// month until they are done.
-std::vector<JWevent> agendaOf(DataJW& dataJW, QDate month)
+/// The month's events and tasks by date, and behind them all tasks without a date, which belong to every
+/// month, as in the calendar's task list. Nothing when the events could not be read.
+std::optional<Agenda> agendaOf(DataJW& dataJW, QDate month)
 {
-    const std::vector<JWevent> all = readEvents(dataJW, u"Agenda"_s);
-    std::vector<JWevent> entries = eventsOfMonth(all, month);
-    std::ranges::copy_if(all, std::back_inserter(entries),
+    const std::optional<EventRows> all = readEvents(dataJW);
+    if (!all)
+        return std::nullopt;
+    reportUnreachable(dataJW, u"Agenda"_s, all->unreachable);
+    Agenda agenda{eventsOfMonth(all->events, month), {}, {}};
+    std::ranges::copy_if(all->events, std::back_inserter(agenda.entries),
                          [](const JWevent& entry) { return entry.isTask() && !entry.hasDate(); });
-    return entries;
+    for (const JWevent& entry : agenda.entries) {
+        if (all->owners.contains(entry.eventKey))
+            agenda.owners.insert(entry.eventKey, all->owners.value(entry.eventKey));
+    }
+    agenda.people.learn(dataJW, agenda.owners);
+    return agenda;
 }
 
 struct AgendaOptions
@@ -94,14 +131,24 @@ struct AgendaOptions
     bool json = false;
 };
 
-void printAgenda(const std::vector<JWevent>& entries, QDate today)
+void printAgenda(const Agenda& agenda, QDate today)
 {
-    const QList<int> widths{10, 5, 24, 15, 9};
-    printRow({tr("Date"), tr("Time"), tr("Event"), tr("Medium"), tr("State"), tr("Description")}, widths);
-    for (const JWevent& entry : entries)
-        printRow({dayText(entry), timeText(entry), entry.eventName, entry.medium, stateOf(entry, today),
-                  entry.eventDescription},
+    const QList<int> widths{10, 5, 24, 15, 9, 28, 20};
+    printRow({tr("Date"), tr("Time"), tr("Event"), tr("Medium"), tr("State"), tr("Company"), tr("Contact"),
+              tr("Description")},
+             widths);
+    for (const JWevent& entry : agenda.entries)
+        printRow({dayText(entry), timeText(entry), entry.eventName, entry.medium, shownStateOf(entry, today),
+                  agenda.company(entry), agenda.contact(entry), entry.eventDescription},
                  widths);
+}
+
+QByteArray asCalendar(const Agenda& agenda, const QDateTime& now)
+{
+    QHash<Key, QString> with;
+    for (auto owners = agenda.owners.cbegin(); owners != agenda.owners.cend(); ++owners)
+        with.insert(owners.key(), agenda.people.with(owners.value()));
+    return icalendar::write(agenda.entries, now, with);
 }
 
 int agenda(CommandContext& context, const AgendaOptions& options)
@@ -115,27 +162,22 @@ int agenda(CommandContext& context, const AgendaOptions& options)
     Session* const session = context.openSession();
     if (!session)
         return context.exitCode;
-    const std::vector<JWevent> entries =
-        agendaOf(session->dataJW(), asked.isValid() ? asked : session->today());
+    const auto month = agendaOf(session->dataJW(), asked.isValid() ? asked : session->today());
+    if (!month) {
+        printError(tr("The events could not be read."));
+        return Failed;
+    }
     if (options.ics) {
-        print(QString::fromUtf8(icalendar::write(entries, session->now())));
+        print(QString::fromUtf8(asCalendar(*month, session->now())));
     } else if (options.json) {
         QJsonArray array;
-        for (const JWevent& entry : entries)
-            array.append(asJson(entry, session->today()));
+        for (const JWevent& entry : month->entries)
+            array.append(asJson(*month, entry, session->today()));
         printJson(array);
     } else {
-        printAgenda(entries, session->today());
+        printAgenda(*month, session->today());
     }
     return Done;
-}
-
-/// What a person reads for the urgency.
-QString urgencyWord(const QString& urgency)
-{
-    if (urgency == u"Overdue")
-        return u"overdue"_s;
-    return urgency == u"sel" ? u"soon"_s : u"later"_s;
 }
 
 QJsonObject asJson(const DueEvent& due)
@@ -158,7 +200,7 @@ void printDue(const std::vector<DueEvent>& events)
               tr("Description")},
              widths);
     for (const DueEvent& each : events)
-        printRow({urgencyWord(each.verdict.urgency()), each.verdict.timeLeft(),
+        printRow({shownUrgency(each.verdict.urgency()), each.verdict.timeLeft(),
                   each.verdict.moment.toString(u"yyyy-MM-dd HH:mm"_s), each.event, each.company, each.contact,
                   each.description},
                  widths);

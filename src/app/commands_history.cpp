@@ -83,7 +83,7 @@ std::optional<Person> findPerson(const std::vector<Person>& people, const QStrin
 
 QJsonValue dateOrNull(QDate date)
 {
-    return date.isValid() && date != dates::sentinel ? QJsonValue(date.toString(Qt::ISODate)) : QJsonValue();
+    return dates::isDay(date) ? QJsonValue(date.toString(Qt::ISODate)) : QJsonValue();
 }
 
 /// A text in its column: a line break or an escape in it stays harmless.
@@ -106,7 +106,7 @@ void printTable(const std::vector<History>& histories)
         printLine(line.trimmed());
     };
     const auto day = [](QDate date) -> QString {
-        return date.isValid() && date != dates::sentinel ? date.toString(Qt::ISODate) : u"-"_s;
+        return dates::isDay(date) ? date.toString(Qt::ISODate) : u"-"_s;
     };
     row({tr("Date"), tr("Medium"), tr("Length"), tr("Topic"), tr("Next call"), tr("Return")});
     for (const History& history : histories)

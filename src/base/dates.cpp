@@ -1,5 +1,7 @@
 #include "base/dates.h"
 
+#include <QLocale>
+
 #include <array>
 
 namespace dates {
@@ -157,6 +159,16 @@ std::optional<Moment> fromIso(QStringView text)
     if (text.size() < 10 || text[4] != u'-')
         return std::nullopt;
     return parse(text);
+}
+
+bool isDay(QDate date)
+{
+    return date.isValid() && date != sentinel;
+}
+
+QString shown(QDate date)
+{
+    return isDay(date) ? QLocale().toString(date, QLocale::ShortFormat) : QString();
 }
 
 QString mdyy(QDate date)

@@ -25,6 +25,10 @@ struct Moment
 inline const QDate sentinel{1999, 12, 31};
 /// What a screen shows for a missing date ("01/01/01").
 inline const QDate missing{2001, 1, 1};
+/// False for an invalid date and the sentinel: nothing has happened or is planned on such a day.
+[[nodiscard]] bool isDay(QDate date);
+/// A day as a person reads it, in the short form of the user's region; "" when it is none by isDay().
+[[nodiscard]] QString shown(QDate date);
 
 /// Reads a date in any form the program writes: m/d/yy, m/d/yyyy, mm/dd/yyyy, yyyy-mm-dd, each with an
 /// optional time behind a blank (or "T" in the last form): h:mm, h:mm:ss, with or without AM or PM.

@@ -72,6 +72,8 @@ QVariant RowModel::data(const QModelIndex& index, int role) const
         return row.kind;
     case MarkedRole:
         return row.marked;
+    case Qt::AccessibleDescriptionRole:
+        return row.tip.isEmpty() ? QVariant() : QVariant(row.tip);
     default:
         return {};
     }

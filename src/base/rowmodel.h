@@ -15,10 +15,12 @@ struct ListRow
     QString kind;                  ///< a word for the state ("overdue"); the view decides how it looks
     std::vector<QVariant> sortsBy; ///< by column, where the text would sort wrongly (dates, numbers)
     bool marked = false;           ///< the one that the buttons are about
+    QString tip{};                 ///< what the columns have no room for, in words; empty when they say all
 };
 
 /// Rows of texts in columns with headings, for the lists that stand for records. Rows keep the order in which
-/// the presenter put them; a view that sorts does so in a proxy by SortRole.
+/// the presenter put them; a view that sorts does so in a proxy by SortRole. A row's tip is its accessible
+/// description.
 class RowModel : public QAbstractTableModel
 {
     Q_OBJECT

@@ -13,10 +13,8 @@ class CalDis
 public:
     explicit CalDis(Clock clock);
 
-    [[nodiscard]] QDate Today() const
-    {
-        return m_today;
-    } ///< the current date when setMonth() was last called
+    /// The current date when setMonth() was last called.
+    [[nodiscard]] QDate Today() const { return m_today; }
     void setToday(QDate day) { m_today = day; }
     [[nodiscard]] qint16 startDay() const { return m_startDay; } ///< weekday of the 1st
     void setStartDay(qint16 weekday) { m_startDay = weekday; }

@@ -2,6 +2,8 @@
 
 #include "calendar/eventtimes.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace eventchoices {
@@ -36,6 +38,11 @@ const std::vector<EventChoice>& priorities()
     static const std::vector<EventChoice> list{{u"Priority1"_s, u"High Priority"_s},
                                                {u"Priority2"_s, u"Low Priority"_s}};
     return list;
+}
+
+bool isPriority(const QString& text)
+{
+    return std::ranges::find(priorities(), text, &EventChoice::text) != priorities().end();
 }
 
 QStringList times()

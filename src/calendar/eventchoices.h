@@ -21,7 +21,8 @@ const std::vector<EventChoice>& eventTypes(); ///< imgEventType, headed "Event T
 const std::vector<EventChoice>& formats();    ///< imgFormat, headed "Format"
 const std::vector<EventChoice>& others();     ///< imgOther1 and imgOther2
 const std::vector<EventChoice>& priorities(); ///< imgPriority, headed "Priority"
-QStringList times();                          ///< lstTime: "1:00" to "12:30" by half hours
+bool isPriority(const QString& text);
+QStringList times();     ///< lstTime: "1:00" to "12:30" by half hours
 QStringList reminders(); ///< lstRemind: "1 hrs" to "12 hrs", "1 dys" to "10 dys", "1 wks" to "4 wks"
 
 inline constexpr QStringView networkingEvent = u"Networking Event";

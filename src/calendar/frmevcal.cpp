@@ -3,8 +3,8 @@
 
 #include "base/dates.h"
 #include "base/text.h"
+#include "calendar/entrytexts.h"
 #include "calendar/eventchoices.h"
-#include "calendar/eventtimes.h"
 #include "calendar/monthsummary.h"
 #include "store/datajw.h"
 
@@ -36,49 +36,6 @@ QString monthDay(QDate date)
     return QString::number(date.month()) + u'/' + QString::number(date.day());
 }
 
-bool isOpenTime(const JWevent& event)
-{
-    return event.eventTime.isEmpty() || event.eventTime == u"Nodate";
-}
-
-QString chipText(const JWevent& event)
-{
-    if (isOpenTime(event))
-        return event.eventName;
-    return event.eventTime + (event.ampm == u"PM" ? u"p " : u" ") + event.eventName;
-}
-
-/// All that a chip tells by place, picture and colour, in words.
-QString chipTip(const JWevent& event)
-{
-    QStringList parts;
-    if (!isOpenTime(event)) {
-        QString time = event.eventTime + u' ' + event.ampm;
-        const double hours = eventtimes::number(event.eventDuration);
-        if (hours > 0)
-            time = FrmEvCal::tr("%1 to %2")
-                       .arg(time, eventtimes::getEndTime(event.eventTime, hours, event.ampm).remove(u'/'));
-        parts << time;
-    }
-    parts << event.eventName;
-    if (!event.medium.isEmpty())
-        parts << event.medium;
-    const int lead = static_cast<int>(eventtimes::number(event.reminder1));
-    if (lead > 0)
-        parts << FrmEvCal::tr("reminder %1 before").arg(eventtimes::reminderText(lead));
-    if (event.isDone())
-        parts << FrmEvCal::tr("closed");
-    const QString what = event.eventDescription.trimmed();
-    return parts.join(u", "_s) + (what.isEmpty() ? QString() : u'\n' + what);
-}
-
-QString taskText(const JWevent& task)
-{
-    // Tasks of one kind are told apart by what there is to do.
-    const QString what = task.eventDescription.section(u'\n', 0, 0).trimmed();
-    return what.isEmpty() ? task.eventName : QString(task.eventName + u": " + what);
-}
-
 } // namespace
 
 FrmEvCal::FrmEvCal(Session& session, Navigator& navigator)
@@ -103,6 +60,8 @@ void FrmEvCal::load()
     setOn(u"chkShowComplete"_s, m_showComplete);
     m_companies = m_session.dataJW().getCompanyNames();
     m_companies.removeIf([](const QString& name) { return text::isCategory(name); });
+    m_chip.clear();
+    m_people.forget(); // they may have got other names since
     closeEvent();
     setMonth(m_session.today());
     loadEvents();
@@ -124,6 +83,10 @@ void FrmEvCal::unload()
 
 void FrmEvCal::showEvent(Key eventKey)
 {
+    if (m_loaded) { // another screen stands beside the open calendar
+        openEvent(eventKey);
+        return;
+    }
     m_preparedEvent = eventKey;
     m_navigator.openScreen(u"FrmEvCal"_s);
     m_preparedEvent.reset(); // a program without this screen has not taken it
@@ -131,6 +94,11 @@ void FrmEvCal::showEvent(Key eventKey)
 
 void FrmEvCal::createHistoryEvent(const QHash<QString, QString>& values)
 {
+    if (m_loaded) {
+        if (mayLeaveFrame())
+            openHistoryTask(values);
+        return;
+    }
     m_preparedTask = values;
     m_navigator.openScreen(u"FrmEvCal"_s);
     m_preparedTask.reset();
@@ -141,20 +109,41 @@ void FrmEvCal::reload()
     if (!m_loaded)
         return;
     loadEvents();
+    followStore();
     repaint();
 }
 
 void FrmEvCal::loadEvents()
 {
-    m_events = readEvents(m_session.dataJW(), u"frmEvCal - loadEvents"_s);
-    checkBound(u"events"_s, u"frmEvCal - loadEvents"_s, m_events.size(), eventBound);
+    const QString place = u"frmEvCal - loadEvents"_s;
+    std::optional<EventRows> rows = readEvents(m_session.dataJW());
+    m_readable = rows.has_value();
+    if (!rows)
+        rows.emplace();
+    m_events = std::move(rows->events);
+    m_owners = std::move(rows->owners);
+    // They cannot be shown however often the month is painted: said once, it is known.
+    if (rows->unreachable > 0 && !m_told.contains(u"!keys"_s)) {
+        m_told.insert(u"!keys"_s);
+        reportUnreachable(m_session.dataJW(), place, rows->unreachable);
+    }
+    checkBound(Bound::Events, u"events"_s, place, m_events.size());
     if (m_events.size() > eventBound)
         m_events.resize(eventBound);
+    m_people.learn(m_session.dataJW(), m_owners);
+    for (const QString& control : {u"cmdNewEvent"_s, u"cmdNewTask"_s, u"chkShowComplete"_s})
+        m_form.setEnabled(control, m_readable);
 }
 
-void FrmEvCal::checkBound(const QString& what, const QString& place, size_t count, int bound)
+QString FrmEvCal::with(const JWevent& entry) const
 {
-    const bool isMonth = bound == monthBound;
+    return m_people.with(m_owners.value(entry.eventKey));
+}
+
+void FrmEvCal::checkBound(Bound kind, const QString& what, const QString& place, size_t count)
+{
+    const bool isMonth = kind == Bound::Month;
+    const int bound = isMonth ? monthBound : eventBound;
     if (count > static_cast<size_t>(bound)) {
         const QString text =
             isMonth ? tr("The calendar shows at most %1 events of one month. The first %1 of "
@@ -182,8 +171,18 @@ void FrmEvCal::setMonth(QDate day)
     m_year = static_cast<qint16>(day.year());
     m_selectedDay = day;
     clearCal();
-    m_form.setText(u"lblMonth"_s, m_calDis.monthName() + u' ' + QString::number(m_year));
+    m_form.setText(u"lblMonth"_s, monthTitle(day));
     m_form.setText(u"Label11"_s, tr("Month of ") + m_calDis.monthName());
+}
+
+QString FrmEvCal::monthTitle(QDate day)
+{
+    return CalDis::getMonth(day) + u' ' + QString::number(day.year());
+}
+
+QString FrmEvCal::tasksHint() const
+{
+    return m_readable ? tr("No tasks in this month.\n“New task” adds one to the chosen day.") : QString();
 }
 
 void FrmEvCal::clearCal()
@@ -228,12 +227,14 @@ void FrmEvCal::fillEvents()
         summary.add(event);
         paintEvent(event, static_cast<int>(i) + 1);
     }
-    m_form.setText(u"lblEvents"_s, summary.events());
+    m_form.setText(u"lblEvents"_s, m_readable
+                                       ? summary.events()
+                                       : tr("The events could not be read. \"Today\" tries it again."));
     m_form.setText(u"lblBusy"_s, summary.busy());
     m_form.setText(u"lblBusiest"_s, summary.busiest());
     fillTasks();
-    checkBound(u"month %1/%2"_s.arg(m_month).arg(m_year), u"frmEvCal - fillEvents"_s, m_monthEvents.size(),
-               monthBound);
+    checkBound(Bound::Month, u"month %1/%2"_s.arg(m_month).arg(m_year), u"frmEvCal - fillEvents"_s,
+               m_monthEvents.size());
     m_monthEvents.resize(std::min(m_monthEvents.size(), static_cast<size_t>(monthBound)));
 }
 
@@ -244,12 +245,25 @@ void FrmEvCal::paintEvent(const JWevent& event, int slot)
     icons.removeAll(QString());
     m_cells[static_cast<size_t>(cellOf(event.eventDate))].chips.push_back(
         {.key = u"EV"_s + QString::number(slot),
-         .text = chipText(event),
-         .tip = chipTip(event),
+         .text = entrytexts::chip(event),
+         .tip = entrytexts::tip(event, with(event)),
          .icons = icons,
          .kind = eventchoices::kindOf(event.eventName),
          .ghosted = event.complete == u"OkEvent",
          .complete = event.isDone()});
+}
+
+ListRow FrmEvCal::taskRow(const JWevent& task) const
+{
+    const TaskState state = taskState(task, m_calDis.Today());
+    const QString people = with(task);
+    return {.key = u'A' + QString::number(task.eventKey),
+            .texts = {entrytexts::task(task),
+                      task.eventDate == dates::sentinel ? tr("No Date") : monthDay(task.eventDate),
+                      shownState(state)},
+            .kind = stateName(state),
+            .sortsBy = {QVariant(), task.eventDate, QVariant()},
+            .tip = people.isEmpty() ? QString() : entrytexts::tip(task, people)};
 }
 
 void FrmEvCal::fillTasks()
@@ -271,12 +285,7 @@ void FrmEvCal::fillTasks()
             monthly.add(entry, today);
         if (!entry.isTask() || (!dateless && !ofMonth))
             continue;
-        const QString state = stateName(taskState(entry, today));
-        rows.push_back(
-            {.key = u'A' + QString::number(entry.eventKey),
-             .texts = {taskText(entry), dateless ? tr("No Date") : monthDay(entry.eventDate), state},
-             .kind = state,
-             .sortsBy = {QVariant(), entry.eventDate, QVariant()}});
+        rows.push_back(taskRow(entry));
     }
     m_tasks.setRows(std::move(rows));
     m_form.setText(u"txtTotals"_s, all.text());

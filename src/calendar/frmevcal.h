@@ -6,6 +6,7 @@
 #include "base/ports.h"
 #include "base/rowmodel.h"
 #include "calendar/caldis.h"
+#include "calendar/eventpeople.h"
 #include "calendar/jwevent.h"
 #include "store/session.h"
 
@@ -49,32 +50,42 @@ class FrmEvCal : public QObject
 
 public:
     static constexpr int cellCount = 37;
-    static constexpr int timerCalInterval =
-        1500;                               ///< ms: how long a drag rests on a month arrow before it steps
-    static constexpr int eventBound = 1000; ///< events in memory
-    static constexpr int monthBound = 100;  ///< events in one month
+    static constexpr int timerCalInterval = 1500; ///< ms that a drag rests on a month arrow before it steps
+    static constexpr int eventBound = 1000;       ///< events in memory
+    static constexpr int monthBound = 100;        ///< events in one month
 
     FrmEvCal(Session& session, Navigator& navigator);
     ~FrmEvCal() override;
 
-    /// The controls:
-    /// - month: lblMonth ("November 2026"), lblEvents, lblBusy, lblBusiest, txtTotals, txtMonthly, txtNoDate,
-    ///   Label11 ("Month of November"), chkShowComplete;
-    /// - frame: frmeEventData (its caption, "mm/dd/yyyy" or "No Date"), txtEvName, txtFormat (the format, or
-    /// the
-    ///   priority of a task), txtEvDescription, chkTask, chkNoDate, chkComplete;
-    /// - its times: txtEvTimeS with optStAM and optStPM (start), txtEvTimeN with optEnAM and optEnPM (end),
-    /// both
-    ///   with lstTime as items, chkhalf, chkOne, chkOnehalf, chkTwo, dtEvTsk (ISO date; it moves events as
-    ///   well as tasks, for those who do not drag), imgReminder (the bell, "1" when set), txtRemind with
-    ///   lstRemind as items;
-    /// - its people: lblCompany, lblContact, lblPosition with their choices as items (the first one empty:
-    /// none);
-    /// - its buttons: cmdAdd1, cmdRemove1, imgOther1 and imgOther2 (text chosen, "" for none), imgFormat and
-    ///   imgPriority (one of them visible).
+    /// The controls.
+    ///
+    /// Month:
+    /// - lblMonth ("November 2026"), Label11 ("Month of November"), lblEvents, lblBusy, lblBusiest
+    /// - txtTotals, txtMonthly, txtNoDate: the tasks counted
+    /// - chkShowComplete, cmdNewEvent, cmdNewTask: disabled while the events could not be read
+    ///
+    /// Frame:
+    /// - frmeEventData: its caption, "mm/dd/yyyy" or "No Date"
+    /// - txtEvName, txtEvDescription, chkTask, chkNoDate, chkComplete
+    /// - txtFormat: the format, or the priority of a task; imgFormat or imgPriority is visible with it
+    /// - imgOther1, imgOther2: the text chosen, "" for none
+    /// - cmdAdd1, cmdRemove1
+    ///
+    /// Its times:
+    /// - txtEvTimeS with optStAM and optStPM: the start, with lstTime as items
+    /// - txtEvTimeN with optEnAM and optEnPM: the end, with the same
+    /// - chkhalf, chkOne, chkOnehalf, chkTwo: lengths
+    /// - dtEvTsk: the day as an ISO date, for those who do not drag
+    /// - imgReminder: the bell, "1" when set; txtRemind with lstRemind as items
+    ///
+    /// Its people:
+    /// - lblCompany, lblContact, lblPosition with their choices as items, the first one empty: none
     [[nodiscard]] Form& form() { return m_form; }
     /// Task, Due, State; kinds "due", "overdue", "completed"; keys "A" and the event's key.
     [[nodiscard]] RowModel& lvwAct() { return m_tasks; }
+
+    /// False when the last reading of the events failed: the month is then unknown, not empty.
+    [[nodiscard]] bool isReadable() const { return m_readable; }
 
     // --- The month ----------------------------------------------------------------------------------------
     [[nodiscard]] const std::array<DayCell, cellCount>& cells() const { return m_cells; } ///< lvwDay(0..36)
@@ -82,6 +93,11 @@ public:
     [[nodiscard]] qint16 month() const { return m_month; }
     [[nodiscard]] qint16 year() const { return m_year; }
     [[nodiscard]] QDate selectedDay() const { return m_selectedDay; } ///< always in the shown month
+
+    /// What the task list says while it is empty.
+    [[nodiscard]] QString tasksHint() const;
+    /// lblMonth for the month of @p day.
+    [[nodiscard]] static QString monthTitle(QDate day);
 
     // --- The frame ----------------------------------------------------------------------------------------
     [[nodiscard]] bool isFrameOpen() const { return m_frameOpen; }
@@ -91,6 +107,8 @@ public:
     [[nodiscard]] QDate frameDate() const;
     /// What chkComplete says beside its box: "Complete" or "Incomplete".
     [[nodiscard]] QString completeCaption() const;
+    /// The frame's heading: the entry's day in the user's language, and whether the entry is a new one.
+    [[nodiscard]] QString frameHeading() const;
     /// The frame may go: true when nothing in it is unsaved, or the user has saved or dropped it. Asked by
     /// the view before it closes.
     bool mayLeaveFrame();
@@ -101,14 +119,16 @@ public:
     void load();
     /// The screen has been closed.
     void unload();
-    /// Opens the screen with the frame on this event.
+    /// Opens the screen with the frame on this event. A calendar that is open already shows it, once what is
+    /// unsaved in its frame has been asked for; so does the next.
     void showEvent(Key eventKey);
     /// Opens the screen with the frame on a new task made of these values: "H0" company, "H1" contact, "H2"
     /// position, "H3" event type, "H4" description, "H5" date in any of the program's forms (else today),
     /// "H6" medium. "NONE" means empty. An event type that begins with "net" makes it a networking event.
     void createHistoryEvent(const QHash<QString, QString>& values);
-    /// Something else has changed events: an open calendar reads and paints them again. What is in the frame
-    /// stays.
+    /// Something else has changed events: an open calendar reads and paints them again. A frame with nothing
+    /// unsaved shows what is stored now, or shuts when its entry is gone. What is unsaved stays, as an entry
+    /// that is gone is then a new one, and one that has been closed stays closed.
     void reload();
 
     // --- Events, called by the view. Keys are those of chips ("EV3") and tasks ("A12"). -------------------
@@ -121,6 +141,17 @@ public:
     void newTask(QDate day); ///< an invalid day: a task without a date
     void openEntry(const QString& key);
     void openEvent(Key eventKey);
+    /// The keys go to this chip of the selected day; "" for the day itself.
+    void chooseChip(const QString& chip);
+    /// The chip that the keys are about; "" for none, and once another day or another event stands there.
+    [[nodiscard]] QString chosenChip() const;
+    /// The selected day is opened by a key, @p chip being the one of its chips that the keys are about (""
+    /// for none): that entry or the day's only one is opened, several are offered by dayListWanted(), and a
+    /// day without any gets a new one.
+    void openChosen(const QString& chip);
+    /// Something of the selected day is to be deleted: @p chip, without one the frame's entry when it lies
+    /// there, else the day's only one. Which of several is not guessed.
+    void removeChosen(const QString& chip);
     /// Drops an entry on a day: it moves there. Invalid days and unknown keys do nothing.
     void dropOn(const QString& key, QDate day);
     void removeEntry(const QString& key); ///< asks, then deletes
@@ -161,6 +192,7 @@ signals:
     /// The frame has been opened on an entry: the view brings it into sight and puts the focus into it. A
     /// view that is made behind load() asks isFrameOpen().
     void frameShown();
+    void dayListWanted(); ///< the user is to pick one of the selected day's entries
     /// Events or positions in the store are no longer what they were.
     void recordsChanged();
 
@@ -182,17 +214,24 @@ private:
     void fillTasks();
     void markDays();
     void repaint();
-    void checkBound(const QString& what, const QString& place, size_t count, int bound);
+    enum class Bound { Events, Month };
+    void checkBound(Bound kind, const QString& what, const QString& place, size_t count);
+    [[nodiscard]] ListRow taskRow(const JWevent& task) const;
+    [[nodiscard]] QString with(const JWevent& entry) const;
     [[nodiscard]] static bool isStorable(QDate day);
+    [[nodiscard]] const std::vector<DayChip>& selectedChips() const;
     [[nodiscard]] const JWevent* entryOf(const QString& key) const;
+    void followStore();
     void storeChanged(QDate shown);
     void removeRows(const std::vector<Key>& rows);
 
     // The frame
     void openFrame(std::vector<Key> rows, QDate day);
+    bool mayPlan();
     void newEntry(QDate day, bool task);
     void openHistoryTask(const QHash<QString, QString>& values);
     void fillFrame(const JWevent& event);
+    void showMedium(const QString& medium, bool task);
     void fillTimes(const JWevent& event);
     void fillOwners(const RecordSet& row);
     void fillOthers();
@@ -226,6 +265,8 @@ private:
     [[nodiscard]] Key contactKey(Key company);
     [[nodiscard]] bool wantsPlaceholder(const Owners& owners);
     [[nodiscard]] QString addPlaceholder(Owners& owners);
+    [[nodiscard]] bool isStoredAsTask() const;
+    [[nodiscard]] QString mediumStored() const;
     [[nodiscard]] QString insertStatement(const Owners& owners) const;
     bool replaceRows(const QString& insert, std::vector<Key>& left);
     bool settle(bool inserted, Key newKey, std::vector<Key> left);
@@ -236,19 +277,25 @@ private:
     Form m_form;
     RowModel m_tasks;
     CalDis m_calDis;
-    std::vector<JWevent> m_events;      ///< slot 1 is the first
+    std::vector<JWevent> m_events; ///< slot 1 is the first
+    EventOwnersByKey m_owners;     ///< of m_events
+    EventPeople m_people;
     std::vector<JWevent> m_monthEvents; ///< copies of the shown month's
     std::array<DayCell, cellCount> m_cells;
     qint16 m_month = 0;
     qint16 m_year = 0;
     QDate m_selectedDay;
+    QString m_chip;
+    Key m_chipEvent = 0; ///< that m_chip stood for when it was chosen
     bool m_loaded = false;
+    bool m_readable = true;
     bool m_showComplete = false;
-    QSet<QString> m_told; ///< the bounds that have been spoken of
+    QSet<QString> m_told; ///< the bounds that have been spoken of; "!" before those told once an opening
 
     bool m_frameOpen = false;
     bool m_frameDirty = false;
     QDate m_frameDate;
+    bool m_untimed = false;  ///< an event with "Nodate" for its start: an empty one does not make it a task
     QString m_duration;      ///< hours as a decimal text; what the entry is stored with
     QString m_otherMedium;   ///< the format while the entry is a task, the priority while it is an event
     QString m_company;       ///< whose people and positions are listed

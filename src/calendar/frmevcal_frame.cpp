@@ -7,6 +7,8 @@
 #include "calendar/frmevcal.h"
 #include "store/datajw.h"
 
+#include <QLocale>
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -23,12 +25,19 @@ void FrmEvCal::setOn(const QString& control, bool on)
 
 bool FrmEvCal::isNoDate() const
 {
-    return m_form.text(u"frmeEventData"_s) == tr("No Date");
+    return isOn(u"chkNoDate"_s);
 }
 
 QDate FrmEvCal::frameDate() const
 {
     return m_frameOpen && !isNoDate() ? m_frameDate : QDate();
+}
+
+QString FrmEvCal::frameHeading() const
+{
+    const QDate day = frameDate();
+    const QString when = day.isValid() ? QLocale().toString(day, tr("dddd, MMMM d")) : tr("No Date");
+    return isNewEntry() ? tr("%1 · new").arg(when) : when;
 }
 
 QString FrmEvCal::completeCaption() const
@@ -77,9 +86,18 @@ void FrmEvCal::cmdNewTask()
     newTask(m_selectedDay);
 }
 
+bool FrmEvCal::mayPlan()
+{
+    // Beside entries that nobody sees a second one for the same hour would be made, or the same one again.
+    if (!m_readable)
+        m_session.msgBox(tr("The events could not be read, so that nothing can be planned now. Please try "
+                            "\"Today\", or open the calendar again."));
+    return m_readable;
+}
+
 void FrmEvCal::newEvent(QDate day)
 {
-    if (!day.isValid() || !mayLeaveFrame())
+    if (!day.isValid() || !mayPlan() || !mayLeaveFrame())
         return;
     newEntry(day, false);
     emit frameShown();
@@ -87,7 +105,7 @@ void FrmEvCal::newEvent(QDate day)
 
 void FrmEvCal::newTask(QDate day)
 {
-    if (!mayLeaveFrame())
+    if (!mayPlan() || !mayLeaveFrame())
         return;
     newEntry(day, true);
     emit frameShown();
@@ -155,14 +173,13 @@ void FrmEvCal::openFrame(std::vector<Key> rows, QDate day)
 
 void FrmEvCal::fillFrame(const JWevent& event)
 {
-    m_otherMedium.clear();
     m_frameDate = event.hasDate() ? event.eventDate : m_selectedDay;
     showTask(event.isTask());
     setOn(u"chkNoDate"_s, !event.hasDate());
     setFrameDate(m_frameDate);
     setOn(u"chkComplete"_s, event.isDone());
     m_form.setText(u"txtEvName"_s, event.eventName);
-    m_form.setText(u"txtFormat"_s, event.medium);
+    showMedium(event.medium, event.isTask());
     m_form.setText(u"txtEvDescription"_s, fieldtext::toShown(event.eventDescription));
     fillOthers();
     fillTimes(event);
@@ -171,9 +188,19 @@ void FrmEvCal::fillFrame(const JWevent& event)
     m_form.setText(u"txtRemind"_s, eventtimes::reminderText(lead));
 }
 
+void FrmEvCal::showMedium(const QString& medium, bool task)
+{
+    // The one column holds a format or a priority. A task that was made of a history has the history's
+    // medium there: it stays the format, and comes back when the task is made an event.
+    const bool hidden = task && !eventchoices::isPriority(medium);
+    m_form.setText(u"txtFormat"_s, hidden ? QString() : medium);
+    m_otherMedium = hidden ? medium : QString();
+}
+
 void FrmEvCal::fillTimes(const JWevent& event)
 {
     const bool timed = event.eventTime != u"Nodate";
+    m_untimed = !timed && event.isEvent();
     m_form.setText(u"txtEvTimeS"_s, timed ? event.eventTime : QString());
     setHalf(u"optStAM"_s, u"optStPM"_s, event.ampm == u"PM");
     // The stored length stays what it is until the user changes the end, also where the clock's twelve makes
@@ -217,6 +244,8 @@ void FrmEvCal::openHistoryTask(const QHash<QString, QString>& values)
         const QString text = values.value(name);
         return text == u"NONE" ? QString() : text;
     };
+    if (!mayPlan())
+        return;
     const auto date = dates::parse(value(u"H5"_s));
     const QDate day = date ? date->date : m_session.today();
     newEntry(day == dates::sentinel ? QDate() : day, true);
@@ -225,7 +254,7 @@ void FrmEvCal::openHistoryTask(const QHash<QString, QString>& values)
         name = eventchoices::networkingEvent.toString();
     m_form.setText(u"txtEvName"_s, name);
     m_form.setText(u"txtEvDescription"_s, fieldtext::toShown(value(u"H4"_s)));
-    m_form.setText(u"txtFormat"_s, value(u"H6"_s));
+    showMedium(value(u"H6"_s), true);
     fillOthers();
     if (isNetworking()) {
         nameChanged();

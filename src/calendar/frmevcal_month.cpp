@@ -55,6 +55,8 @@ void FrmEvCal::cmdNext()
 
 void FrmEvCal::cmdToday()
 {
+    if (!m_readable)
+        reload();
     selectDay(m_session.today());
 }
 
@@ -67,6 +69,37 @@ void FrmEvCal::setShowComplete(bool show)
     // The same row as in the options, so that the next opening is like this one.
     m_session.dataJW().writeStatus(u"ShowComplete"_s, show ? u"1"_s : u"0"_s, true);
     repaint();
+}
+
+void FrmEvCal::followStore()
+{
+    if (!m_frameOpen || m_rows.empty())
+        return;
+    std::vector<Key> left;
+    RecordSet stored;
+    for (const Key key : m_rows) {
+        RecordSet row = m_session.dataJW().getEventByKey(key);
+        if (row.isNothing())
+            return; // a row that could not be read is not gone
+        if (row.isEmpty())
+            continue;
+        left.push_back(key);
+        stored = std::move(row);
+    }
+    m_rows = std::move(left);
+    const std::optional<JWevent> entry = m_rows.empty() ? std::nullopt : JWevent::fromRow(stored);
+    if (!m_frameDirty && !entry) {
+        closeEvent();
+        return;
+    }
+    if (!m_frameDirty) {
+        fillFrame(*entry);
+        fillOwners(stored);
+    } else if (entry && entry->isDone()) {
+        setOn(u"chkComplete"_s, true); // saving it must not open it again
+    }
+    m_form.setEnabled(u"cmdRemove1"_s, !m_rows.empty());
+    emit frameChanged();
 }
 
 void FrmEvCal::storeChanged(QDate shown)
@@ -111,6 +144,55 @@ void FrmEvCal::flipTask(const QString& key)
         emit frameChanged();
     }
     storeChanged(m_selectedDay);
+}
+
+const std::vector<DayChip>& FrmEvCal::selectedChips() const
+{
+    static const std::vector<DayChip> none;
+    const int cell = cellOf(m_selectedDay);
+    return cell < 0 ? none : m_cells[static_cast<size_t>(cell)].chips;
+}
+
+void FrmEvCal::chooseChip(const QString& chip)
+{
+    if (chip == chosenChip())
+        return;
+    const JWevent* const event = entryOf(chip);
+    m_chip = chip;
+    m_chipEvent = event ? event->eventKey : Key(0);
+    emit changed();
+}
+
+QString FrmEvCal::chosenChip() const
+{
+    // Keys are slots and may stand for another event by now: Delete must never mean one that nobody sees.
+    const JWevent* const event = entryOf(m_chip);
+    const bool shown = std::ranges::find(selectedChips(), m_chip, &DayChip::key) != selectedChips().end();
+    return shown && event && event->eventKey == m_chipEvent ? m_chip : QString();
+}
+
+void FrmEvCal::openChosen(const QString& chip)
+{
+    const std::vector<DayChip>& chips = selectedChips();
+    if (!chip.isEmpty())
+        openEntry(chip);
+    else if (chips.size() > 1)
+        emit dayListWanted();
+    else if (!chips.empty())
+        openEntry(chips.front().key);
+    else
+        cmdNewEvent();
+}
+
+void FrmEvCal::removeChosen(const QString& chip)
+{
+    const std::vector<DayChip>& chips = selectedChips();
+    if (!chip.isEmpty())
+        removeEntry(chip);
+    else if (!isNewEntry() && frameDate() == m_selectedDay)
+        cmdRemove1();
+    else if (chips.size() == 1)
+        removeEntry(chips.front().key);
 }
 
 void FrmEvCal::removeEntry(const QString& key)

@@ -110,9 +110,10 @@ bool FrmEvCal::settle(bool inserted, Key newKey, std::vector<Key> left)
 
 void FrmEvCal::saved(Key newKey)
 {
-    // Without a start it has been stored as a task.
-    if (m_form.text(u"txtEvTimeS"_s).isEmpty())
+    if (isStoredAsTask() && !isOn(u"chkTask"_s)) {
         showTask(true);
+        showMedium(mediumStored(), true);
+    }
     m_frameDirty = false;
     // An entry that cannot be found again must not be added twice by another save.
     if (newKey <= 0)
@@ -210,14 +211,26 @@ QString FrmEvCal::addPlaceholder(Owners& owners)
     return title;
 }
 
+bool FrmEvCal::isStoredAsTask() const
+{
+    return isOn(u"chkTask"_s) || (m_form.text(u"txtEvTimeS"_s).isEmpty() && !m_untimed);
+}
+
+QString FrmEvCal::mediumStored() const
+{
+    const QString shown = m_form.text(u"txtFormat"_s);
+    return shown.isEmpty() && isStoredAsTask() ? m_otherMedium : shown;
+}
+
 QString FrmEvCal::insertStatement(const Owners& owners) const
 {
-    const bool task = isOn(u"chkTask"_s) || m_form.text(u"txtEvTimeS"_s).isEmpty();
+    const bool task = isStoredAsTask();
+    const QString start = m_form.text(u"txtEvTimeS"_s);
     const int lead = isOn(u"imgReminder"_s) ? eventtimes::hoursOf(m_form.text(u"txtRemind"_s)) : 0;
     const QString complete = !isOn(u"chkComplete"_s) ? QString() : task ? u"Complete"_s : u"OkEvent"_s;
     const QStringList values{m_form.text(u"txtEvName"_s),
                              dates::mdyyyy(isNoDate() ? dates::sentinel : m_frameDate),
-                             m_form.text(u"txtEvTimeS"_s),
+                             start.isEmpty() && !task ? u"Nodate"_s : start,
                              m_duration,
                              isOn(u"optStPM"_s) ? u"PM"_s : u"AM"_s,
                              QString::number(lead),
@@ -226,7 +239,7 @@ QString FrmEvCal::insertStatement(const Owners& owners) const
                              QString::number(owners.position),
                              QString::number(owners.contact),
                              QString::number(owners.company),
-                             m_form.text(u"txtFormat"_s),
+                             mediumStored(),
                              task ? u"Task"_s : u"Event"_s,
                              complete};
     QStringList quoted;

@@ -38,6 +38,7 @@ FrmReminder::FrmReminder(Session& session, FrmEvCal& calendar)
     , m_form({{u"txtInterval"_s, {}, SaveOn::Never}, {u"lblNote"_s, {}, SaveOn::Never}})
     , m_list(headings())
 {
+    connect(&calendar, &FrmEvCal::recordsChanged, this, &FrmReminder::lookAgain);
 }
 
 FrmReminder::~FrmReminder() = default;
@@ -142,26 +143,37 @@ void FrmReminder::playAlarm()
 
 // --- Selection --------------------------------------------------------------------------------------------
 
-void FrmReminder::select(const QString& rowKey)
+QString FrmReminder::rowKey(Key eventKey)
 {
-    if (m_list.find(rowKey) < 0)
-        return;
-    m_selectedEventKey = rowKey.mid(1).toShort();
-    m_list.mark(rowKey);
+    return u'A' + QString::number(eventKey);
 }
 
-void FrmReminder::open(const QString& rowKey)
+int FrmReminder::selectedRow() const
 {
-    if (m_list.find(rowKey) < 0)
+    return m_list.find(rowKey(m_selectedEventKey));
+}
+
+void FrmReminder::select(const QString& key)
+{
+    if (m_list.find(key) < 0)
         return;
-    select(rowKey);
+    m_selectedEventKey = key.mid(1).toShort();
+    m_list.mark(key);
+}
+
+void FrmReminder::open(const QString& key)
+{
+    if (m_list.find(key) < 0)
+        return;
+    select(key);
     m_session.trace(u"Open Calendar Screen"_s);
     m_calendar.showEvent(m_selectedEventKey);
+    lookAgain(); // time has passed there, too
 }
 
 void FrmReminder::removeSelected()
 {
-    m_list.remove(u'A' + QString::number(m_selectedEventKey));
+    m_list.remove(rowKey(m_selectedEventKey));
     // The buttons must never act on an event that the user no longer sees.
     m_selectedEventKey = 0;
     showNote();
@@ -199,18 +211,17 @@ void FrmReminder::cmdOk()
         m_session.logError(u"Selected EventKey not found when accessing Events."_s, 1);
         return;
     }
-    closeEvent(event);
-    if (m_list.rowCount() > 0) {
+    // What is still open in the store stays listed, as the user has been told that it could not be closed.
+    if (closeEvent(event) && m_list.rowCount() > 0)
         removeSelected();
-        if (m_list.rowCount() == 0)
-            cmdCloseAll();
-        else
-            setScreen(m_visible, true);
-    }
+    if (m_list.rowCount() == 0)
+        cmdCloseAll();
+    else
+        setScreen(m_visible, true);
     emit recordsChanged();
 }
 
-void FrmReminder::closeEvent(const RecordSet& event)
+bool FrmReminder::closeEvent(const RecordSet& event)
 {
     DataJW& dataJW = m_session.dataJW();
     Action action(dataJW);
@@ -221,9 +232,9 @@ void FrmReminder::closeEvent(const RecordSet& event)
     else
         m_session.logError(u"Selected Event Position Key not found when accessing Events."_s, 1);
     // The event is over whatever became of its position.
-    dataJW.execQuery(u"Update Event set Complete='OkEvent' where EventKey="_s +
-                     QString::number(m_selectedEventKey));
-    action.commit();
+    const bool closed = dataJW.execQuery(u"Update Event set Complete='OkEvent' where EventKey="_s +
+                                         QString::number(m_selectedEventKey));
+    return action.commit() && closed;
 }
 
 void FrmReminder::writeStep(const QString& event, const QString& date, Key position, Key medium)
@@ -258,9 +269,10 @@ void FrmReminder::cmdDismiss()
         return;
     }
     Action action(m_session.dataJW());
-    m_session.dataJW().execQuery(u"DELETE * FROM EVENT where EventKey="_s +
-                                 QString::number(m_selectedEventKey));
-    action.commit();
+    const bool gone = m_session.dataJW().execQuery(u"DELETE * FROM EVENT where EventKey="_s +
+                                                   QString::number(m_selectedEventKey));
+    if (!action.commit() || !gone)
+        return; // it stays listed, as it stays in the store
     removeSelected();
     if (m_list.rowCount() == 0)
         cmdCloseAll();

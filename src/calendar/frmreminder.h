@@ -39,6 +39,8 @@ public:
     [[nodiscard]] bool timer1Enabled() const { return m_timer1Enabled; }
     /// The event that the buttons are about; 0 for none.
     [[nodiscard]] Key selectedEventKey() const { return m_selectedEventKey; }
+    /// Its row in the list, from 0; -1 for none.
+    [[nodiscard]] int selectedRow() const;
     /// Every event that a look of this session found inside its lead time.
     [[nodiscard]] const std::set<Key>& matchedKeys() const { return m_matchedKeys; }
 
@@ -53,9 +55,11 @@ public:
     void activated();
     void deactivated() { m_active = false; }
     /// A click on an entry, by its row's key.
-    void select(const QString& rowKey);
+    void select(const QString& key);
     /// A double click on an entry: the calendar on that event.
-    void open(const QString& rowKey);
+    void open(const QString& key);
+    /// The key of an event's row.
+    [[nodiscard]] static QString rowKey(Key eventKey);
     /// The medium's number in a position's row for its name in an event, in any case; 0 for any other name.
     [[nodiscard]] static Key getMedium(const QString& name);
 
@@ -78,12 +82,14 @@ private:
     void setScreen(bool visible, bool timer1);
     void comeForward(bool byUser);
     void playAlarm();
+    bool look(); ///< true when there is something to show
+    void lookAgain();
     void showRows(const std::vector<DueEvent>& events);
     void noteLook(const std::vector<DueEvent>& events);
     void tellWhatCameDue(const std::vector<DueEvent>& events, const QDateTime& lastLook);
     void removeSelected();
     void showNote();
-    void closeEvent(const RecordSet& event);
+    [[nodiscard]] bool closeEvent(const RecordSet& event);
     void writeStep(const QString& event, const QString& date, Key position, Key medium);
 
     Session& m_session;

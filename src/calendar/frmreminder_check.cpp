@@ -11,16 +11,11 @@ namespace {
 const QString lastLookSetting = u"Reminder/LastLook"_s;
 constexpr qsizetype noteLines = 5;
 
-QString rowKey(Key eventKey)
-{
-    return u'A' + QString::number(eventKey);
-}
-
 /// A row of the list; the columns that would sort wrongly by their texts sort by what they say.
 ListRow listRow(const DueEvent& due)
 {
     const ReminderVerdict& verdict = due.verdict;
-    ListRow row{rowKey(due.eventKey),
+    ListRow row{FrmReminder::rowKey(due.eventKey),
                 {due.event, due.description, dates::general(verdict.moment), due.contact, due.position,
                  due.company, verdict.timeLeft()},
                 verdict.urgency(),
@@ -45,6 +40,22 @@ void FrmReminder::checkEvents()
     // Nobody is interrupted in a question. The look is lost, and so is the tick that asked for it.
     if (m_session.dialogBusy)
         return;
+    // A failure leaves the screen as it was at that moment: shown, with what had been found.
+    if (look())
+        comeForward(!m_unattended);
+    else
+        setScreen(false, m_timer1Enabled);
+}
+
+void FrmReminder::lookAgain()
+{
+    // The calendar stores an entry under a new key. A list with the old one could not close it any more.
+    if (m_visible && !m_session.dialogBusy && !look())
+        setScreen(false, m_timer1Enabled);
+}
+
+bool FrmReminder::look()
+{
     DueEvents found;
     {
         // A look that fails says so in the log and on the screen, but stops nobody with a box.
@@ -61,11 +72,7 @@ void FrmReminder::checkEvents()
     showNote();
     if (!failed)
         noteLook(found.open);
-    // A failure leaves the screen as it was at that moment: shown, with what had been found.
-    if (failed || m_list.rowCount() > 0)
-        comeForward(!m_unattended);
-    else
-        setScreen(false, m_timer1Enabled);
+    return failed || m_list.rowCount() > 0;
 }
 
 void FrmReminder::showRows(const std::vector<DueEvent>& events)

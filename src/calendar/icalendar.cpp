@@ -46,12 +46,13 @@ icaltimetype utc(const QDateTime& moment)
     return value;
 }
 
-void addTexts(icalcomponent* component, const JWevent& entry, const QDateTime& now)
+void addTexts(icalcomponent* component, const JWevent& entry, const QString& with, const QDateTime& now)
 {
     const QString uid = u"event-%1@jobwright"_s.arg(entry.eventKey);
     icalcomponent_add_property(component, icalproperty_new_uid(uid.toUtf8().constData()));
     icalcomponent_add_property(component, icalproperty_new_dtstamp(utc(now)));
-    icalcomponent_add_property(component, icalproperty_new_summary(plain(entry.eventName).constData()));
+    const QString summary = with.isEmpty() ? entry.eventName : QString(entry.eventName + u" (" + with + u')');
+    icalcomponent_add_property(component, icalproperty_new_summary(plain(summary).constData()));
     if (!entry.eventDescription.isEmpty())
         icalcomponent_add_property(component,
                                    icalproperty_new_description(plain(entry.eventDescription).constData()));
@@ -74,10 +75,10 @@ void addAlarm(icalcomponent* component, const JWevent& entry)
     icalcomponent_add_component(component, alarm);
 }
 
-icalcomponent* eventOf(const JWevent& entry, const QDateTime& now)
+icalcomponent* eventOf(const JWevent& entry, const QString& with, const QDateTime& now)
 {
     icalcomponent* const event = icalcomponent_new(ICAL_VEVENT_COMPONENT);
-    addTexts(event, entry, now);
+    addTexts(event, entry, with, now);
     const QTime start = entry.startTime();
     icalcomponent_add_property(event, icalproperty_new_dtstart(timeOf(entry.eventDate, start)));
     const double hours = eventtimes::number(entry.eventDuration);
@@ -92,12 +93,12 @@ icalcomponent* eventOf(const JWevent& entry, const QDateTime& now)
     return event;
 }
 
-icalcomponent* taskOf(const JWevent& entry, const QDateTime& now)
+icalcomponent* taskOf(const JWevent& entry, const QString& with, const QDateTime& now)
 {
     constexpr int highest = 1;
     constexpr int lowest = 9;
     icalcomponent* const task = icalcomponent_new(ICAL_VTODO_COMPONENT);
-    addTexts(task, entry, now);
+    addTexts(task, entry, with, now);
     if (entry.hasDate())
         icalcomponent_add_property(task, icalproperty_new_due(timeOf(entry.eventDate, entry.startTime())));
     if (entry.medium == u"High Priority")
@@ -113,16 +114,16 @@ icalcomponent* taskOf(const JWevent& entry, const QDateTime& now)
 
 namespace icalendar {
 
-QByteArray write(const std::vector<JWevent>& entries, const QDateTime& now)
+QByteArray write(const std::vector<JWevent>& entries, const QDateTime& now, const QHash<Key, QString>& with)
 {
     const Component calendar(icalcomponent_new(ICAL_VCALENDAR_COMPONENT), &icalcomponent_free);
     icalcomponent_add_property(calendar.get(), icalproperty_new_version("2.0"));
     icalcomponent_add_property(calendar.get(), icalproperty_new_prodid("-//Jobwright//Jobwright//EN"));
     for (const JWevent& entry : entries) {
         if (entry.isTask())
-            icalcomponent_add_component(calendar.get(), taskOf(entry, now));
+            icalcomponent_add_component(calendar.get(), taskOf(entry, with.value(entry.eventKey), now));
         else if (entry.hasDate())
-            icalcomponent_add_component(calendar.get(), eventOf(entry, now));
+            icalcomponent_add_component(calendar.get(), eventOf(entry, with.value(entry.eventKey), now));
     }
     const std::unique_ptr<char, decltype(&std::free)> text(icalcomponent_as_ical_string_r(calendar.get()),
                                                            &std::free);

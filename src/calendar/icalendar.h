@@ -5,6 +5,7 @@
 
 #include <QByteArray>
 #include <QDateTime>
+#include <QHash>
 
 #include <vector>
 
@@ -15,7 +16,9 @@ namespace icalendar {
 /// their order. Times float: they are the user's wall clock wherever the file is read. An event whose time
 /// cannot be read takes its whole day; one without a date has no place in a calendar and is left out. Tasks
 /// without a date have no DUE. @p now is the moment of writing, which the format asks for. An entry keeps its
-/// UID as long as it keeps its key.
-[[nodiscard]] QByteArray write(const std::vector<JWevent>& entries, const QDateTime& now);
+/// UID as long as it keeps its key. @p with names by entry key whom it is with, which stands in the summary
+/// behind the entry's own name.
+[[nodiscard]] QByteArray write(const std::vector<JWevent>& entries, const QDateTime& now,
+                               const QHash<Key, QString>& with = {});
 
 } // namespace icalendar

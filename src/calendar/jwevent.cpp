@@ -43,34 +43,43 @@ std::optional<JWevent> JWevent::fromRow(const RecordSet& row)
                    .complete = row.text(u"Complete")};
 }
 
-std::vector<JWevent> readEvents(DataJW& dataJW, const QString& tag)
+std::optional<EventRows> readEvents(DataJW& dataJW)
 {
     RecordSet rows = dataJW.getEventAll();
+    if (rows.isNothing())
+        return std::nullopt;
+    EventRows read;
     std::vector<std::pair<QTime, JWevent>> timed;
     timed.reserve(static_cast<size_t>(rows.rowCount()));
-    int unreachable = 0;
     for (; !rows.atEnd(); rows.next()) {
-        if (std::optional<JWevent> event = JWevent::fromRow(rows))
-            timed.emplace_back(event->startTime(), *std::move(event));
-        else
-            ++unreachable;
+        std::optional<JWevent> event = JWevent::fromRow(rows);
+        if (!event) {
+            ++read.unreachable;
+            continue;
+        }
+        const EventOwners owners{rows.key(u"ContactKey").value_or(0), rows.key(u"CompanyKey").value_or(0)};
+        if (owners.contact != 0 || owners.company != 0)
+            read.owners.insert(event->eventKey, owners);
+        timed.emplace_back(event->startTime(), *std::move(event));
     }
     // The store orders by date alone. A day is read from morning to evening.
     std::stable_sort(timed.begin(), timed.end(), [](const auto& left, const auto& right) {
         return std::tie(left.second.eventDate, left.first, left.second.eventKey) <
                std::tie(right.second.eventDate, right.first, right.second.eventKey);
     });
-    std::vector<JWevent> events;
-    events.reserve(timed.size());
+    read.events.reserve(timed.size());
     for (auto& [time, event] : timed)
-        events.push_back(std::move(event));
-    if (unreachable > 0) {
-        const QString reason = QCoreApplication::translate(
-            "FrmEvCal", "Overflow: %n event(s) have a number above 32767 and cannot be shown.", nullptr,
-            unreachable);
-        dataJW.logError(tag + text::crlf + reason);
-    }
-    return events;
+        read.events.push_back(std::move(event));
+    return read;
+}
+
+void reportUnreachable(DataJW& dataJW, const QString& tag, int count)
+{
+    if (count == 0)
+        return;
+    const QString reason = QCoreApplication::translate(
+        "FrmEvCal", "Overflow: %n event(s) have a number above 32767 and cannot be shown.", nullptr, count);
+    dataJW.logError(tag + text::crlf + reason);
 }
 
 std::vector<JWevent> eventsOfMonth(const std::vector<JWevent>& events, QDate day)

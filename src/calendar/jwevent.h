@@ -4,6 +4,7 @@
 #include "base/key.h"
 
 #include <QDate>
+#include <QHash>
 #include <QString>
 #include <QTime>
 
@@ -45,10 +46,29 @@ struct JWevent
     static std::optional<JWevent> fromRow(const RecordSet& row);
 };
 
-/// All rows of the Event table by date; those of one day by their time of day, those without a time first,
-/// then by key. Rows whose key is too high are left out, and it is logged and shown under @p tag that they
-/// are.
-std::vector<JWevent> readEvents(DataJW& dataJW, const QString& tag);
+/// Whom an entry is with, by key; 0 for nobody.
+struct EventOwners
+{
+    Key contact = 0;
+    Key company = 0;
+};
+using EventOwnersByKey = QHash<Key, EventOwners>; ///< by the entry's key; those with nobody are not in it
+
+/// The Event table as it was read.
+struct EventRows
+{
+    /// By date; those of one day by their time of day, those without a time first, then by key.
+    std::vector<JWevent> events;
+    EventOwnersByKey owners;
+    int unreachable = 0; ///< rows left out because their key is too high
+};
+
+/// Reads all entries. Nothing when they could not be read, which the gateway has then reported: an empty
+/// calendar and an unknown one are not the same.
+std::optional<EventRows> readEvents(DataJW& dataJW);
+
+/// Logs and shows under @p tag that so many rows are left out; nothing for 0.
+void reportUnreachable(DataJW& dataJW, const QString& tag, int count);
 
 /// Those of @p events that lie in the month of @p day, in their order. Closed and finished ones are among
 /// them.

@@ -80,6 +80,18 @@ QString stateName(TaskState state)
     }
 }
 
+QString shownState(TaskState state)
+{
+    switch (state) {
+    case TaskState::Overdue:
+        return tr("overdue");
+    case TaskState::Completed:
+        return tr("completed");
+    default:
+        return tr("due");
+    }
+}
+
 void TaskTotals::add(const JWevent& entry, QDate today)
 {
     if (entry.isEvent())

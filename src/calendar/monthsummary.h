@@ -35,8 +35,10 @@ enum class TaskState { Due, Overdue, Completed };
 
 /// A task whose date lies before @p today is overdue; one without a date never is, nor is a completed one.
 TaskState taskState(const JWevent& task, QDate today);
-/// "due", "overdue" or "completed".
+/// "due", "overdue" or "completed", the same in every language.
 QString stateName(TaskState state);
+/// The same as a person reads it.
+QString shownState(TaskState state);
 
 /// Counts tasks by state, and events.
 class TaskTotals

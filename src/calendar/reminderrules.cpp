@@ -1,6 +1,9 @@
 #include "calendar/reminderrules.h"
 
 #include "base/dates.h"
+#include "calendar/jwevent.h"
+
+#include <QCoreApplication>
 
 #include <cmath>
 
@@ -10,7 +13,6 @@ namespace {
 
 constexpr qint64 secondsAnHour = 3600;
 constexpr qint64 hoursADay = 24;
-const QDate zeroDate(1899, 12, 30);
 
 /// The same figures on the clock, taken as UTC. Appointments are made by the wall clock: counted so, an
 /// event in the hour that summer time skips is still a moment, and a day always has 24 hours.
@@ -27,7 +29,7 @@ qint64 wholeHours(const QDateTime& from, const QDateTime& to)
 std::optional<QDateTime> momentOf(const ReminderValues& values)
 {
     // A row without a date is as old as a row can be: it must not keep the others from being seen.
-    const QString text = (values.date.isEmpty() ? dates::mdyyyy(zeroDate) : values.date) + u' ' +
+    const QString text = (values.date.isEmpty() ? dates::mdyyyy(JWevent::zeroDate) : values.date) + u' ' +
                          values.time.trimmed() + u' ' + values.ampm.trimmed();
     const auto moment = dates::parse(text);
     if (!moment)
@@ -69,9 +71,24 @@ QString ReminderVerdict::urgency() const
     return static_cast<double>(hours) <= std::trunc(lead / 2) ? u"sel"_s : u"unsel"_s;
 }
 
+QString urgencyWord(const QString& urgency)
+{
+    if (urgency == u"Overdue")
+        return u"overdue"_s;
+    return urgency == u"sel" ? u"soon"_s : u"later"_s;
+}
+
+QString shownUrgency(const QString& urgency)
+{
+    if (urgency == u"Overdue")
+        return QCoreApplication::translate("ReminderRules", "overdue");
+    return urgency == u"sel" ? QCoreApplication::translate("ReminderRules", "soon")
+                             : QCoreApplication::translate("ReminderRules", "later");
+}
+
 ReminderRules::ReminderRules(const QDateTime& now)
     : m_now(wallClock(now))
-    , m_moment(zeroDate, QTime(0, 0), Qt::UTC)
+    , m_moment(JWevent::zeroDate, QTime(0, 0), Qt::UTC)
 {
 }
 

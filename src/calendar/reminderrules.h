@@ -27,6 +27,11 @@ struct ReminderVerdict
     [[nodiscard]] QString urgency() const;  ///< "unsel", "sel" or "Overdue"
 };
 
+/// The urgency as files and scripts have it, the same in every language: "later", "soon" or "overdue".
+[[nodiscard]] QString urgencyWord(const QString& urgency);
+/// The same as a person reads it.
+[[nodiscard]] QString shownUrgency(const QString& urgency);
+
 /// Judges events one after the other, in the order of their dates: an event without a moment of its own
 /// stands where the one before it stood.
 class ReminderRules

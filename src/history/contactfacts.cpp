@@ -5,7 +5,6 @@
 #include "store/datajw.h"
 
 #include <QCoreApplication>
-#include <QLocale>
 
 #include <array>
 
@@ -33,8 +32,7 @@ QString mediumWords(const QString& marks)
 
 QString dayReached(QDate day)
 {
-    return day.isValid() && day != dates::sentinel ? QLocale().toString(day, QLocale::ShortFormat)
-                                                   : tr("No Contact");
+    return dates::isDay(day) ? dates::shown(day) : tr("No Contact");
 }
 
 void showLine(Form& form, const QString& label, const QString& front, const QString& value)
@@ -48,9 +46,9 @@ void showAddress(const RecordSet& address, Form& form)
     form.setText(u"txtAddress"_s, address.text(u"Address1") + u'\n' + address.text(u"Address2") + u'\n' +
                                       address.text(u"City") + u", " + address.text(u"State") + u' ' +
                                       address.text(u"Zip"));
-    showLine(form, u"lblPhone1"_s, u"P1:"_s, address.text(u"Phone1"));
-    showLine(form, u"lblPhone2"_s, u"P2:"_s, address.text(u"Phone2"));
-    showLine(form, u"lblFax"_s, u"F:"_s, address.text(u"Fax"));
+    showLine(form, u"lblPhone1"_s, tr("P1:"), address.text(u"Phone1"));
+    showLine(form, u"lblPhone2"_s, tr("P2:"), address.text(u"Phone2"));
+    showLine(form, u"lblFax"_s, tr("F:"), address.text(u"Fax"));
     const QString first = address.text(u"Email1");
     showLine(form, u"lblEmail"_s, {}, first.isEmpty() ? address.text(u"Email2") : first);
     showLine(form, u"lblURL"_s, {}, address.text(u"URL1"));

@@ -8,8 +8,6 @@
 #include "history/historyclosing.h"
 #include "store/datajw.h"
 
-#include <QLocale>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -54,20 +52,13 @@ std::vector<FieldRow> historyForm()
     return rows;
 }
 
-/// A day as a person reads it; a day that is no day says nothing.
-QString shownDay(QDate day)
-{
-    return day.isValid() && day != dates::sentinel ? QLocale().toString(day, QLocale::ShortFormat)
-                                                   : QString();
-}
-
 /// The row of an entry. Lists show one line, whatever line ends came in from elsewhere.
 ListRow rowOf(const History& entry, int slot, QDate today)
 {
     ListRow row;
     row.key = QString::number(slot) + u"Hist"_s;
-    for (const QString& text : {shownDay(entry.ContactDate), entry.topic, entry.medium, entry.Length,
-                                entry.Location, shownDay(entry.NextCall), entry.ReturnCall})
+    for (const QString& text : {dates::shown(entry.ContactDate), entry.topic, entry.medium, entry.Length,
+                                entry.Location, dates::shown(entry.NextCall), entry.ReturnCall})
         row.texts.append(text.simplified());
     const auto length = lengths().indexOf(entry.Length);
     row.sortsBy = {QVariant(entry.ContactDate),
@@ -77,8 +68,7 @@ ListRow rowOf(const History& entry, int slot, QDate today)
                    {},
                    QVariant(entry.NextCall),
                    {}};
-    const bool isDue = entry.NextCall.isValid() && entry.NextCall != dates::sentinel;
-    row.kind = isDue && entry.NextCall < today ? u"overdue"_s : QString();
+    row.kind = dates::isDay(entry.NextCall) && entry.NextCall < today ? u"overdue"_s : QString();
     return row;
 }
 
@@ -186,6 +176,13 @@ bool FrmHistory::holds(int row, const QString& words) const
     return listed || (m_entries.has(row + 1) && has(m_entries.at(row + 1).Details));
 }
 
+QString FrmHistory::hint(int shownRows, const QString& words) const
+{
+    if (m_list.rowCount() <= 1) // "<New>" is no history
+        return tr("Nothing here yet. Fill in the fields below and press Update.");
+    return shownRows <= 1 ? tr("No history holds “%1”.").arg(words.trimmed()) : QString();
+}
+
 void FrmHistory::lvwHistoryClick(int row)
 {
     m_selected = row + 1;
@@ -212,6 +209,7 @@ void FrmHistory::showEntry(const History& entry)
     showChoice(u"cmbReturn"_s, entry.ReturnCall);
     m_form.setText(u"dtpNextCall"_s, day(entry.NextCall));
     m_form.setText(u"chkDoxGiven"_s, entry.DocXfer.isEmpty() || entry.DocXfer == u"0" ? u"0"_s : u"1"_s);
+    noteDays();
     say({});
 }
 
@@ -234,7 +232,14 @@ void FrmHistory::clearHistoryEntry()
     m_form.setText(u"DTPContact"_s, m_session.today().toString(Qt::ISODate));
     m_form.setText(u"dtpNextCall"_s, m_session.today().addDays(1).toString(Qt::ISODate));
     m_form.setText(u"chkDoxGiven"_s, u"0"_s);
+    noteDays();
     say({});
+}
+
+void FrmHistory::noteDays()
+{
+    m_day = m_form.text(u"DTPContact"_s);
+    m_call = m_form.text(u"dtpNextCall"_s);
 }
 
 void FrmHistory::enableButtons()
@@ -273,7 +278,7 @@ bool FrmHistory::close()
         constexpr size_t mostNamed = 10;
         QStringList lines{tr("These histories could not be written:")};
         for (const History& entry : outcome.unwritten)
-            lines.append(shownDay(entry.ContactDate) + u"  " + entry.topic.simplified().left(60));
+            lines.append(dates::shown(entry.ContactDate) + u"  " + entry.topic.simplified().left(60));
         if (outcome.unwritten.size() > mostNamed)
             lines = lines.mid(0, mostNamed + 1)
                     << tr("and %1 more").arg(outcome.unwritten.size() - mostNamed);

@@ -43,6 +43,9 @@ public:
     [[nodiscard]] bool historyDirty() const { return m_dirty; }
     /// True when a row's texts, its details too, hold @p words in any case.
     [[nodiscard]] bool holds(int row, const QString& words) const;
+    /// What the list says in its middle while it shows so many rows of a search for @p words; "" when the
+    /// rows speak for themselves.
+    [[nodiscard]] QString hint(int shownRows, const QString& words) const;
 
     /// The screen opens. False when there is no such contact; the user has been told.
     bool load(Key contactKey);
@@ -77,6 +80,7 @@ private:
     void lock(const QString& why);
     void showEntry(const History& entry);
     void showChoice(const QString& box, const QString& text);
+    void noteDays();
     void enableButtons();
     void say(const QString& note);
     [[nodiscard]] History entryTyped() const;
@@ -96,4 +100,6 @@ private:
     bool m_locked = false; ///< not all of the entries are in memory, so nothing may be written back
     bool m_hinted = false; ///< the user knows that the slots run out
     QString m_company;
+    QString m_day;  ///< DTPContact as it stood when dtpNextCall was last set by itself
+    QString m_call; ///< dtpNextCall of that day
 };

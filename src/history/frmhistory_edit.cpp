@@ -22,8 +22,13 @@ void FrmHistory::fieldChanged(const QString& control)
 {
     if (control == u"cmbEventType")
         return; // belongs to the event, not to the entry
-    if (control == u"DTPContact")
-        m_form.setText(u"dtpNextCall"_s, m_form.text(u"DTPContact"_s));
+    if (control == u"dtpNextCall")
+        noteDays();
+    if (control == u"DTPContact") {
+        // A day that is taken back takes back what it did to the next call.
+        const QString day = m_form.text(u"DTPContact"_s);
+        m_form.setText(u"dtpNextCall"_s, day == m_day ? m_call : day);
+    }
     say(tr("Changed: press Update to keep it."));
 }
 

@@ -61,6 +61,10 @@ CalendarView::CalendarView(FrmEvCal& presenter, QSettings& layout, QWidget* pare
     connect(&presenter, &FrmEvCal::changed, this, &CalendarView::render);
     connect(&presenter, &FrmEvCal::frameChanged, this, &CalendarView::renderFrame);
     connect(&presenter, &FrmEvCal::frameShown, this, [this] {
+        if (!isActiveWindow()) { // asked for from a window beside this one
+            raise();
+            activateWindow();
+        }
         m_ui->txtEvName->setFocus(Qt::OtherFocusReason);
         m_ui->txtEvName->selectAll(); // the first key writes another name
     });
@@ -93,8 +97,8 @@ void CalendarView::dressTexts()
     // The longest month's name decides, so that the arrows stay under the mouse that steps.
     int widest = 0;
     for (int month = 1; month <= 12; ++month)
-        widest =
-            std::max(widest, QFontMetrics(large).horizontalAdvance(QLocale::c().monthName(month) + u" 2000"));
+        widest = std::max(widest,
+                          QFontMetrics(large).horizontalAdvance(FrmEvCal::monthTitle(QDate(2000, month, 1))));
     m_ui->lblMonth->setFixedWidth(widest);
     m_ui->lblMonth->setAlignment(Qt::AlignCenter);
     m_ui->cmdLast->setIcon(eventicons::named(u"previous"_s));
@@ -103,7 +107,6 @@ void CalendarView::dressTexts()
     m_ui->cmdNewTask->setIcon(icons::named(u"view-task"_s));
     m_ui->cmdAdd1->setIcon(icons::named(u"document-save"_s));
     m_ui->cmdRemove1->setIcon(icons::named(u"edit-delete"_s));
-    m_ui->lvwAct->setHint(tr("No tasks in this month.\n“New task” adds one to the chosen day."));
     for (QComboBox* box : {m_ui->txtEvTimeS, m_ui->txtEvTimeN, m_ui->txtRemind})
         box->setInsertPolicy(QComboBox::NoInsert);
     for (CompanySelector* box :
@@ -135,13 +138,15 @@ void CalendarView::connectGrid()
 {
     MonthGrid& grid = *m_ui->grdMonth;
     connect(&grid, &MonthGrid::dayWanted, this, [this](QDate day) {
-        m_chip.clear();
+        m_presenter.chooseChip({});
         m_presenter.selectDay(day);
     });
-    connect(&grid, &MonthGrid::chipWanted, this, &CalendarView::setChip);
+    connect(&grid, &MonthGrid::chipWanted, &m_presenter, &FrmEvCal::chooseChip);
     connect(&grid, &MonthGrid::opened, this, [this](const QString& key) { m_presenter.openEntry(key); });
     connect(&grid, &MonthGrid::newWanted, &m_presenter, &FrmEvCal::cmdNewEvent);
-    connect(&grid, &MonthGrid::removeWanted, this, &CalendarView::remove);
+    connect(&grid, &MonthGrid::removeWanted, &m_presenter, &FrmEvCal::removeChosen);
+    connect(&grid, &MonthGrid::openWanted, &m_presenter, &FrmEvCal::openChosen);
+    connect(&m_presenter, &FrmEvCal::dayListWanted, &grid, &MonthGrid::showChosen);
     connect(&grid, &MonthGrid::monthWanted, this, &CalendarView::stepMonth);
     connect(&grid, &MonthGrid::todayWanted, &m_presenter, &FrmEvCal::cmdToday);
     connect(&grid, &MonthGrid::dropped, this, [this](const QString& key, QDate day) {
@@ -238,30 +243,6 @@ void CalendarView::stepMonth(int months)
     months < 0 ? m_presenter.cmdLast() : m_presenter.cmdNext();
 }
 
-void CalendarView::remove(const QString& key)
-{
-    const auto& days = m_presenter.cells();
-    const auto day = std::ranges::find_if(days, &DayCell::selected);
-    // Without a chip picked out, what stands in the frame is meant, or the day's only event.
-    if (!key.isEmpty())
-        m_presenter.removeEntry(key);
-    else if (!m_presenter.isNewEntry() && m_presenter.frameDate() == m_presenter.selectedDay())
-        m_presenter.cmdRemove1();
-    else if (day != days.end() && day->chips.size() == 1)
-        m_presenter.removeEntry(day->chips.front().key);
-}
-
-void CalendarView::setChip(const QString& key)
-{
-    m_chip = key;
-    m_chipText.clear();
-    for (const DayCell& day : m_presenter.cells()) {
-        for (const DayChip& chip : day.chips)
-            m_chipText = chip.key == key ? chip.tip : m_chipText;
-    }
-    m_ui->grdMonth->setDays(m_presenter.cells(), m_chip);
-}
-
 bool CalendarView::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() != QEvent::Wheel)
@@ -290,14 +271,8 @@ void CalendarView::closeEvent(QCloseEvent* event)
 
 void CalendarView::render()
 {
-    // Keys are slots and may stand for another event by now: Delete must never mean one that nobody sees.
-    bool same = false;
-    for (const DayCell& day : m_presenter.cells()) {
-        for (const DayChip& chip : day.chips)
-            same = same || (day.selected && chip.key == m_chip && chip.tip == m_chipText);
-    }
-    m_chip = same ? m_chip : QString();
-    m_ui->grdMonth->setDays(m_presenter.cells(), m_chip);
+    m_ui->grdMonth->setDays(m_presenter.cells(), m_presenter.chosenChip());
+    m_ui->lvwAct->setHint(m_presenter.tasksHint());
     m_ui->lblBusyHead->setVisible(!m_presenter.form().text(u"lblBusy"_s).isEmpty());
 }
 
@@ -305,9 +280,7 @@ void CalendarView::renderFrame()
 {
     const bool open = m_presenter.isFrameOpen();
     m_ui->stkFrame->setCurrentWidget(open ? m_ui->frmeEventData : m_ui->pnlEmpty);
-    const QDate day = m_presenter.frameDate();
-    const QString when = day.isValid() ? locale().toString(day, tr("dddd, MMMM d")) : tr("No Date");
-    m_ui->lblFrameDay->setText(m_presenter.isNewEntry() ? tr("%1 · new").arg(when) : when);
+    m_ui->lblFrameDay->setText(m_presenter.frameHeading());
     // The selectors tell their changes themselves; filled anew here they would lose what is being typed.
     for (const auto& control :
          {u"txtEvName"_s, u"txtFormat"_s, u"imgOther1"_s, u"imgOther2"_s, u"imgReminder"_s, u"chkComplete"_s})

@@ -49,8 +49,6 @@ private:
     void renderControl(const QString& control);
     void fillSelector(const QString& control);
     void stepMonth(int months);
-    void remove(const QString& key);
-    void setChip(const QString& key);
 
     FrmEvCal& m_presenter;
     QSettings& m_layout;
@@ -58,6 +56,4 @@ private:
     FormBinder* m_binder = nullptr;
     QTimer m_timerCal{this};
     void (FrmEvCal::*m_turn)() = nullptr; ///< what the drag that rests on an arrow does
-    QString m_chip;                       ///< the chip that the keys are about
-    QString m_chipText;
 };

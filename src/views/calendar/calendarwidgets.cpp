@@ -8,12 +8,15 @@
 #include <QDrag>
 #include <QDragEnterEvent>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMimeData>
 #include <QPainter>
 #include <QStyleOptionToolButton>
 #include <QStyledItemDelegate>
+#include <QTextDocument>
+#include <QToolTip>
 
 using namespace Qt::StringLiterals;
 
@@ -102,6 +105,17 @@ class TaskDelegate : public QStyledItemDelegate
 {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
+
+    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                   const QModelIndex& index) override
+    {
+        const QString tip = index.data(Qt::AccessibleDescriptionRole).toString();
+        if (event->type() != QEvent::ToolTip || tip.isEmpty())
+            return QStyledItemDelegate::helpEvent(event, view, option, index);
+        // What a user typed or imported is no markup.
+        QToolTip::showText(event->globalPos(), Qt::convertFromPlainText(tip), view);
+        return true;
+    }
 
 protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override

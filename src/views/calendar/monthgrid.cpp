@@ -198,7 +198,7 @@ bool MonthGrid::act(int key, Qt::KeyboardModifiers modifiers)
     case Qt::Key_Return:
     case Qt::Key_Enter:
     case Qt::Key_Space:
-        openChosen();
+        emit openWanted(day ? day->currentChip() : QString());
         return true;
     case Qt::Key_Delete:
         emit removeWanted(day ? day->currentChip() : QString());
@@ -225,20 +225,13 @@ void MonthGrid::walkChips(DayList& day, int step)
     emit chipWanted(place < 0 ? QString() : chips[static_cast<size_t>(place)].key);
 }
 
-void MonthGrid::openChosen()
-{
-    DayList* day = dayOf(m_chosen);
-    if (day && !day->currentChip().isEmpty())
-        emit opened(day->currentChip());
-    else if (day && day->chips().size() > 1)
-        showAll(*day);
-    else if (day && day->chips().size() == 1)
-        emit opened(day->chips().front().key);
-    else
-        emit newWanted();
-}
-
 // --- Menus ------------------------------------------------------------------------------------------------
+
+void MonthGrid::showChosen()
+{
+    if (DayList* day = dayOf(m_chosen))
+        showAll(*day);
+}
 
 void MonthGrid::showAll(DayList& day)
 {

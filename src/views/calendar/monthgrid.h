@@ -26,12 +26,15 @@ public:
     void setDays(const Days& days, const QString& chip);
     /// Puts the keyboard on the chosen day.
     void focusChosen();
+    /// Offers all entries of the chosen day in a menu.
+    void showChosen();
 
 signals:
-    void dayWanted(QDate day);           ///< chosen by key or click; may lie in another month
-    void chipWanted(const QString& key); ///< the keys went to this chip of the chosen day, "" for the day
-    void opened(const QString& key);     ///< a chip to be edited
-    void newWanted();                    ///< something new on the chosen day
+    void dayWanted(QDate day);            ///< chosen by key or click; may lie in another month
+    void chipWanted(const QString& key);  ///< the keys went to this chip of the chosen day, "" for the day
+    void opened(const QString& key);      ///< a chip to be edited
+    void openWanted(const QString& chip); ///< the chosen day by key, with the chip that the keys are about
+    void newWanted();                     ///< something new on the chosen day
     void removeWanted(const QString& key);
     void monthWanted(int step); ///< so many months on or back
     void todayWanted();
@@ -51,7 +54,6 @@ private:
     bool walk(int key, Qt::KeyboardModifiers modifiers);
     bool act(int key, Qt::KeyboardModifiers modifiers);
     void walkChips(DayList& day, int step);
-    void openChosen();
     void showAll(DayList& day);
     void showMenu(const QString& key, QPoint global);
 

@@ -1,6 +1,7 @@
 #include "views/calendar/reminderlistview.h"
 
 #include "base/rowmodel.h"
+#include "calendar/reminderrules.h"
 
 #include <QFont>
 #include <QGuiApplication>
@@ -26,9 +27,10 @@ bool isDark()
 
 QString word(const QString& urgency)
 {
-    if (urgency == u"Overdue")
-        return UrgencyModel::tr("Overdue");
-    return urgency == u"sel" ? UrgencyModel::tr("Soon") : QString();
+    if (urgency == u"unsel")
+        return {}; // the time left says it
+    QString word = shownUrgency(urgency);
+    return word.replace(0, 1, word.left(1).toUpper());
 }
 
 /// Warm colours that can be read on a light and on a dark list; a palette has none for "late".

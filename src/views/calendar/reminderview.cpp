@@ -82,8 +82,7 @@ void ReminderView::setUpList()
 
 void ReminderView::followRows()
 {
-    const Key selected = m_presenter.selectedEventKey();
-    m_ui->lvwRemind->showSelected(m_presenter.lvwRemind().find(u'A' + QString::number(selected)));
+    m_ui->lvwRemind->showSelected(m_presenter.selectedRow());
 }
 
 void ReminderView::follow()

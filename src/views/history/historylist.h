@@ -2,7 +2,9 @@
 #pragma once
 
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPainter>
+#include <QPersistentModelIndex>
 #include <QTreeView>
 
 /// A list with columns that can be sorted, and that says what to do while it holds no entry.
@@ -28,12 +30,22 @@ public:
         viewport()->update();
     }
     [[nodiscard]] const QString& hint() const { return m_hint; }
+    /// True when this row was the current one before the mouse button went down: the click moved nothing.
+    [[nodiscard]] bool wasCurrent(const QModelIndex& index) const
+    {
+        return m_before.isValid() && m_before.row() == index.row();
+    }
 
 signals:
     /// The Enter key on a row. Other than activated(), never a single click, whatever the desktop's habit.
     void opened(const QModelIndex& index);
 
 protected:
+    void mousePressEvent(QMouseEvent* event) override
+    {
+        m_before = currentIndex();
+        QTreeView::mousePressEvent(event);
+    }
     void keyPressEvent(QKeyEvent* event) override
     {
         const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
@@ -54,4 +66,5 @@ protected:
 
 private:
     QString m_hint;
+    QPersistentModelIndex m_before;
 };

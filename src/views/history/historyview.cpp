@@ -79,14 +79,17 @@ void HistoryView::setUpList()
 void HistoryView::connectList()
 {
     HistoryList& list = *m_ui->lvwHistory;
-    connect(&list, &QAbstractItemView::clicked, this, &HistoryView::choose);
+    connect(&list, &QAbstractItemView::clicked, this, [this, &list](const QModelIndex& index) {
+        if (list.wasCurrent(index)) // another row has been chosen by becoming the current one
+            choose(index);
+    });
     connect(list.selectionModel(), &QItemSelectionModel::currentChanged, this,
             [this, &list](const QModelIndex& current) {
                 // Sorting and filtering move the current row too; only somebody at the list chooses.
                 if (!m_rendering && list.hasFocus())
                     choose(current);
             });
-    connect(&list, &QAbstractItemView::doubleClicked, this, &HistoryView::edit);
+    connect(&list, &QAbstractItemView::doubleClicked, this, &HistoryView::focusTopic);
     connect(&list, &HistoryList::opened, this, &HistoryView::edit);
     connect(m_ui->txtSearch, &QLineEdit::textChanged, this, &HistoryView::filter);
     connect(m_ui->cmdNewHistory, &QAbstractButton::clicked, this, &HistoryView::startNew);
@@ -163,6 +166,11 @@ void HistoryView::choose(const QModelIndex& index)
 void HistoryView::edit(const QModelIndex& index)
 {
     choose(index);
+    focusTopic();
+}
+
+void HistoryView::focusTopic()
+{
     m_ui->txtTopic->setFocus(Qt::OtherFocusReason);
 }
 
@@ -172,7 +180,7 @@ void HistoryView::startNew()
     m_ui->lvwHistory->setFocus(Qt::OtherFocusReason);
     m_presenter.lvwHistoryClick(m_presenter.lvwHistory().rowCount() - 1);
     render();
-    m_ui->txtTopic->setFocus(Qt::OtherFocusReason);
+    focusTopic();
 }
 
 void HistoryView::filter(const QString& words)
@@ -189,12 +197,7 @@ void HistoryView::render()
     if (shown.isValid() && shown != m_ui->lvwHistory->currentIndex())
         m_ui->lvwHistory->setCurrentIndex(shown);
     m_rendering = false;
-    QString hint;
-    if (m_presenter.lvwHistory().rowCount() <= 1)
-        hint = tr("Nothing here yet. Fill in the fields below and press Update.");
-    else if (m_rows->rowCount() <= 1)
-        hint = tr("No history holds “%1”.").arg(m_ui->txtSearch->text().trimmed());
-    m_ui->lvwHistory->setHint(hint);
+    m_ui->lvwHistory->setHint(m_presenter.hint(m_rows->rowCount(), m_ui->txtSearch->text()));
 }
 
 // --- The end ----------------------------------------------------------------------------------------------

@@ -41,6 +41,7 @@ private:
     bool searchKey(int key);
     void choose(const QModelIndex& index);
     void edit(const QModelIndex& index);
+    void focusTopic();
     void startNew();
     void filter(const QString& words);
     void render();
