@@ -29,6 +29,23 @@ public:
     void openHelp(int contextId) override { helped.append(contextId); }
 };
 
+/// The values of these controls, set apart by blanks in the names and by "|" in the answer.
+inline QString shownIn(const Form& form, const QString& controls)
+{
+    QStringList values;
+    for (const QString& control : controls.split(u' '))
+        values.append(form.text(control));
+    return values.join(u'|');
+}
+
+/// Changes a control as a view reports it.
+template<class Screen> void editIn(Screen& screen, const QString& control, const QString& text)
+{
+    screen.fieldKeyDown(control);
+    screen.form().edit(control, text);
+    screen.fieldChanged(control);
+}
+
 /// World, navigator and main screen, with short ways to put records in and to look at them.
 class Bench
 {
@@ -79,13 +96,8 @@ public:
     /// Chooses a company as the user does.
     void choose(const QString& name) { frm->cmbSelectionClick(name); }
     /// Types into a field of the Company screen as a view reports it.
-    void type(const QString& control, const QString& text)
-    {
-        company().fieldKeyDown(control);
-        company().form().edit(control, text);
-        company().fieldChanged(control);
-    }
-    QString shown(const QString& control) { return company().form().text(control); }
+    void type(const QString& control, const QString& text) { editIn(company(), control, text); }
+    QString shown(const QString& controls) { return shownIn(company().form(), controls); }
     /// The frames that can be seen, joined with ",".
     QString visibleFrames()
     {

@@ -44,14 +44,8 @@ public:
             position().cmbPosSelectionClick(title);
     }
     PositionScreen& position() { return frm->positionScreen(); }
-    QString field(const QString& control) { return position().form().text(control); }
-    /// Types into a field as a view reports it, without leaving it.
-    void edit(const QString& control, const QString& text)
-    {
-        position().fieldKeyDown(control);
-        position().form().edit(control, text);
-        position().fieldChanged(control);
-    }
+    QString field(const QString& controls) { return shownIn(position().form(), controls); }
+    void edit(const QString& control, const QString& text) { editIn(position(), control, text); }
     void assign(const QString& name)
     {
         position().form().edit(u"cmbAssignContact"_s, name);
