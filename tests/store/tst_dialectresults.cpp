@@ -92,19 +92,19 @@ private slots:
 
     void selectedColumns_haveTheSchemasNamesAndTypes_data()
     {
-        columns<QString, QString>("statement", "columns");
-        QTest::newRow("all") << u"select * from STATUS"_s
-                             << u"StatusKey:0 StatusDescription:2 StatusDate:3 StatusValue:2"_s;
-        QTest::newRow("listed in any case") << u"Select URl2, zip From address"_s << u"URL2:2 Zip:2"_s;
-        QTest::newRow("count without a name") << u"Select Count(Name) From Company"_s << u"EXPR1000:1"_s;
-        QTest::newRow("count with a name")
-            << u"Select Count(*) As total, Count(Name) From Company"_s << u"total:1 EXPR1000:1"_s;
-        QTest::newRow("count in a join")
-            << u"Select Count(Company.Name) From Company Inner Join CProfile On Company.CompanyKey=CProfile.CompanyKey"_s
-            << u"EXPR1000:1"_s;
-        QTest::newRow("all of a join")
-            << u"Select * From CProfile Inner Join Status On CProfile.PR=Status.StatusKey"_s
-            << u"CProfileKey:0 CompanyKey:1 QAns:2 PR:1 QCount:1 TemplateKey:1 StatusKey:0 StatusDescription:2 StatusDate:3 StatusValue:2"_s;
+        table({"statement", "columns"},
+              {{"all", "select * from STATUS", "StatusKey:0 StatusDescription:2 StatusDate:3 StatusValue:2"},
+               {"listed in any case", "Select URl2, zip From address", "URL2:2 Zip:2"},
+               {"count without a name", "Select Count(Name) From Company", "EXPR1000:1"},
+               {"count with a name", "Select Count(*) As total, Count(Name) From Company",
+                "total:1 EXPR1000:1"},
+               {"count in a join",
+                "Select Count(Company.Name) From Company Inner Join CProfile On "
+                "Company.CompanyKey=CProfile.CompanyKey",
+                "EXPR1000:1"},
+               {"all of a join", "Select * From CProfile Inner Join Status On CProfile.PR=Status.StatusKey",
+                "CProfileKey:0 CompanyKey:1 QAns:2 PR:1 QCount:1 TemplateKey:1 StatusKey:0 "
+                "StatusDescription:2 StatusDate:3 StatusValue:2"}});
     }
     void selectedColumns_haveTheSchemasNamesAndTypes()
     {
@@ -150,21 +150,19 @@ private slots:
 
     void refusal_namesThePlaceInTheStatement_data()
     {
-        columns<QString, QString>("statement", "description");
-        QTest::newRow("word instead of a keyword")
-            << u"Select * Form Company"_s
-            << u"\"Form Company\" stands where From is expected, at character 10."_s;
-        QTest::newRow("end behind values")
-            << u"Select * From Company Where CompanyKey=125 And"_s
-            << u"The statement ends where a value or a column is expected, at character 47."_s;
-        QTest::newRow("found values are shown")
-            << u"Select * From Company Where Name='Acme' 'Berg and more than forty characters of it'"_s
-            << u"\"'Berg and more than forty characters of ...\" stands where the end of the statement is expected, at character 41."_s;
-        QTest::newRow("unknown column") << u"Select * From Event where PositionKey = 9 Order by Date"_s
-                                        << u"There is no column \"Date\" in Event, at character 52."_s;
-        QTest::newRow("foreign character")
-            << u"Select * From Company Where Name=\"x\""_s
-            << u"The character \"\"\" (U+0022) does not belong into a statement, at character 34."_s;
+        table({"statement", "description"},
+              {{"word instead of a keyword", "Select * Form Company",
+                "\"Form Company\" stands where From is expected, at character 10."},
+               {"end behind values", "Select * From Company Where CompanyKey=125 And",
+                "The statement ends where a value or a column is expected, at character 47."},
+               {"found values are shown",
+                "Select * From Company Where Name='Acme' 'Berg and more than forty characters of it'",
+                "\"'Berg and more than forty characters of ...\" stands where the end of the statement is "
+                "expected, at character 41."},
+               {"unknown column", "Select * From Event where PositionKey = 9 Order by Date",
+                "There is no column \"Date\" in Event, at character 52."},
+               {"foreign character", "Select * From Company Where Name=\"x\"",
+                "The character \"\"\" (U+0022) does not belong into a statement, at character 34."}});
     }
     void refusal_namesThePlaceInTheStatement()
     {

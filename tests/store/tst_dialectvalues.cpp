@@ -75,34 +75,29 @@ private slots:
 
     void condition_findsRows_data()
     {
-        columns<QString, QString>("condition", "names");
-        QTest::newRow("joined text in another case") << u"'X' & Name='xacme'"_s << u"Acme"_s;
-        QTest::newRow("texts alone in another case") << u"'a'='A' And Name='Dane'"_s << u"Dane"_s;
-        QTest::newRow("no text joins as nothing") << u"'x' & Notes & 'y'='xy'"_s << u"Berg,Cole,Dane"_s;
-        QTest::newRow("number beside text") << u"Name<>5"_s << u"Acme,Berg,Cole,Dane"_s;
-        QTest::newRow("quoted number") << u"AddressKey='20'"_s << u"Berg"_s;
-        QTest::newRow("quoted numbers order as numbers") << u"AddressKey>'9'"_s << u"Acme,Berg"_s;
-        QTest::newRow("empty text against a number") << u"AddressKey=''"_s << QString();
-        QTest::newRow("division is real") << u"3/2=1.5 And Name='Acme'"_s << u"Acme"_s;
-        QTest::newRow("product before division is real")
-            << u"CompanyKey*CompanyKey/AddressKey=0.2"_s << u"Berg"_s;
-        QTest::newRow("sum in parentheses before product") << u"(1+2)*3=9 And CompanyKey=1"_s << u"Acme"_s;
-        QTest::newRow("division by zero") << u"AddressKey/0=1"_s << QString();
-        QTest::newRow("product before sum") << u"1+2*3=7 And -(1+2)*3=0-9 And CompanyKey=1"_s << u"Acme"_s;
-        QTest::newRow("difference from the left") << u"9-3-2=4 And 9-(3-2)=8 And CompanyKey=1"_s << u"Acme"_s;
-        QTest::newRow("and before or") << u"Name='Acme' Or Name='Berg' And AddressKey=1"_s << u"Acme"_s;
-        QTest::newRow("not before and") << u"Not Name='Acme' And CompanyKey<3"_s << u"Berg"_s;
-        QTest::newRow("between binds its own and")
-            << u"CompanyKey Between 2 And 3 And Name='Cole'"_s << u"Cole"_s;
-        QTest::newRow("delimited date") << u"EntryDate>#11/5/2026#"_s << u"Berg"_s;
-        QTest::newRow("between ends at midnight")
-            << u"EntryDate Between #11/1/2026# And #11/6/2026#"_s << u"Acme"_s;
-        QTest::newRow("unquoted date finds no ordinary date") << u"EntryDate < 11/15/2026"_s << u"Cole"_s;
-        QTest::newRow("unquoted iso date is a difference")
-            << u"EntryDate > 2026-11-15 And EntryDate < 46332"_s << u"Acme"_s;
-        QTest::newRow("date beside a number's column")
-            << u"AddressKey Between 5 And EntryDate"_s << u"Acme,Berg"_s;
-        QTest::newRow("date reckoned with") << u"EntryDate-30=46331-30"_s << u"Acme"_s;
+        table({"condition", "names"},
+              {{"joined text in another case", "'X' & Name='xacme'", "Acme"},
+               {"texts alone in another case", "'a'='A' And Name='Dane'", "Dane"},
+               {"no text joins as nothing", "'x' & Notes & 'y'='xy'", "Berg,Cole,Dane"},
+               {"number beside text", "Name<>5", "Acme,Berg,Cole,Dane"},
+               {"quoted number", "AddressKey='20'", "Berg"},
+               {"quoted numbers order as numbers", "AddressKey>'9'", "Acme,Berg"},
+               {"empty text against a number", "AddressKey=''", ""},
+               {"division is real", "3/2=1.5 And Name='Acme'", "Acme"},
+               {"product before division is real", "CompanyKey*CompanyKey/AddressKey=0.2", "Berg"},
+               {"sum in parentheses before product", "(1+2)*3=9 And CompanyKey=1", "Acme"},
+               {"division by zero", "AddressKey/0=1", ""},
+               {"product before sum", "1+2*3=7 And -(1+2)*3=0-9 And CompanyKey=1", "Acme"},
+               {"difference from the left", "9-3-2=4 And 9-(3-2)=8 And CompanyKey=1", "Acme"},
+               {"and before or", "Name='Acme' Or Name='Berg' And AddressKey=1", "Acme"},
+               {"not before and", "Not Name='Acme' And CompanyKey<3", "Berg"},
+               {"between binds its own and", "CompanyKey Between 2 And 3 And Name='Cole'", "Cole"},
+               {"delimited date", "EntryDate>#11/5/2026#", "Berg"},
+               {"between ends at midnight", "EntryDate Between #11/1/2026# And #11/6/2026#", "Acme"},
+               {"unquoted date finds no ordinary date", "EntryDate < 11/15/2026", "Cole"},
+               {"unquoted iso date is a difference", "EntryDate > 2026-11-15 And EntryDate < 46332", "Acme"},
+               {"date beside a number's column", "AddressKey Between 5 And EntryDate", "Acme,Berg"},
+               {"date reckoned with", "EntryDate-30=46331-30", "Acme"}});
     }
     void condition_findsRows()
     {
@@ -173,13 +168,12 @@ private slots:
 
     void deepestExpressions_areRunOrRefused_data()
     {
-        columns<QString, QString, QString, QString>("before", "opening", "middle", "closing");
-        QTest::newRow("parentheses") << QString() << u"("_s << u"CompanyKey=1"_s << u")"_s;
-        QTest::newRow("not of parentheses") << QString() << u"Not ("_s << u"CompanyKey=1"_s << u")"_s;
-        QTest::newRow("mixed sum to the right") << u"0<"_s << u"1-2*("_s << u"1"_s << u")"_s;
-        QTest::newRow("division") << QString() << QString() << u"0=CompanyKey"_s << u"/CompanyKey"_s;
-        QTest::newRow("or of between")
-            << QString() << QString() << u"CompanyKey=1"_s << u" Or EntryDate Between 1 And 2"_s;
+        table({"before", "opening", "middle", "closing"},
+              {{"parentheses", "", "(", "CompanyKey=1", ")"},
+               {"not of parentheses", "", "Not (", "CompanyKey=1", ")"},
+               {"mixed sum to the right", "0<", "1-2*(", "1", ")"},
+               {"division", "", "", "0=CompanyKey", "/CompanyKey"},
+               {"or of between", "", "", "CompanyKey=1", " Or EntryDate Between 1 And 2"}});
     }
     void deepestExpressions_areRunOrRefused()
     {

@@ -15,17 +15,16 @@ class TestGatewayWords : public QObject
 private slots:
     void splitIntoWords_data()
     {
-        columns<QString, QString>("text", "words");
-        QTest::newRow("the last word is never taken")
-            << u"Senior Engineer for big data, London"_s << u"Senior|Engineer|data"_s;
-        QTest::newRow("a long first word brings the next one up again")
-            << u"Architect Senior Engineer for big data, London"_s
-            << u"Architect|Senior|Senior|Engineer|data"_s;
-        QTest::newRow("the first word may be short and keeps its marks") << u"C, then more"_s << u"C,|then"_s;
-        QTest::newRow("a hyphen parts words") << u"A full-time post here"_s << u"A|full|time|post"_s;
-        QTest::newRow("a hyphen parts no first word") << u"Full-time post here"_s << u"Full-time|time|post"_s;
-        QTest::newRow("marks are left out") << u"On: road; rail, water ways"_s << u"On:|road|rail|water"_s;
-        QTest::newRow("a line end is no blank") << u"To plan\r\nmake a"_s << u"To|plan\r\nmake"_s;
+        table(
+            {"text", "words"},
+            {{"the last word is never taken", "Senior Engineer for big data, London", "Senior|Engineer|data"},
+             {"a long first word brings the next one up again",
+              "Architect Senior Engineer for big data, London", "Architect|Senior|Senior|Engineer|data"},
+             {"the first word may be short and keeps its marks", "C, then more", "C,|then"},
+             {"a hyphen parts words", "A full-time post here", "A|full|time|post"},
+             {"a hyphen parts no first word", "Full-time post here", "Full-time|time|post"},
+             {"marks are left out", "On: road; rail, water ways", "On:|road|rail|water"},
+             {"a line end is no blank", "To plan\r\nmake a", "To|plan\r\nmake"}});
     }
     void splitIntoWords()
     {

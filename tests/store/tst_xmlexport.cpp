@@ -16,13 +16,12 @@ class TestXmlExport : public QObject
 private slots:
     void valuesSurviveTheRoundTrip_data()
     {
-        QTest::addColumn<QString>("value");
-        QTest::addRow("line ends") << u"a\r\nb\nc\rd"_s;
-        QTest::addRow("tabs and outer blanks") << u"  a\tb  "_s;
-        QTest::addRow("markup") << u"<a href=\"x\">&amp;</a>]]>"_s;
-        QTest::addRow("quotes") << u"\"so-called\" O`Neil"_s;
-        QTest::addRow("letters of all alphabets") << u"Łódź 東京 🙂 ñ"_s;
-        QTest::addRow("an entity by its name") << u"&lt;&#13;"_s;
+        table({"value"}, {{"line ends", "a\r\nb\nc\rd"},
+                          {"tabs and outer blanks", "  a\tb  "},
+                          {"markup", "<a href=\"x\">&amp;</a>]]>"},
+                          {"quotes", "\"so-called\" O`Neil"},
+                          {"letters of all alphabets", "Łódź 東京 🙂 ñ"},
+                          {"an entity by its name", "&lt;&#13;"}});
     }
     void valuesSurviveTheRoundTrip()
     {

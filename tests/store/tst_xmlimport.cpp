@@ -79,38 +79,40 @@ private slots:
 
     void everyTable_data()
     {
-        columns<QString, QString>("select", "row");
-        QTest::addRow("an address comes in whole but for its country")
-            << u"Select Address1,Country,Phone1,URL2,EntryDate from Address where Address1='1 Mill St'"_s
-            << u"1 Mill St|USA|555-0100|b|3/4/2026"_s;
-        QTest::addRow("a company comes in whole with line ends in its notes")
-            << u"Select CompanyKey,Name,ShortName,AddressKey,Industry,Notes,EntryDate from Company"_s
-            << u"1|Acme|AC|1|Steel|a\r\nb|1/2/2026"_s;
-        QTest::addRow("a contact comes in without level, documents and event")
-            << u"Select ContactKey,Middle,Title,AddressKey,Department,ReportsTo,HiringMgr,BestMedium,ContactTime,Notes,LastContact,EventKey,DocumentList,CompanyKey,ContactLevel,EntryDate from Contact"_s
-            << u"1|B|Chief|2|D|R|100000000|01000000|8|n|2/3/2026|0||1|0|1/5/2026"_s;
-        QTest::addRow("a history gets its key from the new contact")
-            << u"Select * from History"_s << u"1-3|1|3|Phone|5 min|t|d|l|Other|5/6/2026|4/5/2026|1"_s;
-        QTest::addRow("a position comes in with its steps")
-            << u"Select Title,EntryDate,Keyword,CompanyResearch,CompanyResearchMedium,OfferStatus,CompanyKey,Expires from Position"_s
-            << u"Planner|1/6/2026|k|1/7/2026|5|Open|1|12/1/2026"_s;
-        QTest::addRow("a document comes in whole")
-            << u"Select * from Document"_s << u"1|Resume|2|T|7|2/2/2026|100000000000|n|p|Resume"_s;
-        QTest::addRow("a company profile keeps the key of the file")
-            << u"Select CompanyKey,QAns,PR,QCount,TemplateKey from CProfile"_s << u"50|#1#|1|1|1"_s;
-        QTest::addRow("a position profile loses its position")
-            << u"Select PositionKey,QAns,PR,QCount,TemplateKey,CompanyKey from JProfile"_s
-            << u"|#2#|0|1|1|50"_s;
-        QTest::addRow("a question gets a new key") << u"Select * from Question"_s << u"1|Q?|2|1|#a#b#|M|0"_s;
-        QTest::addRow("an event comes in with mapped keys")
-            << u"Select * from Event"_s
-            << u"1|Interview|12/31/1999|9:00|1|AM|24|0|d|1|1|1|Phone|Task|Complete"_s;
-        QTest::addRow("a target keeps the company key of the file")
-            << u"Select TargetKey,Name,InDB,Rank,TargetURL,CompanyKey,EntryDate from Target"_s
-            << u"1|Acme|Yes|4|u|50|1/1/2026"_s;
-        QTest::addRow("a profile item comes in whole")
-            << u"Select UProfileKey,Title,Index,ExperienceTime,Subtitle,EntryDate from UProfile"_s
-            << u"1|T|Index|0|S|12/31/1999"_s;
+        table({"select", "row"},
+              {{"an address comes in whole but for its country",
+                "Select Address1,Country,Phone1,URL2,EntryDate from Address where Address1='1 Mill St'",
+                "1 Mill St|USA|555-0100|b|3/4/2026"},
+               {"a company comes in whole with line ends in its notes",
+                "Select CompanyKey,Name,ShortName,AddressKey,Industry,Notes,EntryDate from Company",
+                "1|Acme|AC|1|Steel|a\r\nb|1/2/2026"},
+               {"a contact comes in without level, documents and event",
+                "Select "
+                "ContactKey,Middle,Title,AddressKey,Department,ReportsTo,HiringMgr,BestMedium,ContactTime,"
+                "Notes,LastContact,EventKey,DocumentList,CompanyKey,ContactLevel,EntryDate from Contact",
+                "1|B|Chief|2|D|R|100000000|01000000|8|n|2/3/2026|0||1|0|1/5/2026"},
+               {"a history gets its key from the new contact", "Select * from History",
+                "1-3|1|3|Phone|5 min|t|d|l|Other|5/6/2026|4/5/2026|1"},
+               {"a position comes in with its steps",
+                "Select "
+                "Title,EntryDate,Keyword,CompanyResearch,CompanyResearchMedium,OfferStatus,CompanyKey,"
+                "Expires from Position",
+                "Planner|1/6/2026|k|1/7/2026|5|Open|1|12/1/2026"},
+               {"a document comes in whole", "Select * from Document",
+                "1|Resume|2|T|7|2/2/2026|100000000000|n|p|Resume"},
+               {"a company profile keeps the key of the file",
+                "Select CompanyKey,QAns,PR,QCount,TemplateKey from CProfile", "50|#1#|1|1|1"},
+               {"a position profile loses its position",
+                "Select PositionKey,QAns,PR,QCount,TemplateKey,CompanyKey from JProfile", "|#2#|0|1|1|50"},
+               {"a question gets a new key", "Select * from Question", "1|Q?|2|1|#a#b#|M|0"},
+               {"an event comes in with mapped keys", "Select * from Event",
+                "1|Interview|12/31/1999|9:00|1|AM|24|0|d|1|1|1|Phone|Task|Complete"},
+               {"a target keeps the company key of the file",
+                "Select TargetKey,Name,InDB,Rank,TargetURL,CompanyKey,EntryDate from Target",
+                "1|Acme|Yes|4|u|50|1/1/2026"},
+               {"a profile item comes in whole",
+                "Select UProfileKey,Title,Index,ExperienceTime,Subtitle,EntryDate from UProfile",
+                "1|T|Index|0|S|12/31/1999"}});
     }
     void everyTable()
     {

@@ -28,12 +28,9 @@ public:
     /// A position as the store has it after a first save: no step done, no expiry.
     void addPosition(const QString& title, Key company)
     {
-        QString steps;
-        for (int step = 0; step < 11; ++step)
-            steps += u"'12/31/1999',0,"_s;
         run(u"Insert into Position ( "_s + data().getFields(u"Position"_s).mid(1).join(u',') +
-            u" ) VALUES ('" + title + u"','11/1/2026','','','','','',''," + steps + u"'','','',''," +
-            QString::number(company) + u",'12/31/99')");
+            u" ) VALUES ('" + title + u"','11/1/2026','','','','','',''," +
+            u"'12/31/1999',0,"_s.repeated(11) + u"'','','',''," + QString::number(company) + u",'12/31/99')");
     }
     /// Chooses a company and goes to its positions.
     void open(const QString& company, const QString& title = {})
