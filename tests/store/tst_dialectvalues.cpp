@@ -21,41 +21,32 @@ private slots:
 
     void storedValue_isReadBackAs_data()
     {
-        columns<QString, QString, QString, QString>("column", "literal", "stored", "type");
-        const auto row = [](const char* name, const QString& column, const QString& literal,
-                            const QString& stored, const QString& type) {
-            QTest::newRow(name) << column << literal << stored << type;
-        };
-        const QString day = u"EntryDate"_s;
-        row("month/day/two-digit year", day, u"'11/5/26'"_s, u"2026-11-05"_s, u"text"_s);
-        row("month/day/year", day, u"'11/5/2026'"_s, u"2026-11-05"_s, u"text"_s);
-        row("padded month and day", day, u"'01/05/2026'"_s, u"2026-01-05"_s, u"text"_s);
-        row("iso", day, u"'2026-11-05'"_s, u"2026-11-05"_s, u"text"_s);
-        row("year 29 is in this century", day, u"'1/1/29'"_s, u"2029-01-01"_s, u"text"_s);
-        row("year 30 is in the last century", day, u"'1/1/30'"_s, u"1930-01-01"_s, u"text"_s);
-        row("short sentinel", day, u"'12/31/99'"_s, u"1999-12-31"_s, u"text"_s);
-        row("long sentinel", day, u"'12/31/1999'"_s, u"1999-12-31"_s, u"text"_s);
-        row("afternoon", day, u"'11/5/2026 2:05:00 PM'"_s, u"2026-11-05 14:05:00"_s, u"text"_s);
-        row("midnight is the plain day", day, u"'11/5/2026 12:00 AM'"_s, u"2026-11-05"_s, u"text"_s);
-        row("no delimited date", day, u"##"_s, u"NULL"_s, u"null"_s);
-        row("no number", u"AddressKey"_s, u"''"_s, u"NULL"_s, u"null"_s);
-        row("quoted zero", u"AddressKey"_s, u"'0'"_s, u"0"_s, u"integer"_s);
-        row("quoted negative number", u"AddressKey"_s, u"'-12'"_s, u"-12"_s, u"integer"_s);
-        row("negative number", u"AddressKey"_s, u"-12"_s, u"-12"_s, u"integer"_s);
-        row("decimals are rounded", u"AddressKey"_s, u"2.5"_s, u"3"_s, u"integer"_s);
-        row("quoted decimals are rounded", u"AddressKey"_s, u"'2.4'"_s, u"2"_s, u"integer"_s);
-        row("division is rounded", u"AddressKey"_s, u"7/2"_s, u"4"_s, u"integer"_s);
-        row("largest number", u"AddressKey"_s, u"'2147483647'"_s, u"2147483647"_s, u"integer"_s);
-        row("number into text keeps its form", u"Name"_s, u"007.50"_s, u"007.50"_s, u"text"_s);
-        row("joined text", u"Name"_s, u"'a' & 5 & 'b'"_s, u"a5b"_s, u"text"_s);
-        row("empty text is no null", u"Name"_s, u"''"_s, QString(), u"text"_s);
-        row("text with line ends", u"Notes"_s, u"'a\r\nb'"_s, u"a\r\nb"_s, u"text"_s);
-        row("text with engine signs", u"Notes"_s, u"'?1 \" ; -- [x] #'"_s, u"?1 \" ; -- [x] #"_s, u"text"_s);
-        row("text beyond ASCII", u"Notes"_s, u"'Zoë \U0001F4BC'"_s, u"Zoë \U0001F4BC"_s, u"text"_s);
+        // stored: "NULL" for none; of type text, and integer in an integer's column
+        table({"column", "literal", "stored"},
+              {{"month/day/two-digit year", "EntryDate", "'11/5/26'", "2026-11-05"},
+               {"iso", "EntryDate", "'2026-11-05'", "2026-11-05"},
+               {"short sentinel", "EntryDate", "'12/31/99'", "1999-12-31"},
+               {"afternoon", "EntryDate", "'11/5/2026 2:05:00 PM'", "2026-11-05 14:05:00"},
+               {"midnight is the plain day", "EntryDate", "'11/5/2026 12:00 AM'", "2026-11-05"},
+               {"no delimited date", "EntryDate", "##", "NULL"},
+               {"no number", "AddressKey", "''", "NULL"},
+               {"quoted zero", "AddressKey", "'0'", "0"},
+               {"quoted negative number", "AddressKey", "'-12'", "-12"},
+               {"negative number", "AddressKey", "-12", "-12"},
+               {"decimals are rounded", "AddressKey", "2.5", "3"},
+               {"quoted decimals are rounded", "AddressKey", "'2.4'", "2"},
+               {"division is rounded", "AddressKey", "7/2", "4"},
+               {"largest number", "AddressKey", "'2147483647'", "2147483647"},
+               {"number into text keeps its form", "Name", "007.50", "007.50"},
+               {"joined text", "Name", "'a' & 5 & 'b'", "a5b"},
+               {"empty text is no null", "Name", "''", ""},
+               {"text with line ends", "Notes", "'a\r\nb'", "a\r\nb"},
+               {"text with engine signs", "Notes", "'?1 \" ; -- [x] #'", "?1 \" ; -- [x] #"},
+               {"text beyond ASCII", "Notes", "'Zoë \U0001F4BC'", "Zoë \U0001F4BC"}});
     }
     void storedValue_isReadBackAs()
     {
-        FETCH(QString, column, literal, stored, type);
+        FETCH(QString, column, literal, stored);
         const QByteArray typeQuery = "select typeof(\"" + column.toUtf8() + "\") from Company";
         const auto storedAs = [&](const QString& statement) {
             m_engine->run(u"Delete * From Company"_s);
@@ -64,13 +55,15 @@ private slots:
             const QString where = u" Where CompanyKey=%1"_s.arg(statement.startsWith(u"Insert") ? 2 : 1);
             return m_engine->column(u"Select "_s + column + u" From Company"_s + where);
         };
-        QCOMPARE(
-            storedAs(u"Insert Into Company (CompanyKey,"_s + column + u") Values (2,"_s + literal + u")"_s),
-            QStringList{stored});
-        QCOMPARE(storedAs(u"Update Company Set "_s + column + u"="_s + literal + u" Where CompanyKey=1"_s),
-                 QStringList{stored});
+        for (const QString& statement : {u"Insert Into Company (CompanyKey,%1) Values (2,%2)"_s,
+                                         u"Update Company Set %1=%2 Where CompanyKey=1"_s})
+            QCOMPARE(storedAs(QString(statement).replace(u"%1"_s, column).replace(u"%2"_s, literal)),
+                     QStringList{stored});
         sqlite3_set_authorizer(m_engine->handle(), nullptr, nullptr);
-        QCOMPARE(m_engine->execute(typeQuery).front().front().toString(), type);
+        QCOMPARE(m_engine->execute(typeQuery).front().front().toString(), stored == u"NULL" ? u"null"_s
+                                                                          : column == u"AddressKey"
+                                                                              ? u"integer"_s
+                                                                              : u"text"_s);
     }
 
     void condition_findsRows_data()
