@@ -31,33 +31,6 @@ private slots:
         FETCH(QString, text, words);
         QCOMPARE(DataJW::splitWords(text).join(u'|'), words);
     }
-
-    void rewriteListsAsPairByPair_data()
-    {
-        // pairs: "new<old" in order
-        columns<QString, QString, QString, int>("list", "pairs", "expected", "replacements");
-        QTest::newRow("the end of another key too") << u"13,3"_s << u"8<3"_s << u"18,8"_s << 1;
-        QTest::newRow("no new key leaves the commas") << u"5,7,9"_s << u"0<7"_s << u"5,,9"_s << 1;
-        QTest::newRow("a new key is an old one further on") << u"5"_s << u"7<5 9<7"_s << u"9"_s << 2;
-        QTest::newRow("a new key is an old one that has passed") << u"5"_s << u"9<7 7<5"_s << u"7"_s << 1;
-        QTest::newRow("a key that grew across a seam") << u"132"_s << u"4<3 77<142"_s << u"77"_s << 2;
-        QTest::newRow("a key that closed over a gap") << u"132"_s << u"0<3 77<12"_s << u"77"_s << 2;
-        QTest::newRow("a key that was taken away first") << u"132"_s << u"4<3 77<32"_s << u"142"_s << 1;
-        QTest::newRow("the same old key twice") << u"5"_s << u"55<5 6<5"_s << u"66"_s << 2;
-        QTest::newRow("the largest key") << u"32767,1"_s << u"2<32767"_s << u"2,1"_s << 1;
-    }
-    void rewriteListsAsPairByPair()
-    {
-        FETCH(QString, list, pairs, expected);
-        QFETCH(int, replacements);
-        std::vector<std::pair<Key, Key>> newOld;
-        for (const QString& pair : pairs.split(u' '))
-            newOld.emplace_back(pair.section(u'<', 0, 0).toShort(), pair.section(u'<', 1).toShort());
-        const auto result = KeyListRewriter(newOld).rewrite(list);
-        QCOMPARE(result.list, expected);
-        QCOMPARE(result.replacements, replacements);
-    }
-
     void rewriteRandomListsAsPairByPair()
     {
         // Small keys overlap in almost every way: each list goes through the pairs one by one beside the

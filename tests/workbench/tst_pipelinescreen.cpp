@@ -97,23 +97,6 @@ private slots:
         QTEST(steps.getNextStep(), "next");
     }
 
-    void tagBecomesTheCodeOfItsStep()
-    {
-        // Tag, code for the two research steps, code for the others.
-        const QList<std::tuple<QString, int, int>> codes{
-            {QString(), 0, 0},     {u"Pigeon"_s, 0, 0},  {u"Internet"_s, 4, 1},
-            {u"Fax"_s, 2, 2},      {u"Phone"_s, 3, 3},   {u"Post"_s, 4, 4},
-            {u"Research"_s, 5, 5}, {u"Meeting"_s, 6, 6}, {u"Other"_s, 0, 7}};
-        for (const auto& [tag, research, others] : codes) {
-            for (int index = 0; index < PipelineSteps::count; ++index)
-                QCOMPARE(PipelineSteps::getIndexMedium(index, tag), index < 2 ? research : others);
-            if (others > 0)
-                QCOMPARE(PipelineSteps::mediumTag(others), tag);
-        }
-        for (const int code : {-1, 0, 8})
-            QVERIFY(PipelineSteps::mediumTag(code).isEmpty());
-    }
-
     void everyStepHasItsOwnPairOfColumns()
     {
         Bench bench;

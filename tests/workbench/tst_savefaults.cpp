@@ -4,8 +4,6 @@
 #include "workbench/faults.h"
 #include "workbench/positionbench.h"
 
-#include <QTest>
-
 namespace {
 
 const QString huge(600'000, u'n');
@@ -321,18 +319,6 @@ private slots:
                 QVERIFY2(documents(bench) == wanted, qPrintable(failed + u": " + documents(bench)));
             }
         }
-    }
-
-    void halfMovedDocumentsComeTogetherAgain()
-    {
-        DocumentBench bench;
-        furnishDocuments(bench);
-        bench.addHolder(u"Cy"_s, u"1"_s);
-        failingAt(
-            bench, u"Update Contact"_s, [&] { bench.screen().cmdUpdateDoc1(); }, 2);
-        QCOMPARE(bench.holdings(), u"Ann: cv.pdf, Bob: , Cy: "_s);
-        bench.screen().cmdUpdateDoc1();
-        QCOMPARE(bench.holdings(), u"Ann: cv.pdf, Bob: note.txt, Cy: cv.pdf"_s);
     }
 
     void anyStepOfAContactSaveIsMendedByTheNext()
