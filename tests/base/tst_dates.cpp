@@ -13,10 +13,7 @@ private slots:
     void parse_data()
     {
         // iso: "" where the text is no date
-        table({"text", "iso"}, {{"short", "1/5/26", "2026-01-05"},
-                                {"long year", "12/31/1999", "1999-12-31"},
-                                {"iso", "2026-11-22", "2026-11-22"},
-                                {"same day as 12/31/1999", "12/31/99", "1999-12-31"},
+        table({"text", "iso"}, {{"iso", "2026-11-22", "2026-11-22"},
                                 {"last year of the 2000s", "1/1/29", "2029-01-01"},
                                 {"first year of the 1900s", "1/1/30", "1930-01-01"},
                                 {"earliest year", "1/1/100", ""},

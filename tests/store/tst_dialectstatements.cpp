@@ -72,6 +72,7 @@ private slots:
             QFAIL(error.what());
         }
     }
+
     void fuzzSeed_isRefusedOrRun()
     {
         const QDir folder(QStringLiteral(JOBWRIGHT_SOURCE_DIR "/tests/data/fuzz/dialect"));

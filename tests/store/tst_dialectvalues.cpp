@@ -60,10 +60,9 @@ private slots:
             QCOMPARE(storedAs(QString(statement).replace(u"%1"_s, column).replace(u"%2"_s, literal)),
                      QStringList{stored});
         sqlite3_set_authorizer(m_engine->handle(), nullptr, nullptr);
-        QCOMPARE(m_engine->execute(typeQuery).front().front().toString(), stored == u"NULL" ? u"null"_s
-                                                                          : column == u"AddressKey"
-                                                                              ? u"integer"_s
-                                                                              : u"text"_s);
+        const QString type = column == u"AddressKey" ? u"integer"_s : u"text"_s;
+        QCOMPARE(m_engine->execute(typeQuery).front().front().toString(),
+                 stored == u"NULL" ? u"null"_s : type);
     }
 
     void condition_findsRows_data()
@@ -72,13 +71,10 @@ private slots:
               {{"joined text in another case", "'X' & Name='xacme'", "Acme"},
                {"texts alone in another case", "'a'='A' And Name='Dane'", "Dane"},
                {"no text joins as nothing", "'x' & Notes & 'y'='xy'", "Berg,Cole,Dane"},
-               {"number beside text", "Name<>5", "Acme,Berg,Cole,Dane"},
                {"quoted number", "AddressKey='20'", "Berg"},
                {"quoted numbers order as numbers", "AddressKey>'9'", "Acme,Berg"},
                {"empty text against a number", "AddressKey=''", ""},
-               {"division is real", "3/2=1.5 And Name='Acme'", "Acme"},
                {"product before division is real", "CompanyKey*CompanyKey/AddressKey=0.2", "Berg"},
-               {"sum in parentheses before product", "(1+2)*3=9 And CompanyKey=1", "Acme"},
                {"division by zero", "AddressKey/0=1", ""},
                {"product before sum", "1+2*3=7 And -(1+2)*3=0-9 And CompanyKey=1", "Acme"},
                {"difference from the left", "9-3-2=4 And 9-(3-2)=8 And CompanyKey=1", "Acme"},

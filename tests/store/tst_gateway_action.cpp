@@ -75,6 +75,7 @@ private slots:
         QVERIFY(outer.commit());
         QCOMPARE(onDisk(world), u"1,2"_s);
     }
+
     void takeAllBackWhenTheDiskIsFull()
     {
         // A statement of many rows can be taken back alone; the rest of the action must not be written then
@@ -141,6 +142,7 @@ private slots:
         }
         QCOMPARE(onDisk(world), QString());
     }
+
     void failEachChangeWithoutAStore()
     {
         const auto silent = [](auto operation) {

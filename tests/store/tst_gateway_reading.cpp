@@ -45,6 +45,7 @@ private slots:
         m_read = std::make_unique<World>();
         loadCampaign(*m_read);
     }
+
     void cleanupTestCase() { m_read.reset(); }
 
     void answerFromRows_data()

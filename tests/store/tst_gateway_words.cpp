@@ -31,6 +31,7 @@ private slots:
         FETCH(QString, text, words);
         QCOMPARE(DataJW::splitWords(text).join(u'|'), words);
     }
+
     void rewriteRandomListsAsPairByPair()
     {
         // Small keys overlap in almost every way: each list goes through the pairs one by one beside the

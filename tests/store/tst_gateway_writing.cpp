@@ -91,6 +91,7 @@ private slots:
         QCOMPARE(world.column(u"History.ContactKey"_s), u"12|12|12|3"_s);
         QCOMPARE(world.column(u"Event.ContactKey"_s), u"12|3"_s);
     }
+
     void replaceKeysInLists_data()
     {
         columns<GatewayCall, QString, QString, QString>("call", "changed", "column", "lists");

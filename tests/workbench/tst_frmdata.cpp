@@ -56,6 +56,7 @@ private slots:
         QCOMPARE(bench.world.session->helpDocument, u"\\JWHelp\\Jobwright-Dox.pdf"_s);
         QCOMPARE(bench.world.session->sessionStart, QTime(14, 5, 9));
     }
+
     void settingsAreReadAndMended_data()
     {
         // settings: the interval, whether it saves by itself, the interval stored
@@ -125,6 +126,7 @@ private slots:
                           "StatusDescription='TimeLog' or StatusDescription='MinLog' order by StatusKey"_s),
               "rows");
     }
+
     void textThatCannotBeSavedIsNotLostUnasked_data()
     {
         table({"screen", "control"}, {{"company", "Company", "txtCompanyNotes"},
@@ -204,6 +206,7 @@ private slots:
         QVERIFY(bench.world.opLog().contains(QString(u"Open " + tab + u" Screen")));
         QVERIFY(!bench.frm->form().isVisible(u"pbarLoad"_s));
     }
+
     void tabWithoutACompanyAsksForOne()
     {
         for (const QString& selection : {QString(), u"<New>"_s, u"~ Local ~"_s}) {

@@ -108,6 +108,7 @@ private slots:
         QCOMPARE(bench.world.prompts.asked().size(), 1);
         QVERIFY(!bench.world.prompts.asked().first().contains(u"Data has been exported"));
     }
+
     void restoreAsksFirst_data()
     {
         // answers: y or n to each question; none when there is no file yet

@@ -29,6 +29,7 @@ private slots:
         splash.tick();
         QCOMPARE(splash.counter(), 101);
     }
+
     void keyAndClickEndItOnce()
     {
         for (const bool byLabel : {false, true}) {

@@ -82,6 +82,7 @@ private slots:
         QCOMPARE(bench.cells(u"Select Keyword,Notes from Position order by PositionKey"_s),
                  u"it`s\r\nhard`); Delete|it`s\r\nhard`); Delete;|"_s);
     }
+
     void fieldLeftUnderAnotherTitleIsKeptForTheSave()
     {
         for (const QString& title : {u"Welder"_s, u"Planner"_s}) {
@@ -168,6 +169,7 @@ private slots:
         bench.position().cmdUpdatePos1();
         QCOMPARE(bench.cells(u"Select ContactList from Position"_s), QString());
     }
+
     void pointerStandsOnBothRanks()
     {
         PositionBench bench;
