@@ -14,8 +14,8 @@ struct CompanyFigures
     double historyRatio = 0; ///< histories per unit of time; shown in its own box only
     double rankRatio = 0;    ///< rank per unit of time; shown in its own box only
     Key rank = 0;            ///< 0 when the company has no questionnaire
-    QDate entryDate;
-    QDate lastContact;        ///< the sentinel date when nobody was reached yet
+    QDate entryDate{};
+    QDate lastContact{};      ///< the sentinel date when nobody was reached yet
     Key interactionCount = 0; ///< histories of all contacts
     Key maxPerContact = 0;
     Key expiredCount = 0;

@@ -38,8 +38,12 @@ public:
         return QStringLiteral("<Jobwright%1>%2</Jobwright>")
             .arg(m_restore ? QStringLiteral(" Restore='1'") : QString(), m_data);
     }
-    /// Writes the file into the world's folder and imports it.
-    void import(World& world) const { world.data().importXML(write(world)); }
+    /// Writes the file into the world's folder and imports it, to its end if @p complete.
+    void import(World& world, bool complete = true) const
+    {
+        world.data().importXML(write(world));
+        QCOMPARE(world.session->statusLine() == u"Import Complete", complete);
+    }
     [[nodiscard]] QString write(World& world) const
     {
         const QString path = world.session->file(QStringLiteral("given.xml"));
@@ -54,19 +58,6 @@ private:
     bool m_restore;
     QString m_data;
 };
-
-/// The rows of a Select as texts, cells joined with "|".
-inline QStringList rowTexts(World& world, const QString& select)
-{
-    QStringList texts;
-    for (RecordSet rows = world.data().getExecQueryRecords(select); !rows.atEnd(); rows.next()) {
-        QStringList cells;
-        for (int i = 0; i < rows.columnCount(); ++i)
-            cells.append(rows.text(i));
-        texts.append(cells.join(u'|'));
-    }
-    return texts;
-}
 
 /// A hash over every cell of every table: two stores with the same hash hold the same.
 inline QByteArray contentHash(Database& database)

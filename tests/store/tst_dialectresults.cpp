@@ -17,56 +17,54 @@ private slots:
     void initTestCase()
     {
         // Keys, names and dates each give another order; two names and two dates are alike.
-        const QStringList companies{u"(30,'Berg','1/1/2026')"_s, u"(10,'Acme','1/1/2026')"_s,
-                                    u"(20,'berg','1/3/2026')"_s, u"(40,'Cole','')"_s};
-        for (const QString& company : companies)
-            m_engine.run(u"Insert Into Company (CompanyKey,Name,EntryDate) Values "_s + company);
-        for (const QString& history :
-             {u"('5-2',5,2,'1/2/2026')"_s, u"('5-1',5,1,'1/2/2026')"_s, u"('4-1',4,1,'1/1/2026')"_s})
-            m_engine.run(u"Insert Into History (HistoryKey,ContactKey,ContactCount,ContactDate) Values "_s +
-                         history);
-        for (const QString& position :
-             {u"('Buyer',10)"_s, u"('Agent',10)"_s, u"('Clerk',30)"_s, u"('Nobody',99)"_s})
-            m_engine.run(u"Insert Into Position (Title,CompanyKey) Values "_s + position);
+        for (const QString& row :
+             {u"Company (CompanyKey,Name,EntryDate) Values (30,'Berg','1/1/2026')"_s,
+              u"Company (CompanyKey,Name,EntryDate) Values (10,'Acme','1/1/2026')"_s,
+              u"Company (CompanyKey,Name,EntryDate) Values (20,'berg','1/3/2026')"_s,
+              u"Company (CompanyKey,Name,EntryDate) Values (40,'Cole','')"_s,
+              u"History (HistoryKey,ContactKey,ContactCount,ContactDate) Values ('5-2',5,2,'1/2/2026')"_s,
+              u"History (HistoryKey,ContactKey,ContactCount,ContactDate) Values ('5-1',5,1,'1/2/2026')"_s,
+              u"History (HistoryKey,ContactKey,ContactCount,ContactDate) Values ('4-1',4,1,'1/1/2026')"_s,
+              u"Position (Title,CompanyKey) Values ('Buyer',10)"_s,
+              u"Position (Title,CompanyKey) Values ('Agent',10)"_s,
+              u"Position (Title,CompanyKey) Values ('Clerk',30)"_s,
+              u"Position (Title,CompanyKey) Values ('Nobody',99)"_s})
+            m_engine.run(u"Insert Into "_s + row);
     }
 
     void want_answersPartOfTheRows_data()
     {
         // answer: the first column of the rows
         columns<QString, Want::Kind, QString, QString>("statement", "kind", "column", "answer");
-        const auto row = [](const char* name, const QString& statement, Want::Kind kind,
-                            const QString& column, const QString& answer) {
-            QTest::newRow(name) << statement << kind << column << answer;
+        const auto row = [](const char* name, const char* rest, Want::Kind kind, const char* column,
+                            const char* answer) {
+            QTest::newRow(name) << QString(u"Select "_s + QLatin1String(rest)) << kind
+                                << QString::fromLatin1(column) << QString::fromLatin1(answer);
         };
-        const QString all = u"Select * From Company"_s;
-        const QString byName = u"Select * From Company Order By Name"_s;
-        const QString byNameDown = u"Select * From Company Order By Name Desc"_s;
-        const QString byDate = u"Select * From Company Order By EntryDate, Name Desc"_s;
-        const QString none = u"Select * From Company Where Name='x'"_s;
-        const QString history = u"Select * From History"_s;
-        const QString count = u"Select Count(*) From Company"_s;
-        const QString noCount = u"Select Count(*), Count(Name) From Company Where Name='x'"_s;
-        row("rows in order, alike ones by key", byName, Want::AllRows, {}, u"10,20,30,40"_s);
-        row("rows down, alike ones by key", byNameDown, Want::AllRows, {}, u"40,20,30,10"_s);
-        row("rows in two orders, nothing first", byDate, Want::AllRows, {}, u"40,30,10,20"_s);
-        row("a column twice in the order", byNameDown + u", Name"_s, Want::AllRows, {}, u"40,20,30,10"_s);
-        row("rows without a key as they were stored", history, Want::AllRows, {}, u"5-2,5-1,4-1"_s);
-        row("rows without a key, alike ones as stored", history + u" Order By ContactDate"_s, Want::AllRows,
-            {}, u"4-1,5-2,5-1"_s);
-        row("count of rows", all, Want::RowCount, {}, u"4"_s);
-        row("last in order", byDate, Want::LastValue, u"name"_s, u"berg"_s);
-        row("last without a key", history, Want::LastValue, u"ContactCount"_s, u"1"_s);
-        row("last without a key, alike ones", history + u" Order By ContactDate"_s, Want::LastValue, {},
-            u"5-1"_s);
-        row("last of a listed column", u"Select Name As Employer, CompanyKey From Company"_s, Want::LastValue,
-            u"employer"_s, u"Cole"_s);
-        row("last of a count", noCount, Want::LastValue, u"EXPR1001"_s, u"0"_s);
-        row("first row", byNameDown, Want::FirstRow, {}, u"40"_s);
-        row("one column", byDate, Want::OneColumn, u"NAME"_s, u"Cole,Berg,Acme,berg"_s);
-        row("existing row", all + u" Where Name='acme'"_s, Want::Exists, {}, u"1"_s);
-        row("a count's row always exists", noCount, Want::Exists, {}, u"1"_s);
-        row("count of what is not null", u"Select Count(EntryDate) From Company"_s, Want::AllRows, {},
-            u"3"_s);
+        const char* const byNameDown = "* From Company Order By Name Desc";
+        const char* const byDate = "* From Company Order By EntryDate, Name Desc";
+        const char* const history = "* From History";
+        const char* const historyByDate = "* From History Order By ContactDate";
+        const char* const noCount = "Count(*), Count(Name) From Company Where Name='x'";
+        row("rows in order, alike ones by key", "* From Company Order By Name", Want::AllRows, "",
+            "10,20,30,40");
+        row("rows down, alike ones by key", byNameDown, Want::AllRows, "", "40,20,30,10");
+        row("rows in two orders, nothing first", byDate, Want::AllRows, "", "40,30,10,20");
+        row("a column twice in the order", "* From Company Order By Name Desc, Name", Want::AllRows, "",
+            "40,20,30,10");
+        row("rows without a key as they were stored", history, Want::AllRows, "", "5-2,5-1,4-1");
+        row("rows without a key, alike ones as stored", historyByDate, Want::AllRows, "", "4-1,5-2,5-1");
+        row("count of rows", "* From Company", Want::RowCount, "", "4");
+        row("last in order", byDate, Want::LastValue, "name", "berg");
+        row("last without a key", history, Want::LastValue, "ContactCount", "1");
+        row("last without a key, alike ones", historyByDate, Want::LastValue, "", "5-1");
+        row("last of a listed column", "Name As Employer From Company", Want::LastValue, "employer", "Cole");
+        row("last of a count", noCount, Want::LastValue, "EXPR1001", "0");
+        row("first row", byNameDown, Want::FirstRow, "", "40");
+        row("one column", byDate, Want::OneColumn, "NAME", "Cole,Berg,Acme,berg");
+        row("existing row", "* From Company Where Name='acme'", Want::Exists, "", "1");
+        row("a count's row always exists", noCount, Want::Exists, "", "1");
+        row("count of what is not null", "Count(EntryDate) From Company", Want::AllRows, "", "3");
     }
     void want_answersPartOfTheRows()
     {
@@ -92,19 +90,19 @@ private slots:
 
     void selectedColumns_haveTheSchemasNamesAndTypes_data()
     {
-        columns<QString, QString>("statement", "columns");
-        QTest::newRow("all") << u"select * from STATUS"_s
-                             << u"StatusKey:0 StatusDescription:2 StatusDate:3 StatusValue:2"_s;
-        QTest::newRow("listed in any case") << u"Select URl2, zip From address"_s << u"URL2:2 Zip:2"_s;
-        QTest::newRow("count without a name") << u"Select Count(Name) From Company"_s << u"EXPR1000:1"_s;
-        QTest::newRow("count with a name")
-            << u"Select Count(*) As total, Count(Name) From Company"_s << u"total:1 EXPR1000:1"_s;
-        QTest::newRow("count in a join")
-            << u"Select Count(Company.Name) From Company Inner Join CProfile On Company.CompanyKey=CProfile.CompanyKey"_s
-            << u"EXPR1000:1"_s;
-        QTest::newRow("all of a join")
-            << u"Select * From CProfile Inner Join Status On CProfile.PR=Status.StatusKey"_s
-            << u"CProfileKey:0 CompanyKey:1 QAns:2 PR:1 QCount:1 TemplateKey:1 StatusKey:0 StatusDescription:2 StatusDate:3 StatusValue:2"_s;
+        table({"statement", "columns"},
+              {{"all", "select * from STATUS", "StatusKey:0 StatusDescription:2 StatusDate:3 StatusValue:2"},
+               {"listed in any case", "Select URl2, zip From address", "URL2:2 Zip:2"},
+               {"count without a name", "Select Count(Name) From Company", "EXPR1000:1"},
+               {"count with a name", "Select Count(*) As total, Count(Name) From Company",
+                "total:1 EXPR1000:1"},
+               {"count in a join",
+                "Select Count(Company.Name) From Company Inner Join CProfile On "
+                "Company.CompanyKey=CProfile.CompanyKey",
+                "EXPR1000:1"},
+               {"all of a join", "Select * From CProfile Inner Join Status On CProfile.PR=Status.StatusKey",
+                "CProfileKey:0 CompanyKey:1 QAns:2 PR:1 QCount:1 TemplateKey:1 StatusKey:0 "
+                "StatusDescription:2 StatusDate:3 StatusValue:2"}});
     }
     void selectedColumns_haveTheSchemasNamesAndTypes()
     {
@@ -118,13 +116,14 @@ private slots:
     void joinedRows_meetOnTheirKeys()
     {
         const QString join = u" From Company Inner Join Position On Company.CompanyKey=Position.CompanyKey"_s;
-        QCOMPARE(m_engine.column(u"Select Title"_s + join).join(u','), u"Buyer,Agent,Clerk"_s);
-        QCOMPARE(
-            m_engine.column(u"Select Title"_s + join + u" Where Name='acme' Order By Title"_s).join(u','),
-            u"Agent,Buyer"_s);
-        QCOMPARE(m_engine.column(u"Select Count(Company.CompanyKey)"_s + join), QStringList{u"3"_s});
-        QCOMPARE(m_engine.column(u"Select *"_s + join, {Want::LastValue, u"PositionKey"_s}),
-                 QStringList{u"3"_s});
+        const auto answer = [&](const QString& what, const QString& rest = {},
+                                const dialect::Want& want = {}) {
+            return m_engine.column(u"Select "_s + what + join + rest, want).join(u',');
+        };
+        QCOMPARE(answer(u"Title"_s), u"Buyer,Agent,Clerk"_s);
+        QCOMPARE(answer(u"Title"_s, u" Where Name='acme' Order By Title"_s), u"Agent,Buyer"_s);
+        QCOMPARE(answer(u"Count(Company.CompanyKey)"_s), u"3"_s);
+        QCOMPARE(answer(u"*"_s, {}, {Want::LastValue, u"PositionKey"_s}), u"3"_s);
     }
 
     void shape_ofTooMuch_isRefused_data()
@@ -150,21 +149,19 @@ private slots:
 
     void refusal_namesThePlaceInTheStatement_data()
     {
-        columns<QString, QString>("statement", "description");
-        QTest::newRow("word instead of a keyword")
-            << u"Select * Form Company"_s
-            << u"\"Form Company\" stands where From is expected, at character 10."_s;
-        QTest::newRow("end behind values")
-            << u"Select * From Company Where CompanyKey=125 And"_s
-            << u"The statement ends where a value or a column is expected, at character 47."_s;
-        QTest::newRow("found values are shown")
-            << u"Select * From Company Where Name='Acme' 'Berg and more than forty characters of it'"_s
-            << u"\"'Berg and more than forty characters of ...\" stands where the end of the statement is expected, at character 41."_s;
-        QTest::newRow("unknown column") << u"Select * From Event where PositionKey = 9 Order by Date"_s
-                                        << u"There is no column \"Date\" in Event, at character 52."_s;
-        QTest::newRow("foreign character")
-            << u"Select * From Company Where Name=\"x\""_s
-            << u"The character \"\"\" (U+0022) does not belong into a statement, at character 34."_s;
+        table({"statement", "description"},
+              {{"word instead of a keyword", "Select * Form Company",
+                "\"Form Company\" stands where From is expected, at character 10."},
+               {"end behind values", "Select * From Company Where CompanyKey=125 And",
+                "The statement ends where a value or a column is expected, at character 47."},
+               {"found values are shown",
+                "Select * From Company Where Name='Acme' 'Berg and more than forty characters of it'",
+                "\"'Berg and more than forty characters of ...\" stands where the end of the statement is "
+                "expected, at character 41."},
+               {"unknown column", "Select * From Event where PositionKey = 9 Order by Date",
+                "There is no column \"Date\" in Event, at character 52."},
+               {"foreign character", "Select * From Company Where Name=\"x\"",
+                "The character \"\"\" (U+0022) does not belong into a statement, at character 34."}});
     }
     void refusal_namesThePlaceInTheStatement()
     {

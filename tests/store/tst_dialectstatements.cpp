@@ -1,10 +1,12 @@
-// Every shape of statement that the program sends, and what it must refuse, against the real engine.
+// Every shape of statement that the program sends, what it must refuse, and what the fuzz target once found,
+// against the real engine.
+#include "fuzz/dialectcheck.h"
 #include "support/dialectengine.h"
 #include "support/table.h"
 
 #include "store/storeerror.h"
 
-#include <QFile>
+#include <QDir>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -16,8 +18,19 @@ class tst_DialectStatements : public QObject
 private slots:
     void initTestCase()
     {
-        m_engine = std::make_unique<DialectEngine>();
-        fill();
+        for (
+            const QString& row :
+            {u"Address (AddressKey,Address1,EntryDate) Values (5,'1 Main St','1/2/26')"_s,
+             u"Company (CompanyKey,Name,AddressKey,EntryDate) Values (7,'Acme',5,'1/2/2026')"_s,
+             u"Contact (ContactKey,FirstName,LastName,CompanyKey,ContactLevel,ContactList) "
+             "Values (12,'Ana','Ruiz',7,37,'5,9')"_s,
+             u"Position (PositionKey,Title,CompanyKey,Expires,SentResume) Values (5,'Buyer',7,'12/31/99','6/1/2026')"_s,
+             u"History (HistoryKey,ContactKey,ContactCount,ContactDate) Values ('12-1',12,1,'3/4/2026')"_s,
+             u"Event (EventKey,Event,EventDate,PositionKey) Values (9,'Interview','3/9/2026',5)"_s,
+             u"Status (StatusKey,StatusDescription,StatusValue) Values (1,'Autosave','1')"_s,
+             u"Target (TargetKey,Name,Contacts,EntryDate) Values (2,'Acme',1,'1/2/2026')"_s,
+             u"UProfile (UProfileKey,Title,Index) Values (4,'Engineer','Index')"_s})
+            m_engine.run(u"Insert Into "_s + row);
     }
 
     void statement_isRunOrRefused_data()
@@ -49,7 +62,7 @@ private slots:
                                         {u"UnknownName"_s, StoreError::UnknownName},
                                         {u"TypeMismatch"_s, StoreError::TypeMismatch}};
         try {
-            m_engine->tryOut(statement);
+            m_engine.tryOut(statement);
             QCOMPARE(u"ok"_s, verdict);
         } catch (const StoreError& error) {
             QVERIFY2(codes.contains(verdict), qPrintable(u"refused: "_s + error.description()));
@@ -59,6 +72,21 @@ private slots:
             QFAIL(error.what());
         }
     }
+
+    void fuzzSeed_isRefusedOrRun()
+    {
+        const QDir folder(QStringLiteral(JOBWRIGHT_SOURCE_DIR "/tests/data/fuzz/dialect"));
+        const QFileInfoList seeds = folder.entryInfoList(QDir::Files);
+        QVERIFY(!seeds.isEmpty());
+        DialectCheck check;
+        for (const QFileInfo& seed : seeds) {
+            QFile file(seed.filePath());
+            QVERIFY(file.open(QIODevice::ReadOnly));
+            const std::optional<QString> broken = check.violation(QString::fromUtf8(file.readAll()));
+            QVERIFY2(!broken, qPrintable(seed.fileName() + u": " + broken.value_or(QString())));
+        }
+    }
+
     void statement_withOtherValues_isTheSameSql_data() { statement_isRunOrRefused_data(); }
 
     void statement_withOtherValues_isTheSameSql()
@@ -82,25 +110,7 @@ private slots:
     }
 
 private:
-    void fill()
-    {
-        const QStringList rows{
-            u"Insert Into Address (AddressKey,Address1,EntryDate) Values (5,'1 Main St','1/2/26')"_s,
-            u"Insert Into Company (CompanyKey,Name,AddressKey,EntryDate) Values (7,'Acme',5,'1/2/2026')"_s,
-            u"Insert Into Contact (ContactKey,FirstName,LastName,CompanyKey,ContactLevel,ContactList) "
-            "Values (12,'Ana','Ruiz',7,37,'5,9')"_s,
-            u"Insert Into Position (PositionKey,Title,CompanyKey,Expires,SentResume) "
-            "Values (5,'Buyer',7,'12/31/99','6/1/2026')"_s,
-            u"Insert Into History (HistoryKey,ContactKey,ContactCount,ContactDate) Values ('12-1',12,1,'3/4/2026')"_s,
-            u"Insert Into Event (EventKey,Event,EventDate,PositionKey) Values (9,'Interview','3/9/2026',5)"_s,
-            u"Insert Into Status (StatusKey,StatusDescription,StatusValue) Values (1,'Autosave','1')"_s,
-            u"Insert Into Target (TargetKey,Name,Contacts,EntryDate) Values (2,'Acme',1,'1/2/2026')"_s,
-            u"Insert Into UProfile (UProfileKey,Title,Index) Values (4,'Engineer','Index')"_s};
-        for (const QString& row : rows)
-            m_engine->run(row);
-    }
-
-    std::unique_ptr<DialectEngine> m_engine;
+    DialectEngine m_engine;
 };
 
 QTEST_APPLESS_MAIN(tst_DialectStatements)

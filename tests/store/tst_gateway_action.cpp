@@ -76,42 +76,37 @@ private slots:
         QCOMPARE(onDisk(world), u"1,2"_s);
     }
 
-    void takeAllBackWhenTheDiskIsFull_data()
-    {
-        QTest::addColumn<QString>("tooLarge");
-        QTest::newRow("one row") << hugeNotes();
-        // A statement of many rows can be taken back alone; the rest of the action must not be written then
-        // either.
-        QTest::newRow("many rows") << u"INSERT INTO ContactRecovery Select * from Contact"_s;
-    }
     void takeAllBackWhenTheDiskIsFull()
     {
-        QFETCH(QString, tooLarge);
-        World world;
-        loadCampaign(world);
-        send(world, {insertDay.arg(0), hugeNotes(), hugeNotes()});
-        world.prompts.expect(u"DataJW-ExecQuery\r\nQuery: INSERT INTO Contact"_s);
-        world.prompts.expect(u"The change was not saved: "_s);
-        Action action(world.data());
-        send(world, {u"Delete * from Status where StatusDescription='Day'"_s, u"Delete * from Event"_s});
-        fillTheDisk(world);
-        QVERIFY(!world.data().execQuery(tooLarge));
-        QVERIFY(!world.data().execQuery(insertDay.arg(2)));
-        QVERIFY(world.data().getCompanyNames().isEmpty());
-        QVERIFY(!action.commit());
-        QCOMPARE(onDisk(world), u"0"_s);
-        QCOMPARE(world.data().getCount(u"Event"_s, true), Key(2));
-        // The user is told of the cause and of the outcome; each statement of the lost rest only leaves its
-        // trace.
-        const auto entries = LogEntry::parse(world.errorLog());
-        QCOMPARE(entries.size(), 4U);
-        QCOMPARE(entries[0].number & 0xff, SQLITE_FULL);
-        QCOMPARE(entries[1].number, int(StoreError::ActionLost));
-        QVERIFY(entries[1].suppressed && entries[1].text.contains(insertDay.arg(2)));
-        QVERIFY(entries[2].suppressed);
-        QVERIFY(!entries[3].suppressed);
-        QVERIFY(entries[3].text.startsWith(u"DataJW-Action\r\nThe change was not saved: "));
-        QVERIFY(entries[3].text.endsWith(u"The database is as it was before."));
+        // A statement of many rows can be taken back alone; the rest of the action must not be written then
+        // either.
+        for (const QString& tooLarge :
+             {hugeNotes(), u"INSERT INTO ContactRecovery Select * from Contact"_s}) {
+            World world;
+            loadCampaign(world);
+            send(world, {insertDay.arg(0), hugeNotes(), hugeNotes()});
+            world.prompts.expect(u"DataJW-ExecQuery\r\nQuery: INSERT INTO Contact"_s);
+            world.prompts.expect(u"The change was not saved: "_s);
+            Action action(world.data());
+            send(world, {u"Delete * from Status where StatusDescription='Day'"_s, u"Delete * from Event"_s});
+            fillTheDisk(world);
+            QVERIFY(!world.data().execQuery(tooLarge));
+            QVERIFY(!world.data().execQuery(insertDay.arg(2)));
+            QVERIFY(world.data().getCompanyNames().isEmpty());
+            QVERIFY(!action.commit());
+            QCOMPARE(onDisk(world), u"0"_s);
+            QCOMPARE(world.data().getCount(u"Event"_s, true), Key(2));
+            // The user is told of the cause and of the outcome; each statement of the lost rest only leaves
+            // its trace.
+            const auto entries = LogEntry::parse(world.errorLog());
+            QCOMPARE(entries.size(), 4U);
+            QCOMPARE(entries[0].number & 0xff, SQLITE_FULL);
+            QCOMPARE(entries[1].number, int(StoreError::ActionLost));
+            QVERIFY(entries[1].suppressed && entries[1].text.contains(insertDay.arg(2)));
+            QVERIFY(entries[2].suppressed && !entries[3].suppressed);
+            QVERIFY(entries[3].text.startsWith(u"DataJW-Action\r\nThe change was not saved: "));
+            QVERIFY(entries[3].text.endsWith(u"The database is as it was before."));
+        }
     }
 
     void takeAllBackWhenTheEndFails()
@@ -148,45 +143,38 @@ private slots:
         QCOMPARE(onDisk(world), QString());
     }
 
-    void failEachChangeWithoutAStore_data()
+    void failEachChangeWithoutAStore()
     {
-        columns<GatewayCall, QString>("call", "fallback");
-        const auto row = [](const char* tag, const GatewayCall& call, const QString& fallback = u"false"_s) {
-            QTest::newRow(tag) << call << fallback;
-        };
         const auto silent = [](auto operation) {
             return GatewayCall([operation](DataJW& data) {
                 operation(data);
                 return QString();
             });
         };
-        row("ExecQuery", CALL(execQuery(u"Delete * from Contact"_s)));
-        row("WriteStatus", CALL(writeStatus(u"A"_s, u"1"_s, true)));
-        row("delStatusErr", CALL(delStatus(u"A"_s)));
-        row("RemoveRec", CALL(removeRec(u"Company"_s, u"A"_s)));
-        row("DelDox", CALL(delDox()));
-        row("UpdateCompanySubset", CALL(updateCompanySubset(u"A"_s, 1)));
-        row("UpdateContactList", CALL(updateContactLists({{Key(1), Key(2)}}, u"Contact"_s)), u"0"_s);
-        row("UpdateDocList", CALL(updateDocList(1, 2, u"Contact"_s, 0)), u"0"_s);
-        row("DelRecord", silent([](DataJW& data) { data.delRecord(1, u"Contact"_s); }), {});
-        row("DelContactsByCompany", silent([](DataJW& data) { data.delContactsByCompany(1); }), {});
-        row("UpdateContactSubset", silent([](DataJW& data) { data.updateContactSubset(1, 2); }), {});
-    }
-    void failEachChangeWithoutAStore()
-    {
-        QFETCH(GatewayCall, call);
-        QFETCH(QString, fallback);
-        World world;
-        world.prompts.acceptAll(Answer::Ok);
-        QVERIFY(QFile::remove(world.session->databasePath()));
-        QCOMPARE(call(world.data()), fallback);
-        const auto entries = LogEntry::parse(world.errorLog());
-        QCOMPARE(entries.front().text.section(u"\r\n"_s, 0, 0), u"DataJW-Init"_s);
-        QVERIFY(entries.back().text.startsWith(
-            QString(u"DataJW-%1\r\nQuery: "_s.arg(QLatin1String(QTest::currentDataTag())))));
-        QVERIFY(!QFile::exists(world.session->databasePath()));
-        Action action(world.data()); // does no harm and is not written
-        QVERIFY(!action.commit());
+        const std::initializer_list<std::tuple<QString, GatewayCall, QString>> calls{
+            {u"ExecQuery"_s, CALL(execQuery(u"Delete * from Contact"_s)), u"false"_s},
+            {u"WriteStatus"_s, CALL(writeStatus(u"A"_s, u"1"_s, true)), u"false"_s},
+            {u"delStatusErr"_s, CALL(delStatus(u"A"_s)), u"false"_s},
+            {u"RemoveRec"_s, CALL(removeRec(u"Company"_s, u"A"_s)), u"false"_s},
+            {u"DelDox"_s, CALL(delDox()), u"false"_s},
+            {u"UpdateCompanySubset"_s, CALL(updateCompanySubset(u"A"_s, 1)), u"false"_s},
+            {u"UpdateContactList"_s, CALL(updateContactLists({{Key(1), Key(2)}}, u"Contact"_s)), u"0"_s},
+            {u"UpdateDocList"_s, CALL(updateDocList(1, 2, u"Contact"_s, 0)), u"0"_s},
+            {u"DelRecord"_s, silent([](DataJW& data) { data.delRecord(1, u"Contact"_s); }), {}},
+            {u"DelContactsByCompany"_s, silent([](DataJW& data) { data.delContactsByCompany(1); }), {}},
+            {u"UpdateContactSubset"_s, silent([](DataJW& data) { data.updateContactSubset(1, 2); }), {}}};
+        for (const auto& [tag, call, fallback] : calls) {
+            World world;
+            world.prompts.acceptAll(Answer::Ok);
+            QVERIFY(QFile::remove(world.session->databasePath()));
+            QCOMPARE(call(world.data()), fallback);
+            const auto entries = LogEntry::parse(world.errorLog());
+            QCOMPARE(entries.front().text.section(u"\r\n"_s, 0, 0), u"DataJW-Init"_s);
+            QVERIFY2(entries.back().text.startsWith(u"DataJW-%1\r\nQuery: "_s.arg(tag)), qPrintable(tag));
+            QVERIFY(!QFile::exists(world.session->databasePath()));
+            Action action(world.data()); // does no harm and is not written
+            QVERIFY(!action.commit());
+        }
     }
 };
 

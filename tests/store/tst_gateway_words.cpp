@@ -15,48 +15,21 @@ class TestGatewayWords : public QObject
 private slots:
     void splitIntoWords_data()
     {
-        columns<QString, QString>("text", "words");
-        QTest::newRow("the last word is never taken")
-            << u"Senior Engineer for big data, London"_s << u"Senior|Engineer|data"_s;
-        QTest::newRow("a long first word brings the next one up again")
-            << u"Architect Senior Engineer for big data, London"_s
-            << u"Architect|Senior|Senior|Engineer|data"_s;
-        QTest::newRow("the first word may be short and keeps its marks") << u"C, then more"_s << u"C,|then"_s;
-        QTest::newRow("a hyphen parts words") << u"A full-time post here"_s << u"A|full|time|post"_s;
-        QTest::newRow("a hyphen parts no first word") << u"Full-time post here"_s << u"Full-time|time|post"_s;
-        QTest::newRow("marks are left out") << u"On: road; rail, water ways"_s << u"On:|road|rail|water"_s;
-        QTest::newRow("a line end is no blank") << u"To plan\r\nmake a"_s << u"To|plan\r\nmake"_s;
+        table(
+            {"text", "words"},
+            {{"the last word is never taken", "Senior Engineer for big data, London", "Senior|Engineer|data"},
+             {"a long first word brings the next one up again",
+              "Architect Senior Engineer for big data, London", "Architect|Senior|Senior|Engineer|data"},
+             {"the first word may be short and keeps its marks", "C, then more", "C,|then"},
+             {"a hyphen parts words", "A full-time post here", "A|full|time|post"},
+             {"a hyphen parts no first word", "Full-time post here", "Full-time|time|post"},
+             {"marks are left out", "On: road; rail, water ways", "On:|road|rail|water"},
+             {"a line end is no blank", "To plan\r\nmake a", "To|plan\r\nmake"}});
     }
     void splitIntoWords()
     {
         FETCH(QString, text, words);
         QCOMPARE(DataJW::splitWords(text).join(u'|'), words);
-    }
-
-    void rewriteListsAsPairByPair_data()
-    {
-        // pairs: "new<old" in order
-        columns<QString, QString, QString, int>("list", "pairs", "expected", "replacements");
-        QTest::newRow("the end of another key too") << u"13,3"_s << u"8<3"_s << u"18,8"_s << 1;
-        QTest::newRow("no new key leaves the commas") << u"5,7,9"_s << u"0<7"_s << u"5,,9"_s << 1;
-        QTest::newRow("a new key is an old one further on") << u"5"_s << u"7<5 9<7"_s << u"9"_s << 2;
-        QTest::newRow("a new key is an old one that has passed") << u"5"_s << u"9<7 7<5"_s << u"7"_s << 1;
-        QTest::newRow("a key that grew across a seam") << u"132"_s << u"4<3 77<142"_s << u"77"_s << 2;
-        QTest::newRow("a key that closed over a gap") << u"132"_s << u"0<3 77<12"_s << u"77"_s << 2;
-        QTest::newRow("a key that was taken away first") << u"132"_s << u"4<3 77<32"_s << u"142"_s << 1;
-        QTest::newRow("the same old key twice") << u"5"_s << u"55<5 6<5"_s << u"66"_s << 2;
-        QTest::newRow("the largest key") << u"32767,1"_s << u"2<32767"_s << u"2,1"_s << 1;
-    }
-    void rewriteListsAsPairByPair()
-    {
-        FETCH(QString, list, pairs, expected);
-        QFETCH(int, replacements);
-        std::vector<std::pair<Key, Key>> newOld;
-        for (const QString& pair : pairs.split(u' '))
-            newOld.emplace_back(pair.section(u'<', 0, 0).toShort(), pair.section(u'<', 1).toShort());
-        const auto result = KeyListRewriter(newOld).rewrite(list);
-        QCOMPARE(result.list, expected);
-        QCOMPARE(result.replacements, replacements);
     }
 
     void rewriteRandomListsAsPairByPair()

@@ -6,12 +6,9 @@
 #include "support/table.h"
 #include "support/world.h"
 
-#include <QCryptographicHash>
 #include <QTest>
 
 #include <sqlite3.h>
-
-#include <functional>
 
 using namespace Qt::StringLiterals;
 
@@ -23,23 +20,30 @@ QByteArray contentOf(const QString& path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-void overwrite(const QString& path, qint64 at, const QByteArray& bytes)
+/// Spoils the store as a row of the table below says.
+void spoil(const QString& how, const QString& path)
 {
     QFile file(path);
-    QVERIFY(file.open(QIODevice::ReadWrite));
-    QVERIFY(file.seek(at));
-    QCOMPARE(file.write(bytes), bytes.size());
+    const QString argument = how.section(u' ', 1);
+    if (how.startsWith(u"gone"))
+        QVERIFY(file.remove());
+    if (how.startsWith(u"size"))
+        QVERIFY(file.resize(argument == u"half" ? file.size() / 2 : argument.toInt()));
+    if (how == u"page")
+        QVERIFY(file.open(QIODevice::ReadWrite) && file.seek(4096 * 3) &&
+                file.write(QByteArray(4096, '\x5a')) == 4096);
+    if (how == u"gone text")
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(QByteArray("my notes ").repeated(20)) > 100);
+    if (how == u"gone folder")
+        QVERIFY(QDir().mkdir(path));
+    if (how == u"locked")
+        QVERIFY(file.setPermissions(QFile::ReadOwner | QFile::ReadUser));
+    if (how.startsWith(u"gone sql") || how.startsWith(u"sql"))
+        engine::execute(engine::open(path, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE).get(),
+                        how.mid(how.indexOf(u"sql") + 4).toUtf8());
 }
-
-void runSql(const QString& path, const QByteArray& sql)
-{
-    engine::execute(engine::open(path, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE).get(), sql);
-}
-
-using Spoil = std::function<void(const QString&)>;
 
 } // namespace
-Q_DECLARE_METATYPE(Spoil)
 
 class TestStoreFile : public QObject
 {
@@ -48,55 +52,33 @@ class TestStoreFile : public QObject
 private slots:
     void spoiltFileIsNamedAndUntouched_data()
     {
-        columns<Spoil, FileState, QString>("spoil", "state", "word");
-        QTest::newRow("missing") << Spoil([](const QString& p) { QFile::remove(p); }) << FileState::Missing
-                                 << u"does not exist"_s;
-        QTest::newRow("empty") << Spoil([](const QString& p) { QFile(p).resize(0); }) << FileState::Damaged
-                               << u"is empty"_s;
-        QTest::newRow("half a header") << Spoil([](const QString& p) { QFile(p).resize(60); })
-                                       << FileState::Damaged << u"end is missing"_s;
-        QTest::newRow("cut off") << Spoil([](const QString& p) { QFile(p).resize(QFileInfo(p).size() / 2); })
-                                 << FileState::Damaged << u"is damaged"_s;
-        QTest::newRow("a page overwritten")
-            << Spoil([](const QString& p) { overwrite(p, 4096 * 3, QByteArray(4096, '\x5a')); })
-            << FileState::Damaged << u"is damaged"_s;
-        QTest::newRow("a text file") << Spoil([](const QString& p) {
-            QFile::remove(p);
-            QFile file(p);
-            QVERIFY(file.open(QIODevice::WriteOnly));
-            file.write("my notes, much longer than a database's header would have to be to count as one, and "
-                       "then some");
-        }) << FileState::Foreign << u"not a database of Jobwright"_s;
-        QTest::newRow("another program's") << Spoil([](const QString& p) {
-            QFile::remove(p);
-            runSql(p, "CREATE TABLE songs(title TEXT)");
-        }) << FileState::Foreign << u"another program"_s;
-        QTest::newRow("newer") << Spoil([](const QString& p) { runSql(p, "PRAGMA user_version=99"); })
-                               << FileState::Newer << u"later version"_s;
-        QTest::newRow("a table gone") << Spoil([](const QString& p) { runSql(p, "DROP TABLE History"); })
-                                      << FileState::Damaged << u"no such table"_s;
-        QTest::newRow("a column gone")
-            << Spoil([](const QString& p) { runSql(p, "ALTER TABLE History DROP COLUMN Topic"); })
-            << FileState::Damaged << u"Topic"_s;
-        QTest::newRow("write-protected")
-            << Spoil([](const QString& p) { QFile::setPermissions(p, QFile::ReadOwner | QFile::ReadUser); })
-            << FileState::ReadOnly << u"may not be written"_s;
-        QTest::newRow("a folder") << Spoil([](const QString& p) {
-            QFile::remove(p);
-            QDir().mkdir(p);
-        }) << FileState::Foreign << u"no file"_s;
+        columns<QString, FileState, QString>("how", "state", "word");
+        const auto row = [](const char* how, FileState state, const char* word) {
+            QTest::newRow(how) << QString::fromLatin1(how) << state << QString::fromLatin1(word);
+        };
+        row("gone", FileState::Missing, "does not exist");
+        row("size 0", FileState::Damaged, "is empty");
+        row("size 60", FileState::Damaged, "end is missing"); // half a header
+        row("size half", FileState::Damaged, "is damaged");
+        row("page", FileState::Damaged, "is damaged"); // one overwritten
+        row("gone text", FileState::Foreign, "not a database of Jobwright");
+        row("gone sql CREATE TABLE songs(title TEXT)", FileState::Foreign, "another program");
+        row("sql PRAGMA user_version=99", FileState::Newer, "later version");
+        row("sql DROP TABLE History", FileState::Damaged, "no such table");
+        row("sql ALTER TABLE History DROP COLUMN Topic", FileState::Damaged, "Topic");
+        row("locked", FileState::ReadOnly, "may not be written");
+        row("gone folder", FileState::Foreign, "no file");
     }
     void spoiltFileIsNamedAndUntouched()
     {
-        QFETCH(Spoil, spoil);
         QFETCH(FileState, state);
-        QFETCH(QString, word);
+        FETCH(QString, how, word);
         World world;
         const QString path = world.session->databasePath();
-        spoil(path);
+        spoil(how, path);
         const QByteArray before = contentOf(path);
-        const QStringList filesBefore =
-            QDir(world.folder.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
+        const QDir folder(world.folder.path());
+        const QStringList filesBefore = folder.entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
         const FileReport report = inspectStore(path);
         QCOMPARE(report.state, state);
         QVERIFY2(report.message.contains(word), qPrintable(report.message));
@@ -105,7 +87,7 @@ private slots:
         QVERIFY(!world.data().isConnected());
         QVERIFY(world.errorLog().contains(u"DataJW-Init\r\nQuery: Select * from Company"_s));
         QCOMPARE(contentOf(path), before);
-        QStringList filesAfter = QDir(world.folder.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
+        QStringList filesAfter = folder.entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
         filesAfter.removeOne(u"ErrorLog.txt"_s);
         QCOMPARE(filesAfter, filesBefore);
     }
@@ -124,19 +106,15 @@ private slots:
     void newStoreHasEverySettingOnce()
     {
         World world;
-        RecordSet rows = world.data().getExecQueryRecords(u"Select * from Status Order by StatusKey"_s);
-        QSet<QString> names;
-        for (; !rows.atEnd(); rows.next()) {
-            QVERIFY2(!names.contains(rows.text(u"StatusDescription")),
-                     qPrintable(rows.text(u"StatusDescription")));
-            names.insert(rows.text(u"StatusDescription"));
-        }
-        const QString settings =
-            u"TimeDelta DateDelta TimeFreq Autosave ScreenGraphics ExecutionLog ActionWordTest "
-            "CriticalityWordTest QuantificationTest OccupationTest PositionCorrelation "
-            "PositionThreshold DetailStats WriteEvents2Outlook ShowComplete OutlookIncoming "
-            "MailImportInterval AlarmFile Multimedia PDFViewer TextViewer WordViewer "
-            "DocumentDirectory ExportFile CategoryCount UserName"_s;
+        QStringList names = world.cells(u"Select StatusDescription from Status"_s).split(u';');
+        QCOMPARE(names.removeDuplicates(), 0);
+        const QString settings = u"TimeDelta DateDelta TimeFreq Autosave ScreenGraphics ExecutionLog "
+                                 u"ActionWordTest CriticalityWordTest "
+                                 "QuantificationTest OccupationTest PositionCorrelation PositionThreshold "
+                                 "DetailStats WriteEvents2Outlook "
+                                 "ShowComplete OutlookIncoming MailImportInterval AlarmFile Multimedia "
+                                 "PDFViewer TextViewer WordViewer "
+                                 "DocumentDirectory ExportFile CategoryCount UserName"_s;
         for (const QString& name : settings.split(u' '))
             QVERIFY2(names.contains(name), qPrintable(name));
         QCOMPARE(world.data().getStatusValue(u"TimeDelta"_s), u"10"_s);

@@ -11,69 +11,40 @@
 using GatewayCall = std::function<QString(DataJW&)>;
 Q_DECLARE_METATYPE(GatewayCall)
 
-namespace answers {
-
-inline QString shown(bool answer)
+/// What operations answer, as texts; a record set as the values of its first column.
+struct answers
 {
-    return answer ? QStringLiteral("true") : QStringLiteral("false");
-}
-inline QString shown(Key answer)
-{
-    return QString::number(answer);
-}
-inline QString shown(int answer)
-{
-    return QString::number(answer);
-}
-inline QString shown(const QString& answer)
-{
-    return answer;
-}
-inline QString shown(QDate answer)
-{
-    return answer.isValid() ? answer.toString(Qt::ISODate) : QStringLiteral("no date");
-}
-inline QString shown(const QStringList& answer)
-{
-    return answer.join(u'|');
-}
-inline QString shown(const std::vector<Key>& answer)
-{
-    QStringList keys;
-    for (const Key key : answer)
-        keys.append(QString::number(key));
-    return keys.join(u',');
-}
-/// A record set as the values of its first column.
-inline QString shown(RecordSet answer)
-{
-    if (answer.isNothing())
-        return QStringLiteral("nothing");
-    QStringList keys;
-    for (; !answer.atEnd(); answer.next())
-        keys.append(answer.text(0));
-    return keys.isEmpty() ? QStringLiteral("no rows") : keys.join(u',');
-}
-inline QString shown(const Target& answer)
-{
-    return QString::number(answer.TargetKey) + u':' + answer.Name;
-}
-inline QString shown(const std::vector<Target>& answer)
-{
-    QStringList names;
-    for (const Target& target : answer)
-        names.append(shown(target));
-    return names.join(u'|');
-}
-inline QString shown(const std::vector<Dox>& answer)
-{
-    QStringList names;
-    for (const Dox& dox : answer)
-        names.append(QString::number(dox.docKey) + u':' + dox.docName);
-    return names.join(u'|');
-}
-
-} // namespace answers
+    static QString shown(bool answer) { return answer ? QStringLiteral("true") : QStringLiteral("false"); }
+    static QString shown(Key answer) { return QString::number(answer); }
+    static QString shown(int answer) { return QString::number(answer); }
+    static QString shown(const QString& answer) { return answer; }
+    static QString shown(const QStringList& answer) { return answer.join(u'|'); }
+    static QString shown(QDate answer)
+    {
+        return answer.isValid() ? answer.toString(Qt::ISODate) : QStringLiteral("no date");
+    }
+    static QString shown(const Target& answer)
+    {
+        return QString::number(answer.TargetKey) + u':' + answer.Name;
+    }
+    static QString shown(const Dox& answer) { return QString::number(answer.docKey) + u':' + answer.docName; }
+    template<typename Item> static QString shown(const std::vector<Item>& answer)
+    {
+        QStringList items;
+        for (const Item& item : answer)
+            items.append(shown(item));
+        return items.join(std::is_same_v<Item, Key> ? u',' : u'|');
+    }
+    static QString shown(RecordSet answer)
+    {
+        QStringList keys;
+        for (; !answer.isNothing() && !answer.atEnd(); answer.next())
+            keys.append(answer.text(0));
+        return answer.isNothing() ? QStringLiteral("nothing")
+               : keys.isEmpty()   ? QStringLiteral("no rows")
+                                  : keys.join(u',');
+    }
+};
 
 /// CALL(getCompanyKey(name)) is a GatewayCall with the answer shown.
 #define CALL(operation) GatewayCall([](DataJW& data) { return answers::shown(data.operation); })

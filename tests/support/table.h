@@ -10,6 +10,19 @@ template<typename... Types, typename... Names> void columns(Names... names)
     (QTest::addColumn<Types>(names), ...);
 }
 
+/// Fills a data-driven test with texts: the columns' names, then a tag and its cells a row.
+inline void table(std::initializer_list<const char*> names,
+                  std::initializer_list<std::initializer_list<const char*>> rows)
+{
+    for (const char* const name : names)
+        QTest::addColumn<QString>(name);
+    for (const auto& row : rows) {
+        QTestData& data = QTest::newRow(*row.begin());
+        for (const char* const* cell = row.begin() + 1; cell != row.end(); ++cell)
+            data << QString::fromUtf8(*cell);
+    }
+}
+
 /// FETCH(QString, typed, stored) fetches the row's values of several columns of one type.
 #define FETCH_1(Type, a) QFETCH(Type, a)
 #define FETCH_2(Type, a, b)                                                                                  \

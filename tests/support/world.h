@@ -71,6 +71,18 @@ public:
     }
     DataJW& data() { return session->dataJW(); }
     void setNow(const QDateTime& now) { m_now = now; }
+    /// The cells of a statement's rows, "a|b" a row and ";" between rows.
+    QString cells(const QString& statement)
+    {
+        QStringList rows;
+        for (RecordSet set = data().getExecQueryRecords(statement); !set.atEnd(); set.next()) {
+            QStringList row;
+            for (int column = 0; column < set.columnCount(); ++column)
+                row.append(set.text(column));
+            rows.append(row.join(u'|'));
+        }
+        return rows.join(u';');
+    }
     /// The whole text of a file of the folder, "" when there is none.
     [[nodiscard]] QString fileText(const QString& name) const
     {

@@ -33,6 +33,23 @@ public:
     void openHelp(int contextId) override { helped.append(contextId); }
 };
 
+/// The values of these controls, set apart by blanks in the names and by "|" in the answer.
+inline QString shownIn(const Form& form, const QString& controls)
+{
+    QStringList values;
+    for (const QString& control : controls.split(u' '))
+        values.append(form.text(control));
+    return values.join(u'|');
+}
+
+/// Changes a control as a view reports it.
+template<class Screen> void editIn(Screen& screen, const QString& control, const QString& text)
+{
+    screen.fieldKeyDown(control);
+    screen.form().edit(control, text);
+    screen.fieldChanged(control);
+}
+
 /// World, navigator and main screen, with short ways to put records in and to look at them.
 class Bench
 {
@@ -67,29 +84,13 @@ public:
         run(u"Insert into Contact(FirstName,LastName,LastContact,CompanyKey) Values('"_s + first + u"','" +
             last + u"','" + reached + u"'," + QString::number(company) + u')');
     }
-    /// The cells of a statement's rows, "a|b" a row and ";" between rows.
-    QString cells(const QString& statement)
-    {
-        QStringList rows;
-        for (RecordSet set = data().getExecQueryRecords(statement); !set.atEnd(); set.next()) {
-            QStringList row;
-            for (int column = 0; column < set.columnCount(); ++column)
-                row.append(set.text(column));
-            rows.append(row.join(u'|'));
-        }
-        return rows.join(u';');
-    }
+    QString cells(const QString& statement) { return world.cells(statement); } ///< As World::cells.
     int rows(const QString& table) { return data().getCount(table, true); }
     /// Chooses a company as the user does.
     void choose(const QString& name) { frm->cmbSelectionClick(name); }
     /// Types into a field of the Company screen as a view reports it.
-    void type(const QString& control, const QString& text)
-    {
-        company().fieldKeyDown(control);
-        company().form().edit(control, text);
-        company().fieldChanged(control);
-    }
-    QString shown(const QString& control) { return company().form().text(control); }
+    void type(const QString& control, const QString& text) { editIn(company(), control, text); }
+    QString shown(const QString& controls) { return shownIn(company().form(), controls); }
     /// The frames that can be seen, joined with ",".
     QString visibleFrames()
     {

@@ -1,7 +1,6 @@
 // A bench with the Contact screen open.
 #pragma once
 
-#include "base/text.h"
 #include "workbench/addressentry.h"
 #include "workbench/bench.h"
 #include "workbench/contactscreen.h"
@@ -34,13 +33,8 @@ public:
         if (!name.isEmpty())
             contact().cmbContactsClick(name);
     }
-    void typeContact(const QString& control, const QString& text)
-    {
-        contact().fieldKeyDown(control);
-        contact().form().edit(control, text);
-        contact().fieldChanged(control);
-    }
-    QString shownContact(const QString& control) { return contact().form().text(control); }
+    void typeContact(const QString& control, const QString& text) { editIn(contact(), control, text); }
+    QString shownContact(const QString& controls) { return shownIn(contact().form(), controls); }
     QStringList others()
     {
         return contact().tvwOtherContact().texts(contact().tvwOtherContact().index(0, 0));

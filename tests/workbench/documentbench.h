@@ -29,14 +29,8 @@ public:
         if (!document.isEmpty())
             screen().showDocument(document);
     }
-    /// Changes a control as a view reports it.
-    void edit(const QString& control, const QString& text)
-    {
-        screen().fieldKeyDown(control);
-        screen().form().edit(control, text);
-        screen().fieldChanged(control);
-    }
-    QString value(const QString& control) { return screen().form().text(control); }
+    void edit(const QString& control, const QString& text) { editIn(screen(), control, text); }
+    QString value(const QString& controls) { return shownIn(screen().form(), controls); }
     QStringList listed() { return screen().tvwDocs().texts(screen().tvwDocs().index(0, 0)); }
     /// Who holds what, each key read as its document's name: "Ann: cv.pdf+note.txt, Bob: ".
     QString holdings()

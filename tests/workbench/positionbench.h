@@ -28,12 +28,9 @@ public:
     /// A position as the store has it after a first save: no step done, no expiry.
     void addPosition(const QString& title, Key company)
     {
-        QString steps;
-        for (int step = 0; step < 11; ++step)
-            steps += u"'12/31/1999',0,"_s;
         run(u"Insert into Position ( "_s + data().getFields(u"Position"_s).mid(1).join(u',') +
-            u" ) VALUES ('" + title + u"','11/1/2026','','','','','',''," + steps + u"'','','',''," +
-            QString::number(company) + u",'12/31/99')");
+            u" ) VALUES ('" + title + u"','11/1/2026','','','','','',''," +
+            u"'12/31/1999',0,"_s.repeated(11) + u"'','','',''," + QString::number(company) + u",'12/31/99')");
     }
     /// Chooses a company and goes to its positions.
     void open(const QString& company, const QString& title = {})
@@ -44,14 +41,8 @@ public:
             position().cmbPosSelectionClick(title);
     }
     PositionScreen& position() { return frm->positionScreen(); }
-    QString field(const QString& control) { return position().form().text(control); }
-    /// Types into a field as a view reports it, without leaving it.
-    void edit(const QString& control, const QString& text)
-    {
-        position().fieldKeyDown(control);
-        position().form().edit(control, text);
-        position().fieldChanged(control);
-    }
+    QString field(const QString& controls) { return shownIn(position().form(), controls); }
+    void edit(const QString& control, const QString& text) { editIn(position(), control, text); }
     void assign(const QString& name)
     {
         position().form().edit(u"cmbAssignContact"_s, name);

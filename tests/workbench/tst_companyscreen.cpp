@@ -17,19 +17,25 @@ private slots:
     void shownCompanyFillsItsForm()
     {
         Bench bench;
-        const Key key = bench.addCompany(u"Acme"_s);
+        bench.addCompany(u"Acme"_s);
         bench.run(u"Update Address set Address1='1 Main', Address2='Floor 2\r\nRear', Phone1='555-0100'"_s);
         bench.run(u"Update Company set Notes='one\r\ntwo'"_s);
         bench.choose(u"ACME"_s);
-        QCOMPARE(bench.frm->selection().currentCompanyKey, key);
+        QCOMPARE(bench.frm->selection().currentCompanyKey, Key(1));
         QCOMPARE(bench.frm->selection().selectedCompanyName(), u"Acme"_s);
-        QCOMPARE(bench.shown(u"txtAddress"_s), u"1 Main\nFloor 2\nRear"_s);
-        QCOMPARE(bench.shown(u"txtCity"_s) + bench.shown(u"txtP1"_s), u"Acme City555-0100"_s);
-        QCOMPARE(bench.shown(u"txtCompanyNotes"_s), u"one\ntwo"_s);
+        QCOMPARE(bench.shown(u"txtAddress txtCity txtP1 txtCompanyNotes"_s),
+                 u"1 Main\nFloor 2\nRear|Acme City|555-0100|one\ntwo"_s);
         QVERIFY(
             bench.shown(u"txtSummary"_s).startsWith(u"The company has been in your database for 3 weeks. "));
         QVERIFY(!bench.company().form().isDirty(u"txtTitle"_s));
+        QSignalSpy focus(&bench.company().form(), &Form::focusRequested);
+        bench.choose(u"<New>"_s);
+        for (const FieldRow& row : bench.company().form().rows())
+            QCOMPARE(bench.shown(row.control), row.control == u"txtSummary" ? u"New Company"_s : QString());
+        QCOMPARE(bench.frm->selection().currentCompanyKey, Key(0));
+        QCOMPARE(focus.last().first().toString(), u"txtTitle"_s);
         // Gone meanwhile: nothing is selected any more.
+        bench.choose(u"Acme"_s);
         bench.run(u"Delete * from Company"_s);
         bench.frm->refresh();
         QCOMPARE(bench.frm->selection().currentCompanyKey, Key(0));
@@ -73,25 +79,22 @@ private slots:
 
     void ratiosFollowTheUnit_data()
     {
-        // histories: 7 in all; rank: 3
-        columns<QString, QString, QString, QString>("timeFreq", "entryDate", "histories", "rank");
-        QTest::newRow("no unit: weeks") << QString() << u"11/1/2026"_s << u"2.33"_s << u"1"_s;
-        QTest::newRow("days") << u"days"_s << u"11/1/2026"_s << u"0.33"_s << u"0.14"_s;
-        QTest::newRow("months") << u"Months"_s << u"9/30/2026"_s << u"3.5"_s << u"1.5"_s;
-        QTest::newRow("no time gone by") << u"days"_s << u"11/22/2026"_s << QString() << QString();
+        // ratios: of the 7 histories and of the rank 3
+        table({"timeFreq", "entryDate", "ratios"}, {{"no unit: weeks", "", "11/1/2026", "2.33|1"},
+                                                    {"days", "days", "11/1/2026", "0.33|0.14"},
+                                                    {"months", "Months", "9/30/2026", "3.5|1.5"},
+                                                    {"no time gone by", "days", "11/22/2026", "|"}});
     }
     void ratiosFollowTheUnit()
     {
-        FETCH(QString, timeFreq, entryDate, histories, rank);
+        FETCH(QString, timeFreq, entryDate, ratios);
         Bench bench;
-        const Key key = bench.addCompany(u"Acme"_s, entryDate);
-        bench.addContact(u"Ann"_s, u"Lee"_s, key);
+        bench.addContact(u"Ann"_s, u"Lee"_s, bench.addCompany(u"Acme"_s, entryDate));
         bench.run(u"Insert into History(HistoryKey,ContactKey,ContactCount) Values('1-7',1,7)"_s);
-        bench.run(u"Insert into CProfile(CompanyKey,PR,QCount) Values("_s + QString::number(key) + u",3,6)");
+        bench.run(u"Insert into CProfile(CompanyKey,PR,QCount) Values(1,3,6)"_s);
         bench.data().writeStatus(u"TimeFreq"_s, timeFreq, true);
         bench.choose(u"Acme"_s);
-        QCOMPARE(bench.shown(u"txtHTRatio"_s), histories);
-        QCOMPARE(bench.shown(u"txtRTRatio"_s), rank);
+        QCOMPARE(bench.shown(u"txtHTRatio txtRTRatio"_s), ratios);
     }
 
     void targetCompanyShowsItsPicture()
@@ -111,12 +114,11 @@ private slots:
 
     void pointerStandsByRankAndCount_data()
     {
-        // profile: PR and QCount, "" for none
-        columns<QString, double, bool>("profile", "place", "lit");
-        QTest::newRow("no questionnaire: left and dark") << QString() << 0.0 << false;
-        QTest::newRow("rank 0: left and lit") << u"0,4"_s << 0.0 << true;
-        QTest::newRow("more than all") << u"6,4"_s << 1.5 << true;
-        QTest::newRow("no questions: stays where it was") << u"3,0"_s << 0.5 << true;
+        // profile: PR and QCount; pointer: its place, and whether it is lit
+        table({"profile", "pointer"}, {{"no questionnaire: left and dark", "", "0 0"},
+                                       {"rank 0: left and lit", "0,4", "0 1"},
+                                       {"more than all", "6,4", "1.5 1"},
+                                       {"no questions: stays where it was", "3,0", "0.5 1"}});
     }
     void pointerStandsByRankAndCount()
     {
@@ -130,31 +132,17 @@ private slots:
                 bench.run(u"Insert into CProfile(CompanyKey,PR,QCount) Values(1,"_s + ranked + u')');
             bench.company().adjustProfile();
         }
-        QTEST(bench.company().pointerPlace(), "place");
-        QTEST(bench.company().pointerLit(), "lit");
-    }
-
-    void newEntryEmptiesTheForm()
-    {
-        Bench bench;
-        bench.addCompany(u"Acme"_s);
-        bench.choose(u"Acme"_s);
-        QSignalSpy focus(&bench.company().form(), &Form::focusRequested);
-        bench.choose(u"<New>"_s);
-        for (const FieldRow& row : bench.company().form().rows())
-            QCOMPARE(bench.shown(row.control), row.control == u"txtSummary" ? u"New Company"_s : QString());
-        QCOMPARE(bench.frm->selection().currentCompanyKey, Key(0));
-        QCOMPARE(focus.last().first().toString(), u"txtTitle"_s);
+        QTEST(u"%1 %2"_s.arg(bench.company().pointerPlace()).arg(bench.company().pointerLit()), "pointer");
     }
 
     void leavingAFieldWritesItsColumn_data()
     {
-        columns<QString, QString, QString, QString>("control", "typed", "column", "stored");
-        QTest::newRow("apostrophe, statement") << u"txtIndustry"_s << u"Men's \"wear\"'); Delete; --"_s
-                                               << u"Industry"_s << u"Men`s \"wear\"`); Delete; --"_s;
-        QTest::newRow("all kinds of line ends") << u"txtCompanyNotes"_s << u"a\nb\r\nc\rd ü # % _"_s
-                                                << u"Notes"_s << u"a\r\nb\r\nc\r\nd ü # % _"_s;
-        QTest::newRow("emptied") << u"txtShort"_s << QString() << u"ShortName"_s << QString();
+        table({"control", "typed", "column", "stored"},
+              {{"apostrophe, statement", "txtIndustry", "Men's \"wear\"'); Delete; --", "Industry",
+                "Men`s \"wear\"`); Delete; --"},
+               {"all line ends", "txtCompanyNotes", "a\nb\r\nc\rd ü # % _", "Notes",
+                "a\r\nb\r\nc\r\nd ü # % _"},
+               {"emptied", "txtShort", "", "ShortName", ""}});
     }
     void leavingAFieldWritesItsColumn()
     {
@@ -176,10 +164,9 @@ private slots:
 
     void leavingAFieldWritesNothing_data()
     {
-        columns<QString, QString>("selection", "control");
-        QTest::newRow("goes with the record") << u"Acme"_s << u"txtTitle"_s;
-        QTest::newRow("new company") << u"<New>"_s << u"txtShort"_s;
-        QTest::newRow("category") << u"~ Local ~"_s << u"txtCompanyNotes"_s;
+        table({"selection", "control"}, {{"goes with the record", "Acme", "txtTitle"},
+                                         {"new company", "<New>", "txtShort"},
+                                         {"category", "~ Local ~", "txtCompanyNotes"}});
     }
     void leavingAFieldWritesNothing()
     {
@@ -196,32 +183,28 @@ private slots:
     void treeShowsContactsAndPositions()
     {
         Bench bench;
-        const Key category = bench.addCompany(u"~ Local ~"_s);
-        const Key acme = bench.addCompany(u"Acme"_s);
-        bench.addContact(u"Ann"_s, u"Lee"_s, acme);
-        bench.addContact(u"Bob"_s, u"Ray"_s, category);
-        for (const Key owner : {category, acme})
-            bench.run(u"Insert into Position(Title,CompanyKey) Values('Clerk',"_s + QString::number(owner) +
-                      u')');
+        const QList<std::pair<QString, QString>> people{{u"~ Local ~"_s, u"Bob"_s}, {u"Acme"_s, u"Ann"_s}};
+        for (const auto& [company, first] : people) {
+            const Key owner = bench.addCompany(company);
+            bench.addContact(first, u"Lee"_s, owner);
+            bench.run(u"Insert into Position(Title,CompanyKey) Values('Clerk',%1)"_s.arg(owner));
+        }
         TreeModel& tree = bench.company().tvwPosContact();
-        const auto shown = [&]() -> QString {
+        const auto shown = [&](const QString& company, bool positions) -> QString {
+            if (company != bench.frm->selection().selectedCompanyName())
+                bench.choose(company);
+            positions ? bench.company().imgPosition() : bench.company().imgContact();
             const QModelIndex root = tree.index(0, 0);
             return tree.text(root) + u": " + tree.texts(root).join(u',');
         };
-        bench.company().imgContact();
-        QCOMPARE(shown(), u"Contacts: "_s);
-        bench.choose(u"Acme"_s);
-        QCOMPARE(shown(), u"Contacts: Ann Lee"_s);
-        bench.company().imgPosition();
-        QCOMPARE(shown(), u"Positions: Clerk"_s);
-        bench.choose(u"~ Local ~"_s); // has people, but no positions
-        QCOMPARE(shown(), u"Positions: "_s);
-        bench.company().imgContact();
-        QCOMPARE(shown(), u"Contacts: Bob Ray"_s);
-        bench.choose(u"Acme"_s);
-        bench.company().imgPosition();
+        QCOMPARE(shown({}, false), u"Contacts: "_s);
+        QCOMPARE(shown(u"Acme"_s, false), u"Contacts: Ann Lee"_s);
+        QCOMPARE(shown(u"Acme"_s, true), u"Positions: Clerk"_s);
+        QCOMPARE(shown(u"~ Local ~"_s, true), u"Positions: "_s); // has people, but no positions
+        QCOMPARE(shown(u"~ Local ~"_s, false), u"Contacts: Bob Lee"_s);
+        QCOMPARE(shown(u"Acme"_s, true), u"Positions: Clerk"_s);
         bench.frm->tabStrip1Click(u"Company"_s);
-        QCOMPARE(shown(), u"Contacts: Ann Lee"_s);
+        QCOMPARE(tree.texts(tree.index(0, 0)), QStringList{u"Ann Lee"_s});
         bench.company().imgPosition();
         bench.company().tvwPosContactDblClick(tree.index(0, 0));
         QCOMPARE(bench.frm->currentTab(), u"Company"_s);
@@ -246,15 +229,11 @@ private slots:
     void mapAsksForThePlace_data()
     {
         // place: Address1|City|State|Zip
-        columns<QString, QString>("place", "query");
-        QTest::newRow("plain") << u"1 Main Street|Trenton|NJ|08608"_s
-                               << u"city=Trenton&state=NJ&address=1+Main+Street&zip=08608"_s;
-        QTest::newRow("what would break the address")
-            << u"5 A&B #2|New York|NY|10001?"_s
-            << u"city=New%20York&state=NY&address=5+A%26B+%232&zip=10001%3F"_s;
-        QTest::newRow("unknown state")
-            << u"1 Bay|Toronto|Ontario|M5V"_s << u"city=Toronto&state=0&address=1+Bay&zip=M5V"_s;
-        QTest::newRow("known state: no map") << u"1 Main|Trenton|New Jersey|08608"_s << QString();
+        table({"place", "query"},
+              {{"signs that would break it", "5 A&B #2|New York|NY|10001?",
+                "city=New%20York&state=NY&address=5+A%26B+%232&zip=10001%3F"},
+               {"unknown state", "1 Bay|Toronto|Ontario|M5V", "city=Toronto&state=0&address=1+Bay&zip=M5V"},
+               {"known state: no map", "1 Main|Trenton|New Jersey|08608", ""}});
     }
     void mapAsksForThePlace()
     {
@@ -262,9 +241,9 @@ private slots:
         Bench bench;
         bench.addCompany(u"Acme"_s);
         bench.company().lblLocation(); // no saved company, no map
+        const QStringList parts = place.split(u'|');
         bench.run(u"Update Address set Address1='%1', City='%2', State='%3', Zip='%4'"_s.arg(
-            place.section(u'|', 0, 0), place.section(u'|', 1, 1), place.section(u'|', 2, 2),
-            place.section(u'|', 3, 3)));
+            parts.at(0), parts.at(1), parts.at(2), parts.at(3)));
         bench.choose(u"Acme"_s);
         if (query.isEmpty())
             bench.world.prompts.expect(u"Type mismatch"_s);

@@ -4,11 +4,37 @@
 #include "workbench/faults.h"
 #include "workbench/positionscreen.h"
 
-#include <QSignalSpy>
-#include <QTest>
-
 #include <algorithm>
 #include <stdexcept>
+
+namespace {
+
+/// Acme with a position, Bolt and a category, loaded, with one of them chosen and a tab opened where given.
+class ShellBench : public Bench
+{
+public:
+    explicit ShellBench(const QString& company = {}, const QString& tab = {})
+    {
+        for (const QString& name : {u"Acme"_s, u"bolt"_s, u"~ Local ~"_s})
+            addCompany(name);
+        run(u"Insert into Position(Title,CompanyKey) Values('Clerk',1)"_s);
+        frm->load();
+        if (!company.isEmpty())
+            choose(company);
+        if (!tab.isEmpty())
+            frm->tabStrip1Click(tab);
+        world.session->debugMode = true;
+    }
+    /// Tab, frame, screen of the selection, and the button for new records.
+    QString where()
+    {
+        return QStringList{frm->currentTab(), visibleFrames(), frm->selection().currentScreen,
+                           frm->newImage()}
+            .join(u' ');
+    }
+};
+
+} // namespace
 
 class TestFrmData : public QObject
 {
@@ -19,43 +45,41 @@ private slots:
 
     void loadedShellShowsTheCompanyScreen()
     {
-        Bench bench;
-        bench.addCompany(u"bolt"_s);
-        bench.addCompany(u"Acme"_s);
-        bench.addCompany(u"~ Local ~"_s);
+        ShellBench bench;
         bench.world.setNow(QDateTime(QDate(2026, 11, 22), QTime(14, 5, 9, 700)));
         QVERIFY(bench.frm->load());
-        QCOMPARE(bench.visibleFrames(), u"frmeCompany"_s);
-        QCOMPARE(bench.frm->caption(), u"Jobwright - Data Entry"_s);
-        QCOMPARE(bench.frm->versionPanel(), u"Jobwright v.1.2.3 "_s);
+        QCOMPARE(bench.where(), u"Company frmeCompany Company newco"_s);
+        QCOMPARE(bench.frm->caption() + bench.frm->versionPanel(),
+                 u"Jobwright - Data EntryJobwright v.1.2.3 "_s);
         QCOMPARE(bench.frm->companyList(), (QStringList{u"Acme"_s, u"bolt"_s, u"~ Local ~"_s, u"<New>"_s}));
-        QCOMPARE(bench.frm->countsPanel(), u"2 companies · 0 positions · 0 contacts"_s);
+        QCOMPARE(bench.frm->countsPanel(), u"2 companies · 1 position · 0 contacts"_s);
         QCOMPARE(bench.world.session->helpDocument, u"\\JWHelp\\Jobwright-Dox.pdf"_s);
         QCOMPARE(bench.world.session->sessionStart, QTime(14, 5, 9));
-        QCOMPARE(bench.frm->newToolTip() + bench.frm->newImage(), u"New Companynewco"_s);
     }
 
     void settingsAreReadAndMended_data()
     {
-        columns<QString, QString, int, bool, QString>("timeDelta", "autosave", "interval", "saves", "stored");
-        QTest::newRow("no number: mended") << u"abc"_s << u"0"_s << 10 << false << u"10"_s;
-        QTest::newRow("missing: mended") << QString() << QString() << 10 << false << u"10"_s;
-        QTest::newRow("beyond 16 bits: mended") << u"40000"_s << u"1"_s << 10 << true << u"10"_s;
-        QTest::newRow("any other number is off") << u"5"_s << u"2"_s << 5 << false << u"5"_s;
+        // settings: the interval, whether it saves by itself, the interval stored
+        table({"timeDelta", "autosave", "settings"}, {{"no number: mended", "abc", "0", "10 0 10"},
+                                                      {"missing: mended", "", "", "10 0 10"},
+                                                      {"beyond 16 bits: mended", "40000", "1", "10 1 10"},
+                                                      {"any other number is off", "5", "2", "5 0 5"}});
     }
     void settingsAreReadAndMended()
     {
-        FETCH(QString, timeDelta, autosave);
+        FETCH(QString, timeDelta, autosave, settings);
         Bench bench;
         bench.run(u"Delete * from Status"_s);
-        if (!timeDelta.isEmpty())
-            bench.data().writeStatus(u"TimeDelta"_s, timeDelta, true);
-        if (!autosave.isEmpty())
-            bench.data().writeStatus(u"Autosave"_s, autosave, true);
+        for (const auto& [name, value] : {std::pair{u"TimeDelta"_s, timeDelta}, {u"Autosave"_s, autosave}}) {
+            if (!value.isEmpty())
+                bench.data().writeStatus(name, value, true);
+        }
         QVERIFY(bench.frm->load());
-        QTEST(int(bench.world.session->reminderInterval), "interval");
-        QTEST(bench.world.session->autosave, "saves");
-        QTEST(bench.cells(u"Select StatusValue from Status where StatusDescription='TimeDelta'"_s), "stored");
+        const Session& session = *bench.world.session;
+        QCOMPARE(u"%1 %2 %3"_s.arg(session.reminderInterval)
+                     .arg(session.autosave)
+                     .arg(bench.data().getStatusValue(u"TimeDelta"_s)),
+                 settings);
     }
 
     void failureInLoadIsReportedAndEndsIt()
@@ -79,12 +103,12 @@ private slots:
     void endWritesUsage_data()
     {
         columns<QDateTime, QDateTime, QString>("start", "end", "rows");
-        QTest::newRow("forty minutes") << QDateTime(QDate(2026, 11, 22), QTime(13, 10, 30))
-                                       << QDateTime(QDate(2026, 11, 22), QTime(13, 50, 45))
-                                       << u"TimeLog|11/22/2026|1:10:30 PM;TimeLog|11/22/2026|1:50:45 PM;"
-                                          "MinLog|11/22/2026|40"_s;
+        const QDate day(2026, 11, 22);
+        QTest::newRow("forty minutes")
+            << QDateTime(day, QTime(13, 10, 30)) << QDateTime(day, QTime(13, 50, 45))
+            << u"TimeLog|11/22/2026|1:10:30 PM;TimeLog|11/22/2026|1:50:45 PM;MinLog|11/22/2026|40"_s;
         QTest::newRow("across midnight: the distance on the clock")
-            << QDateTime(QDate(2026, 11, 22), QTime(23, 50)) << QDateTime(QDate(2026, 11, 23), QTime(0, 10))
+            << QDateTime(day, QTime(23, 50)) << QDateTime(day.addDays(1), QTime(0, 10))
             << u"TimeLog|11/23/2026|11:50:00 PM;TimeLog|11/23/2026|12:10:00 AM;MinLog|11/23/2026|1420"_s;
     }
     void endWritesUsage()
@@ -105,20 +129,15 @@ private slots:
 
     void textThatCannotBeSavedIsNotLostUnasked_data()
     {
-        columns<QString, QString, QString>("screen", "control", "stored");
-        QTest::newRow("company") << u"Company"_s << u"txtCompanyNotes"_s
-                                 << u"Notes from Company where Name='Acme'"_s;
-        QTest::newRow("position") << u"Position"_s << u"txtPosNotes"_s << u"Notes from Position"_s;
-        QTest::newRow("contact") << u"Contact"_s << u"txtContactNotes"_s << u"Notes from Contact"_s;
+        table({"screen", "control"}, {{"company", "Company", "txtCompanyNotes"},
+                                      {"position", "Position", "txtPosNotes"},
+                                      {"contact", "Contact", "txtContactNotes"}});
     }
     void textThatCannotBeSavedIsNotLostUnasked()
     {
-        FETCH(QString, screen, control, stored);
-        Bench bench;
-        bench.addContact(u"Ann"_s, u"Lee"_s, bench.addCompany(u"Acme"_s));
-        bench.addCompany(u"Bolt"_s);
-        bench.run(u"Insert into Position(Title,CompanyKey) Values('Clerk',1)"_s);
-        bench.frm->load();
+        FETCH(QString, screen, control);
+        ShellBench bench;
+        bench.addContact(u"Ann"_s, u"Lee"_s, 1);
         bench.choose(u"Acme"_s);
         bench.frm->tabStrip1Click(screen);
         PositionScreen& position = bench.frm->positionScreen();
@@ -131,7 +150,7 @@ private slots:
         form.edit(control, u"typed"_s);
         const auto ways = [&] { // out of the screen, and to another record of it
             bench.frm->tabStrip1Click(u"Document"_s);
-            bench.choose(u"Bolt"_s);
+            bench.choose(u"bolt"_s);
             position.cmbPosSelectionClick(u"<New>"_s);
             contact.cmbContactsClick(u"<New>"_s);
             QVERIFY(!bench.frm->mayLeave());
@@ -143,8 +162,8 @@ private slots:
         QCOMPARE(bench.frm->currentTab(), screen);
         QCOMPARE(bench.frm->selection().selectedCompanyName(), u"Acme"_s);
         QCOMPARE(form.text(control), u"typed"_s);
-        bench.choose(u"Bolt"_s); // tried again
-        QCOMPARE(bench.cells(u"Select "_s + stored), u"typed"_s);
+        bench.choose(u"bolt"_s); // tried again
+        QVERIFY(bench.cells(u"Select Notes from "_s + screen).split(u';').contains(u"typed"_s));
     }
 
     void storeThatCannotBeOpenedLeavesAnEmptyShell()
@@ -172,74 +191,47 @@ private slots:
 
     void tabShowsItsScreen_data()
     {
-        columns<QString, QString, QString>("tab", "frame", "newButton");
-        QTest::newRow("position") << u"Position"_s << u"frmePosition"_s << u"New Position newpos"_s;
-        QTest::newRow("contact") << u"Contact"_s << u"frmeContact"_s << u"New Contact newcon"_s;
-        // These two leave the button as the screen before had set it.
-        QTest::newRow("pipeline") << u"Pipeline"_s << u"frmePipeline"_s << u"New Contact newcon"_s;
-        QTest::newRow("document") << u"Document"_s << u"frmeDocument"_s << u"New Contact newcon"_s;
+        // Pipeline and Document leave the button as the screen before had set it.
+        table({"tab", "where"}, {{"position", "Position", "Position frmePosition Position newpos"},
+                                 {"contact", "Contact", "Contact frmeContact Contact newcon"},
+                                 {"pipeline", "Pipeline", "Pipeline frmePipeline Pipeline newcon"},
+                                 {"document", "Document", "Document frmeDocument Document newcon"}});
     }
     void tabShowsItsScreen()
     {
-        QFETCH(QString, tab);
-        Bench bench;
-        bench.run(u"Insert into Position(Title,CompanyKey) Values('Buyer',"_s +
-                  QString::number(bench.addCompany(u"Acme"_s)) + u')');
-        bench.frm->load();
-        bench.choose(u"Acme"_s);
-        bench.frm->tabStrip1Click(u"Contact"_s);
-        bench.world.session->debugMode = true;
+        FETCH(QString, tab, where);
+        ShellBench bench(u"Acme"_s, u"Contact"_s);
         bench.frm->tabStrip1Click(tab);
-        QTEST(bench.visibleFrames(), "frame");
-        QTEST(QString(bench.frm->newToolTip() + u' ' + bench.frm->newImage()), "newButton");
-        QCOMPARE(bench.frm->currentTab(), tab);
-        QCOMPARE(bench.frm->selection().currentScreen, tab);
+        QCOMPARE(bench.where(), where);
         QVERIFY(bench.world.opLog().contains(QString(u"Open " + tab + u" Screen")));
         QVERIFY(!bench.frm->form().isVisible(u"pbarLoad"_s));
     }
 
-    void positionTabFallsBack_data()
+    void tabWithoutACompanyAsksForOne()
     {
-        QTest::addColumn<QString>("selection");
-        QTest::newRow("nothing selected") << QString();
-        QTest::newRow("new company") << u"<New>"_s;
-        QTest::newRow("category") << u"~ Local ~"_s;
-    }
-    void positionTabFallsBack()
-    {
-        QFETCH(QString, selection);
-        Bench bench;
-        bench.addCompany(u"~ Local ~"_s);
-        bench.frm->load();
-        bench.choose(selection);
-        bench.world.prompts.expect(u"Please select a company before viewing positions."_s);
-        bench.frm->tabStrip1Click(u"Position"_s);
-        QCOMPARE(bench.visibleFrames(), u"frmeCompany"_s);
-        QCOMPARE(bench.frm->currentTab(), u"Company"_s);
-        QCOMPARE(bench.frm->selection().currentScreen, u"Company"_s);
-        QCOMPARE(bench.frm->procText(), u"<Unassigned> Selected."_s);
-        QVERIFY(bench.frm->procVisible());
-        QCOMPARE(bench.frm->newImage(), u"newco"_s);
-        QCOMPARE(bench.frm->selection().selectedCompanyName(), selection);
-    }
-
-    void contactTabStaysOpenWithoutACompany()
-    {
-        Bench bench;
-        bench.addCompany(u"~ Local ~"_s);
-        bench.frm->load();
+        for (const QString& selection : {QString(), u"<New>"_s, u"~ Local ~"_s}) {
+            ShellBench bench;
+            bench.choose(selection);
+            bench.world.prompts.expect(u"Please select a company before viewing positions."_s);
+            bench.frm->tabStrip1Click(u"Position"_s);
+            QCOMPARE(bench.where(), u"Company frmeCompany Company newco"_s);
+            QCOMPARE(bench.frm->procText(), u"<Unassigned> Selected."_s);
+            QVERIFY(bench.frm->procVisible());
+            QCOMPARE(bench.frm->selection().selectedCompanyName(), selection);
+        }
+        // The contacts stay open all the same, and a category is good enough for them: no question comes.
+        ShellBench bench;
         bench.world.prompts.expect(u"Please select a company before viewing contacts."_s);
-        bench.frm->tabStrip1Click(u"Contact"_s);
-        QCOMPARE(bench.visibleFrames(), u"frmeContact"_s);
-        QCOMPARE(bench.frm->procText(), u"No company selected."_s);
-        QVERIFY(bench.frm->procVisible());
-        // A category is good enough for contacts: no question comes.
-        bench.choose(u"~ Local ~"_s);
-        bench.frm->tabStrip1Click(u"Contact"_s);
-        QCOMPARE(bench.visibleFrames(), u"frmeContact"_s);
+        for (const QString& said : {u"No company selected."_s, QString()}) {
+            bench.frm->tabStrip1Click(u"Contact"_s);
+            QCOMPARE(bench.visibleFrames(), u"frmeContact"_s);
+            if (!said.isEmpty())
+                QCOMPARE(bench.frm->procText(), said);
+            bench.choose(u"~ Local ~"_s);
+        }
     }
 
-    void pipelineTabNeedsACompany()
+    void pipelineTabNeedsACompanyInTheStore()
     {
         Bench bench;
         bench.frm->load();
@@ -254,15 +246,11 @@ private slots:
 
     void categorySwitchesTheCompanyFieldsOff()
     {
-        Bench bench;
-        bench.addCompany(u"Acme"_s);
-        bench.addCompany(u"~ Local ~"_s);
+        ShellBench bench;
         bench.data().writeStatus(u"ScreenGraphics"_s, u"0"_s, true);
-        const QStringList companyOnly{u"txtShort"_s, u"txtAddress"_s,  u"txtCity"_s,     u"txtState"_s,
-                                      u"txtZip"_s,   u"txtEm1"_s,      u"txtEm2"_s,      u"txtURL1"_s,
-                                      u"txtURL2"_s,  u"txtP1"_s,       u"txtP2"_s,       u"txtP3"_s,
-                                      u"txtFax"_s,   u"txtIndustry"_s, u"cmdProfile1"_s, u"imgPosition"_s};
-        bench.frm->load();
+        const QStringList companyOnly = u"txtShort txtAddress txtCity txtState txtZip txtEm1 txtEm2 txtURL1 "
+                                        u"txtURL2 txtP1 txtP2 txtP3 txtFax "
+                                        "txtIndustry cmdProfile1 imgPosition"_s.split(u' ');
         const auto enabled = [&] {
             return std::ranges::count_if(companyOnly, [&](const QString& control) {
                 return bench.company().form().isEnabled(control);
@@ -284,24 +272,16 @@ private slots:
 
     void selectionLeadsToTheCompanyScreen_data()
     {
-        columns<QString, QString, QString, QString>("tab", "choice", "endsOn", "selected");
-        QTest::newRow("category on Position")
-            << u"Position"_s << u"~ Local ~"_s << u"Company"_s << u"<New>"_s;
-        QTest::newRow("new on Document") << u"Document"_s << u"<New>"_s << u"Company"_s << u"<New>"_s;
-        QTest::newRow("category on Contact stays")
-            << u"Contact"_s << u"~ Local ~"_s << u"Contact"_s << u"~ Local ~"_s;
-        QTest::newRow("company on Position stays")
-            << u"Position"_s << u"Bolt"_s << u"Position"_s << u"Bolt"_s;
+        table({"tab", "choice", "endsOn", "selected"},
+              {{"category on Position", "Position", "~ Local ~", "Company", "<New>"},
+               {"new on Document", "Document", "<New>", "Company", "<New>"},
+               {"category on Contact stays", "Contact", "~ Local ~", "Contact", "~ Local ~"},
+               {"company on Position stays", "Position", "bolt", "Position", "bolt"}});
     }
     void selectionLeadsToTheCompanyScreen()
     {
         FETCH(QString, tab, choice, endsOn, selected);
-        Bench bench;
-        for (const QString& name : {u"Acme"_s, u"Bolt"_s, u"~ Local ~"_s})
-            bench.addCompany(name);
-        bench.frm->load();
-        bench.choose(u"Acme"_s);
-        bench.frm->tabStrip1Click(tab);
+        ShellBench bench(u"Acme"_s, tab);
         bench.choose(choice);
         QCOMPARE(bench.frm->currentTab(), endsOn);
         QCOMPARE(bench.visibleFrames(), QString(u"frme" + endsOn));

@@ -2,7 +2,22 @@
 #include "support/table.h"
 #include "workbench/bench.h"
 
-#include <QTest>
+namespace {
+
+/// Acme chosen, with the Contact screen open.
+class AcmeBench : public Bench
+{
+public:
+    AcmeBench()
+    {
+        addCompany(u"Acme"_s);
+        frm->load();
+        choose(u"Acme"_s);
+        frm->tabStrip1Click(u"Contact"_s);
+    }
+};
+
+} // namespace
 
 class TestFrmDataTools : public QObject
 {
@@ -11,46 +26,35 @@ class TestFrmDataTools : public QObject
 private slots:
     void toolOpensItsScreen_data()
     {
-        columns<QString, bool, QString, QString, QString>("key", "menu", "screen", "line", "tabAfter");
-        const auto row = [](const QString& key, bool menu, const QString& screen, const QString& line,
-                            const QString& tabAfter = u"Contact"_s) {
-            QTest::addRow("%s %s", menu ? "menu" : "toolbar", qPrintable(key))
-                << key << menu << screen << line << tabAfter;
-        };
-        row(u"uprofile"_s, false, u"FrmUProfile"_s, u"Open Profile Screen - from Toolbar"_s, u"Company"_s);
-        row(u"Uprofile"_s, true, u"FrmUProfile"_s, u"Open Profile Screen - from Menu"_s, u"Company"_s);
-        row(u"goals"_s, false, u"FrmGoals"_s, u"Open Goals Screen :"_s, u"Company"_s);
-        row(u"Goals"_s, true, u"FrmGoals"_s, u"Open Goals Screen from Menu"_s, u"Company"_s);
-        row(u"keysearch"_s, false, u"FrmKeySearch"_s, u"Open/Set Focus on KeySearch Screen :"_s,
-            u"Company"_s);
-        row(u"Keysearch"_s, true, u"FrmKeySearch"_s, u"Open/Set Focus on KeySearch Screen from Menu"_s,
-            u"Company"_s);
-        row(u"events"_s, false, u"FrmEvCal"_s, u"Open Calendar Screen"_s);
-        row(u"editor"_s, false, u"FrmEditor"_s, {});
-        row(u"ToolsPreferences"_s, true, u"FrmEditor"_s, u"Open Profile Editor from Menu"_s);
-        row(u"target"_s, false, u"FrmTargets"_s, {});
-        row(u"PrintReport"_s, true, u"FrmReport"_s, {});
+        // door: its key, that of a menu with "menu" before it
+        table({"door", "screen", "line", "tabAfter"},
+              {{"uprofile", "uprofile", "FrmUProfile", "Open Profile Screen - from Toolbar", "Company"},
+               {"Uprofile", "menu Uprofile", "FrmUProfile", "Open Profile Screen - from Menu", "Company"},
+               {"goals", "goals", "FrmGoals", "Open Goals Screen :", "Company"},
+               {"Goals", "menu Goals", "FrmGoals", "Open Goals Screen from Menu", "Company"},
+               {"keysearch", "keysearch", "FrmKeySearch", "Open/Set Focus on KeySearch Screen :", "Company"},
+               {"Keysearch", "menu Keysearch", "FrmKeySearch", "Open/Set Focus on KeySearch Screen from Menu",
+                "Company"},
+               {"events", "events", "FrmEvCal", "Open Calendar Screen", "Contact"},
+               {"editor", "editor", "FrmEditor", "", "Contact"},
+               {"ToolsPreferences", "menu ToolsPreferences", "FrmEditor", "Open Profile Editor from Menu",
+                "Contact"},
+               {"target", "target", "FrmTargets", "", "Contact"},
+               {"PrintReport", "menu PrintReport", "FrmReport", "", "Contact"}});
     }
     void toolOpensItsScreen()
     {
-        FETCH(QString, key, screen, line);
-        QFETCH(bool, menu);
-        Bench bench;
-        bench.addCompany(u"Acme"_s);
-        bench.frm->load();
-        bench.choose(u"Acme"_s);
-        bench.frm->tabStrip1Click(u"Contact"_s);
+        FETCH(QString, door, screen, line);
+        const QString key = door.section(u' ', -1);
+        AcmeBench bench;
         QVERIFY(bench.frm->toolAvailable(key));
         bench.world.session->debugMode = true;
         const auto before = bench.world.opLog().size();
-        menu ? bench.frm->menuClick(key) : bench.frm->tbarButtonClick(key);
+        door == key ? bench.frm->tbarButtonClick(key) : bench.frm->menuClick(key);
         const QString traced = bench.world.opLog().mid(before);
         QCOMPARE(bench.navigator.opened, QStringList{screen});
         QTEST(bench.frm->currentTab(), "tabAfter");
-        if (line.isEmpty())
-            QCOMPARE(traced, QString());
-        else
-            QVERIFY2(traced.startsWith(line), qPrintable(traced));
+        QVERIFY2(line.isEmpty() ? traced.isEmpty() : traced.startsWith(line), qPrintable(traced));
     }
 
     void missingToolOpensNothing()
@@ -107,43 +111,34 @@ private slots:
 
     void restoreAsksFirst_data()
     {
-        // answers: y or n, in the order of the questions
-        columns<bool, QString, bool>("present", "answers", "rewritten");
-        QTest::newRow("absent: written") << false << QString() << true;
-        QTest::newRow("no, no: kept") << true << u"nn"_s << false;
-        QTest::newRow("no, yes: overwritten") << true << u"ny"_s << true;
+        // answers: y or n to each question; none when there is no file yet
+        table(
+            {"answers", "rewritten"},
+            {{"absent: written", "", "1"}, {"no, no: kept", "nn", "0"}, {"no, yes: overwritten", "ny", "1"}});
     }
     void restoreAsksFirst()
     {
-        FETCH(bool, present, rewritten);
-        QFETCH(QString, answers);
-        Bench bench;
-        bench.addCompany(u"Acme"_s);
-        bench.frm->load();
-        bench.choose(u"Acme"_s);
-        bench.frm->tabStrip1Click(u"Contact"_s);
-        if (present) {
+        FETCH(QString, answers, rewritten);
+        AcmeBench bench;
+        if (answers.isEmpty()) {
+            bench.world.prompts.expect(u"Could not locate restore file in "_s + bench.world.folder.path() +
+                                       u" directory. Creating restore file.");
+        } else {
             QFile file(bench.world.folder.filePath(u"restore.xml"_s));
-            QVERIFY(file.open(QIODevice::WriteOnly));
-            file.write("mine");
-        }
-        const auto answer = [&](int i) { return answers.at(i) == u'y' ? Answer::Yes : Answer::No; };
-        if (present) {
+            QVERIFY(file.open(QIODevice::WriteOnly) && file.write("mine") == 4);
             bench.world.prompts.expect(
                 u"A restore file was found.  Would you like to restore your database now? This will "
                 "DELETE your current database."_s,
-                answer(0));
+                Answer::No);
             bench.world.prompts.expect(
-                u"Would you like to overwrite your restore file with an updated version?"_s, answer(1));
-        } else {
-            bench.world.prompts.expect(u"Could not locate restore file in "_s + bench.world.folder.path() +
-                                       u" directory. Creating restore file.");
+                u"Would you like to overwrite your restore file with an updated version?"_s,
+                answers.endsWith(u'y') ? Answer::Yes : Answer::No);
         }
         bench.frm->restoreData();
         QVERIFY(bench.world.prompts.done());
         QCOMPARE(bench.world.prompts.lastTitle(),
-                 present ? u"Overwrite Restore File?"_s : u"Jobwright Message"_s);
-        QCOMPARE(bench.world.fileText(u"restore.xml"_s).contains(u"Restore=\"1\""), rewritten);
+                 answers.isEmpty() ? u"Jobwright Message"_s : u"Overwrite Restore File?"_s);
+        QCOMPARE(bench.world.fileText(u"restore.xml"_s).contains(u"Restore=\"1\""), rewritten == u"1");
         QCOMPARE(bench.visibleFrames(), u"frmeCompany"_s);
         QCOMPARE(bench.frm->newImage(), u"newco"_s);
         QCOMPARE(bench.shown(u"txtTitle"_s), u"Acme"_s);

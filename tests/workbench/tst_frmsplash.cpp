@@ -3,9 +3,7 @@
 #include "support/world.h"
 #include "workbench/frmsplash.h"
 
-#include <QDir>
 #include <QSignalSpy>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 
@@ -32,29 +30,23 @@ private slots:
         QCOMPARE(splash.counter(), 101);
     }
 
-    void keyAndClickEndItOnce_data()
-    {
-        columns<bool, QString>("byLabel", "trace");
-        QTest::newRow("key") << false << u"frmSplash - Form_Unload"_s;
-        QTest::newRow("label") << true << u"frmSplash - Form_Load"_s;
-    }
     void keyAndClickEndItOnce()
     {
-        QFETCH(bool, byLabel);
-        QFETCH(QString, trace);
-        World world;
-        FrmSplash splash(*world.session);
-        QSignalSpy closed(&splash, &FrmSplash::closed);
-        splash.load();
-        splash.image1Click();
-        byLabel ? splash.labelClick() : splash.keyDown();
-        splash.formClick();
-        splash.tick();
-        QCOMPARE(closed.count(), 1);
-        QCOMPARE(splash.counter(), 101);
-        QVERIFY(world.opLog().contains(trace));
-        QVERIFY(!world.opLog().contains(u"Timer_Unload"));
-        QCOMPARE(world.opLog().count(u"frmSplash - Form_Unload"_s), 1);
+        for (const bool byLabel : {false, true}) {
+            World world;
+            FrmSplash splash(*world.session);
+            QSignalSpy closed(&splash, &FrmSplash::closed);
+            splash.load();
+            splash.image1Click();
+            byLabel ? splash.labelClick() : splash.keyDown();
+            splash.formClick();
+            splash.tick();
+            QCOMPARE(closed.count(), 1);
+            QCOMPARE(splash.counter(), 101);
+            QVERIFY(world.opLog().contains(byLabel ? u"frmSplash - Form_Load" : u"frmSplash - Form_Unload"));
+            QVERIFY(!world.opLog().contains(u"Timer_Unload"));
+            QCOMPARE(world.opLog().count(u"frmSplash - Form_Unload"_s), 1);
+        }
     }
 };
 

@@ -40,23 +40,27 @@ std::function<void()> prepared(FrmData& frm, const QString& kind)
 {
     frm.load();
     frm.cmbSelectionClick(u"Own3"_s);
-    const auto change = [](Form& form, const QString& control) { form.edit(control, u"saved"_s); };
-    if (kind == u"company") {
-        change(frm.companyScreen().form(), u"txtIndustry"_s);
-        return [&frm] { frm.companyScreen().cmdUpdate1(); };
-    }
-    if (kind == u"position") {
-        frm.tabStrip1Click(u"Position"_s);
-        frm.positionScreen().showPosition(u"P9"_s);
-        change(frm.positionScreen().form(), u"txtKeyword"_s);
-        return [&frm] { frm.positionScreen().cmdUpdatePos1(); };
-    }
-    if (kind == u"document") {
-        frm.tabStrip1Click(u"Document"_s);
-        frm.documentScreen().showDocument(u"cv3.pdf"_s);
-        change(frm.documentScreen().form(), u"txtVersion"_s);
-        return [&frm] { frm.documentScreen().cmdUpdateDoc1(); };
-    }
+    frm.tabStrip1Click(kind == u"company"    ? u"Company"_s
+                       : kind == u"position" ? u"Position"_s
+                       : kind == u"document" ? u"Document"_s
+                                             : u"Contact"_s);
+    frm.positionScreen().showPosition(u"P9"_s);
+    frm.documentScreen().showDocument(u"cv3.pdf"_s);
+    frm.contactScreen().showContact(u"F9 L"_s);
+    const auto changed = [](auto& screen, const QString& control, auto save) -> std::function<void()> {
+        screen.form().edit(control, u"saved"_s);
+        return [&screen, save] { (screen.*save)(); };
+    };
+    if (kind == u"company")
+        return changed(frm.companyScreen(), u"txtIndustry"_s, &CompanyScreen::cmdUpdate1);
+    if (kind == u"position")
+        return changed(frm.positionScreen(), u"txtKeyword"_s, &PositionScreen::cmdUpdatePos1);
+    if (kind == u"document")
+        return changed(frm.documentScreen(), u"txtVersion"_s, &DocumentScreen::cmdUpdateDoc1);
+    if (kind == u"contact")
+        return changed(frm.contactScreen(), u"txtDept"_s, &ContactScreen::cmdUpdateContact1);
+    if (kind == u"removal")
+        return [&frm] { frm.contactScreen().cmdRemoveContact1(); };
     if (kind == u"reminder") {
         frm.reminder().checkEvents();
         frm.reminder().select(frm.reminder().lvwRemind().rows().at(0).key);
@@ -66,26 +70,17 @@ std::function<void()> prepared(FrmData& frm, const QString& kind)
         frm.calendar().load();
         frm.calendar().openEvent(1);
         frm.calendar().chooseCompany(u"Own3"_s);
-        change(frm.calendar().form(), u"txtEvDescription"_s);
-        return [&frm] { frm.calendar().cmdAdd1(); };
+        return changed(frm.calendar(), u"txtEvDescription"_s, &FrmEvCal::cmdAdd1);
     }
-    frm.tabStrip1Click(u"Contact"_s);
-    frm.contactScreen().showContact(u"F9 L"_s);
-    if (kind == u"history") {
-        FrmHistory& history = frm.history();
-        history.load(frm.selection().currentContactKey);
-        for (int slot = 0; slot < 200; ++slot) {
-            history.lvwHistoryClick(history.lvwHistory().rowCount() - 1);
-            change(history.form(), u"txtTopic"_s);
-            history.form().edit(u"chkDoxGiven"_s, u"1"_s);
-            history.cmdAddHistory();
-        }
-        return [&history] { history.unload(); };
+    FrmHistory& history = frm.history();
+    history.load(frm.selection().currentContactKey);
+    for (int slot = 0; slot < 200; ++slot) {
+        history.lvwHistoryClick(history.lvwHistory().rowCount() - 1);
+        history.form().edit(u"txtTopic"_s, u"saved"_s);
+        history.form().edit(u"chkDoxGiven"_s, u"1"_s);
+        history.cmdAddHistory();
     }
-    if (kind == u"removal")
-        return [&frm] { frm.contactScreen().cmdRemoveContact1(); };
-    change(frm.contactScreen().form(), u"txtDept"_s);
-    return [&frm] { frm.contactScreen().cmdUpdateContact1(); };
+    return [&history] { history.unload(); };
 }
 
 /// One piece of work on the store in @p folder; says "go" just before it begins.
@@ -120,24 +115,7 @@ QByteArray hashOf(const QString& folder)
     return contentHash(database);
 }
 
-} // namespace
-
-class TestKill : public QObject
-{
-    Q_OBJECT
-
-private slots:
-    void killedAtAnyMoment_data();
-    void killedAtAnyMoment();
-
-private:
-    void makeStore(const QString& folder);
-    /// Starts the work in a process of its own; kills it @p microseconds after it began, lets it end when
-    /// negative. Answers how long it ran.
-    qint64 runChild(const QString& kind, const QString& folder, qint64 microseconds);
-};
-
-void TestKill::makeStore(const QString& folder)
+void makeStore(const QString& folder)
 {
     World world;
     killCampaign(true, u"Own"_s, 30).import(world);
@@ -160,7 +138,9 @@ void TestKill::makeStore(const QString& folder)
     QVERIFY(QFile::copy(world.folder.path() + u"/Postledger.db", folder + u"/Postledger.db"));
 }
 
-qint64 TestKill::runChild(const QString& kind, const QString& folder, qint64 microseconds)
+/// Starts the work in a process of its own; kills it @p microseconds after it began, lets it end when
+/// negative. Answers how long it ran.
+qint64 runChild(const QString& kind, const QString& folder, qint64 microseconds)
 {
     QProcess process;
     process.start(QCoreApplication::applicationFilePath(), {child, kind, folder});
@@ -176,54 +156,54 @@ qint64 TestKill::runChild(const QString& kind, const QString& folder, qint64 mic
     return timer.nsecsElapsed() / 1000;
 }
 
-void TestKill::killedAtAnyMoment_data()
-{
-    QTest::addColumn<QString>("kind");
-    QTest::addRow("company save") << u"company"_s;
-    QTest::addRow("position save") << u"position"_s;
-    QTest::addRow("contact save") << u"contact"_s;
-    QTest::addRow("contact removal") << u"removal"_s;
-    QTest::addRow("history closing") << u"history"_s;
-    QTest::addRow("document rewrite") << u"document"_s;
-    QTest::addRow("event save with a placeholder") << u"event"_s;
-    QTest::addRow("reminder closed with Ok") << u"reminder"_s;
-    QTest::addRow("restore") << u"restore"_s;
-    QTest::addRow("import") << u"merge"_s;
-}
+} // namespace
 
-void TestKill::killedAtAnyMoment()
+class TestKill : public QObject
 {
-    QFETCH(QString, kind);
-    const QTemporaryDir origin;
-    makeStore(origin.path());
-    const QByteArray before = hashOf(origin.path());
-    const QTemporaryDir undisturbed;
-    copyStore(origin.path(), undisturbed.path());
-    const qint64 whole = runChild(kind, undisturbed.path(), -1);
-    QVERIFY(whole > 0);
-    const QByteArray after = hashOf(undisturbed.path());
-    QVERIFY(after != before);
+    Q_OBJECT
 
-    bool isNumber = false;
-    const int asked = qEnvironmentVariableIntValue("JOBWRIGHT_KILLS", &isNumber);
-    const int kills = ((isNumber ? asked : 50) + 9) / 10;
-    QRandomGenerator random(static_cast<quint32>(kind.size()));
-    int untouched = 0;
-    for (int i = 0; i < kills; ++i) {
-        const QTemporaryDir folder;
-        copyStore(origin.path(), folder.path());
-        runChild(kind, folder.path(), random.bounded(whole + whole / 10));
-        const QString database = folder.path() + u"/Postledger.db";
-        QCOMPARE(inspectStore(database).message, QString());
-        const QByteArray left = hashOf(folder.path());
-        QVERIFY2(left == before || left == after, "the store is neither as before nor as after");
-        untouched += left == before ? 1 : 0;
-        Database opened(database);
-        opened.run(u"Insert into Company(Name) VALUES('Still works')"_s);
+private slots:
+    void killedAtAnyMoment_data()
+    {
+        QTest::addColumn<QString>("kind");
+        for (const char* kind : {"company", "position", "contact", "removal", "history", "document", "event",
+                                 "reminder", "restore", "merge"})
+            QTest::newRow(kind) << QString::fromLatin1(kind);
     }
-    // Most of the work lies before its end, so kills that all came too late would have tested nothing.
-    QVERIFY2(untouched > 0, "no kill came before the end of the work");
-}
+    void killedAtAnyMoment()
+    {
+        QFETCH(QString, kind);
+        const QTemporaryDir origin;
+        makeStore(origin.path());
+        const QByteArray before = hashOf(origin.path());
+        const QTemporaryDir undisturbed;
+        copyStore(origin.path(), undisturbed.path());
+        const qint64 whole = runChild(kind, undisturbed.path(), -1);
+        QVERIFY(whole > 0);
+        const QByteArray after = hashOf(undisturbed.path());
+        QVERIFY(after != before);
+
+        bool isNumber = false;
+        const int asked = qEnvironmentVariableIntValue("JOBWRIGHT_KILLS", &isNumber);
+        const int kills = ((isNumber ? asked : 50) + 9) / 10;
+        QRandomGenerator random(static_cast<quint32>(kind.size()));
+        int untouched = 0;
+        for (int i = 0; i < kills; ++i) {
+            const QTemporaryDir folder;
+            copyStore(origin.path(), folder.path());
+            runChild(kind, folder.path(), random.bounded(whole + whole / 10));
+            const QString database = folder.path() + u"/Postledger.db";
+            QCOMPARE(inspectStore(database).message, QString());
+            const QByteArray left = hashOf(folder.path());
+            QVERIFY2(left == before || left == after, "the store is neither as before nor as after");
+            untouched += left == before ? 1 : 0;
+            Database opened(database);
+            opened.run(u"Insert into Company(Name) VALUES('Still works')"_s);
+        }
+        // Most of the work lies before its end, so kills that all came too late would have tested nothing.
+        QVERIFY2(untouched > 0, "no kill came before the end of the work");
+    }
+};
 
 int main(int argc, char** argv)
 {
