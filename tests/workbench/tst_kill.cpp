@@ -83,7 +83,7 @@ std::function<void()> prepared(FrmData& frm, const QString& kind)
     return [&history] { history.unload(); };
 }
 
-/// One piece of work on the store in @p folder; says "go" just before it begins.
+/// One piece of work on the store in @p folder; says "go" just before it begins and "done" just behind it.
 int work(const QString& kind, const QString& folder)
 {
     Agreeing agreeing;
@@ -99,6 +99,8 @@ int work(const QString& kind, const QString& folder)
     std::puts("go");
     std::fflush(stdout);
     act();
+    std::puts("done");
+    std::fflush(stdout);
     // The end of a session writes too; here only the work itself is looked at.
     std::_Exit(0);
 }
@@ -144,16 +146,26 @@ qint64 runChild(const QString& kind, const QString& folder, qint64 microseconds)
 {
     QProcess process;
     process.start(QCoreApplication::applicationFilePath(), {child, kind, folder});
-    if (!process.waitForReadyRead(20000))
+    const auto saysSomething = [&process] {
+        while (!process.canReadLine()) {
+            if (!process.waitForReadyRead(20000))
+                return false;
+        }
+        return !process.readLine().isEmpty();
+    };
+    if (!saysSomething())
         return -1;
     QElapsedTimer timer;
     timer.start();
     if (microseconds >= 0) {
         QThread::usleep(static_cast<unsigned long>(microseconds));
         ::kill(static_cast<pid_t>(process.processId()), SIGKILL);
+    } else if (!saysSomething()) {
+        return -1;
     }
+    const qint64 took = timer.nsecsElapsed() / 1000;
     process.waitForFinished(60000);
-    return timer.nsecsElapsed() / 1000;
+    return took;
 }
 
 } // namespace

@@ -15,6 +15,8 @@
 #include <QLineEdit>
 #include <QShortcut>
 
+#include <functional>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -159,7 +161,7 @@ void CalendarView::connectGrid()
     m_timerCal.setInterval(FrmEvCal::timerCalInterval);
     connect(&m_timerCal, &QTimer::timeout, this, [this] {
         if (m_turn)
-            (m_presenter.*m_turn)();
+            std::invoke(m_turn, m_presenter);
     });
 }
 
@@ -203,7 +205,7 @@ void CalendarView::connectSelector(CompanySelector& box, void (FrmEvCal::*choose
     // An emptied box chooses nobody.
     connect(box.lineEdit(), &QLineEdit::textEdited, this, [this, choose](const QString& typed) {
         if (typed.isEmpty())
-            (m_presenter.*choose)({});
+            std::invoke(choose, m_presenter, QString());
     });
 }
 

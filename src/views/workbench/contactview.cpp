@@ -9,6 +9,8 @@
 #include <QItemSelectionModel>
 #include <QToolTip>
 
+#include <functional>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -68,7 +70,7 @@ void ContactView::setTrees()
         tree.setRootIndex(model.index(0, 0));
         tree.setRootIsDecorated(false);
         connect(tree.selectionModel(), &QItemSelectionModel::currentChanged, this,
-                [this, select](const QModelIndex& current) { (m_presenter.*select)(current); });
+                [this, select](const QModelIndex& current) { std::invoke(select, m_presenter, current); });
         connect(&tree, &KindTree::opened, &m_presenter, open);
     };
     tie(*m_ui->tvwOtherContact, m_presenter.tvwOtherContact(), &ContactScreen::selectOther,

@@ -28,6 +28,7 @@
 #include <QToolButton>
 
 #include <algorithm>
+#include <functional>
 
 using namespace Qt::StringLiterals;
 
@@ -160,7 +161,7 @@ void WorkbenchWindow::buildMenus()
     for (const auto& [action, slot] : own)
         connect(action, &QAction::triggered, this, [this, slot = slot] {
             leaveField();
-            (m_presenter.*slot)();
+            std::invoke(slot, m_presenter);
         });
     for (QAction* action : {m_ui->FileImport, m_ui->PrintReport, m_ui->Uprofile, m_ui->Goals, m_ui->targets,
                             m_ui->Events, m_ui->ActionPlan, m_ui->Reminder, m_ui->ToolsPreferences,
