@@ -186,6 +186,9 @@ private slots:
               event.arg(u"Other Event"_s, u"4/1/2020"_s, u"9:00"_s, u"0"_s, QString(), u"Event"_s),
               event.arg(u"Call back"_s, u"12/31/1999"_s, QString(), u"0"_s, QString(), u"Task"_s)})
             QCOMPARE(run(folder.path(), {u"query"_s, statement}).status, 0);
+        for (const QString& statement : {u"Insert into Company(Name) Values('Larch')"_s,
+                                         u"Update Event set CompanyKey=1 where Event='Interview'"_s})
+            QCOMPARE(run(folder.path(), {u"query"_s, statement}).status, 0);
         const auto store = [&folder] {
             QFile file(folder.filePath(u"Postledger.db"_s));
             return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
@@ -200,7 +203,10 @@ private slots:
                          entry[u"time"].toString() + u' ' + entry[u"state"].toString());
         QCOMPARE(names, (QStringList{u"Referral 2020-03-02 21:00 open"_s,
                                      u"Interview 2020-03-15 13:30 open"_s, u"Call back   due"_s}));
+        QCOMPARE(agenda.array().at(1)[u"company"].toString(), u"Larch"_s);
+        QVERIFY(run(folder.path(), month).out.contains(u" Larch "_s));
         const QString ics = run(folder.path(), month + QStringList{u"--ics"_s}).out;
+        QVERIFY2(ics.contains(u"SUMMARY:Interview (Larch)\r\n"_s), qPrintable(ics));
         QCOMPARE(ics.count(u"BEGIN:VEVENT\r\n"_s), 2);
         QCOMPARE(ics.count(u"BEGIN:VTODO\r\n"_s), 1);
         QVERIFY2(ics.contains(u"DESCRIPTION:gate\\, 2\r\n"_s), qPrintable(ics));

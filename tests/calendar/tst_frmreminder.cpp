@@ -106,6 +106,8 @@ private slots:
     void okWithoutARecordPutsOff();
     void okFailingAnywhereKeepsTheRest();
     void buttonsTakeEventsOffTheList();
+    void dismissThatFailsKeepsTheEntry();
+    void savingInTheCalendarRenewsTheList();
     void doubleClickOpensTheCalendar();
     void intervalIsKeptWhenItIsOne_data();
     void intervalIsKeptWhenItIsOne();
@@ -373,6 +375,7 @@ void TestFrmReminder::okFailingAnywhereKeepsTheRest()
         });
         desk.frm->cmdOk();
         desk.world.data().database().setInterceptor({});
+        QCOMPARE(desk.listed(), refused == 2 ? u"Interview*"_s : QString()); // still open: still listed
         const auto state = [&desk] {
             return desk.cells(u"Select Interview,InterviewMedium from Position"_s).split(u'|') +
                    QStringList{desk.cells(u"Select Complete from Event"_s)};
@@ -412,6 +415,41 @@ void TestFrmReminder::buttonsTakeEventsOffTheList()
     desk.frm->cmdSnooze();
     QVERIFY(!desk.frm->isVisible());
     QVERIFY(desk.frm->timer1Enabled());
+}
+
+void TestFrmReminder::dismissThatFailsKeepsTheEntry()
+{
+    Desk desk;
+    desk.world.prompts.acceptAll(Answer::Ok);
+    const Key due = desk.addEvent(u"Interview"_s, 1);
+    desk.frm->checkEvents();
+    desk.select(due);
+    desk.world.data().database().setInterceptor(
+        [](QStringView) { throw StoreError(u"failed on purpose"_s, 1, u"test"_s); });
+    desk.frm->cmdDismiss();
+    desk.world.data().database().setInterceptor({});
+    QCOMPARE(desk.listed(), u"Interview*"_s);
+    QVERIFY(desk.frm->isVisible());
+}
+
+void TestFrmReminder::savingInTheCalendarRenewsTheList()
+{
+    Desk desk;
+    const Key due = desk.addEvent(u"Interview"_s, 1);
+    desk.frm->checkEvents();
+    QSignalSpy forward(desk.frm.get(), &FrmReminder::cameForward);
+    desk.calendar->load();
+    desk.frm->open(u'A' + QString::number(due));
+    desk.calendar->chooseFormat(u"Meeting"_s);
+    desk.calendar->cmdAdd1();
+    desk.select(desk.world.data().getLastEventAddedKey());
+    desk.frm->cmdOk();
+    QCOMPARE(desk.cells(u"Select EventKey,Complete from Event"_s), u"2|OkEvent"_s);
+    QCOMPARE(forward.count(), 0); // nobody loses the keyboard to it
+    desk.calendar->openEvent(desk.world.data().getLastEventAddedKey());
+    desk.calendar->chooseFormat(u"Phone"_s);
+    desk.calendar->cmdAdd1();
+    QVERIFY(!desk.frm->isVisible()); // a hidden one does not come up by it
 }
 
 void TestFrmReminder::doubleClickOpensTheCalendar()

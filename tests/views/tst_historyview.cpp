@@ -11,6 +11,7 @@
 #include <QDateEdit>
 #include <QHeaderView>
 #include <QPlainTextEdit>
+#include <QSignalSpy>
 #include <QTimer>
 
 namespace {
@@ -120,6 +121,7 @@ private slots:
     void listIsWalkedAndEditedByKeysAlone();
     void entriesAreRemovedButTheFirst();
     void sortingAndMarksLeaveTheSlotsAlone();
+    void clickChoosesOnce();
     void searchNarrowsAsOneTypes();
     void closingThatFailsKeepsTheScreen();
     void importWaitsForItsVersion();
@@ -238,6 +240,23 @@ void TestHistoryView::sortingAndMarksLeaveTheSlotsAlone()
         bench.press(Qt::Key_Escape);
     });
     QCOMPARE(bench.stored(), u"1-1|Met at the fair;1-2|Zeal;1-3|Called"_s);
+}
+
+void TestHistoryView::clickChoosesOnce()
+{
+    HistoryWindow bench;
+    bench.inHistory([&] {
+        bench.clickRow(0);
+        QSignalSpy chosen(&bench.frm->history(), &FrmHistory::changed);
+        bench.clickRow(1);
+        QCOMPARE(chosen.size(), 1);
+        bench.there<QLineEdit>(u"txtTopic"_s)->setFocus();
+        bench.type(u"half a thought"_s);
+        bench.clickRow(1); // the row that it stands on already: its entry again
+        QCOMPARE(chosen.size(), 2);
+        QCOMPARE(bench.topic(), u"Wrote"_s);
+        bench.press(Qt::Key_Escape);
+    });
 }
 
 void TestHistoryView::searchNarrowsAsOneTypes()
