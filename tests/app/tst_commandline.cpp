@@ -178,7 +178,9 @@ private slots:
         query(folder.path(), {event.arg(u"Interview"_s, u"3/15/2020"_s, u"1:30"_s, u"24"_s, u"Event"_s),
                               event.arg(u"Referral"_s, u"3/2/2020"_s, u"9:00"_s, u"0"_s, u"Event"_s),
                               event.arg(u"Other Event"_s, u"4/1/2020"_s, u"9:00"_s, u"0"_s, u"Event"_s),
-                              event.arg(u"Call back"_s, u"12/31/1999"_s, QString(), u"0"_s, u"Task"_s)});
+                              event.arg(u"Call back"_s, u"12/31/1999"_s, QString(), u"0"_s, u"Task"_s),
+                              u"Insert into Company(Name) Values('Larch')"_s,
+                              u"Update Event set CompanyKey=1 where Event='Interview'"_s});
         const QByteArray before = content(folder.filePath(u"Postledger.db"_s));
         const QStringList month{u"agenda"_s, u"--month"_s, u"2020-03"_s};
         QStringList entries;
@@ -188,6 +190,7 @@ private slots:
         QCOMPARE(entries, (QStringList{u"Referral 2020-03-02 21:00 open"_s,
                                        u"Interview 2020-03-15 13:30 open"_s, u"Call back   due"_s}));
         const QString ics = run(folder.path(), month + QStringList{u"--ics"_s}).out;
+        QVERIFY2(ics.contains(u"SUMMARY:Interview (Larch)\r\n"_s), qPrintable(ics));
         QCOMPARE(ics.count(u"BEGIN:VEVENT\r\n"_s), 2);
         QCOMPARE(ics.count(u"BEGIN:VTODO\r\n"_s), 1);
         QVERIFY2(ics.contains(u"DESCRIPTION:gate\\, 2\r\n"_s), qPrintable(ics));

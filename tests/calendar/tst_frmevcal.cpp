@@ -24,13 +24,15 @@ private slots:
         bench.addEvent(u"12/31/1999"_s, u"8:00 AM"_s);
         bench.addEvent(u"11/24/2025"_s, u"8:00 AM"_s);
         bench.addEvent(u"11/1/2026"_s, u""_s, u"Networking Event"_s);
-        bench.run(u"Update Event set Medium='Phone', Reminder1='48' where EventKey=2"_s);
+        bench.run(
+            u"Update Event set Medium='Phone', Reminder1='48', ContactKey=1, CompanyKey=1 where EventKey=2"_s);
         bench.calendar.load();
         QCOMPARE(bench.chips(), u"1 EV3 Networking Event;24 EV4 10:30 Interview;24 EV5 2:00p Referral"_s);
         QCOMPARE(bench.calendar.cellOf({2026, 11, 24}), 23);
         const auto& cells = bench.calendar.cells();
         QCOMPARE(cells[23].chips[0].icons.join(u','), u"Meeting,Phone,Reminder"_s);
-        QCOMPARE(cells[23].chips[0].tip, u"10:30 AM to 11:30 AM, Interview, Phone, reminder 2 dys before"_s);
+        QCOMPARE(cells[23].chips[0].tip,
+                 u"10:30 AM to 11:30 AM, Interview, with Ana Ruiz, Acme, Phone, reminder 2 dys before"_s);
         QCOMPARE(cells[23].chips[1].icons.join(u','), u"Referral,Nobell"_s);
         QCOMPARE(cells[23].chips[1].kind, u"inquiry"_s);
         QVERIFY(cells[21].today && cells[21].selected && !cells[30].date.isValid());
@@ -448,6 +450,111 @@ private slots:
         QVERIFY(!bench.calendar.isFrameOpen());
     }
 
+    void openCalendarIsUsedByOtherScreens()
+    {
+        CalendarBench bench;
+        bench.addEvent(u"11/24/2026"_s, u"10:30 AM"_s);
+        bench.addEvent(u"12/3/2026"_s, u"9:00 AM"_s, u"Referral"_s);
+        bool second = false;
+        bench.navigator.whileOpen = [&] { second = true; };
+        bench.calendar.load();
+        bench.calendar.openEntry(u"EV1"_s);
+        bench.type(u"txtEvDescription"_s, u"typed"_s);
+        bench.world.prompts.expect(u"Save the changes to this entry?"_s, Answer::Cancel);
+        bench.calendar.showEvent(2);
+        QCOMPARE(bench.shown(u"txtEvDescription"_s), u"typed"_s);
+        bench.world.prompts.expect(u"Save the changes to this entry?"_s, Answer::Yes);
+        bench.calendar.showEvent(2);
+        QCOMPARE(bench.shown(u"txtEvName"_s), u"Referral"_s);
+        QCOMPARE(bench.cells(u"Select Description from Event where Event='Interview'"_s), u"typed"_s);
+        QCOMPARE(bench.chips(), u"3 EV2 9:00 Referral"_s); // its month, with its events
+        bench.calendar.createHistoryEvent({{u"H3"_s, u"Contact Inquiry"_s}});
+        QVERIFY(bench.calendar.isNewEntry() && bench.shown(u"txtEvName"_s) == u"Contact Inquiry");
+        QVERIFY(!second);
+    }
+
+    void untimedEventStaysAnEvent()
+    {
+        CalendarBench bench;
+        bench.addEvent(u"11/24/2026"_s, u"Nodate AM"_s);
+        bench.calendar.load();
+        bench.calendar.openEntry(u"EV1"_s);
+        bench.type(u"txtEvDescription"_s, u"bring it"_s);
+        bench.calendar.cmdAdd1();
+        QCOMPARE(bench.cells(u"Select EventTime,EventType,Description from Event"_s),
+                 u"Nodate|Event|bring it"_s);
+        bench.type(u"chkTask"_s, u"1"_s);
+        bench.calendar.cmdAdd1();
+        QCOMPARE(bench.cells(u"Select EventTime,EventType from Event"_s), u"|Task"_s);
+    }
+
+    void frameFollowsWhatElseHappensToItsEntry_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("elsewhere");
+        QTest::addColumn<bool>("open");
+        QTest::addColumn<QString>("stored"); // behind another save
+        const QString close = u"Update Event set Complete='OkEvent',Description='met'"_s;
+        const QString remove = u"Delete * from Event"_s;
+        QTest::newRow("untouched, closed") << QString() << close << true << u"met|OkEvent"_s;
+        QTest::newRow("untouched, gone") << QString() << remove << false << QString();
+        QTest::newRow("touched, closed") << u"typed"_s << close << true << u"typed|OkEvent"_s;
+        QTest::newRow("touched, gone") << u"typed"_s << remove << true << u"typed|"_s;
+    }
+
+    void frameFollowsWhatElseHappensToItsEntry()
+    {
+        QFETCH(QString, typed);
+        QFETCH(QString, elsewhere);
+        CalendarBench bench;
+        bench.addEvent(u"11/24/2026"_s, u"10:30 AM"_s);
+        bench.calendar.load();
+        bench.calendar.openEntry(u"EV1"_s);
+        if (!typed.isEmpty())
+            bench.type(u"txtEvDescription"_s, typed);
+        bench.run(elsewhere);
+        bench.calendar.reload();
+        QTEST(bench.calendar.isFrameOpen(), "open");
+        QCOMPARE(bench.calendar.isFrameDirty(), !typed.isEmpty());
+        bench.calendar.cmdAdd1();
+        QTEST(bench.cells(u"Select Description,Complete from Event"_s), "stored");
+    }
+
+    void failedReadIsNoEmptyMonth()
+    {
+        CalendarBench bench;
+        bench.addEvent(u"11/24/2026"_s, u"10:30 AM"_s);
+        bench.data().database().setInterceptor([](QStringView statement) {
+            if (statement.startsWith(u"Select * from Event"))
+                throw StoreError(u"failed on purpose"_s, 1, u"test"_s);
+        });
+        bench.world.prompts.expect(u"failed on purpose"_s);
+        bench.calendar.load();
+        QVERIFY(bench.shown(u"lblEvents"_s).contains(u"could not be read"_s));
+        QVERIFY(!bench.form().isEnabled(u"cmdNewEvent"_s) && bench.calendar.tasksHint().isEmpty());
+        bench.world.prompts.expect(u"could not be read"_s);
+        bench.calendar.newEvent(QDate(2026, 11, 24));
+        QVERIFY(!bench.calendar.isFrameOpen());
+        bench.data().database().setInterceptor({});
+        bench.calendar.cmdToday();
+        QCOMPARE(bench.chips(), u"24 EV1 10:30 Interview"_s);
+        QVERIFY(bench.form().isEnabled(u"cmdNewEvent"_s));
+    }
+
+    void mediumOfAHistoryIsNoPriority()
+    {
+        CalendarBench bench;
+        bench.calendar.load();
+        bench.calendar.createHistoryEvent({{u"H3"_s, u"Referral"_s}, {u"H6"_s, u"Phone"_s}});
+        QCOMPARE(bench.shown(u"txtFormat"_s), QString());
+        bench.calendar.cmdAdd1();
+        QCOMPARE(bench.cells(u"Select Medium,EventType from Event"_s), u"Phone|Task"_s);
+        bench.calendar.closeEvent();
+        bench.calendar.openEntry(u"A1"_s);
+        bench.type(u"chkTask"_s, u"0"_s);
+        QCOMPARE(bench.shown(u"txtFormat"_s), u"Phone"_s);
+    }
+
     void historyOpensATask_data()
     {
         columns<QString, bool, QString>("values", "asks", "stored"); // H0 to H6
@@ -527,6 +634,7 @@ private slots:
         bench.calendar.load();
         QCOMPARE(bench.chips(), u"25 EV1 9:00 Interview"_s);
         QVERIFY(bench.world.errorLog().contains(u"frmEvCal - loadEvents"_s));
+        bench.calendar.reload(); // once an opening is enough: another box would fail the test
         // No key is left for another entry: the one in the frame is not deleted for it.
         bench.calendar.openEntry(u"EV1"_s);
         bench.world.prompts.expect(u"Event"_s);

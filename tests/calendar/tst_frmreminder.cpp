@@ -229,6 +229,41 @@ private slots:
         QCOMPARE(desk.frm->selectedEventKey(), Key(0));
     }
 
+    void dismissThatFailsKeepsTheEntry()
+    {
+        Desk desk;
+        desk.world.prompts.acceptAll(Answer::Ok);
+        const Key due = desk.addEvent(u"Interview"_s, 1);
+        desk.frm->checkEvents();
+        desk.select(due);
+        desk.world.data().database().setInterceptor(
+            [](QStringView) { throw StoreError(u"failed on purpose"_s, 1, u"test"_s); });
+        desk.frm->cmdDismiss();
+        desk.world.data().database().setInterceptor({});
+        QCOMPARE(desk.listed(), u"Interview*"_s);
+        QVERIFY(desk.frm->isVisible());
+    }
+
+    void savingInTheCalendarRenewsTheList()
+    {
+        Desk desk;
+        const Key due = desk.addEvent(u"Interview"_s, 1);
+        desk.frm->checkEvents();
+        QSignalSpy forward(desk.frm.get(), &FrmReminder::cameForward);
+        desk.calendar->load();
+        desk.frm->open(u'A' + QString::number(due));
+        desk.calendar->chooseFormat(u"Meeting"_s);
+        desk.calendar->cmdAdd1();
+        desk.select(desk.world.data().getLastEventAddedKey());
+        desk.frm->cmdOk();
+        QCOMPARE(desk.cells(u"Select EventKey,Complete from Event"_s), u"2|OkEvent"_s);
+        QCOMPARE(forward.count(), 0); // nobody loses the keyboard to it
+        desk.calendar->openEvent(desk.world.data().getLastEventAddedKey());
+        desk.calendar->chooseFormat(u"Phone"_s);
+        desk.calendar->cmdAdd1();
+        QVERIFY(!desk.frm->isVisible()); // a hidden one does not come up by it
+    }
+
     void okWithoutARecordPutsOff()
     {
         Desk desk;

@@ -38,6 +38,9 @@ private slots:
         QCOMPARE(bench.shown(u"dtpNextCall"_s), u"2026-11-23"_s);
         bench.type(u"DTPContact"_s, u"2026-10-05"_s);
         QCOMPARE(bench.shown(u"dtpNextCall"_s), u"2026-10-05"_s);
+        bench.type(u"DTPContact"_s, u"2026-11-22"_s); // as Esc gives it back
+        QCOMPARE(bench.shown(u"dtpNextCall"_s), u"2026-11-23"_s);
+        bench.type(u"DTPContact"_s, u"2026-10-05"_s);
         bench.type(u"txtDetails"_s, u"one\ntwo's"_s);
         bench.type(u"cmbMedium"_s, u"Phone"_s);
         bench.type(u"chkDoxGiven"_s, u"1"_s);

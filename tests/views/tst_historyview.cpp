@@ -176,6 +176,23 @@ private slots:
         QCOMPARE(bench.stored(), u"1-1|Met at the fair;1-2|Zeal"_s);
     }
 
+    void clickChoosesOnce()
+    {
+        HistoryWindow bench;
+        bench.inHistory([&] {
+            bench.clickRow(0);
+            QSignalSpy chosen(&bench.frm->history(), &FrmHistory::changed);
+            bench.clickRow(1);
+            QCOMPARE(chosen.size(), 1);
+            bench.there<QLineEdit>(u"txtTopic"_s)->setFocus();
+            bench.type(u"half a thought"_s);
+            bench.clickRow(1); // the row that it stands on already: its entry again
+            QCOMPARE(chosen.size(), 2);
+            QCOMPARE(bench.topic(), u"Wrote"_s);
+            bench.press(Qt::Key_Escape);
+        });
+    }
+
     void searchNarrowsAsOneTypes()
     {
         HistoryWindow bench;

@@ -30,11 +30,8 @@ public:
         viewport()->update();
     }
     [[nodiscard]] const QString& hint() const { return m_hint; }
-    /// True when this row was the current one before the mouse button went down: the click moved nothing.
-    [[nodiscard]] bool wasCurrent(const QModelIndex& index) const
-    {
-        return m_before.isValid() && m_before.row() == index.row();
-    }
+    /// True when this was the current cell before the mouse button went down: the click moved nothing.
+    [[nodiscard]] bool wasCurrent(const QModelIndex& index) const { return m_before == index; }
 
 signals:
     /// The Enter key on a row. Other than activated(), never a single click, whatever the desktop's habit.

@@ -80,7 +80,7 @@ void HistoryView::connectList()
 {
     HistoryList& list = *m_ui->lvwHistory;
     connect(&list, &QAbstractItemView::clicked, this, [this, &list](const QModelIndex& index) {
-        if (list.wasCurrent(index)) // another row has been chosen by becoming the current one
+        if (list.wasCurrent(index)) // any other cell has been chosen by becoming the current one
             choose(index);
     });
     connect(list.selectionModel(), &QItemSelectionModel::currentChanged, this,
