@@ -148,8 +148,34 @@ void FrmEvCal::loadEvents()
 {
     m_events = readEvents(m_session.dataJW(), u"frmEvCal - loadEvents"_s);
     checkBound(u"events"_s, u"frmEvCal - loadEvents"_s, m_events.size(), eventBound);
-    if (m_events.size() > eventBound)
-        m_events.resize(eventBound);
+    if (m_events.size() <= eventBound)
+        return;
+    const QDate today = m_session.today();
+    const auto away = [today](const JWevent& entry) -> qint64 {
+        if (entry.isTask() && entry.eventDate == dates::sentinel)
+            return -1; // due in every month
+        return std::abs(entry.eventDate.daysTo(today));
+    };
+    std::vector<std::pair<qint64, size_t>> places;
+    for (size_t i = 0; i < m_events.size(); ++i)
+        places.emplace_back(away(m_events[i]), i);
+    std::ranges::nth_element(places, places.begin() + eventBound);
+    places.resize(eventBound);
+    std::ranges::sort(places, {}, &std::pair<qint64, size_t>::second); // by date again
+    std::vector<JWevent> nearest;
+    nearest.reserve(eventBound);
+    for (const auto& [days, place] : places)
+        nearest.push_back(std::move(m_events[place]));
+    m_events = std::move(nearest);
+}
+
+void FrmEvCal::tellIfBeyond(Key eventKey)
+{
+    if (eventKey > 0 && m_events.size() >= eventBound &&
+        std::ranges::find(m_events, eventKey, &JWevent::eventKey) == m_events.end())
+        m_session.msgBox(tr("The entry is saved, but the calendar does not show it: %1 others are nearer to "
+                            "today.")
+                             .arg(eventBound));
 }
 
 void FrmEvCal::checkBound(const QString& what, const QString& place, size_t count, int bound)
@@ -159,7 +185,7 @@ void FrmEvCal::checkBound(const QString& what, const QString& place, size_t coun
         const QString text =
             isMonth ? tr("The calendar shows at most %1 events of one month. The first %1 of "
                          "this month are shown; all are safe in the database.")
-                    : tr("The calendar holds at most %1 events and tasks. The first %1 by date "
+                    : tr("The calendar holds at most %1 events and tasks. The %1 nearest to today "
                          "are shown; all are safe in the database. Delete old ones to see the rest.");
         if (!m_told.contains(u'!' + what))
             m_session.logError(place + text::crlf + text.arg(bound));

@@ -93,6 +93,24 @@ QSize ChoiceButton::sizeHint() const
     return size;
 }
 
+// --- OwnerSelector ----------------------------------------------------------------------------------------
+
+void OwnerSelector::showPopup()
+{
+    if (count() > 1) // the first is none
+        openList();
+    else
+        emit emptyOpened();
+}
+
+void OwnerSelector::leaveUnknown(const QString& typed)
+{
+    if (typed.isEmpty())
+        CompanySelector::leaveUnknown(typed);
+    else
+        emit unknownLeft(typed);
+}
+
 // --- TaskList ---------------------------------------------------------------------------------------------
 
 namespace {
@@ -184,6 +202,10 @@ void TaskList::contextMenuEvent(QContextMenuEvent* event)
 
 void TaskList::keyPressEvent(QKeyEvent* event)
 {
+    if (event->key() == Qt::Key_PageUp || event->key() == Qt::Key_PageDown) {
+        event->ignore(); // they turn the month, here as everywhere beside the frame
+        return;
+    }
     const QString key = currentIndex().data(RowModel::KeyRole).toString();
     if (key.isEmpty())
         return QTreeView::keyPressEvent(event);

@@ -1,6 +1,8 @@
 // The parts of the calendar beside the grid that no other screen has.
 #pragma once
 
+#include "views/common/companyselector.h"
+
 #include <QIcon>
 #include <QLabel>
 #include <QToolButton>
@@ -55,6 +57,28 @@ signals:
 private:
     std::vector<Choice> m_choices;
     bool m_pictureOnly = false;
+};
+
+/// A selector that keeps a name it does not know, so that nothing typed is lost before it has been told, and
+/// that does not open an empty list by itself.
+class OwnerSelector : public CompanySelector
+{
+    Q_OBJECT
+
+public:
+    using CompanySelector::CompanySelector;
+
+    void showPopup() override;
+    void openList() { CompanySelector::showPopup(); }
+
+signals:
+    /// The box is left with a text that names nobody.
+    void unknownLeft(const QString& typed);
+    /// Its list is wanted, but has nobody in it.
+    void emptyOpened();
+
+protected:
+    void leaveUnknown(const QString& typed) override;
 };
 
 /// The tasks: a left click or Enter opens one, a right click or the Space key flips its state, and one can be

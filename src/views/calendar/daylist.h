@@ -9,8 +9,9 @@ class ChipLook;
 class QMimeData;
 
 /// A list of one day: the day's number, then a chip for each event. Draws them all by itself, since a widget
-/// for each event would make a busy month slow. A chip is drawn on two lines where all of the day have room
-/// for that, else on one; those that find no room at all stand behind "+n more".
+/// for each event would make a busy month slow. A chip is drawn on two lines, or on three for a long name,
+/// where all of the day have room for that, else on one; those that find no room at all stand behind "+n
+/// more".
 class DayList : public QWidget
 {
     Q_OBJECT

@@ -23,6 +23,19 @@ std::pair<QString, QString> timeAndName(const QString& text)
     return {text.left(blank), text.mid(blank + 1)};
 }
 
+/// As many whole words from the front as fit; at least one.
+QString fittingWords(const QString& text, const QFontMetrics& metrics, int width)
+{
+    QString fitting = text.section(u' ', 0, 0);
+    for (int words = 1; fitting.size() < text.size(); ++words) {
+        const QString more = text.section(u' ', 0, words);
+        if (metrics.horizontalAdvance(more) > width)
+            break;
+        fitting = more;
+    }
+    return fitting;
+}
+
 } // namespace
 
 // --- Layout -----------------------------------------------------------------------------------------------
@@ -38,6 +51,12 @@ DayList::Plan DayList::plan() const
     const int room = height() - labelHeight() - inset;
     const auto chip = [this](int lines) { return lines * fontMetrics().height() + 2 * padding; };
     const auto fitting = [&](int lines) { return (room + between) / (chip(lines) + between); };
+    const auto isWide = [this](const DayChip& each) {
+        return fontMetrics().horizontalAdvance(timeAndName(each.text).second) >
+               width() - 2 * (inset + stripe) - 3;
+    };
+    if (fitting(3) >= count && std::ranges::any_of(m_content.chips, isWide))
+        return {3, count, chip(3)};
     if (fitting(2) >= count)
         return {2, count, chip(2)};
     if (fitting(1) >= count)
@@ -58,7 +77,11 @@ QRect DayList::moreRect() const
     const Plan now = plan();
     if (now.shown == static_cast<int>(m_content.chips.size()))
         return {};
-    return {inset, labelHeight() + now.shown * (now.height + between), width() - 2 * inset, now.height};
+    const int top = labelHeight() + now.shown * (now.height + between);
+    // In a cell without a line to spare it stands beside the day's number.
+    if (top + now.height > height())
+        return {width() / 2, 0, width() / 2 - inset, labelHeight()};
+    return {inset, top, width() - 2 * inset, now.height};
 }
 
 int DayList::chipAt(QPoint place) const
@@ -72,9 +95,8 @@ int DayList::chipAt(QPoint place) const
 
 QSize DayList::minimumSizeHint() const
 {
-    // A label and one line: with less, a day would be a number without its events.
-    return {fontMetrics().averageCharWidth() * 10,
-            labelHeight() + fontMetrics().height() + 2 * padding + inset};
+    // The number, with that of the events beside it: a small screen at a large scale leaves no more.
+    return {fontMetrics().horizontalAdvance(u"30+9"_s) + 3 * inset, labelHeight() + inset};
 }
 
 // --- Drawing ----------------------------------------------------------------------------------------------
@@ -141,7 +163,7 @@ void DayList::paintChip(QPainter& painter, const DayChip& chip, QRect room, int 
                      ChipLook::mixed(m_look.edge(chip.kind, palette()), base, share));
     const QRect inner = room.adjusted(stripe + 3, padding, -3, -padding);
     const auto [time, name] = timeAndName(chip.text);
-    const bool split = lines == 2;
+    const bool split = lines > 1;
     const QRect words = paintPictures(painter, chip, inner, split ? time : QString());
     painter.setPen(ChipLook::mixed(palette().color(QPalette::Text), base, chip.ghosted ? 0.65 : 1));
     const auto write = [&](QRect place, const QString& text) {
@@ -149,8 +171,12 @@ void DayList::paintChip(QPainter& painter, const DayChip& chip, QRect room, int 
                          fontMetrics().elidedText(text, Qt::ElideRight, place.width()));
     };
     write(words, split ? time : chip.text);
+    const QRect below(inner.left(), words.bottom() + 1, inner.width(), words.height());
+    const QString first = lines > 2 ? fittingWords(name, fontMetrics(), below.width()) : name;
     if (split)
-        write(QRect(inner.left(), words.bottom() + 1, inner.width(), words.height()), name);
+        write(below, first);
+    if (lines > 2)
+        write(below.translated(0, below.height()), name.mid(first.size()).trimmed());
     if (chip.key == m_current) {
         painter.setPen(palette().color(QPalette::Highlight));
         painter.setBrush(Qt::NoBrush);
@@ -164,6 +190,9 @@ QRect DayList::paintPictures(QPainter& painter, const DayChip& chip, QRect inner
 {
     const int line = fontMetrics().height();
     const int side = line - 2;
+    if (time.isEmpty() && inner.height() < 2 * line &&
+        fontMetrics().horizontalAdvance(chip.text) > inner.width() - side - 6)
+        return {inner.left(), inner.top(), inner.width(), line};
     const int least =
         time.isEmpty() ? fontMetrics().averageCharWidth() * 14 : fontMetrics().horizontalAdvance(time) + 3;
     const int left = inner.left() + side + 4;
@@ -184,6 +213,10 @@ void DayList::paintMore(QPainter& painter) const
 {
     const auto hidden = static_cast<int>(m_content.chips.size()) - plan().shown;
     painter.setPen(palette().color(QPalette::PlaceholderText));
-    painter.drawText(moreRect().adjusted(stripe + 3, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter,
-                     tr("+%n more", nullptr, hidden));
+    const QRect room = moreRect();
+    if (room.top() == 0)
+        painter.drawText(room, Qt::AlignRight | Qt::AlignVCenter, u'+' + QString::number(hidden));
+    else
+        painter.drawText(room.adjusted(stripe + 3, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter,
+                         tr("+%n more", nullptr, hidden));
 }
