@@ -86,12 +86,15 @@ void CalendarView::fitScreen()
     // What the desktop draws around a window comes on top of its size.
     const int edge = style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth);
     const QSize around(2 * edge, 2 * edge + style()->pixelMetric(QStyle::PM_TitleBarHeight));
-    const QSize wish(fontMetrics().averageCharWidth() * 150, fontMetrics().height() * 42);
+    const QSize wish(fontMetrics().averageCharWidth() * 165, fontMetrics().height() * 46);
     resize(wish.boundedTo(screen()->availableSize() - around));
+    // The grid keeps the other half, where the form alone would take most of the screen.
+    const int form = m_ui->scrForm->minimumSizeHint().width();
+    m_ui->scrForm->setMinimumWidth(std::min(form, screen()->availableSize().width() / 2));
     // The tasks get what the frame leaves, whose scrolling would let it be pressed flat.
-    const int form = m_ui->pnlForm->sizeHint().height() + fontMetrics().height() * 7;
+    const int frame = m_ui->pnlForm->sizeHint().height() + fontMetrics().height() * 7;
     const int tasks = std::min(fontMetrics().height() * 12, height() / 3);
-    m_ui->splSide->setSizes({std::max(height() - form, tasks), form});
+    m_ui->splSide->setSizes({std::max(height() - frame, tasks), frame});
 }
 
 // --- What is built once -----------------------------------------------------------------------------------
@@ -190,6 +193,7 @@ void CalendarView::connectTasks()
     connect(&tasks, &TaskList::flipped, this, [this](const QString& key) { m_presenter.flipTask(key); });
     connect(&tasks, &TaskList::removeWanted, this,
             [this](const QString& key) { m_presenter.removeEntry(key); });
+    connect(&tasks, &TaskList::monthWanted, this, &CalendarView::stepMonth);
     tasks.header()->setStretchLastSection(false);
     tasks.header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     if (tasks.header()->count() > 0)

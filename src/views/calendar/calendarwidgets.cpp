@@ -203,7 +203,7 @@ void TaskList::contextMenuEvent(QContextMenuEvent* event)
 void TaskList::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_PageUp || event->key() == Qt::Key_PageDown) {
-        event->ignore(); // they turn the month, here as everywhere beside the frame
+        emit monthWanted(event->key() == Qt::Key_PageUp ? -1 : 1); // as everywhere beside the frame
         return;
     }
     const QString key = currentIndex().data(RowModel::KeyRole).toString();

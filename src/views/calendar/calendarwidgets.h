@@ -96,6 +96,7 @@ public:
 signals:
     void opened(const QString& key);
     void flipped(const QString& key);
+    void monthWanted(int step); ///< so many months on or back
     void removeWanted(const QString& key);
 
 protected:

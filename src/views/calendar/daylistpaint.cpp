@@ -96,7 +96,7 @@ int DayList::chipAt(QPoint place) const
 QSize DayList::minimumSizeHint() const
 {
     // The number, with that of the events beside it: a small screen at a large scale leaves no more.
-    return {fontMetrics().horizontalAdvance(u"30+9"_s) + 3 * inset, labelHeight() + inset};
+    return {fontMetrics().horizontalAdvance(u"30+9"_s) + inset / 2, labelHeight() + inset};
 }
 
 // --- Drawing ----------------------------------------------------------------------------------------------
@@ -167,6 +167,8 @@ void DayList::paintChip(QPainter& painter, const DayChip& chip, QRect room, int 
     const QRect words = paintPictures(painter, chip, inner, split ? time : QString());
     painter.setPen(ChipLook::mixed(palette().color(QPalette::Text), base, chip.ghosted ? 0.65 : 1));
     const auto write = [&](QRect place, const QString& text) {
+        if (place.isEmpty())
+            return;
         painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter,
                          fontMetrics().elidedText(text, Qt::ElideRight, place.width()));
     };
@@ -191,8 +193,12 @@ QRect DayList::paintPictures(QPainter& painter, const DayChip& chip, QRect inner
     const int line = fontMetrics().height();
     const int side = line - 2;
     if (time.isEmpty() && inner.height() < 2 * line &&
-        fontMetrics().horizontalAdvance(chip.text) > inner.width() - side - 6)
-        return {inner.left(), inner.top(), inner.width(), line};
+        fontMetrics().horizontalAdvance(chip.text) > inner.width() - side - 6) {
+        if (inner.width() > 2 * side)
+            return {inner.left(), inner.top(), inner.width(), line};
+        m_look.icon(chip.icons.value(0)).paint(&painter, QRect(inner.left(), inner.top() + 1, side, side));
+        return {};
+    }
     const int least =
         time.isEmpty() ? fontMetrics().averageCharWidth() * 14 : fontMetrics().horizontalAdvance(time) + 3;
     const int left = inner.left() + side + 4;
