@@ -45,43 +45,55 @@ int DayList::labelHeight() const
     return fontMetrics().height() + 2 * padding + inset;
 }
 
+int DayList::chipHeight(int lines) const
+{
+    return lines * fontMetrics().height() + 2 * padding;
+}
+
 DayList::Plan DayList::plan() const
 {
-    const int count = static_cast<int>(m_content.chips.size());
-    const int room = height() - labelHeight() - inset;
-    const auto chip = [this](int lines) { return lines * fontMetrics().height() + 2 * padding; };
-    const auto fitting = [&](int lines) { return (room + between) / (chip(lines) + between); };
-    const auto isWide = [this](const DayChip& each) {
-        return fontMetrics().horizontalAdvance(timeAndName(each.text).second) >
-               width() - 2 * (inset + stripe) - 3;
-    };
-    if (fitting(3) >= count && std::ranges::any_of(m_content.chips, isWide))
-        return {3, count, chip(3)};
-    if (fitting(2) >= count)
-        return {2, count, chip(2)};
-    if (fitting(1) >= count)
-        return {1, count, chip(1)};
-    return {1, std::max(0, fitting(1) - 1), chip(1)}; // the last line is for "+n more"
+    const auto count = m_content.chips.size();
+    const int room = height() - labelHeight() - inset + between;
+    const auto fitting = [&](int lines) { return room / (chipHeight(lines) + between); };
+    const auto fits = [&](int lines) { return static_cast<size_t>(std::max(0, fitting(lines))) >= count; };
+    if (!fits(1)) // the last line is for "+n more"
+        return {std::vector<int>(static_cast<size_t>(std::max(0, fitting(1) - 1)), 1)};
+    if (!fits(2))
+        return {std::vector<int>(count, 1)};
+    Plan plan{std::vector<int>(count, 2)};
+    int left = room - static_cast<int>(count) * (chipHeight(2) + between);
+    for (size_t index = 0; index < count; ++index) {
+        const QString name = timeAndName(m_content.chips[index].text).second;
+        const bool wide = fontMetrics().horizontalAdvance(name) > width() - 2 * (inset + stripe) - 3;
+        if (!wide || left < fontMetrics().height())
+            continue;
+        plan.lines[index] = 3;
+        left -= fontMetrics().height();
+    }
+    return plan;
 }
 
 QRect DayList::chipRect(int index) const
 {
     const Plan now = plan();
-    if (index < 0 || index >= now.shown)
+    if (index < 0 || index >= now.shown())
         return {};
-    return {inset, labelHeight() + index * (now.height + between), width() - 2 * inset, now.height};
+    int top = labelHeight();
+    for (int above = 0; above < index; ++above)
+        top += chipHeight(now.lines[static_cast<size_t>(above)]) + between;
+    return {inset, top, width() - 2 * inset, chipHeight(now.lines[static_cast<size_t>(index)])};
 }
 
 QRect DayList::moreRect() const
 {
     const Plan now = plan();
-    if (now.shown == static_cast<int>(m_content.chips.size()))
+    if (now.lines.size() == m_content.chips.size())
         return {};
-    const int top = labelHeight() + now.shown * (now.height + between);
+    const int top = labelHeight() + now.shown() * (chipHeight(1) + between);
     // In a cell without a line to spare it stands beside the day's number.
-    if (top + now.height > height())
+    if (top + chipHeight(1) > height())
         return {width() / 2, 0, width() / 2 - inset, labelHeight()};
-    return {inset, top, width() - 2 * inset, now.height};
+    return {inset, top, width() - 2 * inset, chipHeight(1)};
 }
 
 int DayList::chipAt(QPoint place) const
@@ -109,12 +121,11 @@ void DayList::paintEvent(QPaintEvent*)
         return;
     paintLabel(painter);
     const Plan now = plan();
-    QRect room(inset, labelHeight(), width() - 2 * inset, now.height);
-    for (int index = 0; index < now.shown; ++index) {
-        paintChip(painter, m_content.chips[static_cast<size_t>(index)], room, now.lines);
-        room.translate(0, now.height + between);
+    for (int index = 0; index < now.shown(); ++index) {
+        const auto place = static_cast<size_t>(index);
+        paintChip(painter, m_content.chips[place], chipRect(index), now.lines[place]);
     }
-    if (now.shown < static_cast<int>(m_content.chips.size()))
+    if (now.lines.size() < m_content.chips.size())
         paintMore(painter);
 }
 
@@ -217,7 +228,7 @@ QRect DayList::paintPictures(QPainter& painter, const DayChip& chip, QRect inner
 
 void DayList::paintMore(QPainter& painter) const
 {
-    const auto hidden = static_cast<int>(m_content.chips.size()) - plan().shown;
+    const auto hidden = static_cast<int>(m_content.chips.size()) - plan().shown();
     painter.setPen(palette().color(QPalette::PlaceholderText));
     const QRect room = moreRect();
     if (room.top() == 0)
