@@ -129,10 +129,40 @@ void FrmEvCal::loadEvents()
     }
     checkBound(Bound::Events, u"events"_s, place, m_events.size());
     if (m_events.size() > eventBound)
-        m_events.resize(eventBound);
+        keepNearest();
     m_people.learn(m_session.dataJW(), m_owners);
     for (const QString& control : {u"cmdNewEvent"_s, u"cmdNewTask"_s, u"chkShowComplete"_s})
         m_form.setEnabled(control, m_readable);
+}
+
+void FrmEvCal::keepNearest()
+{
+    const QDate today = m_session.today();
+    const auto away = [today](const JWevent& entry) -> qint64 {
+        if (entry.isTask() && entry.eventDate == dates::sentinel)
+            return -1; // due in every month
+        return std::abs(entry.eventDate.daysTo(today));
+    };
+    std::vector<std::pair<qint64, size_t>> places;
+    for (size_t i = 0; i < m_events.size(); ++i)
+        places.emplace_back(away(m_events[i]), i);
+    std::ranges::nth_element(places, places.begin() + eventBound);
+    places.resize(eventBound);
+    std::ranges::sort(places, {}, &std::pair<qint64, size_t>::second); // by date again
+    std::vector<JWevent> nearest;
+    nearest.reserve(eventBound);
+    for (const auto& [days, place] : places)
+        nearest.push_back(std::move(m_events[place]));
+    m_events = std::move(nearest);
+}
+
+void FrmEvCal::tellIfBeyond(Key eventKey)
+{
+    if (eventKey > 0 && m_events.size() >= eventBound &&
+        std::ranges::find(m_events, eventKey, &JWevent::eventKey) == m_events.end())
+        m_session.msgBox(tr("The entry is saved, but the calendar does not show it: %1 others are nearer to "
+                            "today.")
+                             .arg(eventBound));
 }
 
 QString FrmEvCal::with(const JWevent& entry) const
@@ -148,7 +178,7 @@ void FrmEvCal::checkBound(Bound kind, const QString& what, const QString& place,
         const QString text =
             isMonth ? tr("The calendar shows at most %1 events of one month. The first %1 of "
                          "this month are shown; all are safe in the database.")
-                    : tr("The calendar holds at most %1 events and tasks. The first %1 by date "
+                    : tr("The calendar holds at most %1 events and tasks. The %1 nearest to today "
                          "are shown; all are safe in the database. Delete old ones to see the rest.");
         if (!m_told.contains(u'!' + what))
             m_session.logError(place + text::crlf + text.arg(bound));

@@ -168,6 +168,15 @@ public:
     void chooseCompany(const QString& name);     ///< "" for none
     void chooseContact(const QString& name);
     void choosePosition(const QString& title);
+    /// The list of contacts or positions is opened with nobody in it: says what has to be chosen first; true
+    /// when there simply is nobody.
+    bool mayListPeople();
+    /// A text that names nobody was left in lblCompany, lblContact or lblPosition: it stays in the frame
+    /// until it is mended or taken back, and a save refuses it.
+    void holdUnknown(const QString& control, const QString& typed);
+    /// Says what is wrong with the text that holdUnknown() has put there. What may not be chosen at all is
+    /// taken back.
+    void tellUnknown(const QString& control);
     /// The user has changed a control of the form.
     void fieldChanged(const QString& control);
     /// The user leaves a field: a time typed in another way ("14:30", "9", "2pm") is written as the list has
@@ -215,6 +224,7 @@ private:
     void markDays();
     void repaint();
     enum class Bound { Events, Month };
+    void keepNearest();
     void checkBound(Bound kind, const QString& what, const QString& place, size_t count);
     [[nodiscard]] ListRow taskRow(const JWevent& task) const;
     [[nodiscard]] QString with(const JWevent& entry) const;
@@ -250,6 +260,8 @@ private:
     void listCompanies();
     void listPeople();
     bool mayAssign(const QString& chosen);
+    bool hasCompany();
+    [[nodiscard]] static QString noSuchOwner(const QString& control);
     void choosePerson(const QString& control, const QString& name);
     void touched();
     [[nodiscard]] bool isNoDate() const;
@@ -261,7 +273,8 @@ private:
     bool save();
     [[nodiscard]] bool mayBeSaved();
     [[nodiscard]] std::optional<Owners> owners();
-    std::nullopt_t refuse(const QString& control, const QString& why);
+    std::nullopt_t refuse(const QString& control);
+    void tellIfBeyond(Key eventKey);
     [[nodiscard]] Key contactKey(Key company);
     [[nodiscard]] bool wantsPlaceholder(const Owners& owners);
     [[nodiscard]] QString addPlaceholder(Owners& owners);

@@ -294,11 +294,7 @@ void FrmEvCal::chooseCompany(const QString& name)
 
 void FrmEvCal::choosePerson(const QString& control, const QString& name)
 {
-    bool allowed = mayAssign(name);
-    if (allowed && m_company.isEmpty() && !name.isEmpty()) {
-        m_session.msgBox(tr("Must select company first."), Buttons::Ok, tr("Select Company First"));
-        allowed = false;
-    }
+    const bool allowed = mayAssign(name) && (name.isEmpty() || hasCompany());
     m_form.setText(control, allowed ? name : QString());
     if (allowed)
         touched();

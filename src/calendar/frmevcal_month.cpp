@@ -126,6 +126,7 @@ void FrmEvCal::dropOn(const QString& key, QDate day)
         emit frameChanged();
     }
     storeChanged(day);
+    tellIfBeyond(eventKey);
 }
 
 void FrmEvCal::flipTask(const QString& key)

@@ -120,41 +120,49 @@ void FrmEvCal::saved(Key newKey)
         closeEvent();
     storeChanged(isNoDate() ? m_session.today() : m_selectedDay);
     emit frameChanged();
+    tellIfBeyond(newKey);
 }
 
 std::optional<FrmEvCal::Owners> FrmEvCal::owners()
 {
     Owners found;
-    if (isNetworking())
+    if (isNetworking()) {
+        m_form.setText(u"lblCompany"_s, m_company);
+        m_form.setText(u"lblContact"_s, {});
+        m_form.setText(u"lblPosition"_s, {});
         return found;
+    }
     DataJW& dataJW = m_session.dataJW();
     const QString company = text::quoteFix(m_company);
     const QString contact = m_form.text(u"lblContact"_s);
     const QString title = m_form.text(u"lblPosition"_s);
+    if (m_form.text(u"lblCompany"_s) != m_company)
+        return refuse(u"lblCompany"_s);
     if (!company.isEmpty()) {
         found.company = dataJW.getCompanyKey(company);
         if (found.company <= 0)
-            return refuse(u"lblCompany"_s,
-                          tr("There is no company called \"%1\". Please choose another one."));
+            return refuse(u"lblCompany"_s);
+    } else if (m_form.isDirty(u"lblContact"_s) || m_form.isDirty(u"lblPosition"_s)) {
+        hasCompany(); // typed and never chosen
+        m_form.requestFocus(u"lblCompany"_s);
+        return std::nullopt;
     }
     if (!contact.isEmpty() && contact != u"Contact") { // the label of a box with nobody in it
         found.contact = contactKey(found.company);
         if (found.contact <= 0)
-            return refuse(u"lblContact"_s,
-                          tr("There is no contact called \"%1\". Please choose another one."));
+            return refuse(u"lblContact"_s);
     }
     if (!title.isEmpty()) {
         found.position = dataJW.getPositionKey(text::quoteFix(title), company);
         if (found.position <= 0)
-            return refuse(u"lblPosition"_s,
-                          tr("There is no position called \"%1\". Please choose another one."));
+            return refuse(u"lblPosition"_s);
     }
     return found;
 }
 
-std::nullopt_t FrmEvCal::refuse(const QString& control, const QString& why)
+std::nullopt_t FrmEvCal::refuse(const QString& control)
 {
-    m_session.msgBox(why.arg(m_form.text(control)));
+    m_session.msgBox(noSuchOwner(control).arg(m_form.text(control)));
     m_form.requestFocus(control);
     return std::nullopt;
 }

@@ -555,6 +555,38 @@ private slots:
         QCOMPARE(bench.shown(u"txtFormat"_s), u"Phone"_s);
     }
 
+    void fullCalendarKeepsWhatIsNearToday_data()
+    {
+        QTest::addColumn<QDate>("day");
+        QTest::addColumn<bool>("kept");
+        QTest::newRow("today") << QDate(2026, 11, 22) << true;
+        QTest::newRow("long before the others") << QDate(2015, 1, 1) << false;
+        QTest::newRow("long behind the others") << QDate(2040, 1, 1) << false;
+    }
+
+    void fullCalendarKeepsWhatIsNearToday()
+    {
+        QFETCH(QDate, day);
+        QFETCH(bool, kept);
+        CalendarBench bench;
+        {
+            Action action(bench.data());
+            for (int i = 0; i < 1005; ++i) // up to a few days ago
+                bench.addEvent(QDate(2024, 2, 15).addDays(i).toString(u"M/d/yyyy"_s), u"9:00 AM"_s);
+            bench.addEvent(u"12/31/1999"_s, {}, u"Update portfolio"_s, u"Task"_s);
+        }
+        bench.world.prompts.expect(u"holds at most 1000 events and tasks"_s);
+        bench.calendar.load();
+        bench.calendar.newEvent(day);
+        if (!kept)
+            bench.world.prompts.expect(u"The entry is saved, but the calendar does not show it"_s);
+        bench.calendar.cmdAdd1();
+        QVERIFY(bench.world.prompts.done());
+        QCOMPARE(bench.chips().contains(u"9:00 Other Event"_s), kept);
+        QVERIFY(bench.tasks().contains(u"Update portfolio"_s));
+        QCOMPARE(bench.data().getCounter(u"Select Count(*) from Event"_s), Key(1007));
+    }
+
     void historyOpensATask_data()
     {
         columns<QString, bool, QString>("values", "asks", "stored"); // H0 to H6

@@ -177,6 +177,105 @@ private slots:
         QVERIFY(!m_bench->find(u"imgFormat"_s)->isVisible());
     }
 
+    void refusedOwnerIsToldAndNotShown_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("control");
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("message");
+        QTest::addColumn<QString>("shown");
+        const QString networking = u"Networking Event"_s;
+        const QString select = u"This is a networking event."_s;
+        QTest::newRow("company of a networking event")
+            << networking << u"lblCompany"_s << u"Acme"_s << select << networking;
+        QTest::newRow("unknown company of a networking event")
+            << networking << u"lblCompany"_s << u"Nobody"_s << select << networking;
+        QTest::newRow("contact without company")
+            << u"Call"_s << u"lblContact"_s << u"Ann Lee"_s << u"Must select company first."_s << QString();
+        QTest::newRow("position without company")
+            << u"Call"_s << u"lblPosition"_s << u"Planner"_s << u"Must select company first."_s << QString();
+        QTest::newRow("unknown company stays to be mended")
+            << u"Call"_s << u"lblCompany"_s << u"Acmee"_s << u"There is no company called \"Acmee\"."_s
+            << u"Acmee"_s;
+    }
+
+    void refusedOwnerIsToldAndNotShown()
+    {
+        QFETCH(QString, name);
+        QFETCH(QString, control);
+        QFETCH(QString, typed);
+        QFETCH(QString, message);
+        QFETCH(QString, shown);
+        m_bench->open();
+        m_bench->press(Qt::Key_N);
+        m_bench->write(u"txtEvName"_s, name);
+        m_bench->write(control, typed);
+        m_bench->world.prompts.expect(message);
+        // While a list of matches is open, the keys go there.
+        QWidget* list = QApplication::activePopupWidget();
+        QTest::keyClick(list ? list : QApplication::focusWidget(), Qt::Key_Tab);
+        QTRY_VERIFY(m_bench->world.prompts.done());
+        QTRY_COMPARE(m_bench->find<QComboBox>(control)->currentText(), shown);
+        QCOMPARE(m_bench->frm->calendar().form().text(control), shown);
+    }
+
+    void openedListWithoutCompanyTellsWhatIsMissing()
+    {
+        m_bench->open();
+        m_bench->press(Qt::Key_N);
+        for (const QString& control : {u"lblContact"_s, u"lblPosition"_s}) {
+            m_bench->world.prompts.expect(u"Must select company first."_s);
+            auto* box = m_bench->find<QComboBox>(control);
+            QTest::mouseClick(box, Qt::LeftButton, {}, QPoint(box->width() - 5, box->height() / 2));
+            QTRY_VERIFY(m_bench->world.prompts.done());
+            QCOMPARE(m_bench->world.prompts.lastTitle(), u"Select Company First"_s);
+        }
+    }
+
+    void typedOwnerIsNotSavedBehindItsBack()
+    {
+        m_bench->open();
+        m_bench->press(Qt::Key_N);
+        m_bench->write(u"lblCompany"_s, u"Acmee"_s);
+        m_bench->world.prompts.expect(u"There is no company called \"Acmee\"."_s); // once
+        m_bench->click(u"cmdAdd1"_s);
+        QCoreApplication::processEvents();
+        QVERIFY(m_bench->world.prompts.done());
+        QCOMPARE(m_bench->rows(u"Event"_s), 0);
+        QCOMPARE(QApplication::focusWidget(), m_bench->find<QWidget>(u"lblCompany"_s));
+        m_bench->write(u"lblCompany"_s, u"acme"_s); // whole, and not chosen when the mnemonic saves
+        m_bench->world.prompts.expect(u"There are no positions"_s, Answer::No);
+        m_bench->press(Qt::Key_S, Qt::AltModifier);
+        QTRY_COMPARE(m_bench->cells(u"Select CompanyKey from Event"_s), u"1"_s);
+    }
+
+    void pageKeysTurnTheMonthBesideTheFrame()
+    {
+        m_bench->addEntry(u"12/31/1999"_s, {}, u"Send note"_s);
+        m_bench->open();
+        const auto turned = [this](const QString& control) {
+            const int month = m_bench->frm->calendar().month();
+            m_bench->find<QWidget>(control)->setFocus();
+            m_bench->press(Qt::Key_PageDown);
+            return m_bench->frm->calendar().month() != month;
+        };
+        QVERIFY(turned(u"lvwAct"_s));
+        QVERIFY(turned(u"cmdToday"_s));
+        m_bench->frm->calendar().cmdNewTask();
+        QVERIFY(!turned(u"txtEvName"_s));
+        QVERIFY(!turned(u"txtEvDescription"_s));
+    }
+
+    void timeFieldsShowTheLongestTime()
+    {
+        m_bench->open();
+        m_bench->press(Qt::Key_N);
+        for (const QString& control : {u"txtEvTimeS"_s, u"txtEvTimeN"_s}) {
+            const auto* field = m_bench->find<QComboBox>(control)->lineEdit();
+            QVERIFY(field->contentsRect().width() > field->fontMetrics().horizontalAdvance(u"12:30"_s) + 6);
+        }
+    }
+
     void whatIsNoEntryIsNotDropped()
     {
         m_bench->addEntry(u"11/24/2026"_s, u"9:00"_s);

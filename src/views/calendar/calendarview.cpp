@@ -4,7 +4,6 @@
 #include "calendar/frmevcal.h"
 #include "ui_calendarview.h"
 #include "views/calendar/eventicons.h"
-#include "views/common/companyselector.h"
 #include "views/common/formbinder.h"
 #include "views/common/icons.h"
 #include "views/common/look.h"
@@ -12,7 +11,9 @@
 
 #include <QCloseEvent>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLineEdit>
+#include <QScreen>
 #include <QShortcut>
 
 #include <functional>
@@ -73,12 +74,7 @@ CalendarView::CalendarView(FrmEvCal& presenter, QSettings& layout, QWidget* pare
     connect(&presenter.form(), &Form::controlChanged, this, &CalendarView::renderControl);
     connect(&presenter.form(), &Form::itemsChanged, this, &CalendarView::fillSelector);
 
-    resize(fontMetrics().averageCharWidth() * 150, fontMetrics().height() * 42);
-    m_ui->splCalendar->setStretchFactor(0, 1);
-    m_ui->splSide->setStretchFactor(0, 1);
-    // The tasks get what the frame leaves, whose scrolling would let it be pressed flat.
-    const int form = m_ui->pnlForm->sizeHint().height() + fontMetrics().height() * 7;
-    m_ui->splSide->setSizes({std::max(height() - form, fontMetrics().height() * 12), form});
+    fitScreen();
     windowstate::restore(*this, m_layout);
     for (const auto& control : {u"lblCompany"_s, u"lblContact"_s, u"lblPosition"_s})
         fillSelector(control);
@@ -88,6 +84,24 @@ CalendarView::CalendarView(FrmEvCal& presenter, QSettings& layout, QWidget* pare
 }
 
 CalendarView::~CalendarView() = default;
+
+void CalendarView::fitScreen()
+{
+    m_ui->splCalendar->setStretchFactor(0, 1);
+    m_ui->splSide->setStretchFactor(0, 1);
+    // What the desktop draws around a window comes on top of its size.
+    const int edge = style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth);
+    const QSize around(2 * edge, 2 * edge + style()->pixelMetric(QStyle::PM_TitleBarHeight));
+    const QSize wish(fontMetrics().averageCharWidth() * 165, fontMetrics().height() * 46);
+    resize(wish.boundedTo(screen()->availableSize() - around));
+    // The grid keeps the other half, where the form alone would take most of the screen.
+    const int form = m_ui->scrForm->minimumSizeHint().width();
+    m_ui->scrForm->setMinimumWidth(std::min(form, screen()->availableSize().width() / 2));
+    // The tasks get what the frame leaves, whose scrolling would let it be pressed flat.
+    const int frame = m_ui->pnlForm->sizeHint().height() + fontMetrics().height() * 7;
+    const int tasks = std::min(fontMetrics().height() * 12, height() / 3);
+    m_ui->splSide->setSizes({std::max(height() - frame, tasks), frame});
+}
 
 // --- What is built once -----------------------------------------------------------------------------------
 
@@ -111,11 +125,17 @@ void CalendarView::dressTexts()
     m_ui->cmdRemove1->setIcon(icons::named(u"edit-delete"_s));
     for (QComboBox* box : {m_ui->txtEvTimeS, m_ui->txtEvTimeN, m_ui->txtRemind})
         box->setInsertPolicy(QComboBox::NoInsert);
-    for (CompanySelector* box :
-         {static_cast<CompanySelector*>(m_ui->lblCompany), m_ui->lblContact, m_ui->lblPosition}) {
+    for (OwnerSelector* box : {m_ui->lblCompany, m_ui->lblContact, m_ui->lblPosition}) {
         box->setMinimumContentsLength(16);
         box->lineEdit()->setPlaceholderText(tr("None"));
     }
+    const auto align = [](QWidget* above, QWidget* below) {
+        const int width = std::max(above->sizeHint().width(), below->sizeHint().width());
+        above->setFixedWidth(width);
+        below->setFixedWidth(width);
+    };
+    align(m_ui->chkhalf, m_ui->chkOnehalf);
+    align(m_ui->chkOne, m_ui->chkTwo);
 }
 
 void CalendarView::fillChoices()
@@ -180,6 +200,7 @@ void CalendarView::connectTasks()
     connect(&tasks, &TaskList::flipped, this, [this](const QString& key) { m_presenter.flipTask(key); });
     connect(&tasks, &TaskList::removeWanted, this,
             [this](const QString& key) { m_presenter.removeEntry(key); });
+    connect(&tasks, &TaskList::monthWanted, this, &CalendarView::stepMonth);
     tasks.header()->setStretchLastSection(false);
     tasks.header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     if (tasks.header()->count() > 0)
@@ -193,15 +214,41 @@ void CalendarView::connectFrame()
     connectSelector(*m_ui->lblPosition, &FrmEvCal::choosePosition);
     connect(new QShortcut(QKeySequence::Save, this), &QShortcut::activated, m_ui->cmdAdd1,
             &QAbstractButton::click);
+    connect(&m_presenter.form(), &Form::focusRequested, this, [this](const QString& control) {
+        if (auto* box = findChild<OwnerSelector*>(control))
+            box->setFocus(Qt::OtherFocusReason);
+    });
+    // A button's mnemonic presses it without taking the focus from a name that is being typed.
+    const auto buttons = findChildren<QPushButton*>();
+    for (const QPushButton* button : buttons)
+        connect(button, &QPushButton::pressed, this, &CalendarView::settleTyped);
+    connect(m_ui->cmdAdd1, &QPushButton::pressed, this, [this] { m_untold.clear(); }); // the save tells it
     // Half a typed date is no day to turn the month to, and scrolling past a field must not change it.
     m_ui->dtEvTsk->setKeyboardTracking(false);
     for (QWidget* field : QWidgetList{m_ui->dtEvTsk, m_ui->txtEvTimeS, m_ui->txtEvTimeN, m_ui->txtRemind})
         field->installEventFilter(this);
 }
 
-void CalendarView::connectSelector(CompanySelector& box, void (FrmEvCal::*choose)(const QString&))
+void CalendarView::connectSelector(OwnerSelector& box, void (FrmEvCal::*choose)(const QString&))
 {
-    connect(&box, &CompanySelector::chosen, &m_presenter, choose);
+    const QString control = box.objectName();
+    const auto show = [this, control] { renderControl(control); };
+    connect(&box, &OwnerSelector::chosen, this, [this, choose, show](const QString& name) {
+        (m_presenter.*choose)(name);
+        show(); // a choice that was refused, too
+        // The list of matches writes its name into the box after telling it.
+        QMetaObject::invokeMethod(this, show, Qt::QueuedConnection);
+    });
+    const auto hold = [this, control](const QString& typed) { holdTyped(control, typed); };
+    connect(&box, &OwnerSelector::unknownLeft, this, hold);
+    connect(&box, &OwnerSelector::nothingFound, this, hold);
+    connect(
+        &box, &OwnerSelector::emptyOpened, this,
+        [this, &box] {
+            if (&box == m_ui->lblCompany || m_presenter.mayListPeople())
+                box.openList();
+        },
+        Qt::QueuedConnection); // the press that opens is over before a message comes
     // An emptied box chooses nobody.
     connect(box.lineEdit(), &QLineEdit::textEdited, this, [this, choose](const QString& typed) {
         if (typed.isEmpty())
@@ -245,6 +292,28 @@ void CalendarView::stepMonth(int months)
     months < 0 ? m_presenter.cmdLast() : m_presenter.cmdNext();
 }
 
+void CalendarView::settleTyped()
+{
+    if (auto* box = qobject_cast<OwnerSelector*>(focusWidget()))
+        box->settle();
+}
+
+void CalendarView::holdTyped(const QString& control, const QString& typed)
+{
+    m_presenter.holdUnknown(control, typed);
+    renderControl(control);
+    m_untold = control;
+    // A message in the middle of a press on some button would leave the button down.
+    QMetaObject::invokeMethod(this, &CalendarView::tellTyped, Qt::QueuedConnection);
+}
+
+void CalendarView::tellTyped()
+{
+    const QString control = std::exchange(m_untold, {});
+    if (!control.isEmpty())
+        m_presenter.tellUnknown(control);
+}
+
 bool CalendarView::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() != QEvent::Wheel)
@@ -253,9 +322,20 @@ bool CalendarView::eventFilter(QObject* watched, QEvent* event)
     return true;
 }
 
+void CalendarView::keyPressEvent(QKeyEvent* event)
+{
+    const bool turns = event->key() == Qt::Key_PageUp || event->key() == Qt::Key_PageDown;
+    // In the frame these keys belong to its fields.
+    if (!turns || (focusWidget() && m_ui->stkFrame->isAncestorOf(focusWidget())))
+        return QDialog::keyPressEvent(event);
+    stepMonth(event->key() == Qt::Key_PageUp ? -1 : 1);
+}
+
 void CalendarView::done(int result)
 {
     m_binder->leaveField();
+    settleTyped();
+    m_untold.clear(); // the question about what is unsaved comes first
     if (!m_presenter.mayLeaveFrame())
         return;
     windowstate::save(*this, m_layout);
@@ -309,7 +389,7 @@ void CalendarView::renderControl(const QString& control)
         m_ui->imgReminder->setIcon(eventicons::named(text == "1"_L1 ? u"Reminder"_s : u"Nobell"_s));
     } else if (control == "chkComplete"_L1)
         m_ui->chkComplete->setText(m_presenter.completeCaption());
-    else if (auto* box = findChild<CompanySelector*>(control)) {
+    else if (auto* box = findChild<OwnerSelector*>(control)) {
         box->showChosen(text);
         box->setEnabled(form.isEnabled(control));
     }
@@ -317,7 +397,7 @@ void CalendarView::renderControl(const QString& control)
 
 void CalendarView::fillSelector(const QString& control)
 {
-    if (auto* box = findChild<CompanySelector*>(control)) {
+    if (auto* box = findChild<OwnerSelector*>(control)) {
         box->setCompanies(m_presenter.form().items(control));
         renderControl(control);
     }

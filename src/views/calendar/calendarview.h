@@ -9,9 +9,9 @@
 
 #include <memory>
 
-class CompanySelector;
 class FormBinder;
 class FrmEvCal;
+class OwnerSelector;
 class TurnButton;
 
 namespace Ui {
@@ -33,6 +33,7 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -41,14 +42,18 @@ private:
     void connectGrid();
     void connectTasks();
     void connectFrame();
-    void connectSelector(CompanySelector& box, void (FrmEvCal::*choose)(const QString&));
+    void connectSelector(OwnerSelector& box, void (FrmEvCal::*choose)(const QString&));
     void connectTurn(TurnButton& button, void (FrmEvCal::*turn)());
     void orderTabs();
+    void fitScreen();
     void render();
     void renderFrame();
     void renderControl(const QString& control);
     void fillSelector(const QString& control);
     void stepMonth(int months);
+    void settleTyped();
+    void holdTyped(const QString& control, const QString& typed);
+    void tellTyped();
 
     FrmEvCal& m_presenter;
     QSettings& m_layout;
@@ -56,4 +61,5 @@ private:
     FormBinder* m_binder = nullptr;
     QTimer m_timerCal{this};
     void (FrmEvCal::*m_turn)() = nullptr; ///< what the drag that rests on an arrow does
+    QString m_untold; ///< the selector whose unknown name has not been told yet
 };

@@ -96,6 +96,24 @@ QSize ChoiceButton::sizeHint() const
     return size;
 }
 
+// --- OwnerSelector ----------------------------------------------------------------------------------------
+
+void OwnerSelector::showPopup()
+{
+    if (count() > 1) // the first is none
+        openList();
+    else
+        emit emptyOpened();
+}
+
+void OwnerSelector::leaveUnknown(const QString& typed)
+{
+    if (typed.isEmpty())
+        CompanySelector::leaveUnknown(typed);
+    else
+        emit unknownLeft(typed);
+}
+
 // --- TaskList ---------------------------------------------------------------------------------------------
 
 namespace {
@@ -198,6 +216,10 @@ void TaskList::contextMenuEvent(QContextMenuEvent* event)
 
 void TaskList::keyPressEvent(QKeyEvent* event)
 {
+    if (event->key() == Qt::Key_PageUp || event->key() == Qt::Key_PageDown) {
+        emit monthWanted(event->key() == Qt::Key_PageUp ? -1 : 1); // as everywhere beside the frame
+        return;
+    }
     const QString key = currentIndex().data(RowModel::KeyRole).toString();
     if (key.isEmpty())
         return QTreeView::keyPressEvent(event);

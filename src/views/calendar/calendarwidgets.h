@@ -1,6 +1,8 @@
 // The parts of the calendar beside the grid that no other screen has.
 #pragma once
 
+#include "views/common/companyselector.h"
+
 #include <QIcon>
 #include <QLabel>
 #include <QToolButton>
@@ -57,6 +59,28 @@ private:
     bool m_pictureOnly = false;
 };
 
+/// A selector that keeps a name it does not know, so that nothing typed is lost before it has been told, and
+/// that does not open an empty list by itself.
+class OwnerSelector : public CompanySelector
+{
+    Q_OBJECT
+
+public:
+    using CompanySelector::CompanySelector;
+
+    void showPopup() override;
+    void openList() { CompanySelector::showPopup(); }
+
+signals:
+    /// The box is left with a text that names nobody.
+    void unknownLeft(const QString& typed);
+    /// Its list is wanted, but has nobody in it.
+    void emptyOpened();
+
+protected:
+    void leaveUnknown(const QString& typed) override;
+};
+
 /// The tasks: a left click or Enter opens one, a right click or the Space key flips its state, and one can be
 /// dragged onto a day.
 class TaskList : public QTreeView
@@ -72,6 +96,7 @@ public:
 signals:
     void opened(const QString& key);
     void flipped(const QString& key);
+    void monthWanted(int step); ///< so many months on or back
     void removeWanted(const QString& key);
 
 protected:

@@ -186,7 +186,7 @@ void DayList::startDrag(int chip)
     {
         QPainter painter(&picture);
         paintChip(painter, m_content.chips.at(static_cast<size_t>(chip)), QRect({}, room.size()),
-                  plan().lines);
+                  plan().lines.at(static_cast<size_t>(chip)));
     }
     auto* drag = new QDrag(this);
     drag->setMimeData(dragData(key(chip)));

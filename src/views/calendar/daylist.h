@@ -10,7 +10,8 @@ class QMimeData;
 
 /// A list of one day: the day's number, then a chip for each event. Draws them all by itself, since a widget
 /// for each event would make a busy month slow. A chip is drawn on two lines where all of the day have room
-/// for that, else on one; those that find no room at all stand behind "+n more".
+/// for that, a long name on a third where one is left, else on one; those that find no room at all stand
+/// behind "+n more".
 class DayList : public QWidget
 {
     Q_OBJECT
@@ -69,11 +70,12 @@ protected:
 private:
     struct Plan
     {
-        int lines = 1; ///< of a chip
-        int shown = 0; ///< chips with room
-        int height = 0;
+        std::vector<int> lines; ///< of each chip with room
+
+        [[nodiscard]] int shown() const { return static_cast<int>(lines.size()); }
     };
     [[nodiscard]] Plan plan() const;
+    [[nodiscard]] int chipHeight(int lines) const;
     [[nodiscard]] int labelHeight() const;
     [[nodiscard]] QString key(int chip) const;
     void describe();

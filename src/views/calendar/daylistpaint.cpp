@@ -23,6 +23,19 @@ std::pair<QString, QString> timeAndName(const QString& text)
     return {text.left(blank), text.mid(blank + 1)};
 }
 
+/// As many whole words from the front as fit; at least one.
+QString fittingWords(const QString& text, const QFontMetrics& metrics, int width)
+{
+    QString fitting = text.section(u' ', 0, 0);
+    for (int words = 1; fitting.size() < text.size(); ++words) {
+        const QString more = text.section(u' ', 0, words);
+        if (metrics.horizontalAdvance(more) > width)
+            break;
+        fitting = more;
+    }
+    return fitting;
+}
+
 } // namespace
 
 // --- Layout -----------------------------------------------------------------------------------------------
@@ -32,33 +45,55 @@ int DayList::labelHeight() const
     return fontMetrics().height() + 2 * padding + inset;
 }
 
+int DayList::chipHeight(int lines) const
+{
+    return lines * fontMetrics().height() + 2 * padding;
+}
+
 DayList::Plan DayList::plan() const
 {
-    const int count = static_cast<int>(m_content.chips.size());
-    const int room = height() - labelHeight() - inset;
-    const auto chip = [this](int lines) { return lines * fontMetrics().height() + 2 * padding; };
-    const auto fitting = [&](int lines) { return (room + between) / (chip(lines) + between); };
-    if (fitting(2) >= count)
-        return {2, count, chip(2)};
-    if (fitting(1) >= count)
-        return {1, count, chip(1)};
-    return {1, std::max(0, fitting(1) - 1), chip(1)}; // the last line is for "+n more"
+    const auto count = m_content.chips.size();
+    const int room = height() - labelHeight() - inset + between;
+    const auto fitting = [&](int lines) { return room / (chipHeight(lines) + between); };
+    const auto fits = [&](int lines) { return static_cast<size_t>(std::max(0, fitting(lines))) >= count; };
+    if (!fits(1)) // the last line is for "+n more"
+        return {std::vector<int>(static_cast<size_t>(std::max(0, fitting(1) - 1)), 1)};
+    if (!fits(2))
+        return {std::vector<int>(count, 1)};
+    Plan plan{std::vector<int>(count, 2)};
+    int left = room - static_cast<int>(count) * (chipHeight(2) + between);
+    for (size_t index = 0; index < count; ++index) {
+        const QString name = timeAndName(m_content.chips[index].text).second;
+        const bool wide = fontMetrics().horizontalAdvance(name) > width() - 2 * (inset + stripe) - 3;
+        if (!wide || left < fontMetrics().height())
+            continue;
+        plan.lines[index] = 3;
+        left -= fontMetrics().height();
+    }
+    return plan;
 }
 
 QRect DayList::chipRect(int index) const
 {
     const Plan now = plan();
-    if (index < 0 || index >= now.shown)
+    if (index < 0 || index >= now.shown())
         return {};
-    return {inset, labelHeight() + index * (now.height + between), width() - 2 * inset, now.height};
+    int top = labelHeight();
+    for (int above = 0; above < index; ++above)
+        top += chipHeight(now.lines[static_cast<size_t>(above)]) + between;
+    return {inset, top, width() - 2 * inset, chipHeight(now.lines[static_cast<size_t>(index)])};
 }
 
 QRect DayList::moreRect() const
 {
     const Plan now = plan();
-    if (now.shown == static_cast<int>(m_content.chips.size()))
+    if (now.lines.size() == m_content.chips.size())
         return {};
-    return {inset, labelHeight() + now.shown * (now.height + between), width() - 2 * inset, now.height};
+    const int top = labelHeight() + now.shown() * (chipHeight(1) + between);
+    // In a cell without a line to spare it stands beside the day's number.
+    if (top + chipHeight(1) > height())
+        return {width() / 2, 0, width() / 2 - inset, labelHeight()};
+    return {inset, top, width() - 2 * inset, chipHeight(1)};
 }
 
 int DayList::chipAt(QPoint place) const
@@ -72,9 +107,8 @@ int DayList::chipAt(QPoint place) const
 
 QSize DayList::minimumSizeHint() const
 {
-    // A label and one line: with less, a day would be a number without its events.
-    return {fontMetrics().averageCharWidth() * 10,
-            labelHeight() + fontMetrics().height() + 2 * padding + inset};
+    // The number, with that of the events beside it: a small screen at a large scale leaves no more.
+    return {fontMetrics().horizontalAdvance(u"30+9"_s) + inset / 2, labelHeight() + inset};
 }
 
 // --- Drawing ----------------------------------------------------------------------------------------------
@@ -87,12 +121,11 @@ void DayList::paintEvent(QPaintEvent*)
         return;
     paintLabel(painter);
     const Plan now = plan();
-    QRect room(inset, labelHeight(), width() - 2 * inset, now.height);
-    for (int index = 0; index < now.shown; ++index) {
-        paintChip(painter, m_content.chips[static_cast<size_t>(index)], room, now.lines);
-        room.translate(0, now.height + between);
+    for (int index = 0; index < now.shown(); ++index) {
+        const auto place = static_cast<size_t>(index);
+        paintChip(painter, m_content.chips[place], chipRect(index), now.lines[place]);
     }
-    if (now.shown < static_cast<int>(m_content.chips.size()))
+    if (now.lines.size() < m_content.chips.size())
         paintMore(painter);
 }
 
@@ -141,16 +174,22 @@ void DayList::paintChip(QPainter& painter, const DayChip& chip, QRect room, int 
                      ChipLook::mixed(m_look.edge(chip.kind, palette()), base, share));
     const QRect inner = room.adjusted(stripe + 3, padding, -3, -padding);
     const auto [time, name] = timeAndName(chip.text);
-    const bool split = lines == 2;
+    const bool split = lines > 1;
     const QRect words = paintPictures(painter, chip, inner, split ? time : QString());
     painter.setPen(ChipLook::mixed(palette().color(QPalette::Text), base, chip.ghosted ? 0.65 : 1));
     const auto write = [&](QRect place, const QString& text) {
+        if (place.isEmpty())
+            return;
         painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter,
                          fontMetrics().elidedText(text, Qt::ElideRight, place.width()));
     };
     write(words, split ? time : chip.text);
+    const QRect below(inner.left(), words.bottom() + 1, inner.width(), words.height());
+    const QString first = lines > 2 ? fittingWords(name, fontMetrics(), below.width()) : name;
     if (split)
-        write(QRect(inner.left(), words.bottom() + 1, inner.width(), words.height()), name);
+        write(below, first);
+    if (lines > 2)
+        write(below.translated(0, below.height()), name.mid(first.size()).trimmed());
     if (chip.key == m_current) {
         painter.setPen(palette().color(QPalette::Highlight));
         painter.setBrush(Qt::NoBrush);
@@ -164,6 +203,13 @@ QRect DayList::paintPictures(QPainter& painter, const DayChip& chip, QRect inner
 {
     const int line = fontMetrics().height();
     const int side = line - 2;
+    if (time.isEmpty() && inner.height() < 2 * line &&
+        fontMetrics().horizontalAdvance(chip.text) > inner.width() - side - 6) {
+        if (inner.width() > 2 * side)
+            return {inner.left(), inner.top(), inner.width(), line};
+        m_look.icon(chip.icons.value(0)).paint(&painter, QRect(inner.left(), inner.top() + 1, side, side));
+        return {};
+    }
     const int least =
         time.isEmpty() ? fontMetrics().averageCharWidth() * 14 : fontMetrics().horizontalAdvance(time) + 3;
     const int left = inner.left() + side + 4;
@@ -182,8 +228,12 @@ QRect DayList::paintPictures(QPainter& painter, const DayChip& chip, QRect inner
 
 void DayList::paintMore(QPainter& painter) const
 {
-    const auto hidden = static_cast<int>(m_content.chips.size()) - plan().shown;
+    const auto hidden = static_cast<int>(m_content.chips.size()) - plan().shown();
     painter.setPen(palette().color(QPalette::PlaceholderText));
-    painter.drawText(moreRect().adjusted(stripe + 3, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter,
-                     tr("+%n more", nullptr, hidden));
+    const QRect room = moreRect();
+    if (room.top() == 0)
+        painter.drawText(room, Qt::AlignRight | Qt::AlignVCenter, u'+' + QString::number(hidden));
+    else
+        painter.drawText(room.adjusted(stripe + 3, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter,
+                         tr("+%n more", nullptr, hidden));
 }

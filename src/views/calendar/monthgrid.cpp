@@ -17,6 +17,7 @@ namespace {
 
 constexpr int daysAWeek = 7;
 constexpr int rowCount = 6;
+constexpr int headingMargin = 4;
 
 } // namespace
 
@@ -34,7 +35,7 @@ MonthGrid::MonthGrid(QWidget* parent)
         heading->setObjectName(u"lblWeekday%1"_s.arg(column));
         heading->setProperty("caption", true);
         heading->setAutoFillBackground(true);
-        heading->setMargin(4);
+        heading->setMargin(headingMargin);
         heading->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
         m_layout->addWidget(heading, 0, column);
         m_layout->setColumnStretch(column, 1);
@@ -66,16 +67,19 @@ void MonthGrid::buildDay(int index)
 
 void MonthGrid::labelDays()
 {
-    for (int column = 0; column < daysAWeek; ++column) {
-        // Sunday is the locale's seventh day and the grid's first.
-        const int day = column == 0 ? Qt::Sunday : column;
-        m_headings[static_cast<size_t>(column)]->setText(locale().standaloneDayName(day));
+    const int room = width() / daysAWeek - 2 * headingMargin - 1;
+    for (const auto length : {QLocale::LongFormat, QLocale::ShortFormat, QLocale::NarrowFormat}) {
+        bool fits = true;
+        for (int column = 0; column < daysAWeek; ++column) {
+            // Sunday is the locale's seventh day and the grid's first.
+            const int day = column == 0 ? Qt::Sunday : column;
+            QLabel* heading = m_headings[static_cast<size_t>(column)];
+            heading->setText(locale().standaloneDayName(day, length));
+            fits &= heading->fontMetrics().horizontalAdvance(heading->text()) <= room;
+        }
+        if (fits)
+            return;
     }
-    // One width for all keeps the columns even.
-    const auto wish = [](const QLabel* heading) { return heading->minimumSizeHint().width(); };
-    const int widest = wish(*std::ranges::max_element(m_headings, {}, wish));
-    for (QLabel* heading : m_headings)
-        heading->setMinimumWidth(widest);
 }
 
 // --- What is shown ----------------------------------------------------------------------------------------
@@ -135,6 +139,12 @@ void MonthGrid::paintEvent(QPaintEvent*)
         painter.fillRect(QRect(QPoint(last.geometry().right() + 2, last.geometry().top()),
                                QPoint(width() - 2, last.geometry().bottom())),
                          ground);
+}
+
+void MonthGrid::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    labelDays();
 }
 
 void MonthGrid::changeEvent(QEvent* event)

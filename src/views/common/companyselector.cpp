@@ -200,5 +200,5 @@ void CompanySelector::settle()
     if (!name.isEmpty() && name.compare(typed, Qt::CaseInsensitive) == 0)
         take(name);
     else
-        showChosen(m_chosen);
+        leaveUnknown(typed);
 }

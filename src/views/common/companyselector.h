@@ -24,6 +24,8 @@ public:
     /// a word that begins with it, else one that holds it anywhere; empty when there is none. Case does not
     /// matter.
     [[nodiscard]] QString bestMatch(const QString& typed) const;
+    /// Takes what is typed as leaving the box does.
+    void settle();
 
 signals:
     /// The user has chosen an entry.
@@ -39,11 +41,12 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+    /// The box is left with a text that names none: the chosen one comes back.
+    virtual void leaveUnknown(const QString& /*typed*/) { showChosen(m_chosen); }
 
 private:
     void take(const QString& name);
     void takeTyped();
-    void settle();
 
     QStringListModel m_names;
     QCompleter* m_completer;
