@@ -8,6 +8,8 @@
 #include "store/datajw.h"
 #include "store/storeerror.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -24,7 +26,11 @@ void FrmHistory::fieldChanged(const QString& control)
         return; // belongs to the event, not to the entry
     if (control == u"DTPContact")
         m_form.setText(u"dtpNextCall"_s, m_form.text(u"DTPContact"_s));
-    say(tr("Changed: press Update to keep it."));
+    // What was typed and taken back again needs no Update.
+    const bool changed = std::ranges::any_of(m_form.rows(), [this](const FieldRow& row) {
+        return row.control != u"cmbEventType" && m_form.isDirty(row.control);
+    });
+    say(changed ? tr("Changed: press Update to keep it.") : QString());
 }
 
 // --- Taking over ------------------------------------------------------------------------------------------
@@ -80,6 +86,8 @@ void FrmHistory::cmdAddHistory()
         return;
     }
     loadHistoryList(false);
+    for (const FieldRow& row : m_form.rows())
+        m_form.markClean(row.control);
     say({});
     if (m_entries.count() != HistoryEntries::nearBound || m_hinted)
         return;
