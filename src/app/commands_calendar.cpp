@@ -117,6 +117,8 @@ int agenda(CommandContext& context, const AgendaOptions& options)
         return context.exitCode;
     const std::vector<JWevent> entries =
         agendaOf(session->dataJW(), asked.isValid() ? asked : session->today());
+    if (options.ics && entries.empty())
+        printError(tr("There is no entry in that month; the calendar is empty."));
     if (options.ics) {
         print(QString::fromUtf8(icalendar::write(entries, session->now())));
     } else if (options.json) {
