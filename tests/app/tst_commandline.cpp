@@ -85,6 +85,8 @@ private slots:
             << QStringList{u"history"_s, u"mara lind"_s} << 0 << u"Next call"_s;
         QTest::newRow("history of nobody")
             << QStringList{u"history"_s, u"Nobody At All"_s} << 1 << u"no contact"_s;
+        QTest::newRow("history of an empty name")
+            << QStringList{u"history"_s, u" "_s} << 2 << u"name is empty"_s;
         QTest::newRow("history, several people") << QStringList{u"history"_s, u"a"_s} << 1 << u"Several"_s;
         QTest::newRow("query, no statement")
             << QStringList{u"query"_s, u"drop table Company"_s} << 1 << u"jobwright: "_s;

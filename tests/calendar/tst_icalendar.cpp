@@ -46,10 +46,10 @@ JWevent task(QDate due)
 }
 
 /// The entries written and read back, one "NAME=value" a line; an alarm's stand behind "VALARM".
-QStringList readBack(const JWevent& entry)
+QStringList readBack(const std::vector<JWevent>& entries)
 {
     const std::unique_ptr<icalcomponent, decltype(&icalcomponent_free)> calendar(
-        icalcomponent_new_from_string(icalendar::write({entry}, now).constData()), &icalcomponent_free);
+        icalcomponent_new_from_string(icalendar::write(entries, now).constData()), &icalcomponent_free);
     if (!calendar || icalcomponent_count_errors(calendar.get()) > 0)
         return {u"broken"_s};
     QStringList lines;
@@ -81,7 +81,7 @@ class TestICalendar : public QObject
 private slots:
     void eventIsReadAsItWasPlanned()
     {
-        const QStringList lines = readBack(interview());
+        const QStringList lines = readBack({interview()});
         for (const QString& line :
              {u"VERSION=2.0"_s, u"VEVENT"_s, u"UID=event-7@jobwright"_s, u"DTSTAMP=20261122T093000Z"_s,
               u"DTSTART=20261130T233000"_s, u"DTEND=20261201T004500"_s, u"SUMMARY=Interview"_s,
@@ -102,6 +102,8 @@ private slots:
         QTest::newRow("odd reminder") << u"lead"_s << u"soon"_s << u"-VALARM"_s;
         QTest::newRow("reminder without end") << u"lead"_s << u"2147483647"_s << u"-VALARM"_s;
         QTest::newRow("odd time: the day") << u"time"_s << u"noon"_s << u"DTSTART=20261130"_s;
+        QTest::newRow("far ahead") << u"year"_s << u"3500"_s << u"DTSTART=35001130T233000"_s;
+        QTest::newRow("the last year") << u"year"_s << u"9999"_s << u"DTSTART=99991130T233000"_s;
         QTest::newRow("no time: the day") << u"time"_s << u"Nodate"_s << u"DTSTART=20261130"_s;
     }
 
@@ -111,10 +113,13 @@ private slots:
         QFETCH(QString, text);
         QFETCH(QString, present);
         JWevent entry = interview();
-        (field == u"duration" ? entry.eventDuration
-         : field == u"lead"   ? entry.reminder1
-                              : entry.eventTime) = text;
-        const QStringList lines = readBack(entry);
+        if (field == u"year")
+            entry.eventDate.setDate(text.toInt(), 11, 30);
+        else
+            (field == u"duration" ? entry.eventDuration
+             : field == u"lead"   ? entry.reminder1
+                                  : entry.eventTime) = text;
+        const QStringList lines = readBack({entry});
         QVERIFY(lines.contains(u"VEVENT"_s));
         if (present.startsWith(u'-'))
             QVERIFY2(lines.filter(QRegularExpression(u'^' + present.mid(1))).isEmpty(),
@@ -126,25 +131,38 @@ private slots:
     void taskIsDueOnItsDay()
     {
         JWevent entry = task(QDate(2026, 11, 30));
-        QVERIFY(readBack(entry).contains(u"DUE=20261130"_s));
-        QVERIFY(readBack(entry).contains(u"PRIORITY=1"_s));
-        QVERIFY(readBack(entry).contains(u"STATUS=NEEDS-ACTION"_s));
+        QVERIFY(readBack({entry}).contains(u"DUE=20261130"_s));
+        QVERIFY(readBack({entry}).contains(u"PRIORITY=1"_s));
+        QVERIFY(readBack({entry}).contains(u"STATUS=NEEDS-ACTION"_s));
         entry.complete = u"Complete"_s;
-        QVERIFY(readBack(entry).contains(u"STATUS=COMPLETED"_s));
+        QVERIFY(readBack({entry}).contains(u"STATUS=COMPLETED"_s));
     }
 
     void taskWithoutDateHasNoDue()
     {
-        const QStringList lines = readBack(task(dates::sentinel));
+        const QStringList lines = readBack({task(dates::sentinel)});
         QVERIFY(lines.contains(u"VTODO"_s));
         QVERIFY(lines.filter(u"DUE="_s).isEmpty());
+    }
+
+    void endBehindTheLastYearIsLeftOut()
+    {
+        JWevent entry = interview();
+        entry.eventDate = QDate(9999, 12, 31);
+        QVERIFY(readBack({entry}).filter(u"DTEND"_s).isEmpty());
+    }
+
+    void calendarWithoutEntriesHoldsATimeZone()
+    {
+        QCOMPARE(readBack({}).filter(QRegularExpression(u"^V[A-Z]+$"_s)),
+                 (QStringList{u"VCALENDAR"_s, u"VTIMEZONE"_s}));
     }
 
     void eventWithoutDateIsLeftOut()
     {
         JWevent entry = interview();
         entry.eventDate = dates::sentinel;
-        QVERIFY(!readBack(entry).contains(u"VEVENT"_s));
+        QVERIFY(!readBack({entry}).contains(u"VEVENT"_s));
     }
 };
 

@@ -17,8 +17,10 @@
 
 #include <QAbstractButton>
 #include <QAbstractSpinBox>
+#include <QClipboard>
 #include <QComboBox>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QScrollArea>
@@ -131,6 +133,8 @@ private slots:
     void noMnemonicIsTakenTwice();
     void tabKeyVisitsEveryControlInReadingOrder_data() { addScreens(); }
     void tabKeyVisitsEveryControlInReadingOrder();
+    void everyBoxOfLinesOutlivesAClipboardWithoutFormats_data() { addViews(); }
+    void everyBoxOfLinesOutlivesAClipboardWithoutFormats();
     void everyRowOfTheFormHasItsControl();
     void noTextIsCutOffAtTheSmallestSize_data() { addScreens(); }
     void noTextIsCutOffAtTheSmallestSize();
@@ -245,6 +249,18 @@ void TestAudit::everyControlHasItsOwnName()
         seen.append(widget->objectName());
     }
     QVERIFY(!seen.isEmpty());
+}
+
+void TestAudit::everyBoxOfLinesOutlivesAClipboardWithoutFormats()
+{
+    QFETCH(QString, name);
+    const auto boxes = view(name)->findChildren<QPlainTextEdit*>();
+    QApplication::clipboard()->setMimeData(new QMimeData); // as when no program owns it
+    for (QPlainTextEdit* box : boxes) {
+        const QString before = box->toPlainText();
+        box->paste();
+        QCOMPARE(box->toPlainText(), before);
+    }
 }
 
 void TestAudit::everyControlHasWordsForAScreenReader()

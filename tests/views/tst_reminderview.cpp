@@ -7,6 +7,7 @@
 #include "views/calendar/reminderview.h"
 
 #include <QDialog>
+#include <QScreen>
 #include <QTest>
 #include <QWindow>
 
@@ -63,7 +64,34 @@ private slots:
     void closingTheWindowPutsOff();
     void timerFollowsThePresenter();
     void reminderBesideADialogCanBeUsed();
+    void emptyScreenLooksAtOnce();
+    void windowIsNoLargerThanTheScreen();
 };
+
+void TestReminderView::emptyScreenLooksAtOnce()
+{
+    Desk desk;
+    desk.open();
+    desk.addEvent(u"Interview"_s, 1);
+    desk.frm->reminder().showScreen();
+    QVERIFY(QTest::qWaitForWindowExposed(desk.reminder.get()));
+    QCOMPARE(desk.list().model()->rowCount(), 0);
+    desk.click(u"cmdCheck"_s);
+    QCOMPARE(desk.cell(0, 0), u"Interview"_s);
+    QVERIFY(!desk.reminder->findChild<QWidget*>(u"cmdCheck"_s)->isVisible());
+}
+
+void TestReminderView::windowIsNoLargerThanTheScreen()
+{
+    Desk desk;
+    desk.open();
+    desk.reminder->resize(4000, 3000);
+    desk.reminder->show();
+    desk.reminder->hide(); // remembers its size
+    desk.reminder = std::make_unique<ReminderView>(desk.frm->reminder(), *desk.layout, desk.window.get());
+    const QSize room = desk.reminder->screen()->availableSize();
+    QVERIFY(desk.reminder->width() <= room.width() && desk.reminder->height() < room.height());
+}
 
 void TestReminderView::interviewIsRemindedClosedAndFoundInItsPosition()
 {

@@ -91,6 +91,9 @@ private slots:
         QCOMPARE(bench.find<QLabel>(u"proc"_s)->text(), u"Update Company"_s);
         bench.press(Qt::Key_Escape);
         QCOMPARE(bench.line(u"txtIndustry"_s)->text(), u"Tools"_s);
+        bench.press(Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(bench.line(u"txtIndustry"_s)->text(), u"Wrong"_s);
+        bench.press(Qt::Key_Escape);
         bench.press(Qt::Key_Tab);
         QCOMPARE(bench.cells(u"Select Industry from Company"_s), u"Tools"_s);
         bench.enter(u"txtIndustry"_s);
@@ -196,7 +199,7 @@ private slots:
     {
         WindowBench bench;
         bench.open();
-        bench.window->resize(1000, 700);
+        bench.window->resize(790, 700);
         bench.find<QSplitter>(u"splCompany"_s)->setSizes({400, 600});
         const QList<int> sizes = bench.find<QSplitter>(u"splCompany"_s)->sizes();
         bench.window->close();
@@ -207,7 +210,7 @@ private slots:
         WorkbenchWindow window(*second.frm, layout);
         window.show();
         QVERIFY(QTest::qWaitForWindowActive(&window));
-        QCOMPARE(window.size(), QSize(1000, 700));
+        QCOMPARE(window.size(), QSize(790, 700));
         QCOMPARE(window.findChild<QSplitter*>(u"splCompany"_s)->sizes(), sizes);
     }
 
