@@ -167,6 +167,8 @@ int agenda(CommandContext& context, const AgendaOptions& options)
         printError(tr("The events could not be read."));
         return Failed;
     }
+    if (options.ics && month->entries.empty())
+        printError(tr("There is no entry in that month; the calendar is empty."));
     if (options.ics) {
         print(QString::fromUtf8(asCalendar(*month, session->now())));
     } else if (options.json) {

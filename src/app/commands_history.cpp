@@ -132,6 +132,10 @@ void printAsJson(const std::vector<History>& histories)
 
 int history(CommandContext& context, const QString& wanted, bool json)
 {
+    if (wanted.trimmed().isEmpty()) { // a script's empty variable; every contact holds it
+        printError(tr("The contact's name is empty."));
+        return WrongUsage;
+    }
     Session* const session = context.openSession();
     if (!session)
         return context.exitCode;

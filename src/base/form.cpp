@@ -31,13 +31,14 @@ bool Form::isVisible(const QString& control) const
 
 bool Form::isDirty(const QString& control) const
 {
-    return m_states.value(control).dirty;
+    const State state = m_states.value(control);
+    return state.text != state.clean;
 }
 
 void Form::setText(const QString& control, const QString& text)
 {
     State& state = m_states[control];
-    state.dirty = false;
+    state.clean = text;
     if (state.text == text)
         return;
     state.text = text;
@@ -46,11 +47,7 @@ void Form::setText(const QString& control, const QString& text)
 
 void Form::edit(const QString& control, const QString& text)
 {
-    State& state = m_states[control];
-    if (state.text == text)
-        return;
-    state.text = text;
-    state.dirty = true;
+    m_states[control].text = text;
 }
 
 void Form::setEnabled(const QString& control, bool enabled)
@@ -73,7 +70,8 @@ void Form::setVisible(const QString& control, bool visible)
 
 void Form::markClean(const QString& control)
 {
-    m_states[control].dirty = false;
+    State& state = m_states[control];
+    state.clean = state.text;
 }
 
 void Form::setItems(const QString& control, const QStringList& items)

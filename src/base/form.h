@@ -40,7 +40,7 @@ public:
     [[nodiscard]] QString text(const QString& control) const;
     [[nodiscard]] bool isEnabled(const QString& control) const;
     [[nodiscard]] bool isVisible(const QString& control) const;
-    /// True once the user has changed the control since setText() or markClean().
+    /// True while the control holds another text, by the user, than at the last setText() or markClean().
     [[nodiscard]] bool isDirty(const QString& control) const;
 
     /// The program fills a control: not a change by the user.
@@ -68,9 +68,9 @@ private:
     struct State
     {
         QString text;
+        QString clean; ///< what the control held when it was last filled or saved
         bool enabled = true;
         bool visible = true;
-        bool dirty = false;
         QStringList items;
     };
 

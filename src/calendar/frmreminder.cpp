@@ -8,6 +8,7 @@
 
 #include <QHash>
 
+#include <limits>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -26,8 +27,11 @@ QStringList headings()
 
 bool isInterval(const QString& text)
 {
+    // A start that cannot hold the number would take another in its place, unseen.
+    constexpr double longest = std::numeric_limits<qint16>::max();
     bool isNumber = false;
-    return text.trimmed().toDouble(&isNumber) >= 1 && isNumber;
+    const double minutes = text.trimmed().toDouble(&isNumber);
+    return isNumber && minutes >= 1 && minutes <= longest;
 }
 
 } // namespace
@@ -183,9 +187,10 @@ void FrmReminder::showNote()
 {
     QString note = m_failure;
     if (note.isEmpty() && m_list.rowCount() == 0)
-        note = tr("No event is listed. \"Reminder\" in the menu \"Tools\" looks for what is due now.");
+        note = tr("No event is listed. \"Look now\" shows what is due.");
     m_form.setText(u"lblNote"_s, note);
-    m_form.setVisible(u"lblNote"_s, !note.isEmpty());
+    for (const QString& control : {u"lblNote"_s, u"cmdCheck"_s})
+        m_form.setVisible(control, !note.isEmpty());
 }
 
 // --- Buttons ----------------------------------------------------------------------------------------------
@@ -197,6 +202,11 @@ Key FrmReminder::getMedium(const QString& name)
         {u"internet"_s, Key(1)}, {u"fax"_s, Key(2)},   {u"phone"_s, Key(3)},  {u"post"_s, Key(4)},
         {u"research"_s, Key(5)}, {u"other"_s, Key(6)}, {u"meeting"_s, Key(7)}};
     return codes.value(name.toLower(), 0);
+}
+
+void FrmReminder::cmdCheck()
+{
+    emit checkRequested();
 }
 
 void FrmReminder::cmdOk()

@@ -64,6 +64,7 @@ public:
     [[nodiscard]] static Key getMedium(const QString& name);
 
 public slots:
+    void cmdCheck();     ///< asks for a look at once, as the menu does
     void cmdOk();        ///< closes the selected event and moves the pipeline
     void cmdSnooze();    ///< takes the selected event off the list until the next look
     void cmdDismiss();   ///< removes the selected event from the store
@@ -72,6 +73,7 @@ public slots:
 
 signals:
     void changed();        ///< visible state, timer
+    void checkRequested(); ///< to the main screen, which also says when nothing is due
     void recordsChanged(); ///< events or positions in the store are no longer what they were
     /// The screen comes to the front. @p byUser: somebody asked for it; else it must leave the keyboard to
     /// whoever is typing.

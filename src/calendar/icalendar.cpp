@@ -12,6 +12,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int secondsAnHour = 3600;
+constexpr int lastYear = 9999; // RFC 5545, 3.3.4
 
 using Component = std::unique_ptr<icalcomponent, decltype(&icalcomponent_free)>;
 
@@ -23,27 +24,28 @@ QByteArray plain(QString text)
     return text.toUtf8();
 }
 
-icaltimetype timeOf(QDate date, QTime time)
-{
-    icaltimetype value = icaltime_null_time();
-    value.year = date.year();
-    value.month = date.month();
-    value.day = date.day();
-    value.is_date = time.isValid() ? 0 : 1;
-    if (time.isValid()) {
-        value.hour = time.hour();
-        value.minute = time.minute();
-    }
-    return value;
-}
-
 icaltimetype utc(const QDateTime& moment)
 {
     const QDateTime there = moment.toUTC();
-    icaltimetype value = timeOf(there.date(), there.time());
+    icaltimetype value = icaltime_null_time();
+    value.year = there.date().year();
+    value.month = there.date().month();
+    value.day = there.date().day();
+    value.hour = there.time().hour();
+    value.minute = there.time().minute();
     value.second = there.time().second();
     value.zone = icaltimezone_get_utc_timezone();
     return value;
+}
+
+/// The library takes years to 3000 only as a time, and writes zeros for others; as a text it takes all that
+/// the format has.
+icalproperty* momentProperty(const QString& name, QDate date, QTime time)
+{
+    const QString text =
+        time.isValid() ? QString(name + u':' + date.toString(u"yyyyMMdd"_s) + time.toString(u"'T'HHmmss"_s))
+                       : QString(name + u";VALUE=DATE:" + date.toString(u"yyyyMMdd"_s));
+    return icalproperty_new_from_string(text.toLatin1().constData());
 }
 
 void addTexts(icalcomponent* component, const JWevent& entry, const QString& with, const QDateTime& now)
@@ -80,14 +82,15 @@ icalcomponent* eventOf(const JWevent& entry, const QString& with, const QDateTim
     icalcomponent* const event = icalcomponent_new(ICAL_VEVENT_COMPONENT);
     addTexts(event, entry, with, now);
     const QTime start = entry.startTime();
-    icalcomponent_add_property(event, icalproperty_new_dtstart(timeOf(entry.eventDate, start)));
+    icalcomponent_add_property(event, momentProperty(u"DTSTART"_s, entry.eventDate, start));
     const double hours = eventtimes::number(entry.eventDuration);
     constexpr double longest = 24.0 * 366;
     if (start.isValid() && hours > 0 && hours <= longest) {
         // Reckoned without a zone, so that the night in which clocks change makes no meeting longer.
         const QDateTime end =
             QDateTime(entry.eventDate, start, Qt::UTC).addSecs(qRound64(hours * secondsAnHour));
-        icalcomponent_add_property(event, icalproperty_new_dtend(timeOf(end.date(), end.time())));
+        if (end.date().year() <= lastYear)
+            icalcomponent_add_property(event, momentProperty(u"DTEND"_s, end.date(), end.time()));
     }
     addAlarm(event, entry);
     return event;
@@ -100,7 +103,7 @@ icalcomponent* taskOf(const JWevent& entry, const QString& with, const QDateTime
     icalcomponent* const task = icalcomponent_new(ICAL_VTODO_COMPONENT);
     addTexts(task, entry, with, now);
     if (entry.hasDate())
-        icalcomponent_add_property(task, icalproperty_new_due(timeOf(entry.eventDate, entry.startTime())));
+        icalcomponent_add_property(task, momentProperty(u"DUE"_s, entry.eventDate, entry.startTime()));
     if (entry.medium == u"High Priority")
         icalcomponent_add_property(task, icalproperty_new_priority(highest));
     if (entry.medium == u"Low Priority")
@@ -108,6 +111,14 @@ icalcomponent* taskOf(const JWevent& entry, const QString& with, const QDateTime
     icalcomponent_add_property(
         task, icalproperty_new_status(entry.isDone() ? ICAL_STATUS_COMPLETED : ICAL_STATUS_NEEDSACTION));
     return task;
+}
+
+/// A calendar must hold something (RFC 5545, 3.4). A time zone is the least, and shows as nothing.
+icalcomponent* nothing()
+{
+    return icalcomponent_new_from_string("BEGIN:VTIMEZONE\r\nTZID:Etc/UTC\r\nBEGIN:STANDARD\r\n"
+                                         "DTSTART:19700101T000000\r\nTZOFFSETFROM:+0000\r\n"
+                                         "TZOFFSETTO:+0000\r\nEND:STANDARD\r\nEND:VTIMEZONE\r\n");
 }
 
 } // namespace
@@ -125,6 +136,8 @@ QByteArray write(const std::vector<JWevent>& entries, const QDateTime& now, cons
         else if (entry.hasDate())
             icalcomponent_add_component(calendar.get(), eventOf(entry, with.value(entry.eventKey), now));
     }
+    if (icalcomponent_count_components(calendar.get(), ICAL_ANY_COMPONENT) == 0)
+        icalcomponent_add_component(calendar.get(), nothing());
     const std::unique_ptr<char, decltype(&std::free)> text(icalcomponent_as_ical_string_r(calendar.get()),
                                                            &std::free);
     return QByteArray(text.get());

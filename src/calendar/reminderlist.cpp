@@ -100,6 +100,8 @@ public:
             if (text(EventType) == u"Event")
                 look();
         }
+        if (!m_found.failure.isEmpty() && !m_events.atEnd())
+            m_found.failure += u' ' + tr("Events behind it were not looked at.");
         nameThem();
         return std::move(m_found);
     }

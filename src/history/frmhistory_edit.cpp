@@ -8,6 +8,8 @@
 #include "store/datajw.h"
 #include "store/storeerror.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -29,7 +31,11 @@ void FrmHistory::fieldChanged(const QString& control)
         const QString day = m_form.text(u"DTPContact"_s);
         m_form.setText(u"dtpNextCall"_s, day == m_day ? m_call : day);
     }
-    say(tr("Changed: press Update to keep it."));
+    // What was typed and taken back again needs no Update.
+    const bool changed = std::ranges::any_of(m_form.rows(), [this](const FieldRow& row) {
+        return row.control != u"cmbEventType" && m_form.isDirty(row.control);
+    });
+    say(changed ? tr("Changed: press Update to keep it.") : QString());
 }
 
 // --- Taking over ------------------------------------------------------------------------------------------
@@ -85,6 +91,8 @@ void FrmHistory::cmdAddHistory()
         return;
     }
     loadHistoryList(false);
+    for (const FieldRow& row : m_form.rows())
+        m_form.markClean(row.control);
     say({});
     if (m_entries.count() != HistoryEntries::nearBound || m_hinted)
         return;

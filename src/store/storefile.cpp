@@ -64,6 +64,11 @@ FileReport report(FileState state, const QString& path, const QString& detail)
                      "or start Jobwright with another folder (--folder).")
                       .arg(file, detail);
         break;
+    case FileState::Locked:
+        message = tr("Another program holds the database %1 (%2). Nothing in it was changed. Please let that "
+                     "program finish, or close it, and try again.")
+                      .arg(file, detail);
+        break;
     case FileState::ReadOnly:
         message =
             tr("The database %1 may not be written (%2). Nothing in it was changed. Please give yourself the "
@@ -128,10 +133,12 @@ FileReport inspectContent(const QString& path)
         }
     } catch (const StoreError& error) {
         const int code = error.number() & 0xff;
-        const bool busy = code == SQLITE_BUSY || code == SQLITE_LOCKED;
-        return report(busy || code == SQLITE_READONLY || code == SQLITE_CANTOPEN ? FileState::ReadOnly
-                                                                                 : FileState::Damaged,
-                      path, error.description());
+        FileState state = FileState::Damaged;
+        if (code == SQLITE_BUSY || code == SQLITE_LOCKED)
+            state = FileState::Locked;
+        else if (code == SQLITE_READONLY || code == SQLITE_CANTOPEN)
+            state = FileState::ReadOnly;
+        return report(state, path, error.description());
     }
     return {};
 }

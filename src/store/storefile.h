@@ -10,6 +10,7 @@ enum class FileState {
     Damaged,  ///< the engine finds it malformed, it is empty, or tables are missing
     Newer,    ///< made by a later version of this program
     Foreign,  ///< not this program's database
+    Locked,   ///< another program keeps everybody out for now
     ReadOnly, ///< it, or its folder, may not be written
 };
 

@@ -54,6 +54,7 @@ FrmData::FrmData(Session& session, Navigator& navigator)
 {
     connect(m_reminder.get(), &FrmReminder::recordsChanged, m_calendar.get(), &FrmEvCal::reload);
     connect(m_reminder.get(), &FrmReminder::recordsChanged, this, &FrmData::stepsChanged);
+    connect(m_reminder.get(), &FrmReminder::checkRequested, this, &FrmData::checkReminders);
     connect(m_calendar.get(), &FrmEvCal::recordsChanged, this, &FrmData::stepsChanged);
     connect(m_history.get(), &FrmHistory::recordsChanged, this, &FrmData::stepsChanged);
     m_form.setText(u"Label45"_s, tr("Company"));

@@ -102,6 +102,7 @@ private slots:
         row("history|mara lind", 0, "Next call");
         row("history|Nobody At All", 1, "no contact");
         row("history|a", 1, "Several");
+        row("history| ", 2, "name is empty");
         row("query|drop table Company", 1, "jobwright: ");
         row("query|Select * from Company; Delete * from Company", 1, "jobwright: ");
         row("query|Select Count(*) from Event where EventKey=0", 0, "EXPR1000\r\n0\r\n");

@@ -48,10 +48,10 @@ JWevent task(QDate due)
 }
 
 /// The entries written and read back, one "NAME=value" a line; an alarm's stand behind "VALARM".
-QStringList readBack(const JWevent& entry)
+QStringList readBack(const std::vector<JWevent>& entries)
 {
     const std::unique_ptr<icalcomponent, decltype(&icalcomponent_free)> calendar(
-        icalcomponent_new_from_string(icalendar::write({entry}, now).constData()), &icalcomponent_free);
+        icalcomponent_new_from_string(icalendar::write(entries, now).constData()), &icalcomponent_free);
     if (!calendar || icalcomponent_count_errors(calendar.get()) > 0)
         return {u"broken"_s};
     QStringList lines;
@@ -81,9 +81,22 @@ class TestICalendar : public QObject
     Q_OBJECT
 
 private slots:
+    void yearsToTheLastAreWritten()
+    {
+        JWevent entry = interview();
+        for (const int year : {3500, 9999}) {
+            entry.eventDate = QDate(year, 11, 30);
+            QVERIFY(readBack({entry}).contains(u"DTSTART=%11130T233000"_s.arg(year)));
+        }
+        entry.eventDate = QDate(9999, 12, 31); // ends in a year that the format has not
+        QVERIFY(readBack({entry}).filter(u"DTEND"_s).isEmpty());
+        QCOMPARE(readBack({}).filter(QRegularExpression(u"^V[A-Z]+$"_s)),
+                 (QStringList{u"VCALENDAR"_s, u"VTIMEZONE"_s}));
+    }
+
     void eventIsReadAsItWasPlanned()
     {
-        const QStringList lines = readBack(interview());
+        const QStringList lines = readBack({interview()});
         for (const QString& line :
              {u"VERSION=2.0"_s, u"VEVENT"_s, u"UID=event-7@jobwright"_s, u"DTSTAMP=20261122T093000Z"_s,
               u"DTSTART=20261130T233000"_s, u"DTEND=20261201T004500"_s, u"SUMMARY=Interview"_s,
@@ -111,7 +124,7 @@ private slots:
         FETCH(QString, text, line);
         JWevent entry = interview();
         entry.*field = text;
-        const QStringList lines = readBack(entry);
+        const QStringList lines = readBack({entry});
         QVERIFY(lines.contains(u"VEVENT"_s));
         const bool met = line.startsWith(u'-')
                              ? lines.filter(QRegularExpression(u'^' + line.mid(1))).isEmpty()
@@ -123,18 +136,18 @@ private slots:
     {
         JWevent entry = task(QDate(2026, 11, 30));
         for (const QString& line : {u"DUE=20261130"_s, u"PRIORITY=1"_s, u"STATUS=NEEDS-ACTION"_s})
-            QVERIFY2(readBack(entry).contains(line), qPrintable(line));
+            QVERIFY2(readBack({entry}).contains(line), qPrintable(line));
         entry.complete = u"Complete"_s;
-        QVERIFY(readBack(entry).contains(u"STATUS=COMPLETED"_s));
+        QVERIFY(readBack({entry}).contains(u"STATUS=COMPLETED"_s));
     }
 
     void entryWithoutDateHasNoDueAndNoPlaceAmongEvents()
     {
-        const QStringList lines = readBack(task(dates::sentinel));
+        const QStringList lines = readBack({task(dates::sentinel)});
         QVERIFY(lines.contains(u"VTODO"_s) && lines.filter(u"DUE="_s).isEmpty());
         JWevent entry = interview();
         entry.eventDate = dates::sentinel;
-        QVERIFY(!readBack(entry).contains(u"VEVENT"_s));
+        QVERIFY(!readBack({entry}).contains(u"VEVENT"_s));
     }
 };
 

@@ -92,6 +92,16 @@ private slots:
         QCOMPARE(filesAfter, filesBefore);
     }
 
+    void storeHeldByAnotherProgramIsToBeTriedAgain()
+    {
+        World world;
+        const engine::Connection other = engine::open(world.session->databasePath(), SQLITE_OPEN_READWRITE);
+        engine::execute(other.get(), "BEGIN EXCLUSIVE");
+        const FileReport report = inspectStore(world.session->databasePath());
+        QCOMPARE(report.state, FileState::Locked);
+        QVERIFY2(report.message.contains(u"try again"_s), qPrintable(report.message));
+    }
+
     void messageNamesTheNewestCopy()
     {
         World world;

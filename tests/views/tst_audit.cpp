@@ -17,8 +17,10 @@
 
 #include <QAbstractButton>
 #include <QAbstractSpinBox>
+#include <QClipboard>
 #include <QComboBox>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QScrollArea>
@@ -176,6 +178,18 @@ private slots:
         }
     }
 
+    void everyBoxOfLinesOutlivesAClipboardWithoutFormats_data() { addViews(); }
+    void everyBoxOfLinesOutlivesAClipboardWithoutFormats()
+    {
+        QFETCH(QString, name);
+        const auto boxes = view(name)->findChildren<QPlainTextEdit*>();
+        QApplication::clipboard()->setMimeData(new QMimeData); // as when no program owns it
+        for (QPlainTextEdit* box : boxes) {
+            const QString before = box->toPlainText();
+            box->paste();
+            QCOMPARE(box->toPlainText(), before);
+        }
+    }
     void everyFieldHasALabelWithAMnemonic_data() { addScreens(); }
     void everyFieldHasALabelWithAMnemonic()
     {

@@ -8,6 +8,8 @@
 
 #include <QWindow>
 
+#include <QScreen>
+
 namespace {
 
 const QDateTime start(QDate(2026, 11, 22), QTime(9, 30));
@@ -50,6 +52,29 @@ class TestReminderView : public QObject
     Q_OBJECT
 
 private slots:
+    void emptyScreenLooksAtOnce()
+    {
+        Desk desk;
+        desk.addEvent(u"Interview"_s, 1);
+        desk.frm->reminder().showScreen();
+        QVERIFY(QTest::qWaitForWindowExposed(desk.reminder.get()));
+        QCOMPARE(desk.list().model()->rowCount(), 0);
+        desk.click(u"cmdCheck"_s);
+        QCOMPARE(desk.cell(0, 0), u"Interview"_s);
+        QVERIFY(!desk.find<QWidget>(u"cmdCheck"_s)->isVisible());
+    }
+
+    void windowIsNoLargerThanTheScreen()
+    {
+        Desk desk;
+        desk.reminder->resize(4000, 3000);
+        desk.reminder->show();
+        desk.reminder->hide(); // remembers its size
+        desk.reminder = std::make_unique<ReminderView>(desk.frm->reminder(), *desk.layout, desk.window.get());
+        const QSize room = desk.reminder->screen()->availableSize();
+        QVERIFY(desk.reminder->width() <= room.width() && desk.reminder->height() < room.height());
+    }
+
     void interviewIsRemindedClosedAndFoundInItsPosition()
     {
         Desk desk;

@@ -75,6 +75,9 @@ private slots:
         QCOMPARE(bench.text(u"proc"_s), u"Update Company"_s);
         bench.press(Qt::Key_Escape);
         QCOMPARE(bench.text(u"txtIndustry"_s), u"Tools"_s);
+        bench.press(Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(bench.text(u"txtIndustry"_s), u"Wrong"_s);
+        bench.press(Qt::Key_Escape);
         bench.press(Qt::Key_Tab);
         QCOMPARE(bench.industry(), u"Tools"_s);
         bench.enter(u"txtIndustry"_s, u"Rails & Größe 漢"_s);
@@ -134,7 +137,7 @@ private slots:
     {
         WindowBench bench;
         bench.open();
-        bench.window->resize(1000, 700);
+        bench.window->resize(790, 700);
         bench.find<QSplitter>(u"splCompany"_s)->setSizes({400, 600});
         const QList<int> sizes = bench.find<QSplitter>(u"splCompany"_s)->sizes();
         bench.window->close();
@@ -142,7 +145,7 @@ private slots:
         WindowBench second;
         second.layoutPath = bench.layoutPath;
         second.open();
-        QCOMPARE(second.window->size(), QSize(1000, 700));
+        QCOMPARE(second.window->size(), QSize(790, 700));
         QCOMPARE(second.find<QSplitter>(u"splCompany"_s)->sizes(), sizes);
     }
 

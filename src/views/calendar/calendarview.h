@@ -61,5 +61,5 @@ private:
     FormBinder* m_binder = nullptr;
     QTimer m_timerCal{this};
     void (FrmEvCal::*m_turn)() = nullptr; ///< what the drag that rests on an arrow does
-    QString m_untold; ///< the selector whose unknown name has not been told yet
+    QString m_untold;                     ///< the selector whose unknown name has not been told yet
 };

@@ -13,7 +13,9 @@
 #include <QKeyEvent>
 #include <QWindow>
 
+#include <algorithm>
 #include <array>
+#include <numeric>
 
 using namespace Qt::StringLiterals;
 
@@ -38,6 +40,7 @@ ReminderView::ReminderView(FrmReminder& presenter, QSettings& layout, QWidget* p
     if (parent)
         move(parent->geometry().center() - rect().center()); // until the user puts it elsewhere
     windowstate::restore(*this, m_layout);
+    spreadColumns();
     // Nobody who is typing loses the keyboard to a reminder. It counts from the window's making on, so a user
     // who asks for the window gets the keyboard by a request of its own.
     setAttribute(Qt::WA_ShowWithoutActivating);
@@ -58,9 +61,6 @@ void ReminderView::setUpList()
     ReminderListView& list = *m_ui->lvwRemind;
     m_rows->setSourceModel(&m_presenter.lvwRemind());
     list.setModel(m_rows);
-    constexpr std::array<int, 7> widths{19, 30, 28, 19, 21, 22, 23}; // characters
-    for (int column = 0; column < static_cast<int>(widths.size()); ++column)
-        list.setColumnWidth(column, fontMetrics().averageCharWidth() * widths[static_cast<size_t>(column)]);
     list.header()->setStretchLastSection(false);
     list.header()->setSectionResizeMode(descriptionColumn, QHeaderView::Stretch);
     list.header()->setMinimumSectionSize(fontMetrics().averageCharWidth() * leastWidth);
@@ -78,6 +78,17 @@ void ReminderView::setUpList()
     connect(m_rows, &QAbstractItemModel::rowsRemoved, this, &ReminderView::followRows);
     connect(m_rows, &QAbstractItemModel::dataChanged, this, &ReminderView::followRows);
     followRows();
+}
+
+/// On a small screen the columns share what there is, so that none lies outside.
+void ReminderView::spreadColumns()
+{
+    constexpr std::array<int, 7> widths{19, 30, 28, 19, 21, 22, 23}; // characters
+    const int wanted = std::accumulate(widths.begin(), widths.end(), 0) * fontMetrics().averageCharWidth();
+    const double share = std::min(1.0, static_cast<double>(width()) / (wanted + 4 * fontMetrics().height()));
+    for (int column = 0; column < static_cast<int>(widths.size()); ++column)
+        m_ui->lvwRemind->setColumnWidth(
+            column, qRound(share * fontMetrics().averageCharWidth() * widths[static_cast<size_t>(column)]));
 }
 
 void ReminderView::followRows()
@@ -118,6 +129,10 @@ void ReminderView::standBy(QWidget* owner)
         return;
     // A window learns when it is shown whether it may be used beside a dialog.
     hide();
+    // Desktops keep only a window of the dialogs' kind in front of its owner; an ordinary one falls behind at
+    // the first click into the dialog. Over the main screen it must not stay in front for ever.
+    const Qt::WindowFlags frame = windowHandle()->flags() & ~Qt::WindowType_Mask;
+    windowHandle()->setFlags(frame | (owner ? Qt::Dialog : Qt::Window));
     windowHandle()->setTransientParent(window);
     setVisible(m_presenter.isVisible());
 }

@@ -134,6 +134,15 @@ void write(QWidget& widget, const QString& text)
     }
 }
 
+void writeUndoably(QWidget& widget, const QString& text)
+{
+    if (auto* line = qobject_cast<QLineEdit*>(&widget)) {
+        line->selectAll();
+        line->insert(onOneLine(text));
+    }
+    write(widget, text); // nothing to do for a line edit that took the text
+}
+
 bool onEdited(QWidget& widget, QObject& context, std::function<void(const QString&)> changed)
 {
     const auto tell = [&widget, changed = std::move(changed)] { changed(read(widget)); };

@@ -13,6 +13,8 @@ namespace fieldwidgets {
 /// Shows a form's text without sounding like a change by the user; any kind of line end will do. A text that
 /// a widget cannot show (no date, no number) leaves it as it is.
 void write(QWidget& widget, const QString& text);
+/// As write, but in a line edit as if the user had typed it, so that Ctrl+Z brings back what stood there.
+void writeUndoably(QWidget& widget, const QString& text);
 /// Calls @p changed with the new text at each change by the user; false for a widget that the user cannot
 /// change.
 bool onEdited(QWidget& widget, QObject& context, std::function<void(const QString&)> changed);

@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMetaMethod>
+#include <QPlainTextEdit>
 #include <QRadioButton>
 #include <QSignalBlocker>
 
@@ -148,10 +149,14 @@ void FormBinder::focus(const QString& control)
 bool FormBinder::giveBack(QWidget& widget)
 {
     const QString control = widget.objectName();
+    // A page of typing is worth more than a way back: a box of several lines keeps its text, and the key goes
+    // no further, as it would close a dialog over it.
+    if (qobject_cast<QPlainTextEdit*>(&widget))
+        return m_form.text(control) != m_enteredText || m_form.isDirty(control);
     // Taking back one option would leave its group with none.
     if (m_entered != &widget || m_form.text(control) == m_enteredText || qobject_cast<QRadioButton*>(&widget))
         return false;
-    fieldwidgets::write(widget, m_enteredText);
+    fieldwidgets::writeUndoably(widget, m_enteredText);
     fieldEdited(widget, m_enteredText);
     return true;
 }

@@ -22,7 +22,9 @@ class QLabel;
 /// fieldChanged and
 ///   fieldLeft where it has them. A box, a menu or another window over the field is not leaving it.
 /// - A click on a button named cmd..., img... or lbl... calls the presenter's slot of that very name.
-/// - Esc in a field gives back the text it held when it was entered.
+/// - Esc in a field of one line gives back what it held when it was entered, and Ctrl+Z takes that back. In a
+///   box of several lines Esc does nothing to the text, and goes on to the window only while nothing typed
+///   waits there.
 class FormBinder : public QObject
 {
     Q_OBJECT
