@@ -456,7 +456,7 @@ private slots:
         bench.addEvent(u"11/24/2026"_s, u"10:30 AM"_s);
         bench.addEvent(u"12/3/2026"_s, u"9:00 AM"_s, u"Referral"_s);
         bool second = false;
-        bench.navigator.whileOpen = [&] { second = true; };
+        bench.doors.whileOpen = [&] { second = true; };
         bench.calendar.load();
         bench.calendar.openEntry(u"EV1"_s);
         bench.type(u"txtEvDescription"_s, u"typed"_s);
@@ -531,14 +531,14 @@ private slots:
         bench.world.prompts.expect(u"failed on purpose"_s);
         bench.calendar.load();
         QVERIFY(bench.shown(u"lblEvents"_s).contains(u"could not be read"_s));
-        QVERIFY(!bench.form().isEnabled(u"cmdNewEvent"_s) && bench.calendar.tasksHint().isEmpty());
+        QVERIFY(!bench.calendar.form().isEnabled(u"cmdNewEvent"_s) && bench.calendar.tasksHint().isEmpty());
         bench.world.prompts.expect(u"could not be read"_s);
         bench.calendar.newEvent(QDate(2026, 11, 24));
         QVERIFY(!bench.calendar.isFrameOpen());
         bench.data().database().setInterceptor({});
         bench.calendar.cmdToday();
         QCOMPARE(bench.chips(), u"24 EV1 10:30 Interview"_s);
-        QVERIFY(bench.form().isEnabled(u"cmdNewEvent"_s));
+        QVERIFY(bench.calendar.form().isEnabled(u"cmdNewEvent"_s));
     }
 
     void mediumOfAHistoryIsNoPriority()

@@ -86,7 +86,8 @@ private slots:
         JWevent entry = interview();
         for (const int year : {3500, 9999}) {
             entry.eventDate = QDate(year, 11, 30);
-            QVERIFY(readBack({entry}).contains(u"DTSTART=%11130T233000"_s.arg(year)));
+            QVERIFY(
+                readBack({entry}).contains(QString(u"DTSTART="_s + QString::number(year) + u"1130T233000")));
         }
         entry.eventDate = QDate(9999, 12, 31); // ends in a year that the format has not
         QVERIFY(readBack({entry}).filter(u"DTEND"_s).isEmpty());

@@ -7,6 +7,7 @@
 #include "workbench/positionscreen.h"
 
 #include <QHeaderView>
+#include <QSignalSpy>
 
 namespace {
 
@@ -186,7 +187,7 @@ private slots:
             QSignalSpy chosen(&bench.frm->history(), &FrmHistory::changed);
             bench.clickRow(1);
             QCOMPARE(chosen.size(), 1);
-            bench.there<QLineEdit>(u"txtTopic"_s)->setFocus();
+            bench.find(u"txtTopic"_s)->setFocus();
             bench.type(u"half a thought"_s);
             bench.clickRow(1); // the row that it stands on already: its entry again
             QCOMPARE(chosen.size(), 2);
