@@ -41,7 +41,8 @@ namespace windowstate {
 void restore(QWidget& window, const QSettings& file)
 {
     window.restoreGeometry(file.value(placeKey(window)).toByteArray());
-    if (!window.isMaximized() && !window.isFullScreen())
+    // A window that nobody has given a size yet takes it from its layout when it is shown.
+    if (window.testAttribute(Qt::WA_Resized) && !window.isMaximized() && !window.isFullScreen())
         fitOntoScreen(window);
     const auto splitters = window.findChildren<QSplitter*>();
     for (QSplitter* splitter : splitters)
