@@ -37,8 +37,6 @@ ReminderView::ReminderView(FrmReminder& presenter, QSettings& layout, QWidget* p
     look::dress(*this);
     resize(fontMetrics().averageCharWidth() * 172, fontMetrics().height() * 18);
     setUpList();
-    if (parent)
-        move(parent->geometry().center() - rect().center()); // until the user puts it elsewhere
     windowstate::restore(*this, m_layout);
     spreadColumns();
     // Nobody who is typing loses the keyboard to a reminder. It counts from the window's making on, so a user
@@ -106,6 +104,10 @@ void ReminderView::follow()
 
 void ReminderView::comeForward(bool byUser)
 {
+    // Over the middle of the workbench until the user puts it elsewhere; where that stands, the desktop says
+    // only when it is shown.
+    if (parentWidget() && !testAttribute(Qt::WA_Moved))
+        move(parentWidget()->window()->geometry().center() - rect().center());
     standBy(QApplication::activeModalWidget());
     show();
     raise();
