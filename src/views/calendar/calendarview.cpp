@@ -234,7 +234,7 @@ void CalendarView::connectSelector(OwnerSelector& box, void (FrmEvCal::*choose)(
     const QString control = box.objectName();
     const auto show = [this, control] { renderControl(control); };
     connect(&box, &OwnerSelector::chosen, this, [this, choose, show](const QString& name) {
-        (m_presenter.*choose)(name);
+        std::invoke(choose, m_presenter, name);
         show(); // a choice that was refused, too
         // The list of matches writes its name into the box after telling it.
         QMetaObject::invokeMethod(this, show, Qt::QueuedConnection);
