@@ -2,6 +2,7 @@
 // its clean-up of addresses. Milliseconds of the wall, the middle of several tries.
 #include "base/silentports.h"
 #include "generate.h"
+#include "measure.h"
 
 #include "base/clock.h"
 #include "store/database.h"
@@ -45,8 +46,7 @@ void report(const char* what, int limit, const std::function<void(int)>& work)
         work(i);
         tries.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
     }
-    std::ranges::sort(tries);
-    std::printf("%-42s %7.1f ms", what, tries[tries.size() / 2]);
+    std::printf("%-42s %7.1f ms", what, measure::middle(tries));
     std::printf(limit > 0 ? "   (wanted: below %d)\n" : "\n", limit);
 }
 

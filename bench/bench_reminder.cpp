@@ -2,6 +2,7 @@
 // years, and with every one of them open. Milliseconds of the
 // processor, which other work on the machine does not stretch; the middle of several tries.
 #include "generate.h"
+#include "measure.h"
 
 #include "base/clock.h"
 #include "base/silentports.h"
@@ -37,8 +38,7 @@ void report(const char* what, FrmReminder& reminder, int limit)
         reminder.checkEvents();
         tries.push_back(1e3 * static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC);
     }
-    std::ranges::sort(tries);
-    std::printf("%-24s %5d listed %7.1f ms", what, reminder.lvwRemind().rowCount(), tries[tries.size() / 2]);
+    std::printf("%-24s %5d listed %7.1f ms", what, reminder.lvwRemind().rowCount(), measure::middle(tries));
     std::printf(limit > 0 ? "   (wanted: below %d)\n" : "\n", limit);
 }
 

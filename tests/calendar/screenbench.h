@@ -35,18 +35,7 @@ public:
 
     DataJW& data() { return world.data(); }
     void run(const QString& statement) { QVERIFY2(data().execQuery(statement), qPrintable(statement)); }
-    /// The cells of a statement's rows, "a|b" a row and ";" between rows.
-    QString cells(const QString& statement)
-    {
-        QStringList rows;
-        for (RecordSet set = data().getExecQueryRecords(statement); !set.atEnd(); set.next()) {
-            QStringList row;
-            for (int column = 0; column < set.columnCount(); ++column)
-                row.append(set.text(column));
-            rows.append(row.join(u'|'));
-        }
-        return rows.join(u';');
-    }
+    QString cells(const QString& statement) { return world.cells(statement); }
     /// Lets the statements of @p act fail for which @p fails says so, by number and text; answers the last.
     QString failing(const std::function<bool(int, QStringView)>& fails, const std::function<void()>& act)
     {
