@@ -1,0 +1,112 @@
+// A campaign in time, by hand: a follow-up planned from a history, an interview planned, dragged to another
+// day, reminded and closed, a restart.
+#include "calendar/frmevcal.h"
+#include "calendar/frmreminder.h"
+#include "history/frmhistory.h"
+#include "views/calendar/calendarview.h"
+#include "views/calendar/daylist.h"
+#include "views/calendar/reminderlistview.h"
+#include "views/calendar/reminderview.h"
+#include "views/history/historyview.h"
+#include "views/windowbench.h"
+#include "workbench/contactscreen.h"
+
+#include <QDragEnterEvent>
+#include <QMimeData>
+
+class TestTimeWalk : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void whatIsPlannedAndRemindedIsThereAfterARestart()
+    {
+        m_bench.addContact(u"Ann"_s, u"Lee"_s, m_bench.addCompany(u"Acme"_s));
+        m_bench.run(u"Insert into Position(Title,CompanyKey,ContactList) Values('Planner',1,'1')"_s);
+        m_bench.navigator.whileOpen = [this] { openAsked(); };
+        m_bench.open();
+        m_bench.world.session->outlookAvailable = true;
+        m_bench.choose(u"Acme"_s);
+        m_bench.frm->tabStrip1Click(u"Contact"_s);
+        m_bench.frm->contactScreen().showContact(u"Ann Lee"_s);
+        m_inCalendar = [this] { saveAsItIs(); };
+        m_bench.click(u"cmdHistory1"_s);
+        m_inCalendar = [this] { planAndDrag(); };
+        m_bench.frm->tbarButtonClick(u"events"_s);
+        closeReminded();
+        m_bench.window->close();
+        m_bench.frm.reset();
+        m_bench.world.restart();
+        QCOMPARE(m_bench.cells(u"Select Topic,DocumentXfer from History"_s), u"Called|0"_s);
+        QCOMPARE(m_bench.cells(u"Select LastContact from Contact"_s), u"11/22/2026"_s);
+        QCOMPARE(m_bench.cells(u"Select Event,EventDate,EventType,Complete,ContactKey,PositionKey from Event "
+                               "order by EventDate"_s),
+                 u"Contact Inquiry|11/23/2026|Task||1|1;Interview|11/24/2026|Event|OkEvent|0|1"_s);
+        QCOMPARE(m_bench.cells(u"Select Interview,InterviewMedium from Position"_s), u"11/24/2026|7"_s);
+    }
+
+private:
+    /// What the application's navigator does.
+    void openAsked()
+    {
+        FrmData& frm = *m_bench.frm;
+        if (m_bench.navigator.opened.last() == u"FrmEvCal") {
+            frm.calendar().load();
+            m_bench.inDialog<CalendarView>(frm.calendar(), m_inCalendar);
+            frm.calendar().unload();
+        } else if (frm.history().load(frm.selection().currentContactKey)) {
+            m_bench.inDialog<HistoryView>(frm.history(), [this] {
+                m_bench.write(u"txtTopic"_s, u"Called"_s);
+                m_bench.click(u"cmdAddHistory"_s);
+                m_bench.click(u"cmdAddEvent"_s);
+                m_bench.click(u"cmdClose"_s);
+            });
+        }
+    }
+    /// The follow-up as the history has laid it out.
+    void saveAsItIs()
+    {
+        m_bench.click(u"cmdAdd1"_s);
+        m_bench.press(Qt::Key_Escape);
+    }
+    void planAndDrag()
+    {
+        m_bench.press(Qt::Key_N);
+        m_bench.write(u"txtEvName"_s, u"Interview"_s);
+        m_bench.write(u"txtEvTimeS"_s, u"10:00"_s);
+        m_bench.write(u"lblCompany"_s, u"acm\n"_s);
+        m_bench.write(u"lblPosition"_s, u"plan\n"_s);
+        m_bench.frm->calendar().chooseFormat(u"Meeting"_s);
+        m_bench.click(u"cmdAdd1"_s);
+        // November 2026 begins in the first cell.
+        auto* from = m_bench.find<DayList>(u"lvwDay21"_s);
+        auto* to = m_bench.find<DayList>(u"lvwDay23"_s);
+        const std::unique_ptr<QMimeData> data(DayList::dragData(from->chips().at(0).key));
+        QDragEnterEvent enter(to->rect().center(), Qt::MoveAction, data.get(), Qt::LeftButton, {});
+        QApplication::sendEvent(to, &enter);
+        QVERIFY(enter.isAccepted());
+        QDropEvent drop(QPointF(to->rect().center()), Qt::MoveAction, data.get(), Qt::LeftButton, {});
+        QApplication::sendEvent(to, &drop);
+        QCOMPARE(to->chips().size(), 1U);
+        m_bench.press(Qt::Key_Escape);
+    }
+    void closeReminded()
+    {
+        m_bench.world.setNow(QDateTime(QDate(2026, 11, 24), QTime(10, 30)));
+        ReminderView reminder(m_bench.frm->reminder(), *m_bench.layout, m_bench.window.get());
+        m_bench.frm->menuClick(u"Reminder"_s);
+        QVERIFY(QTest::qWaitForWindowExposed(&reminder));
+        auto* list = reminder.findChild<ReminderListView*>(u"lvwRemind"_s);
+        QCOMPARE(list->model()->rowCount(), 1);
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                          list->visualRect(list->model()->index(0, 0)).center());
+        QTest::mouseClick(reminder.findChild<QPushButton*>(u"cmdOk"_s), Qt::LeftButton);
+        QVERIFY(!reminder.isVisible());
+    }
+
+    WindowBench m_bench;
+    std::function<void()> m_inCalendar;
+};
+
+QTEST_MAIN(TestTimeWalk)
+#include "tst_timewalk.moc"
