@@ -46,19 +46,6 @@ public:
         const QPoint place = tasks()->visualRect(tasks()->model()->index(0, 0)).center();
         QTest::mouseClick(tasks()->viewport(), button, {}, place);
     }
-    /// Lets something be dropped as the desktop reports it; false when the place refuses it.
-    static bool drop(QWidget& target, QMimeData* what)
-    {
-        const std::unique_ptr<QMimeData> data(what);
-        const QPoint place = target.rect().center();
-        QDragEnterEvent enter(place, Qt::MoveAction, data.get(), Qt::LeftButton, {});
-        QApplication::sendEvent(&target, &enter);
-        if (!enter.isAccepted())
-            return false;
-        QDropEvent event(place, Qt::MoveAction, data.get(), Qt::LeftButton, {});
-        QApplication::sendEvent(&target, &event);
-        return true;
-    }
     QString stored(const QString& columns) { return cells(u"Select "_s + columns + u" from Event"); }
 
     std::unique_ptr<CalendarView> view;

@@ -11,9 +11,6 @@
 #include "views/windowbench.h"
 #include "workbench/contactscreen.h"
 
-#include <QDragEnterEvent>
-#include <QMimeData>
-
 class TestTimeWalk : public QObject
 {
     Q_OBJECT
@@ -81,12 +78,7 @@ private:
         // November 2026 begins in the first cell.
         auto* from = m_bench.find<DayList>(u"lvwDay21"_s);
         auto* to = m_bench.find<DayList>(u"lvwDay23"_s);
-        const std::unique_ptr<QMimeData> data(DayList::dragData(from->chips().at(0).key));
-        QDragEnterEvent enter(to->rect().center(), Qt::MoveAction, data.get(), Qt::LeftButton, {});
-        QApplication::sendEvent(to, &enter);
-        QVERIFY(enter.isAccepted());
-        QDropEvent drop(QPointF(to->rect().center()), Qt::MoveAction, data.get(), Qt::LeftButton, {});
-        QApplication::sendEvent(to, &drop);
+        QVERIFY(WindowBench::drop(*to, DayList::dragData(from->chips().at(0).key)));
         QCOMPARE(to->chips().size(), 1U);
         m_bench.press(Qt::Key_Escape);
     }

@@ -7,8 +7,10 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QDragEnterEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScopedValueRollback>
@@ -44,6 +46,20 @@ public:
             view.hide(); // in case the test has given up before it closed it
         });
         view.exec();
+    }
+
+    /// Lets something be dropped as the desktop reports it; false when the place refuses it.
+    static bool drop(QWidget& target, QMimeData* what)
+    {
+        const std::unique_ptr<QMimeData> data(what);
+        const QPoint place = target.rect().center();
+        QDragEnterEvent enter(place, Qt::MoveAction, data.get(), Qt::LeftButton, {});
+        QApplication::sendEvent(&target, &enter);
+        if (!enter.isAccepted())
+            return false;
+        QDropEvent event(place, Qt::MoveAction, data.get(), Qt::LeftButton, {});
+        QApplication::sendEvent(&target, &event);
+        return true;
     }
 
     /// A control of the window in front.
