@@ -60,7 +60,8 @@ std::optional<EventRows> readEvents(DataJW& dataJW)
         const EventOwners owners{rows.key(u"ContactKey").value_or(0), rows.key(u"CompanyKey").value_or(0)};
         if (owners.contact != 0 || owners.company != 0)
             read.owners.insert(event->eventKey, owners);
-        timed.emplace_back(event->startTime(), *std::move(event));
+        const QTime start = event->startTime();
+        timed.emplace_back(start, *std::move(event));
     }
     // The store orders by date alone. A day is read from morning to evening.
     std::stable_sort(timed.begin(), timed.end(), [](const auto& left, const auto& right) {

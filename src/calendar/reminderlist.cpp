@@ -20,19 +20,23 @@ QString tr(const char* text)
 /// From so many events on the names are read table by table: each name by itself is a statement.
 constexpr size_t manyEvents = 200;
 
-/// The names of all rows of a table by their keys; of several columns joined with a blank.
-QHash<Key, QString> allNames(DataJW& dataJW, const QString& table, const QStringList& columns)
+/// The names in a table of all that events belong to, by their keys; of several columns joined with a blank.
+QHash<Key, QString> eventNames(DataJW& dataJW, const QString& table, const QStringList& columns)
 {
+    const QString key = table + u"Key";
     QHash<Key, QString> names;
-    RecordSet rows =
-        dataJW.getExecQueryRecords(u"Select "_s + table + u"Key," + columns.join(u',') + u" from " + table);
+    RecordSet rows = dataJW.getExecQueryRecords(u"Select Event." + key + u',' + columns.join(u',') +
+                                                u" from Event Inner Join " + table + u" On Event." + key +
+                                                u'=' + table + u'.' + key);
     names.reserve(rows.rowCount());
     for (; !rows.atEnd(); rows.next()) {
+        const auto named = toKey(rows.value(0).toLongLong());
+        if (!named || names.contains(*named))
+            continue;
         QString name = rows.text(1);
         for (int column = 2; column < rows.columnCount(); ++column)
             name += u' ' + rows.text(column);
-        if (const auto key = toKey(rows.value(0).toLongLong()))
-            names.insert(*key, name);
+        names.insert(*named, name);
     }
     return names;
 }
@@ -86,8 +90,9 @@ public:
         , m_positions([&dataJW](Key key) { return dataJW.getPositionNameByKey(key); })
         , m_companies([&dataJW](Key key) { return dataJW.getCompanyNameByKey(key); })
     {
-        constexpr std::array<QStringView, ColumnCount> names{u"EventType", u"EventDate", u"EventTime",
-                                                             u"AMPM",      u"Reminder1", u"Complete"};
+        constexpr std::array<QStringView, ColumnCount> names{
+            u"EventType", u"EventDate", u"EventTime",   u"AMPM",       u"Reminder1",   u"Complete",
+            u"EventKey",  u"Event",     u"Description", u"ContactKey", u"PositionKey", u"CompanyKey"};
         for (int i = 0; i < ColumnCount; ++i)
             m_columns[static_cast<size_t>(i)] = m_events.columnIndex(names[static_cast<size_t>(i)]);
     }
@@ -107,10 +112,30 @@ public:
     }
 
 private:
-    enum Column { EventType, EventDate, EventTime, AmPm, Reminder1, Complete, ColumnCount };
+    enum Column {
+        EventType,
+        EventDate,
+        EventTime,
+        AmPm,
+        Reminder1,
+        Complete,
+        EventKey,
+        Event,
+        Description,
+        ContactKey,
+        PositionKey,
+        CompanyKey,
+        ColumnCount
+    };
 
     /// As stored: there is no need to put thousands of dates into another form to read them again.
     [[nodiscard]] QString text(Column column) const { return m_events.value(m_columns[column]).toString(); }
+
+    [[nodiscard]] std::optional<Key> key(Column column) const
+    {
+        const QVariant cell = m_events.value(m_columns[column]);
+        return cell.isNull() ? std::nullopt : toKey(cell.toLongLong());
+    }
 
     void look()
     {
@@ -119,37 +144,36 @@ private:
             // One row that no one can read ends the look. The log names it, so that it can be mended.
             m_found.failure =
                 tr("The event \"%1\" of %2 has a time or a reminder that cannot be read: \"%3\".")
-                    .arg(m_events.text(u"Event"), m_events.text(u"EventDate"),
+                    .arg(text(Event), m_events.text(u"EventDate"),
                          QString(text(EventTime) + u' ' + text(AmPm) + u" / " + text(Reminder1)));
             return;
         }
         if (!verdict->inTime)
             return;
-        const auto key = m_events.key(u"EventKey");
-        if (!key) {
-            m_found.failure = tr("The number of the event \"%1\" is too large.").arg(m_events.text(u"Event"));
+        const auto eventKey = key(EventKey);
+        if (!eventKey) {
+            m_found.failure = tr("The number of the event \"%1\" is too large.").arg(text(Event));
             return;
         }
-        m_found.matched.push_back(*key);
+        m_found.matched.push_back(*eventKey);
         const QString complete = text(Complete);
         if (complete != u"Complete" && complete != u"OkEvent")
-            list(*key, *verdict);
+            list(*eventKey, *verdict);
     }
 
-    void list(Key key, const ReminderVerdict& verdict)
+    void list(Key eventKey, const ReminderVerdict& verdict)
     {
-        m_found.open.push_back(
-            {key, m_events.text(u"Event"), m_events.text(u"Description"), verdict, {}, {}, {}});
-        m_links.push_back({m_events.key(u"ContactKey").value_or(0), m_events.key(u"PositionKey").value_or(0),
-                           m_events.key(u"CompanyKey").value_or(0)});
+        m_found.open.push_back({eventKey, text(Event), text(Description), verdict, {}, {}, {}});
+        m_links.push_back(
+            {key(ContactKey).value_or(0), key(PositionKey).value_or(0), key(CompanyKey).value_or(0)});
     }
 
     void nameThem()
     {
         if (m_links.size() >= manyEvents) {
-            m_contacts.know(allNames(m_dataJW, u"Contact"_s, {u"FirstName"_s, u"LastName"_s}));
-            m_positions.know(allNames(m_dataJW, u"Position"_s, {u"Title"_s}));
-            m_companies.know(allNames(m_dataJW, u"Company"_s, {u"Name"_s}));
+            m_contacts.know(eventNames(m_dataJW, u"Contact"_s, {u"FirstName"_s, u"LastName"_s}));
+            m_positions.know(eventNames(m_dataJW, u"Position"_s, {u"Title"_s}));
+            m_companies.know(eventNames(m_dataJW, u"Company"_s, {u"Name"_s}));
         }
         for (size_t i = 0; i < m_links.size(); ++i) {
             DueEvent& due = m_found.open[i];
