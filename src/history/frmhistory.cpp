@@ -92,7 +92,7 @@ bool FrmHistory::load(Key contactKey)
     m_session.trace(u"Open Contact History for "_s + QString::number(contactKey));
     m_entries = HistoryEntries(contactKey, {});
     m_selected = 0;
-    m_dirty = m_locked = m_hinted = false;
+    m_dirty = m_locked = false;
     const RecordSet contact = dataJW().getContactDataByKey(contactKey);
     if (contact.isEmpty())
         return false; // the gateway has said so

@@ -10,6 +10,7 @@
 
 #include <QHash>
 #include <QObject>
+#include <QSet>
 
 class DataJW;
 class FrmEvCal;
@@ -49,8 +50,8 @@ public:
 
     /// The screen opens. False when there is no such contact; the user has been told.
     bool load(Key contactKey);
-    /// The screen closes: what was changed is written. False when that failed and the user wants to stay and
-    /// try again; everything is then as it was before.
+    /// The screen closes: what was changed is written. False when that failed, wholly or for single entries,
+    /// and the user wants to stay and try again; all entries are then still in memory.
     bool unload();
 
     /// A row of the list was chosen: the controls take its entry, or are prepared for a new one.
@@ -86,7 +87,8 @@ private:
     [[nodiscard]] History entryTyped() const;
     [[nodiscard]] QDate dayTyped(const QString& control, QDate stored) const;
     [[nodiscard]] bool mayBeStored(const History& entry);
-    void refuseFurther();
+    void hintAtBound();
+    void refuseFurther(bool unstored);
     [[nodiscard]] bool close();
     [[nodiscard]] QString firstPosition() const;
 
@@ -98,7 +100,7 @@ private:
     int m_selected = 0;
     bool m_dirty = false;
     bool m_locked = false; ///< not all of the entries are in memory, so nothing may be written back
-    bool m_hinted = false; ///< the user knows that the slots run out
+    QSet<Key> m_hinted;    ///< contacts whose slots run out, as the user has been told
     QString m_company;
     QString m_day;  ///< DTPContact as it stood when dtpNextCall was last set by itself
     QString m_call; ///< dtpNextCall of that day

@@ -5,10 +5,12 @@
 #include "base/fieldtext.h"
 #include "base/text.h"
 #include "calendar/frmevcal.h"
+#include "history/historyclosing.h"
 #include "store/datajw.h"
 #include "store/storeerror.h"
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -85,30 +87,40 @@ void FrmHistory::cmdAddHistory()
     const History entry = entryTyped();
     if (!mayBeStored(entry))
         return;
-    m_dirty = true;
+    const bool unstored = std::exchange(m_dirty, true);
+    const int before = m_entries.count();
     if (!m_entries.put(slot, entry)) {
-        refuseFurther();
+        refuseFurther(unstored);
         return;
     }
     loadHistoryList(false);
     for (const FieldRow& row : m_form.rows())
         m_form.markClean(row.control);
     say({});
-    if (m_entries.count() != HistoryEntries::nearBound || m_hinted)
+    if (m_entries.count() > before)
+        hintAtBound();
+}
+
+void FrmHistory::hintAtBound()
+{
+    if (m_entries.count() < HistoryEntries::nearBound || m_hinted.contains(m_entries.contactKey()))
         return;
-    m_hinted = true;
+    m_hinted.insert(m_entries.contactKey());
     m_session.msgBox(tr("This contact has %1 histories now. Jobwright can work with %2 for a contact.")
                          .arg(m_entries.count())
                          .arg(HistoryEntries::bound));
 }
 
-void FrmHistory::refuseFurther()
+void FrmHistory::refuseFurther(bool unstored)
 {
+    // What was entered up to here must not wait for a closing that the user may now put off.
+    if (unstored && HistoryClosing(m_session, m_entries).write().stored)
+        emit recordsChanged();
     const StoreError failure(tr("Subscript out of range"), outOfRange, u"Jobwright"_s);
     m_session.logError(
         u"frmHistory - cmdAddHistory"_s + text::crlf +
             tr("A contact can have %1 histories, and this one has them all. What you typed is "
-               "still in the fields; the other histories are kept. Remove one that you no longer "
+               "still in the fields; the other histories are stored. Remove one that you no longer "
                "need, or put this into one that is there.")
                 .arg(HistoryEntries::bound),
         0, &failure);
