@@ -11,6 +11,9 @@
 #include "views/windowbench.h"
 #include "workbench/contactscreen.h"
 
+#include <QCheckBox>
+#include <QDateEdit>
+
 class TestTimeWalk : public QObject
 {
     Q_OBJECT
@@ -39,7 +42,15 @@ private slots:
         QCOMPARE(m_bench.cells(u"Select Event,EventDate,EventType,Complete,ContactKey,PositionKey from Event "
                                "order by EventDate"_s),
                  u"Contact Inquiry|11/23/2026|Task||1|1;Interview|11/24/2026|Event|OkEvent|0|1"_s);
-        QCOMPARE(m_bench.cells(u"Select Interview,InterviewMedium from Position"_s), u"11/24/2026|7"_s);
+        m_bench.window.reset();
+        m_bench.frm = std::make_unique<FrmData>(*m_bench.world.session, m_bench.navigator);
+        m_bench.open();
+        m_bench.press(Qt::Key_5, Qt::ControlModifier);
+        m_bench.click(u"shpLbl0"_s);
+        QCOMPARE(m_bench.text(u"txtPosition"_s), u"Planner"_s);
+        QVERIFY(m_bench.find<QCheckBox>(u"chkP8"_s)->isChecked());
+        QCOMPARE(m_bench.find<QDateEdit>(u"dtpProg8"_s)->date(), QDate(2026, 11, 24));
+        QCOMPARE(m_bench.text(u"Image18"_s), u"Phone"_s);
     }
 
 private:
@@ -73,7 +84,7 @@ private:
         m_bench.write(u"txtEvTimeS"_s, u"10:00"_s);
         m_bench.write(u"lblCompany"_s, u"acm\n"_s);
         m_bench.write(u"lblPosition"_s, u"plan\n"_s);
-        m_bench.frm->calendar().chooseFormat(u"Meeting"_s);
+        m_bench.pick(u"imgFormat"_s, u"Phone"_s);
         m_bench.click(u"cmdAdd1"_s);
         // November 2026 begins in the first cell.
         auto* from = m_bench.find<DayList>(u"lvwDay21"_s);

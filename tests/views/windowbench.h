@@ -10,6 +10,7 @@
 #include <QDragEnterEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -17,6 +18,8 @@
 #include <QSettings>
 #include <QTabBar>
 #include <QTimer>
+
+#include <algorithm>
 
 /// Bench and window. Companies are put in before open().
 class WindowBench : public Bench
@@ -82,6 +85,24 @@ public:
         return widget->property(property).toString();
     }
     void click(const QString& name) { QTest::mouseClick(find(name), Qt::LeftButton); }
+    /// Opens a button's menu and clicks one of its choices.
+    void pick(const QString& button, const QString& choice)
+    {
+        QTimer::singleShot(0, front, [choice] {
+            QMenu* menu = nullptr;
+            if (!QTest::qWaitFor(
+                    [&] { return (menu = qobject_cast<QMenu*>(QApplication::activePopupWidget())); }))
+                return QTest::qFail("no menu came up", __FILE__, __LINE__);
+            const QList<QAction*> actions = menu->actions();
+            const auto found = std::ranges::find(actions, choice, &QAction::text);
+            if (found == actions.end())
+                return menu->close(), QTest::qFail(qPrintable(u"no choice "_s + choice), __FILE__, __LINE__);
+            QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(*found).center());
+        });
+        click(button);
+        // Without a window manager the closed menu would keep the keyboard.
+        QApplication::setActiveWindow(front);
+    }
     /// Sends a text key by key to whatever has the focus; other alphabets too.
     void type(const QString& text)
     {
