@@ -7,13 +7,13 @@
 #include "store/demo.h"
 #include "store/storecheck.h"
 #include "store/storefile.h"
+#include "store/xmlfile.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QSet>
-#include <QXmlStreamReader>
 
 #include <CLI/CLI.hpp>
 
@@ -60,14 +60,12 @@ int exportFile(CommandContext& context, const QString& file, bool restore)
     return Done;
 }
 
-/// True when the file's root says that it replaces the database.
+/// True when the file replaces the database, as the import itself will see it. A file that the import will
+/// refuse replaces nothing.
 bool asksForRestore(const QString& path)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return false;
-    QXmlStreamReader xml(&file);
-    return xml.readNextStartElement() && xml.attributes().hasAttribute(QStringLiteral("Restore"));
+    CampaignFile file;
+    return file.load(path).isEmpty() && file.isRestore();
 }
 
 int importFile(CommandContext& context, const QString& file, bool agreed)

@@ -126,11 +126,12 @@ QString CampaignFile::load(const QString& path)
 
 QString CampaignFile::parse(const QString& path, bool isUtf8)
 {
-    // The document type is asked for only to be refused: a campaign file has none, and entities of its own
-    // are a way to make a small file grow without bound.
-    const pugi::xml_parse_result result = m_document.load_buffer_inplace(
-        m_bytes.data(), static_cast<size_t>(m_bytes.size()), pugi::parse_default | pugi::parse_doctype);
-    if (result.encoding == pugi::encoding_utf8 && !isUtf8)
+    // The document type and text beside the root are asked for only to be refused: a campaign file has none,
+    // and entities of its own are a way to make a small file grow without bound.
+    const pugi::xml_parse_result result =
+        m_document.load_buffer_inplace(m_bytes.data(), static_cast<size_t>(m_bytes.size()),
+                                       pugi::parse_default | pugi::parse_doctype | pugi::parse_fragment);
+    if (result.encoding != pugi::encoding_utf8 || !isUtf8)
         return say("The file %1 holds bytes that are no UTF-8 text. Save it again in the UTF-8 encoding.")
             .arg(path);
     if (!result)
@@ -140,13 +141,17 @@ QString CampaignFile::parse(const QString& path, bool isUtf8)
     int roots = 0;
     for (const pugi::xml_node& node : m_document.children()) {
         roots += node.type() == pugi::node_element ? 1 : 0;
+        if (node.type() == pugi::node_pcdata || node.type() == pugi::node_cdata)
+            return say("The file %1 is no well-formed XML: it has text outside of its root.").arg(path);
         if (node.type() == pugi::node_doctype)
             return say("The file %1 has a document type declaration, which a Jobwright file never has. "
                        "It was not read.")
                 .arg(path);
     }
-    if (roots > 1)
-        return say("The file %1 is no well-formed XML: it has more than one root.").arg(path);
+    if (roots != 1)
+        return say(roots == 0 ? "The file %1 is no well-formed XML: it has no root."
+                              : "The file %1 is no well-formed XML: it has more than one root.")
+            .arg(path);
     if (std::string_view(root().name()) != "Jobwright")
         return say("The file %1 is not a Jobwright file: its root is \"%2\" and not \"Jobwright\".")
             .arg(path, QString::fromUtf8(root().name()));

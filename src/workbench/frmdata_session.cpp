@@ -92,6 +92,9 @@ void FrmData::readSettings()
 
 void FrmData::activated()
 {
+    // Without a store each look at it ends in a box, and each box that closes activates the window again.
+    if (!m_session.dataJW().isConnected())
+        return;
     loadCompanyList();
     updateCounts();
 }
@@ -114,6 +117,8 @@ try {
 void FrmData::writeUsage()
 {
     DataJW& dataJW = m_session.dataJW();
+    if (!dataJW.isConnected())
+        return; // nobody who can only leave is held up by three more boxes
     Action action(dataJW);
     const auto write = [&](const QString& name, const QString& value) {
         dataJW.execQuery(u"INSERT INTO Status(StatusDescription,StatusDate,StatusValue) VALUES ('" + name +

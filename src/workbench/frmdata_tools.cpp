@@ -163,7 +163,9 @@ void FrmData::fileExport()
     // Nothing written has been reported already, and must not be followed by the good news.
     if (m_session.dataJW().createXML(name, false).isEmpty())
         return;
-    showMessage(tr("Data has been exported to ") + QDir::toNativeSeparators(m_session.file(name)));
+    // The setting may name a place of its own.
+    const QString written = QFileInfo(name).isAbsolute() ? name : m_session.file(name);
+    showMessage(tr("Data has been exported to ") + QDir::toNativeSeparators(written));
 }
 
 void FrmData::restoreData()

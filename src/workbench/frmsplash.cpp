@@ -45,9 +45,7 @@ void FrmSplash::tick()
     m_form.setText(u"lblTimer"_s, QString::number(m_counter));
     if (m_counter <= lastTick)
         return;
-    m_timerEnabled = false;
-    unload();
-    m_session.trace(u"frmSplash - Timer_Unload"_s);
+    endNow();
 }
 
 void FrmSplash::formClick()
@@ -74,14 +72,17 @@ void FrmSplash::image1Click()
 
 void FrmSplash::endNow()
 {
-    m_timerEnabled = false;
+    // A key and the click that goes with it may both come in: the splash ends once only.
+    if (m_session.splashClosed)
+        return;
     m_counter = lastTick + 1;
     unload();
+    // The line of the loop's end, whatever ended it.
+    m_session.trace(u"frmSplash - Timer_Unload"_s);
 }
 
 void FrmSplash::unload()
 {
-    // A key and the click that goes with it may both come in: the screen unloads once only.
     if (m_session.splashClosed)
         return;
     m_timerEnabled = false;

@@ -231,6 +231,12 @@ private slots:
         QTemporaryDir folder;
         const QString file = folder.path() + u"/out.xml";
         QCOMPARE(run(demo(), {u"export"_s, file, u"--restore"_s}).status, 0);
+        // The question comes for whatever the import takes, a line too many before the head included.
+        QFile exported(file);
+        QVERIFY(exported.open(QIODevice::ReadWrite));
+        const QByteArray text = '\n' + exported.readAll();
+        QVERIFY(exported.seek(0) && exported.write(text) == text.size());
+        exported.close();
         const QString fresh = folder.path() + u"/fresh";
         const Outcome unasked = run(fresh, {u"import"_s, file});
         QCOMPARE(unasked.status, 1);

@@ -40,7 +40,9 @@ private slots:
         row("doctype.xml", "document type");
         row("external.xml", "document type");
         row("encoding.xml", "Save it again in the UTF-8 encoding");
+        row("utf16.xml", "no UTF-8 text");
         row("zerobyte.xml", "no UTF-8 text");
+        row("textbefore.xml", "text outside of its root");
         row("doublecompany.xml", "Two records of the table Company have the same key \"1\"");
         row("doublecontact.xml", "Two records of the table Contact have the same key \"x\"");
         row("doubleattribute.xml", "an element Record has the attribute Name twice (line 2)");

@@ -57,6 +57,24 @@ private slots:
         QCOMPARE(bench.world.session->sessionStart, QTime(14, 5, 9));
     }
 
+    void withoutAStoreTheUserCanLeave()
+    {
+        World world;
+        NotedNavigator navigator;
+        QVERIFY(QFile::resize(world.session->databasePath(), 100));
+        world.session->releaseDataJW();
+        world.prompts.acceptAll(Answer::Ok);
+        FrmData frm(*world.session, navigator);
+        QVERIFY(frm.load());
+        QVERIFY(world.prompts.asked().first().contains(u"is damaged"_s));
+        QCOMPARE(frm.companyList(), QStringList(u"<New>"_s));
+        // Each box that closes activates the window: were there another one then, it would never end.
+        const qsizetype asked = world.prompts.asked().size();
+        frm.activated();
+        frm.unload();
+        QCOMPARE(world.prompts.asked().size(), asked);
+    }
+
     void settingsAreReadAndMended_data()
     {
         // settings: the interval, whether it saves by itself, the interval stored

@@ -44,7 +44,7 @@ private slots:
             QCOMPARE(closed.count(), 1);
             QCOMPARE(splash.counter(), 101);
             QVERIFY(world.opLog().contains(byLabel ? u"frmSplash - Form_Load" : u"frmSplash - Form_Unload"));
-            QVERIFY(!world.opLog().contains(u"Timer_Unload"));
+            QCOMPARE(world.opLog().count(u"frmSplash - Timer_Unload"_s), 1);
             QCOMPARE(world.opLog().count(u"frmSplash - Form_Unload"_s), 1);
         }
     }
