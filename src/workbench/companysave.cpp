@@ -40,7 +40,14 @@ bool CompanyScreen::replacementAgreed(Key oldKey, const QString& title)
     // Companies are found by their names. A second one of the same name could be reached no more, and the
     // contacts and positions of this one would go to the other.
     const QString selected = m_workbench.selection().selectedCompanyName();
-    if (text::isUnsaved(selected) || selected.compare(text::quoteFix(title), Qt::CaseInsensitive) == 0)
+    // Somebody who enters a new company may not know that it is there, and its notes would be gone.
+    if (text::isUnsaved(selected))
+        return m_workbench.showMessage(
+                   tr("A company called \"%1\" is in the database already. Replace it with what stands on "
+                      "this screen?")
+                       .arg(title),
+                   Buttons::YesNoDefaultNo, tr("Replace Company")) == Answer::Yes;
+    if (selected.compare(text::quoteFix(title), Qt::CaseInsensitive) == 0)
         return true;
     const Key sameName = m_workbench.session().dataJW().getCompanyKey(text::quoteFix(title));
     if (sameName == 0 || sameName == oldKey)

@@ -32,12 +32,13 @@ private slots:
     {
         WindowBench bench;
         for (const auto& name : {u"Big Data North"_s, u"Data"_s, u"Northmoor"_s, u"Software House"_s,
-                                 u"Blue Ware"_s, u"Größling"_s})
+                                 u"Blue Ware"_s, u"O`Hara"_s, u"Größling"_s})
             bench.addCompany(name);
         bench.open();
-        // The same name before a longer one, a beginning before a word, a word before a middle, anywhere.
+        // The same name before a longer one, a beginning before a word, a word before a middle, anywhere; an
+        // apostrophe as it is typed.
         for (const QString& pair : {u"data=Data"_s, u"north=Northmoor"_s, u"ware=Blue Ware"_s,
-                                    u"tware ho=Software House"_s, u"ößling=Größling"_s}) {
+                                    u"o'h=O`Hara"_s, u"tware ho=Software House"_s, u"ößling=Größling"_s}) {
             bench.find(pair.section(u'=', 0, 0), Qt::Key_Return);
             QCOMPARE(bench.frm->selection().selectedCompanyName(), pair.section(u'=', 1));
             QCOMPARE(bench.selector()->currentText(), pair.section(u'=', 1));

@@ -77,10 +77,14 @@ private slots:
         QCOMPARE(bench.owners(), u"0;2;3 0;2;3 0;2;3 0;2;3 0;2;3"_s);
         // The delete leaves its trail.
         QVERIFY(bench.world.errorLog().contains(u"Delete * from Company where CompanyKey=1"_s));
-        // A new entry that takes a known name replaces it too.
+        // A new entry that takes a known name replaces it too, when that is meant.
         bench.choose(u"<New>"_s);
         bench.type(u"txtTitle"_s, u"acme"_s);
-        bench.company().cmdUpdate1();
+        for (const Answer answer : {Answer::No, Answer::Yes}) {
+            QCOMPARE(bench.companies(), u"2|Bolt|Tools|11/1/2026;3|Acme|Tools|3/5/2024"_s);
+            bench.world.prompts.expect(u"\"acme\" is in the database already"_s, answer);
+            bench.company().cmdUpdate1();
+        }
         QCOMPARE(bench.companies(), u"2|Bolt|Tools|11/1/2026;4|acme||3/5/2024"_s);
     }
 

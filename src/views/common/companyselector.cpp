@@ -1,5 +1,7 @@
 #include "views/common/companyselector.h"
 
+#include "base/text.h"
+
 #include <QAbstractItemView>
 #include <QCompleter>
 #include <QFocusEvent>
@@ -14,6 +16,18 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int shownMatches = 14;
+
+/// Completes a typed name as the store holds it, which knows no apostrophes.
+class NameCompleter : public QCompleter
+{
+public:
+    using QCompleter::QCompleter;
+
+    [[nodiscard]] QStringList splitPath(const QString& typed) const override
+    {
+        return {text::quoteFix(typed)};
+    }
+};
 
 /// A list that asks one row for its height and believes it for all; measuring fifteen thousand names takes
 /// seconds.
@@ -61,7 +75,7 @@ CompanySelector::CompanySelector(QWidget* parent)
     setView(quickList(this));
     setModel(&m_names);
 
-    m_completer = new QCompleter(&m_names, this);
+    m_completer = new NameCompleter(&m_names, this);
     m_completer->setPopup(quickList(nullptr));
     m_completer->setFilterMode(Qt::MatchContains);
     m_completer->setCaseSensitivity(Qt::CaseInsensitive);
@@ -95,7 +109,7 @@ void CompanySelector::showChosen(const QString& name)
 
 QString CompanySelector::bestMatch(const QString& typed) const
 {
-    const QString wanted = typed.trimmed();
+    const QString wanted = text::quoteFix(typed.trimmed());
     if (wanted.isEmpty())
         return {};
     QString best;
@@ -190,7 +204,7 @@ void CompanySelector::focusOutEvent(QFocusEvent* event)
 
 void CompanySelector::settle()
 {
-    const QString typed = currentText().trimmed();
+    const QString typed = text::quoteFix(currentText().trimmed());
     emit typing();
     if (typed.compare(m_chosen, Qt::CaseInsensitive) == 0) {
         showChosen(m_chosen);
