@@ -7,6 +7,7 @@
 #include "base/clock.h"
 #include "desktop/desktopprompts.h"
 #include "desktop/desktopservices.h"
+#include "desktop/endrequests.h"
 #include "desktop/printing.h"
 #include "store/appfolder.h"
 #include "store/copies.h"
@@ -158,6 +159,7 @@ int runWorkbench(Session& session, InstanceLock& lock, const StartOptions& optio
     screens.setWindow(window);
     const PrintDesk printDesk(workbench, window);
     window.show();
+    const EndRequests endRequests(window);
     if (options.exitWhenShown) {
         exitWhenDrawn(window, lock);
         return QApplication::exec();

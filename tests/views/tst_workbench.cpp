@@ -1,10 +1,13 @@
 // The workbench's window with keys and mouse on a real store.
+#include "desktop/endrequests.h"
 #include "support/table.h"
 #include "views/windowbench.h"
 
 #include <QSplitter>
 #include <QToolBar>
 #include <QTreeView>
+
+#include <csignal>
 
 namespace {
 
@@ -161,6 +164,19 @@ private slots:
         bench.world.restart();
         QCOMPARE(bench.industry(), u"Rails"_s);
         QVERIFY(!bench.cells(u"Select StatusValue from Status where StatusDescription='MinLog'"_s).isEmpty());
+    }
+
+    void endFromTheSystemStoresTheFieldBeingTyped()
+    {
+        AcmeWindow bench;
+        const EndRequests endRequests(*bench.window);
+        bench.enter(u"txtIndustry"_s, u"Rails"_s);
+        QDialog before(bench.window.get());
+        before.open();
+        QCOMPARE(std::raise(SIGTERM), 0);
+        QTRY_VERIFY(!bench.window->isVisible());
+        QVERIFY(!before.isVisible());
+        QCOMPARE(bench.industry(), u"Rails"_s);
     }
 
     void inputDuringImportDoesNotReachTheWorkbench()
