@@ -2,7 +2,7 @@
 #pragma once
 
 #include "calendar/frmevcal.h"
-#include "calendar/screenbench.h"
+#include "support/screenbench.h"
 
 #include <QSignalSpy>
 
@@ -20,7 +20,7 @@ public:
         run(u"Insert into Position(Title,CompanyKey) Values('Engineer',1)"_s);
     }
 
-    FrmEvCal calendar{*world.session, doors};
+    FrmEvCal calendar{*world.session, navigator};
 
     /// What the controls show, with "|" between them.
     QString shown(const QString& controls)

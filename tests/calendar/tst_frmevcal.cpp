@@ -435,7 +435,7 @@ private slots:
         CalendarBench bench;
         bench.addEvent(u"3/9/2027"_s, u"10:30 AM"_s);
         QStringList seen;
-        bench.doors.whileOpen = [&] {
+        bench.navigator.whileOpen = [&] {
             bench.calendar.load();
             seen += bench.shown(u"lblMonth"_s) +
                     (bench.calendar.isFrameOpen() ? bench.calendar.frameDate().toString(u" M/d"_s) : u""_s);
@@ -445,7 +445,7 @@ private slots:
         bench.world.prompts.expect(u"This entry is no longer in the calendar."_s);
         bench.calendar.showEvent(77);
         QCOMPARE(seen, (QStringList{u"March 2027 3/9"_s, u"November 2026"_s}));
-        QCOMPARE(bench.doors.opened, (QStringList{u"FrmEvCal"_s, u"FrmEvCal"_s}));
+        QCOMPARE(bench.navigator.opened, (QStringList{u"FrmEvCal"_s, u"FrmEvCal"_s}));
         bench.calendar.reload(); // a shut calendar paints nothing
         QVERIFY(!bench.calendar.isFrameOpen());
     }
@@ -456,7 +456,7 @@ private slots:
         bench.addEvent(u"11/24/2026"_s, u"10:30 AM"_s);
         bench.addEvent(u"12/3/2026"_s, u"9:00 AM"_s, u"Referral"_s);
         bool second = false;
-        bench.doors.whileOpen = [&] { second = true; };
+        bench.navigator.whileOpen = [&] { second = true; };
         bench.calendar.load();
         bench.calendar.openEntry(u"EV1"_s);
         bench.type(u"txtEvDescription"_s, u"typed"_s);
@@ -610,7 +610,7 @@ private slots:
         QHash<QString, QString> named;
         for (int i = 0; i < 7; ++i)
             named.insert(u"H%1"_s.arg(i), values.section(u'|', i, i));
-        bench.doors.whileOpen = [&] {
+        bench.navigator.whileOpen = [&] {
             bench.calendar.load();
             QVERIFY(bench.calendar.isNewEntry() && bench.calendar.isFrameDirty());
             QCOMPARE(bench.shown(u"chkTask"_s), u"1"_s);

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "calendar/frmevcal.h"
-#include "calendar/screenbench.h"
 #include "history/frmhistory.h"
+#include "support/screenbench.h"
 
 /// Ann Lee at Acme, and short ways to put in and to look at what belongs to her.
 class HistoryBench : public ScreenBench
@@ -22,7 +22,7 @@ public:
             "CompanyKey) Values('Ann','Lee','Buyer',1,'10010001','mornings','12/31/1999',1)"_s);
     }
 
-    FrmEvCal calendar{*world.session, doors};
+    FrmEvCal calendar{*world.session, navigator};
     FrmHistory history{*world.session, calendar};
     const Key ann;
 

@@ -304,7 +304,7 @@ private slots:
         bench.run(u"Update Position set ContactList='11'"_s);
         QCOMPARE(handed().section(u'|', 2, 2), u"NONE"_s);
         bench.history.cmdAddEvent();
-        QCOMPARE(bench.doors.opened, QStringList{u"FrmEvCal"_s});
+        QCOMPARE(bench.navigator.opened, QStringList{u"FrmEvCal"_s});
         QVERIFY(bench.world.opLog().contains(u"Open Calendar Screen"_s));
     }
 };
