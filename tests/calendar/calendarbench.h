@@ -23,13 +23,7 @@ public:
     FrmEvCal calendar{*world.session, navigator};
 
     /// What the controls show, with "|" between them.
-    QString shown(const QString& controls)
-    {
-        QStringList texts;
-        for (const QString& control : controls.split(u' '))
-            texts.append(calendar.form().text(control));
-        return texts.join(u'|');
-    }
+    QString shown(const QString& controls) { return shownIn(calendar.form(), controls); }
     /// Puts an entry in; time as "10:30 AM", "" for none.
     void addEvent(const QString& date, const QString& time, const QString& name = u"Interview"_s,
                   const QString& type = u"Event"_s, const QString& complete = {})
