@@ -187,6 +187,11 @@ private slots:
         bench.calendar.cmdAdd1();
         QVERIFY(bench.world.prompts.done());
         QCOMPARE(bench.chips().contains(u"9:00 Other Event"_s), kept);
+        if (kept) { // and dropped too far away
+            bench.expect(u"The entry is saved, but the calendar does not show it"_s);
+            bench.calendar.dropOn(bench.calendar.cells()[21].chips.at(0).key, {2040, 1, 1});
+            QVERIFY(bench.world.prompts.done());
+        }
         QVERIFY(bench.tasks().contains(u"Update portfolio"_s));
         QCOMPARE(bench.rows(u"Event"_s), 1007);
     }
