@@ -2,7 +2,7 @@
 #pragma once
 
 #include "calendar/frmevcal.h"
-#include "calendar/screenbench.h"
+#include "support/screenbench.h"
 
 #include <QSignalSpy>
 
@@ -20,16 +20,10 @@ public:
         run(u"Insert into Position(Title,CompanyKey) Values('Engineer',1)"_s);
     }
 
-    FrmEvCal calendar{*world.session, doors};
+    FrmEvCal calendar{*world.session, navigator};
 
     /// What the controls show, with "|" between them.
-    QString shown(const QString& controls)
-    {
-        QStringList texts;
-        for (const QString& control : controls.split(u' '))
-            texts.append(calendar.form().text(control));
-        return texts.join(u'|');
-    }
+    QString shown(const QString& controls) { return shownIn(calendar.form(), controls); }
     /// Puts an entry in; time as "10:30 AM", "" for none.
     void addEvent(const QString& date, const QString& time, const QString& name = u"Interview"_s,
                   const QString& type = u"Event"_s, const QString& complete = {})

@@ -2,7 +2,7 @@
 #include "base/dates.h"
 #include "calendar/frmevcal.h"
 #include "calendar/frmreminder.h"
-#include "calendar/screenbench.h"
+#include "support/screenbench.h"
 #include "support/table.h"
 
 #include <QSignalSpy>
@@ -20,7 +20,7 @@ struct Desk : ScreenBench
     Desk() { begin(); }
     void begin()
     {
-        calendar = std::make_unique<FrmEvCal>(*world.session, doors);
+        calendar = std::make_unique<FrmEvCal>(*world.session, navigator);
         frm = std::make_unique<FrmReminder>(*world.session, *calendar);
         world.session->reminderInterval = 10;
         frm->load();

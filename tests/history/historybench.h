@@ -2,8 +2,8 @@
 #pragma once
 
 #include "calendar/frmevcal.h"
-#include "calendar/screenbench.h"
 #include "history/frmhistory.h"
+#include "support/screenbench.h"
 
 /// Ann Lee at Acme, and short ways to put in and to look at what belongs to her.
 class HistoryBench : public ScreenBench
@@ -22,7 +22,7 @@ public:
             "CompanyKey) Values('Ann','Lee','Buyer',1,'10010001','mornings','12/31/1999',1)"_s);
     }
 
-    FrmEvCal calendar{*world.session, doors};
+    FrmEvCal calendar{*world.session, navigator};
     FrmHistory history{*world.session, calendar};
     const Key ann;
 
@@ -51,24 +51,35 @@ public:
     }
     void open() { QVERIFY(history.load(ann)); }
     void close() { QVERIFY(history.unload()); }
+    /// Presses the button for a removal, and answers the question when there must be one.
+    void remove(const QString& question = {}, Answer answer = Answer::Ok)
+    {
+        if (!question.isEmpty())
+            expect(question, answer);
+        history.cmdRemoveHistory();
+    }
     void choose(int slot) { history.lvwHistoryClick(slot - 1); }
     void type(const QString& control, const QString& text)
     {
         history.form().edit(control, text);
         history.fieldChanged(control);
     }
+    /// Several: "control=text" each.
+    void typeAll(const QStringList& edits)
+    {
+        for (const QString& each : edits)
+            type(each.section(u'=', 0, 0), each.section(u'=', 1));
+    }
     /// Chooses a slot and takes over a day, a topic, a return and whether a document was given.
     void put(int slot, const QString& isoDay, const QString& topic, const QString& follows = {},
              const QString& document = u"0"_s)
     {
         choose(slot);
-        type(u"DTPContact"_s, isoDay);
-        type(u"txtTopic"_s, topic);
-        type(u"cmbReturn"_s, follows);
-        type(u"chkDoxGiven"_s, document);
+        typeAll({u"DTPContact="_s + isoDay, u"txtTopic="_s + topic, u"cmbReturn="_s + follows,
+                 u"chkDoxGiven="_s + document});
         history.cmdAddHistory();
     }
-    [[nodiscard]] QString shown(const QString& control) { return history.form().text(control); }
+    QString shown(const QString& controls) { return shownIn(history.form(), controls); }
     /// The topics in the list, "<New>" left out.
     QString listed()
     {

@@ -36,7 +36,7 @@ public:
     QString makeFile(const QString& name)
     {
         QFile file(world.folder.filePath(name));
-        if (!file.open(QIODevice::WriteOnly))
+        if (!file.open(QIODevice::WriteOnly) || file.write("content") < 0)
             QTest::qFail(qPrintable(name), __FILE__, __LINE__);
         return file.fileName();
     }
@@ -63,24 +63,40 @@ class TestDocumentView : public QObject
     Q_OBJECT
 
 private slots:
-    void chosenFileIsAddedShownAndViewed()
+    void chosenFileIsAddedOnceViewedAndNeverTouched()
     {
-        DocumentWindow bench;
-        const QString path = bench.makeFile(u"cv.pdf"_s);
+        DocumentWindow bench({u"a.pdf"_s});
+        bench.choose(0);
+        const QString path = bench.makeFile(u"Ann's cv.pdf"_s);
+        const QDateTime changed = QFileInfo(path).lastModified();
         bench.world.prompts.expectFile(u"Jobwright - Select Document"_s, path);
         bench.press(Qt::Key_L, Qt::AltModifier);
         // A button's letter presses it for a while.
-        QTRY_COMPARE(bench.text(u"txtFileName"_s), u"cv.pdf"_s);
+        QTRY_COMPARE(bench.text(u"txtFileName"_s), u"Ann's cv.pdf"_s);
         QCOMPARE(bench.find<QDateEdit>(u"dtpEntry"_s)->date(), QDate::currentDate());
+        QVERIFY(bench.text(u"txtVersion"_s).isEmpty() && !bench.find<QRadioButton>(u"opt2"_s)->isChecked());
+        QCOMPARE(bench.data().getStatusValue(u"DocumentDirectory"_s), bench.world.folder.path());
         bench.enter(u"txtVersion"_s, u"3.2"_s);
         bench.press(Qt::Key_A, Qt::AltModifier);
-        QTRY_COMPARE(bench.cells(u"Select Document,Version,Type from Document"_s), u"cv.pdf|3.2|Resume"_s);
-        QCOMPARE(bench.tree()->currentIndex().data().toString(), u"cv.pdf"_s);
+        const QString both = u"a.pdf|1.0|Cover;Ann`s cv.pdf|3.2|Resume"_s;
+        QTRY_COMPARE(bench.cells(u"Select Document,Version,Type from Document"_s), both);
+        QCOMPARE(bench.tree()->currentIndex().data().toString(), u"Ann`s cv.pdf"_s);
         QVERIFY(bench.find<QRadioButton>(u"opt1"_s)->isChecked());
+        for (const QString& again : {path, bench.makeFile(u"ANN`S CV.PDF"_s)}) {
+            bench.drop(QUrl::fromLocalFile(again), Qt::CopyAction);
+            bench.expect(u"Document already in list."_s);
+            bench.click(u"cmdAddDoc1"_s);
+        }
+        // The stored path holds a backquote, and the file with the apostrophe is found all the same.
+        bench.choose(1);
         bench.press(Qt::Key_V, Qt::AltModifier);
         QTRY_COMPARE(bench.world.desktop.opened, QStringList{path});
-        QTest::mouseDClick(bench.tree()->viewport(), Qt::LeftButton, {}, bench.choose(0));
+        QTest::mouseDClick(bench.tree()->viewport(), Qt::LeftButton, {}, bench.choose(1));
         QCOMPARE(bench.world.desktop.opened, (QStringList{path, path}));
+        bench.click(u"cmdRemoveDoc1"_s);
+        QCOMPARE(bench.cells(u"Select Document from Document"_s), u"a.pdf"_s);
+        QCOMPARE(bench.world.fileText(u"Ann's cv.pdf"_s), u"content"_s);
+        QCOMPARE(QFileInfo(path).lastModified(), changed);
     }
 
     void fieldIsSavedBeforeAnotherDocumentIsShown()

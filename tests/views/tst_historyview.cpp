@@ -21,7 +21,7 @@ public:
         run(u"Insert into Position(Title,CompanyKey,ContactList) Values('Planner',1,'1')"_s);
         addHistory(u"1"_s, u"10/1/2026"_s, u"Met at the fair"_s, u"10/8/2026"_s);
         addHistory(u"2"_s, u"10/5/2026"_s, u"Wrote"_s, u"12/31/1999"_s);
-        addHistory(u"3"_s, u"10/9/2026"_s, u"Called"_s, u"12/1/2026"_s);
+        addHistory(u"3"_s, u"10/9/2026"_s, u"Called"_s, u"11/22/2026"_s); // today, and not overdue
         open();
         choose(u"Acme"_s);
         showAnn();

@@ -2,45 +2,9 @@
 #pragma once
 
 #include "base/dates.h"
-#include "support/world.h"
+#include "support/screenbench.h"
 #include "workbench/companyscreen.h"
 #include "workbench/frmdata.h"
-
-#include <functional>
-
-using namespace Qt::StringLiterals;
-
-/// Notes which screens were asked for; has those that a test gives it.
-class NotedNavigator : public Navigator
-{
-public:
-    bool hasAll = true;
-    QStringList has; ///< beside hasAll
-    QStringList opened;
-    QList<int> helped;
-    std::function<void()> whileOpen;
-
-    [[nodiscard]] bool hasScreen(const QString& screen) const override
-    {
-        return hasAll || has.contains(screen);
-    }
-    void openScreen(const QString& screen) override
-    {
-        opened.append(screen);
-        if (whileOpen)
-            whileOpen();
-    }
-    void openHelp(int contextId) override { helped.append(contextId); }
-};
-
-/// The values of these controls, set apart by blanks in the names and by "|" in the answer.
-inline QString shownIn(const Form& form, const QString& controls)
-{
-    QStringList values;
-    for (const QString& control : controls.split(u' '))
-        values.append(form.text(control));
-    return values.join(u'|');
-}
 
 /// Changes a control as a view reports it.
 template<class Screen> void editIn(Screen& screen, const QString& control, const QString& text)
@@ -50,23 +14,23 @@ template<class Screen> void editIn(Screen& screen, const QString& control, const
     screen.fieldChanged(control);
 }
 
-/// World, navigator and main screen, with short ways to put records in and to look at them.
-class Bench
+/// Changes several: "control=text" each.
+template<class Screen> void editAll(Screen& screen, const QStringList& edits)
+{
+    for (const QString& each : edits)
+        editIn(screen, each.section(u'=', 0, 0), each.section(u'=', 1));
+}
+
+/// The main screen, with short ways to put its records in and to use it.
+class Bench : public ScreenBench
 {
 public:
-    explicit Bench(const QDateTime& now = QDateTime(QDate(2026, 11, 22), QTime(9, 30)))
-        : world(now)
-        , frm(std::make_unique<FrmData>(*world.session, navigator))
-    {
-    }
+    using ScreenBench::ScreenBench;
 
-    World world;
-    NotedNavigator navigator;
-    std::unique_ptr<FrmData> frm;
+    std::unique_ptr<FrmData> frm = std::make_unique<FrmData>(*world.session, navigator);
 
     CompanyScreen& company() { return frm->companyScreen(); }
-    DataJW& data() { return world.data(); }
-    void run(const QString& statement) { QVERIFY2(data().execQuery(statement), qPrintable(statement)); }
+    Selection& selection() { return frm->selection(); }
     /// Puts in an address (found again by its city) and a company on it; answers the company's key.
     Key addCompany(const QString& name, const QString& entryDate = u"11/1/2026"_s)
     {
@@ -84,13 +48,19 @@ public:
         run(u"Insert into Contact(FirstName,LastName,LastContact,CompanyKey) Values('"_s + first + u"','" +
             last + u"','" + reached + u"'," + QString::number(company) + u')');
     }
-    QString cells(const QString& statement) { return world.cells(statement); } ///< As World::cells.
-    int rows(const QString& table) { return data().getCount(table, true); }
     /// Chooses a company as the user does.
     void choose(const QString& name) { frm->cmbSelectionClick(name); }
     /// Types into a field of the Company screen as a view reports it.
     void type(const QString& control, const QString& text) { editIn(company(), control, text); }
     QString shown(const QString& controls) { return shownIn(company().form(), controls); }
+    /// Key and name of the company, the selector's list, the counts, and whether something is unsaved.
+    QString shell()
+    {
+        const QString key = QString::number(selection().currentCompanyKey);
+        return QStringList{key, selection().selectedCompanyName(), frm->companyList().join(u','),
+                           frm->countsPanel(), frm->procVisible() ? frm->procText() : QString()}
+            .join(u'|');
+    }
     /// The frames that can be seen, joined with ",".
     QString visibleFrames()
     {
@@ -102,13 +72,26 @@ public:
         }
         return visible.join(u',');
     }
-    /// The statements that @p act sends.
-    QStringList statements(const std::function<void()>& act)
-    {
-        QStringList sent;
-        data().database().setInterceptor([&](QStringView statement) { sent.append(statement.toString()); });
-        act();
-        data().database().setInterceptor({});
-        return sent;
-    }
 };
+
+/// Types into every field of an open screen that saves itself, and leaves it twice. The first leaving must
+/// write the field's column "where" so, the second nothing. Answers the columns.
+template<class Screen>
+QString columnsLeft(Bench& bench, Screen& screen, const QString& table, const QString& where)
+{
+    QStringList columns;
+    for (const FieldRow& row : screen.form().rows()) {
+        if (row.save != SaveOn::Leave || row.control.startsWith(u"chk"))
+            continue;
+        editIn(screen, row.control, u"it's\nhard\r'); Delete"_s);
+        const QString proc = bench.frm->procVisible() ? bench.frm->procText() : QString();
+        const auto leave = [&] { return bench.statements([&] { screen.fieldLeft(row.control); }); };
+        const QString wanted =
+            u"Update " + table + u" set " + row.column + u"='it`s\r\nhard\r\n`); Delete' where " + where;
+        if (proc != u"Update " + table || leave().filter(u"Update "_s) != QStringList{wanted} ||
+            bench.frm->procVisible() || !leave().isEmpty())
+            QTest::qFail(qPrintable(row.control), __FILE__, __LINE__);
+        columns.append(row.column);
+    }
+    return columns.join(u' ');
+}

@@ -35,16 +35,27 @@ public:
     }
     void typeContact(const QString& control, const QString& text) { editIn(contact(), control, text); }
     QString shownContact(const QString& controls) { return shownIn(contact().form(), controls); }
-    QStringList others()
+    QString people() { return contact().form().items(u"cmbContacts"_s).join(u','); }
+    QString others()
     {
-        return contact().tvwOtherContact().texts(contact().tvwOtherContact().index(0, 0));
+        return contact().tvwOtherContact().texts(contact().tvwOtherContact().index(0, 0)).join(u',');
     }
-    QStringList documents() { return contact().tvwDocument().texts(contact().tvwDocument().index(0, 0)); }
-    Key current() { return frm->selection().currentContactKey; }
-    /// Saves and answers the message about the end.
+    QString documents()
+    {
+        return contact().tvwDocument().texts(contact().tvwDocument().index(0, 0)).join(u',');
+    }
+    /// Who points to whom: position, colleague Bob, events, histories.
+    QString references()
+    {
+        return cells(u"Select ContactList from Position"_s) + u' ' +
+               cells(u"Select ContactList from Contact where FirstName='Bob'"_s) + u' ' +
+               cells(u"Select ContactKey from Event"_s) + u' ' + cells(u"Select HistoryKey from History"_s);
+    }
+    Key current() { return selection().currentContactKey; }
+    /// Saves and expects the message about the end.
     void save(const QString& name)
     {
-        world.prompts.expect(u"Update of "_s + name + u" is complete.");
+        expect(u"Update of "_s + name + u" is complete.");
         contact().cmdUpdateContact1();
     }
 };

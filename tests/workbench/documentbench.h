@@ -31,7 +31,7 @@ public:
     }
     void edit(const QString& control, const QString& text) { editIn(screen(), control, text); }
     QString value(const QString& controls) { return shownIn(screen().form(), controls); }
-    QStringList listed() { return screen().tvwDocs().texts(screen().tvwDocs().index(0, 0)); }
+    QString listed() { return screen().tvwDocs().texts(screen().tvwDocs().index(0, 0)).join(u','); }
     /// Who holds what, each key read as its document's name: "Ann: cv.pdf+note.txt, Bob: ".
     QString holdings()
     {
@@ -46,13 +46,20 @@ public:
         return people.join(u", "_s);
     }
     /// A file of the world's folder.
-    QString makeFile(const QString& name, const QByteArray& content = "x")
+    QString makeFile(const QString& name)
     {
         const QString path = world.folder.filePath(name);
         QDir().mkpath(QFileInfo(path).path());
         QFile file(path);
-        if (!file.open(QIODevice::WriteOnly) || file.write(content) < 0)
+        if (!file.open(QIODevice::WriteOnly) || file.write("content") < 0)
             QTest::qFail(qPrintable(path), __FILE__, __LINE__);
+        return path;
+    }
+    /// Drops a new file of that name on the screen.
+    QString drop(const QString& name)
+    {
+        const QString path = makeFile(name);
+        screen().filesDropped({path});
         return path;
     }
 };

@@ -1,47 +1,7 @@
-// Store calls that fail on purpose.
+// Actions that are swept: tried with each of their store calls failing, and on a full disk.
 #pragma once
 
 #include "workbench/bench.h"
-
-#include <sqlite3.h>
-
-#include <functional>
-
-/// Lets the i-th statement of @p act fail; answers its text, "" when there were fewer.
-inline QString failing(Bench& bench, size_t i, const std::function<void()>& act)
-{
-    QString failed;
-    size_t count = 0;
-    bench.data().database().setInterceptor([&](QStringView statement) {
-        if (count++ != i)
-            return;
-        failed = statement.toString();
-        throw StoreError(u"failed on purpose"_s, 1, u"test"_s);
-    });
-    act();
-    bench.data().database().setInterceptor({});
-    return failed;
-}
-
-/// Lets every statement of @p act that begins so fail, from its @p which-th on.
-inline void failingAt(Bench& bench, const QString& beginning, const std::function<void()>& act, int which = 1)
-{
-    int count = 0;
-    bench.data().database().setInterceptor([&](QStringView statement) {
-        if (statement.startsWith(beginning) && ++count >= which)
-            throw StoreError(u"failed on purpose"_s, 1, u"test"_s);
-    });
-    act();
-    bench.data().database().setInterceptor({});
-}
-
-/// Lets the store grow by no page more than it has, as on a full disk, or lifts that again.
-inline void setDiskFull(Bench& bench, bool full)
-{
-    sqlite3_exec(bench.data().database().handle(),
-                 full ? "PRAGMA max_page_count=1" : "PRAGMA max_page_count=1000000", nullptr, nullptr,
-                 nullptr);
-}
 
 /// A store call of an action, and what is left when it and no other has failed.
 struct Fault
@@ -50,7 +10,28 @@ struct Fault
     QString left;
 };
 
-/// An action that is tried once for each of its store calls, with that call failing.
+/// Tries @p act once for each of its store calls, with that call failing, and once more with none failing.
+/// @p check gets the bench and the call that failed, which is in the log unless it only reads.
+template<class B>
+void anyStep(const std::function<void(B&)>& furnish, const std::function<void(B&)>& act,
+             const std::function<void(B&, const QString&)>& check)
+{
+    QString failed = u"-"_s;
+    for (int i = 0; !failed.isEmpty(); ++i) {
+        B bench;
+        furnish(bench);
+        failed = bench.failing(i, [&] { act(bench); });
+        const QByteArray place = QString(QString::number(i) + u' ' + failed).toUtf8();
+        QVERIFY2(failed.isEmpty() || failed.startsWith(u"Select") ||
+                     bench.world.errorLog().contains(QString(u"Query: " + failed)),
+                 place);
+        check(bench, failed);
+        if (QTest::currentTestFailed())
+            QFAIL(place);
+    }
+}
+
+/// A save whose every store call has a known effect when it fails.
 template<class B> struct Sweep
 {
     std::function<void(B&)> furnish;
@@ -63,26 +44,17 @@ template<class B> struct Sweep
 
     void run() const
     {
-        for (size_t i = 0;; ++i) {
-            B bench;
-            furnish(bench);
-            const QString failed = failing(bench, i, [&] { act(bench); });
-            const QString found = state(bench);
-            const QByteArray place = QString(QString::number(i) + u' ' + failed + u": " + found).toUtf8();
-            if (i >= faults.size()) {
-                QVERIFY2(found == after && (failed.isEmpty() || failed.startsWith(u"Select")), place);
-                if (failed.isEmpty())
-                    return;
-                continue;
+        size_t step = 0;
+        anyStep<B>(furnish, act, [&](B& bench, const QString& failed) {
+            if (const size_t i = step++; i < faults.size()) {
+                QVERIFY(failed.startsWith(faults[i].statement));
+                QCOMPARE(state(bench), faults[i].left);
+                mend(bench);
+            } else {
+                QVERIFY(failed.isEmpty() || failed.startsWith(u"Select"));
+                QCOMPARE(state(bench), after);
             }
-            QVERIFY2(failed.startsWith(faults[i].statement) && found == faults[i].left, place);
-            QVERIFY2(failed.startsWith(u"Select") ||
-                         bench.world.errorLog().contains(QString(u"Query: " + failed)),
-                     place);
-            mend(bench);
-            if (QTest::currentTestFailed())
-                QFAIL(place);
-        }
+        });
     }
 
     /// No room for what @p enlarge types: nothing changes and it is said; with room again it comes in.
@@ -91,11 +63,11 @@ template<class B> struct Sweep
         B bench;
         furnish(bench);
         enlarge(bench);
-        setDiskFull(bench, true);
+        bench.setDiskFull(true);
         act(bench);
         QCOMPARE(state(bench), before);
         QVERIFY(bench.world.prompts.asked().last().contains(u"The database is as it was before."));
-        setDiskFull(bench, false);
+        bench.setDiskFull(false);
         act(bench);
         QCOMPARE(bench.cells(selectNotes).size(), 600'000);
     }

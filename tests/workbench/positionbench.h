@@ -48,8 +48,11 @@ public:
         position().form().edit(u"cmbAssignContact"_s, name);
         position().cmdAssign1();
     }
-    QStringList assigned() { return position().tvwContacts().texts(position().tvwContacts().index(0, 0)); }
-    Key currentKey() { return frm->selection().currentPositionKey; }
+    QString assigned()
+    {
+        return position().tvwContacts().texts(position().tvwContacts().index(0, 0)).join(u',');
+    }
+    Key currentKey() { return selection().currentPositionKey; }
     /// One line for each row of that title: key:entry date:first, sixth step and medium:status:contacts.
     QString rowsCalled(const QString& title)
     {

@@ -94,43 +94,34 @@ private slots:
             "this company are fresh.\n ---GENERAL\nYou have ranked"_s);
         row(entered(13), u"for 1 week."_s);
         row(entered(14), u"for 2 weeks. You"_s); // the plural has a blank behind
-        const QString nothing = u"no current available"_s;
-        row(entered(5, {.positionCount = 1}), nothing, false);
-        row(entered(5, {.positionCount = 1, .expiredCount = 1}), nothing);
-        row(entered(5, {.contactCount = 1}), nothing, false);
+        // A part that stands for some figures and not for their neighbours.
+        const auto edge = [&](const QString& part, const QList<CompanyFigures>& with,
+                              const QList<CompanyFigures>& without) {
+            for (const CompanyFigures& figures : with)
+                row(figures, part);
+            for (const CompanyFigures& figures : without)
+                row(figures, part, false);
+        };
+        edge(u"no current available"_s, {entered(5, {.positionCount = 1, .expiredCount = 1})},
+             {entered(5, {.positionCount = 1}), entered(5, {.contactCount = 1})});
         // The clause of the last contact stands without any history.
         const int sentinel = int(dates::sentinel.daysTo(today));
-        row(entered(5, {.contactCount = 1}, 14),
-            u"1 contact at this company., with whom you've last contacted 2 weeks ago."_s);
-        row(entered(5, {.contactCount = 1}, 13), u"last contacted 1 week ago."_s);
-        row(entered(5, {.contactCount = 1}, sentinel - 1), u"with whom"_s);
-        row(entered(5, {.contactCount = 1}, sentinel), u"with whom"_s, false);
-        const QString stale = u"Contacts at this company are stale."_s;
-        const QString fresh = u"Contacts at this company are fresh."_s;
-        row(known(61, 61), stale);
-        row(known(60, 61), stale, false);
-        row(known(61, 60), stale, false);
-        row(known(59, 59), fresh);
-        row(known(60, 59), fresh, false);
-        row(known(59, 60), fresh, false);
+        const auto silent = [](int days) { return entered(5, {.contactCount = 1}, days); };
+        row(silent(14), u"1 contact at this company., with whom you've last contacted 2 weeks ago."_s);
+        row(silent(13), u"last contacted 1 week ago."_s);
+        edge(u"with whom"_s, {silent(sentinel - 1)}, {silent(sentinel)});
+        edge(u"Contacts at this company are stale."_s, {known(61, 61)}, {known(60, 61), known(61, 60)});
+        edge(u"Contacts at this company are fresh."_s, {known(59, 59)}, {known(60, 59), known(59, 60)});
         row(known(61, 61, 0, 2), u"stale.Other contacts are available in your database."_s);
-        row(known(60, 61, 0, 3, 2, 2), u" Positions at this"_s, false);
-        row(known(61, 61, 0, 3, 2, 2), u" Positions at this"_s);
-        row(known(59, 61), u" Positions data"_s);
-        row(known(60, 61), u" Positions data"_s, false);
-        row(entered(59), u" Positions data"_s, false);
-        row(known(61, 1), u"data are aged."_s);
-        row(known(60, 1), u"data are aged."_s, false);
-        row(known(1, 1, 0), u"You have ranked"_s, false);
-        for (const auto& [rank, word] :
-             {std::pair{1, u"low"_s}, {3, u"low"_s}, {4, u"average"_s}, {6, u"average"_s}, {7, u"high"_s}})
-            row(known(1, 1, Key(rank)), u"You have ranked this company "_s + word);
-        // Neglected: fewer questions' points than interactions, and more than a month of silence.
-        const QString neglected = u"Contacts with this company have been neglected."_s;
-        row(known(1, 31, 2), neglected);
-        row(known(1, 30, 2), neglected, false);
-        row(known(1, 31, 3), neglected, false);
-        row(entered(1, {.rank = 9}), neglected);
+        edge(u" Positions at this"_s, {known(61, 61, 0, 3, 2, 2)}, {known(60, 61, 0, 3, 2, 2)});
+        edge(u" Positions data"_s, {known(59, 61)}, {known(60, 61), entered(59)});
+        edge(u"data are aged."_s, {known(61, 1)}, {known(60, 1)});
+        edge(u"You have ranked this company low"_s, {known(1, 1, 1), known(1, 1, 3)}, {known(1, 1, 0)});
+        edge(u"You have ranked this company average"_s, {known(1, 1, 4), known(1, 1, 6)}, {});
+        edge(u"You have ranked this company high"_s, {known(1, 1, 7)}, {});
+        // Fewer questions' points than interactions, and more than a month of silence.
+        edge(u"Contacts with this company have been neglected."_s, {known(1, 31, 2), entered(1, {.rank = 9})},
+             {known(1, 30, 2), known(1, 31, 3)});
     }
     void sentence()
     {

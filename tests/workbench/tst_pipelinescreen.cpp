@@ -1,7 +1,7 @@
 // The Pipeline screen without its looks, and the rules of the campaign's steps, on a real store.
 #include "support/table.h"
+#include "workbench/bench.h"
 #include "workbench/contactscreen.h"
-#include "workbench/faults.h"
 #include "workbench/pipelinescreen.h"
 #include "workbench/pipelinesteps.h"
 
@@ -9,17 +9,17 @@
 
 namespace {
 
-/// A bench with two companies: Acme (Buyer, Planner) and Bell (Buyer).
+/// A bench with two companies: Acme 1 (Buyer 1, Planner 2) and Bell 2 (Buyer 3).
 class PipelineBench : public Bench
 {
 public:
     PipelineBench()
     {
-        acme = addCompany(u"Acme & Sons"_s);
-        bell = addCompany(u"Bell"_s);
-        addPosition(u"Buyer"_s, acme);
-        addPosition(u"Planner"_s, acme);
-        addPosition(u"Buyer"_s, bell);
+        addCompany(u"Acme & Sons"_s);
+        addCompany(u"Bell"_s);
+        addPosition(u"Buyer"_s, 1);
+        addPosition(u"Planner"_s, 1);
+        addPosition(u"Buyer"_s, 2);
     }
     void addPosition(const QString& title, Key company, const QString& columns = {},
                      const QString& values = {})
@@ -54,18 +54,15 @@ public:
     {
         return cells(u"Select "_s + columns + u" from Position where PositionKey=2");
     }
-    QStringList barTitles()
+    QString barTitles()
     {
         QStringList titles;
         for (const PipelineScreen::Bar& bar : pipe().bars()) {
             if (bar.position != 0)
                 titles.append(bar.title);
         }
-        return titles;
+        return titles.join(u';');
     }
-
-    Key acme = 0;
-    Key bell = 0;
 };
 
 } // namespace
@@ -116,45 +113,32 @@ private slots:
             QVERIFY(!steps.step(index).date.isValid() && PipelineSteps::nextStep(index).isEmpty());
     }
 
-    void treeKeepsWhatHoldsTheText_data()
-    {
-        table({"typed", "keys"},
-              {{"company with all its positions", "SONS",
-                "L2-Acme & Sons L3-Acme & Sons-Buyer L3-Acme & Sons-Planner"},
-               {"positions with their companies", " buy ",
-                "L2-Acme & Sons L3-Acme & Sons-Buyer L2-Bell L3-Bell-Buyer"},
-               {"nothing", "zzz", ""},
-               {"all again", "",
-                "L2-Acme & Sons L3-Acme & Sons-Buyer L3-Acme & Sons-Planner L2-Bell L3-Bell-Buyer"}});
-    }
-    void treeKeepsWhatHoldsTheText()
-    {
-        FETCH(QString, typed, keys);
-        PipelineBench bench;
-        bench.open();
-        bench.change(u"txtFind"_s, u"planner"_s);
-        bench.change(u"txtFind"_s, typed);
-        QStringList found;
-        const PipelineTree& tree = bench.pipe().tvwHire();
-        const QModelIndex root = tree.index(0, 0);
-        for (int company = 0; company < tree.rowCount(root); ++company) {
-            const QModelIndex node = tree.index(company, 0, root);
-            found.append(tree.key(node));
-            for (int row = 0; row < tree.rowCount(node); ++row) {
-                QCOMPARE(tree.index(row, 0, node).parent(), node);
-                found.append(tree.key(tree.index(row, 0, node)));
-            }
-        }
-        QCOMPARE(found.join(u' '), keys);
-    }
-
-    void treeIsReadOnceAndAtRefresh()
+    void treeIsReadOnceAndNarrowedToTheText()
     {
         PipelineBench bench;
         bench.openPlanner();
+        const PipelineTree& tree = bench.pipe().tvwHire();
+        const auto kept = [&](const QString& typed) {
+            bench.change(u"txtFind"_s, typed);
+            QStringList keys;
+            const QModelIndex root = tree.index(0, 0);
+            for (int company = 0; company < tree.rowCount(root); ++company) {
+                const QModelIndex node = tree.index(company, 0, root);
+                keys.append(tree.key(node));
+                for (int row = 0; row < tree.rowCount(node); ++row)
+                    keys.append(tree.index(row, 0, node).parent() == node ? tree.key(tree.index(row, 0, node))
+                                                                          : u"stray"_s);
+            }
+            return keys.join(u' ');
+        };
+        // A company with all its positions, positions with their companies, nothing, all again.
+        const QString acme = u"L2-Acme & Sons L3-Acme & Sons-Buyer"_s;
+        QCOMPARE(kept(u"SONS"_s), acme + u" L3-Acme & Sons-Planner");
+        QCOMPARE(kept(u" buy "_s), acme + u" L2-Bell L3-Bell-Buyer");
+        QCOMPARE(kept(u"zzz"_s), QString());
         bench.addCompany(u"Cobb"_s);
         bench.open();
-        QVERIFY(!bench.node(u"Cobb"_s).isValid());
+        QCOMPARE(kept({}), acme + u" L3-Acme & Sons-Planner L2-Bell L3-Bell-Buyer");
         bench.pipe().cmdRefresh1();
         QVERIFY(bench.node(u"Cobb"_s).isValid());
         QCOMPARE(bench.text(u"txtPosition txtCCompany chkP0"_s), u"||0"_s);
@@ -176,7 +160,7 @@ private slots:
     {
         PipelineBench bench;
         bench.addPosition(
-            u"Clerk"_s, bench.bell,
+            u"Clerk"_s, 2,
             u",PositionResearch,PositionResearchMedium,InfoContact,InfoContactMedium,InfoFollow,"
             "InfoFollowMedium,PrepareCover,PrepareCoverMedium,OfferStatus,Expires"_s,
             u",'12/31/1999',3,'10/5/2026',6,'10/6/2026',8,'10/7/2026',-1,'Reject','12/31/99'"_s);
@@ -189,9 +173,8 @@ private slots:
         QCOMPARE(bench.text(u"chkP3 Image13 chkP4 Image14"_s), u"1||1|"_s);
         QCOMPARE(bench.text(u"optProg1 optProg2 optProg3 txtExpiryDate txtNext"_s),
                  u"0|1|0|No Expiry|Prepare Resume for Position"_s);
-        QCOMPARE(bench.frm->selection().currentPositionKey, Key(4));
-        QCOMPARE(bench.frm->selection().currentCompanyKey, bench.bell);
-        QCOMPARE(bench.frm->selection().selectedCompanyName(), u"Bell"_s);
+        QCOMPARE(bench.selection().currentPositionKey, Key(4));
+        QVERIFY(bench.shell().startsWith(u"2|Bell|"_s));
     }
 
     void changeOfAStepIsStored_data()
@@ -211,14 +194,12 @@ private slots:
         PipelineBench bench;
         const QStringList values = before.split(u',');
         bench.run(u"Update Position set InfoFollow="_s + values.at(0) + u",InfoFollowMedium=" + values.at(1));
-        const auto others = [&] {
-            return bench.cells(u"Select InfoFollow,InfoFollowMedium from Position where PositionKey<>2"_s);
-        };
-        const QString theirs = others();
+        const QString others = u"Select InfoFollow,InfoFollowMedium from Position where PositionKey<>2"_s;
+        const QString theirs = bench.cells(others);
         bench.openPlanner();
         bench.change(control, value);
         QCOMPARE(bench.planner(u"InfoFollow,InfoFollowMedium"_s), stored);
-        QCOMPARE(others(), theirs);
+        QCOMPARE(bench.cells(others), theirs);
         QCOMPARE(bench.pipe().bars().at(2).progress, stored.startsWith(u"12/31/1999") ? 0 : 4);
         const QString shown = bench.text(u"chkP3 dtpProg3 Image13 txtNext"_s);
         bench.click(u"Bell"_s, u"Buyer"_s);
@@ -226,56 +207,52 @@ private slots:
         QCOMPARE(bench.text(u"chkP3 dtpProg3 Image13 txtNext"_s), shown);
     }
 
-    void clicksWalkTheMediums_data()
-    {
-        // round: tag and stored code behind each click; the last one but one writes nothing
-        table({"step", "round"},
-              {{"research", "1", "Internet4,Research5,Meeting6,Other0,Internet4"},
-               {"others", "10", "Internet1,Fax2,Phone3,Post4,Research5,Meeting6,Other7,7,Internet1"}});
-    }
     void clicksWalkTheMediums()
     {
-        FETCH(QString, step, round);
-        PipelineBench bench;
-        bench.openPlanner();
-        const QString column = PipelineSteps::getIndexTitle(step.toInt());
-        for (const QString& behind : round.split(u',')) {
-            bench.pipe().image1Click(step.toInt());
-            QCOMPARE(QString(bench.text(u"Image1"_s + step) + bench.planner(column + u"Medium")), behind);
+        // Tag and stored code behind each click; the last one but one writes nothing.
+        for (const QString& each :
+             {u"1:Internet4,Research5,Meeting6,Other0,Internet4"_s,
+              u"10:Internet1,Fax2,Phone3,Post4,Research5,Meeting6,Other7,7,Internet1"_s}) {
+            PipelineBench bench;
+            bench.openPlanner();
+            const QString step = each.section(u':', 0, 0);
+            const QString column = PipelineSteps::getIndexTitle(step.toInt());
+            for (const QString& behind : each.section(u':', 1).split(u',')) {
+                bench.pipe().image1Click(step.toInt());
+                QCOMPARE(QString(bench.text(u"Image1"_s + step) + bench.planner(column + u"Medium")), behind);
+            }
+            QCOMPARE(bench.planner(column), u"11/22/2026"_s);
+            QCOMPARE(bench.text(u"chkP"_s + step), u"1"_s);
         }
-        QCOMPARE(bench.planner(column), u"11/22/2026"_s);
-        QCOMPARE(bench.text(u"chkP"_s + step), u"1"_s);
     }
 
-    void withoutPositionNothingIsChanged_data()
-    {
-        const char* const step = "Must select a position to modify progress data.";
-        const char* const save = "Please select a position to save from the company/position box.";
-        table({"control", "value", "message"}, {{"tick", "chkP4", "1", step},
-                                                {"date", "dtpProg4", "2026-10-09", step},
-                                                {"medium", "Image14", "", step},
-                                                {"answer", "optProg3", "1", save},
-                                                {"save", "cmdUpdateTrack1", "", save}});
-    }
     void withoutPositionNothingIsChanged()
     {
-        FETCH(QString, control, value, message);
         PipelineBench bench;
         bench.openPlanner();
         // A company stands for none of its positions, whichever was chosen before.
         bench.click(u"Acme & Sons"_s);
-        const QString before = bench.text(control);
-        bench.world.prompts.expect(message);
-        const QStringList sent = bench.statements([&] {
-            if (control == u"cmdUpdateTrack1")
-                bench.pipe().cmdUpdateTrack1();
-            else if (control == u"Image14")
-                bench.pipe().image1Click(4);
-            else
-                bench.change(control, value);
-        });
-        QCOMPARE(sent, QStringList());
-        QCOMPARE(bench.text(control), before);
+        const QString step = u"Must select a position to modify progress data."_s;
+        const QString save = u"Please select a position to save from the company/position box."_s;
+        for (const auto& [edit, message] : {std::pair{u"chkP4=1"_s, step},
+                                            {u"dtpProg4=2026-10-09"_s, step},
+                                            {u"Image14"_s, step},
+                                            {u"optProg3=1"_s, save},
+                                            {u"cmdUpdateTrack1"_s, save}}) {
+            const QString control = edit.section(u'=', 0, 0);
+            const QString before = bench.text(control);
+            bench.expect(message);
+            const QStringList sent = bench.statements([&] {
+                if (control == u"cmdUpdateTrack1")
+                    bench.pipe().cmdUpdateTrack1();
+                else if (control == u"Image14")
+                    bench.pipe().image1Click(4);
+                else
+                    bench.change(control, edit.section(u'=', 1));
+            });
+            QVERIFY2(bench.world.prompts.done() && sent.isEmpty(), qPrintable(edit));
+            QCOMPARE(bench.text(control), before);
+        }
         QVERIFY(!bench.pipe().form().isEnabled(u"imgOpenContact1"_s));
     }
 
@@ -283,13 +260,11 @@ private slots:
     {
         PipelineBench bench;
         bench.openPlanner();
-        const QList<std::array<QString, 3>> answers{{u"optProg2"_s, u"Reject"_s, u"0|1|0"_s},
-                                                    {u"optProg3"_s, u"Open"_s, u"0|0|1"_s},
-                                                    {u"optProg1"_s, u"On File"_s, u"1|0|0"_s}};
-        for (const auto& [option, status, shown] : answers) {
-            bench.change(option, u"1"_s);
-            QCOMPARE(bench.planner(u"OfferStatus"_s), status);
-            QCOMPARE(bench.text(u"optProg1 optProg2 optProg3"_s), shown);
+        for (const QString& each :
+             {u"optProg2=Reject=0|1|0"_s, u"optProg3=Open=0|0|1"_s, u"optProg1=On File=1|0|0"_s}) {
+            bench.change(each.section(u'=', 0, 0), u"1"_s);
+            QCOMPARE(bench.planner(u"OfferStatus"_s), each.section(u'=', 1, 1));
+            QCOMPARE(bench.text(u"optProg1 optProg2 optProg3"_s), each.section(u'=', 2));
         }
         bench.change(u"optProg1"_s, u"0"_s); // a second click does not take it away
         QCOMPARE(bench.text(u"optProg1"_s), u"1"_s);
@@ -302,8 +277,8 @@ private slots:
             PipelineBench bench;
             bench.openPlanner();
             bench.world.prompts.acceptAll(Answer::Ok);
-            failingAt(
-                bench, u"Update"_s, [&] { bench.change(u"chkP6"_s, u"1"_s); }, which);
+            bench.failingAt(
+                u"Update"_s, [&] { bench.change(u"chkP6"_s, u"1"_s); }, which);
             QCOMPARE(bench.text(u"chkP6"_s), which == 1 ? u"0"_s : u"1"_s);
             bench.change(u"chkP6"_s, u"1"_s);
             QCOMPARE(bench.planner(u"SentResume,SentResumeMedium"_s), u"11/22/2026|0"_s);
@@ -315,20 +290,20 @@ private slots:
         PipelineBench bench;
         bench.openPlanner();
         bench.run(u"Delete * from Position where PositionKey=1"_s);
-        bench.world.prompts.expect(u"Position Key not found"_s);
+        bench.expect(u"Position Key not found"_s);
         bench.click(u"Acme & Sons"_s, u"Buyer"_s);
-        QCOMPARE(bench.frm->selection().currentPositionKey, Key(0));
-        bench.world.prompts.expect(u"Must select a position"_s);
+        QCOMPARE(bench.selection().currentPositionKey, Key(0));
+        bench.expect(u"Must select a position"_s);
         bench.change(u"chkP2"_s, u"1"_s);
         QCOMPARE(bench.planner(u"InfoContact"_s), QString());
         // At the next opening it leaves the tree, with nothing current and as the current one.
         bench.open();
         QVERIFY(!bench.node(u"Acme & Sons"_s, u"Buyer"_s).isValid());
-        bench.frm->selection().currentPositionKey = 2;
+        bench.selection().currentPositionKey = 2;
         bench.run(u"Delete * from Position where PositionKey=2"_s);
         bench.open();
         QVERIFY(!bench.node(u"Acme & Sons"_s, u"Planner"_s).isValid());
-        QCOMPARE(bench.frm->selection().currentPositionKey, Key(0));
+        QCOMPARE(bench.selection().currentPositionKey, Key(0));
     }
 
     void openingShowsTheCurrentPosition()
@@ -342,9 +317,9 @@ private slots:
         QCOMPARE(bench.text(u"txtPosition chkP2"_s), u"Planner|1"_s);
         QCOMPARE(chosen.last().at(0).toModelIndex(), bench.node(u"Acme & Sons"_s, u"Planner"_s));
         // Entered since, and hidden by the filter.
-        bench.addPosition(u"Auditor"_s, bench.acme);
+        bench.addPosition(u"Auditor"_s, 1);
         bench.change(u"txtFind"_s, u"bell"_s);
-        bench.frm->selection().currentPositionKey = 4;
+        bench.selection().currentPositionKey = 4;
         bench.open();
         QCOMPARE(bench.text(u"txtPosition txtFind"_s), u"Auditor|"_s);
         // Another company's screen is not taken over by a position of the one before.
@@ -354,20 +329,20 @@ private slots:
         QVERIFY(bench.node(u"Bell"_s).isValid() && chosen.last().at(1).toBool());
         bench.open();
         QCOMPARE(bench.text(u"txtCCompany txtPosition"_s), u"|"_s);
-        QCOMPARE(bench.frm->selection().selectedCompanyName(), u"Bell"_s);
+        QCOMPARE(bench.selection().selectedCompanyName(), u"Bell"_s);
     }
 
     void barsPageThroughAllPositions()
     {
         PipelineBench bench;
         for (int number = 10; number < 30; ++number)
-            bench.addPosition(u"Desk %1"_s.arg(number), bench.bell, u",Hired"_s, u",'11/2/2026'"_s);
+            bench.addPosition(u"Desk %1"_s.arg(number), 2, u",Hired"_s, u",'11/2/2026'"_s);
         bench.open();
         QStringList titles;
         QStringList captions;
         for (int page = 0; page < 4; ++page) { // one further than there are
             if (bench.pipe().page() == page) {
-                titles += bench.barTitles();
+                titles.append(bench.barTitles());
                 captions.append(bench.pipe().visualCaption());
             }
             bench.pipe().cmdVisualNext();
@@ -379,12 +354,12 @@ private slots:
         // The page's positions go away under it.
         bench.run(u"Delete * from Position where Hired > #1/1/2000#"_s);
         bench.pipe().displayVisual();
-        QCOMPARE(bench.barTitles(), (QStringList{u"Buyer"_s, u"Buyer"_s, u"Planner"_s}));
+        QCOMPARE(bench.barTitles(), u"Buyer;Buyer;Planner"_s);
         QCOMPARE(bench.pipe().page(), 0);
         bench.pipe().displayVisual(1, 2); // up to the last row asked for, and no further
-        QCOMPARE(bench.barTitles(), QStringList{u"Buyer"_s});
+        QCOMPARE(bench.barTitles(), u"Buyer"_s);
         bench.run(u"Delete * from Position"_s);
-        bench.world.prompts.expect(u"No Positions found in database."_s);
+        bench.expect(u"No Positions found in database."_s);
         bench.pipe().displayVisual();
         QCOMPARE(bench.pipe().pageCount(), 1);
     }
@@ -396,25 +371,25 @@ private slots:
         bench.pipe().shpLblClick(1);
         bench.pipe().shpLblClick(9); // an empty row
         QCOMPARE(bench.text(u"txtCCompany txtPosition"_s), u"Bell|Buyer"_s);
-        QCOMPARE(bench.frm->selection().currentPositionKey, Key(3));
+        QCOMPARE(bench.selection().currentPositionKey, Key(3));
         bench.pipe().tvwHireDblClick(bench.node(u"Acme & Sons"_s));
         QCOMPARE(bench.visibleFrames(), u"frmePipeline"_s);
         bench.pipe().shpLblDblClick(2);
         QCOMPARE(bench.visibleFrames(), u"frmePosition"_s);
-        QCOMPARE(bench.frm->selection().currentPositionKey, Key(2));
+        QCOMPARE(bench.selection().currentPositionKey, Key(2));
     }
 
     void contactOpenedIsTheFirstOfTheList()
     {
         for (const auto& list : {u"1"_s, u",,2,1"_s, QString(), u"77,1"_s, u"x"_s, u"70000"_s}) {
             PipelineBench bench;
-            bench.addContact(u"Ann"_s, u"Lee"_s, bench.acme);
-            bench.addContact(u"Bob"_s, u"Stone"_s, bench.acme);
+            bench.addContact(u"Ann"_s, u"Lee"_s, 1);
+            bench.addContact(u"Bob"_s, u"Stone"_s, 1);
             bench.run(u"Update Position set ContactList='"_s + list + u'\'');
             bench.openPlanner();
             const QString opened = list == u"1" ? u"Ann"_s : list == u",,2,1" ? u"Bob"_s : QString();
             if (opened.isEmpty())
-                bench.world.prompts.expect(u"No contacts found for this position"_s);
+                bench.expect(u"No contacts found for this position"_s);
             bench.pipe().imgOpenContact1();
             QCOMPARE(bench.visibleFrames(), opened.isEmpty() ? u"frmePipeline"_s : u"frmeContact"_s);
             QCOMPARE(bench.frm->contactScreen().form().text(u"txtFirst"_s), opened);

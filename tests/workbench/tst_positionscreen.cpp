@@ -14,7 +14,8 @@ public:
         addPosition(u"Planner"_s, 1);
         open(u"Acme"_s, chosen);
     }
-    QStringList titles() { return position().form().items(u"cmbPosSelection"_s); }
+    QString titles() { return position().form().items(u"cmbPosSelection"_s).join(u','); }
+    QString assignable() { return position().form().items(u"cmbAssignContact"_s).join(u','); }
 };
 
 } // namespace
@@ -29,19 +30,18 @@ private slots:
         EngineerBench bench(u"engineer"_s);
         const QString fields = u"cmbPosSelection txtPosTitle txtPosNotes dtpExpires"_s;
         QCOMPARE(bench.field(fields), u"Engineer|Engineer|old notes|2026-12-31"_s);
-        QCOMPARE(bench.assigned(), (QStringList{u"Ann Lee"_s, u"Bob Orr"_s}));
+        QCOMPARE(bench.assigned(), u"Ann Lee,Bob Orr"_s);
         QCOMPARE(bench.position().progress(), 6);
         QCOMPARE(bench.currentKey(), Key(1));
-        QCOMPARE(bench.titles(), (QStringList{u"Engineer"_s, u"Planner"_s, u"<New>"_s}));
-        QCOMPARE(bench.position().form().items(u"cmbAssignContact"_s),
-                 (QStringList{u"Ann Lee"_s, u"Mary Jo Ray"_s, u"Bob Orr"_s}));
+        QCOMPARE(bench.titles(), u"Engineer,Planner,<New>"_s);
+        QCOMPARE(bench.assignable(), u"Ann Lee,Mary Jo Ray,Bob Orr"_s);
         QVERIFY(!bench.position().form().isDirty(u"txtKeyword"_s));
         QString focused;
         connect(&bench.position().form(), &Form::focusRequested, this,
                 [&](const QString& name) { focused = name; });
         bench.frm->tbarButtonClick(u"new"_s);
         QCOMPARE(bench.field(fields), u"<New>|||2026-12-22"_s); // thirty days ahead
-        QVERIFY(bench.assigned().isEmpty());
+        QCOMPARE(bench.assigned(), QString());
         QCOMPARE(bench.position().progress(), 0);
         QCOMPARE(bench.currentKey(), Key(0));
         QCOMPARE(focused, u"txtPosTitle"_s);
@@ -56,43 +56,23 @@ private slots:
             bench.frm->tabStrip1Click(u"Position"_s);
             QCOMPARE(bench.field(u"txtPosTitle"_s), QString());
             QCOMPARE(bench.currentKey(), Key(0));
-            QCOMPARE(bench.titles(), QStringList{u"<New>"_s});
-            QCOMPARE(bench.position().form().items(u"cmbAssignContact"_s), QStringList{u"Cy Dee"_s});
+            QCOMPARE(bench.titles() + bench.assignable(), u"<New>Cy Dee"_s);
         }
     }
 
-    void fieldLeftIsStored()
+    void fieldThatIsLeftIsStoredUnlessTheTitleIsAnother()
     {
-        EngineerBench bench;
-        QStringList columns;
-        for (const FieldRow& row : bench.position().form().rows()) {
-            if (row.save != SaveOn::Leave)
-                continue;
-            bench.edit(row.control, u"it's\nhard'); Delete"_s);
-            QVERIFY(bench.frm->procVisible());
-            const QStringList sent = bench.statements([&] { bench.position().fieldLeft(row.control); });
-            QCOMPARE(sent.last(), QString(u"Update Position set " + row.column +
-                                          u"='it`s\r\nhard`); Delete' where positionkey=1"));
-            QVERIFY(!bench.frm->procVisible());
-            QCOMPARE(bench.statements([&] { bench.position().fieldLeft(row.control); }), QStringList());
-            columns.append(row.column);
-        }
-        QCOMPARE(columns.join(u' '),
-                 u"Keyword Location Source Responsibilities Qualifications Benefits Notes"_s);
-        QCOMPARE(bench.cells(u"Select Keyword,Notes from Position order by PositionKey"_s),
-                 u"it`s\r\nhard`); Delete|it`s\r\nhard`); Delete;|"_s);
-    }
-
-    void fieldLeftUnderAnotherTitleIsKeptForTheSave()
-    {
-        for (const QString& title : {u"Welder"_s, u"Planner"_s}) {
+        for (const QString& title : {QString(), u"Welder"_s, u"Planner"_s}) {
             EngineerBench bench;
-            bench.edit(u"txtPosTitle"_s, title);
-            bench.edit(u"txtKeyword"_s, u"typed"_s);
+            if (title.isEmpty()) {
+                QCOMPARE(columnsLeft(bench, bench.position(), u"Position"_s, u"positionkey=1"_s),
+                         u"Keyword Location Source Responsibilities Qualifications Benefits Notes"_s);
+                continue;
+            }
+            editAll(bench.position(), {u"txtPosTitle="_s + title, u"txtKeyword=typed"_s});
             bench.position().fieldLeft(u"txtKeyword"_s);
             QCOMPARE(bench.cells(u"Select Keyword from Position order by PositionKey"_s), u"cad;"_s);
-            QVERIFY(bench.position().form().isDirty(u"txtKeyword"_s));
-            QVERIFY(bench.frm->procVisible());
+            QVERIFY(bench.position().form().isDirty(u"txtKeyword"_s) && bench.frm->procVisible());
         }
     }
 
@@ -110,64 +90,25 @@ private slots:
         QCOMPARE(bench.field(u"txtPosTitle"_s), u"Senior Welder"_s);
     }
 
-    void expiryIsToldInThePanel_data()
-    {
-        // says: whether there is an expiry, and whether it is over
-        table({"stored", "shown", "says"}, {{"today", "'11/22/2026'", "2026-11-22", "1 0"},
-                                            {"yesterday", "'11/21/2026'", "2026-11-21", "1 1"},
-                                            {"no expiry", "'12/31/99'", "1999-12-31", "0 0"},
-                                            {"never entered", "''", "2001-01-01", "1 1"}});
-    }
     void expiryIsToldInThePanel()
     {
-        FETCH(QString, stored, shown, says);
-        PositionBench bench;
-        bench.run(u"Update Position set Expires="_s + stored);
-        bench.open(u"Acme"_s, u"Engineer"_s);
-        QCOMPARE(bench.field(u"dtpExpires"_s), shown);
-        const PositionScreen& position = bench.position();
-        QCOMPARE(u"%1 %2"_s.arg(position.hasExpiry()).arg(bench.frm->procVisible()), says);
-        QCOMPARE(bench.position().form().isEnabled(u"dtpExpires"_s), position.hasExpiry());
-        QCOMPARE(bench.frm->positionPanel(), bench.frm->procVisible() ? u"Position EXPIRED"_s : QString());
-        bench.position().cmbPosSelectionClick(u"<New>"_s);
-        QCOMPARE(bench.frm->positionPanel(), QString());
-    }
-
-    void assignedContactMovesTheStep()
-    {
-        EngineerBench bench(u"Planner"_s);
-        bench.assign(u"Mary Jo Ray"_s); // a first name of two words
-        QCOMPARE(bench.assigned(), QStringList{u"Mary Jo Ray"_s});
-        QVERIFY(bench.frm->procVisible());
-        const QString select =
-            u"Select InfoContact,InfoContactMedium,ContactList from Position order by PositionKey"_s;
-        QCOMPARE(bench.cells(select), u"12/31/1999|0|1,3;11/22/2026|6|"_s);
-        QCOMPARE(bench.position().progress(), 3);
-        bench.position().cmdUpdatePos1();
-        QCOMPARE(bench.cells(select), u"12/31/1999|0|1,3;11/22/2026|6|2"_s);
-    }
-
-    void unassignTakesTheSelectedOrTheOnlyOne()
-    {
-        PositionBench bench;
-        bench.open(u"Acme"_s, u"Engineer"_s);
-        TreeModel& tree = bench.position().tvwContacts();
-        const QModelIndex root = tree.index(0, 0);
-        bench.position().selectContact(root); // the root stands for nobody
-        bench.world.prompts.expect(
-            u"You have multiple contacts, please select who you would like to remove from "
-            "this assignment."_s);
-        bench.position().cmdRemoveContactAssign1();
-        bench.position().selectContact(tree.index(1, 0, root));
-        bench.position().cmdRemoveContactAssign1();
-        QCOMPARE(bench.assigned(), QStringList{u"Ann Lee"_s});
-        bench.position().cmdRemoveContactAssign1();
-        QVERIFY(bench.assigned().isEmpty());
-        bench.world.prompts.expect(u"No contacts assigned to this position for removal."_s);
-        bench.position().cmdRemoveContactAssign1();
-        QCOMPARE(bench.cells(u"Select ContactList from Position"_s), u"1,3"_s); // until it is saved
-        bench.position().cmdUpdatePos1();
-        QCOMPARE(bench.cells(u"Select ContactList from Position"_s), QString());
+        // Stored: shown, whether there is an expiry, and whether it is over. The last one was never entered.
+        for (const QString& each : {u"11/22/2026 2026-11-22 1 0"_s, u"11/21/2026 2026-11-21 1 1"_s,
+                                    u"12/31/99 1999-12-31 0 0"_s, u" 2001-01-01 1 1"_s}) {
+            PositionBench bench;
+            bench.run(u"Update Position set Expires='"_s + each.section(u' ', 0, 0) + u'\'');
+            bench.open(u"Acme"_s, u"Engineer"_s);
+            const PositionScreen& position = bench.position();
+            QCOMPARE(u"%1 %2 %3"_s.arg(bench.field(u"dtpExpires"_s))
+                         .arg(position.hasExpiry())
+                         .arg(bench.frm->procVisible()),
+                     each.section(u' ', 1));
+            QCOMPARE(bench.position().form().isEnabled(u"dtpExpires"_s), position.hasExpiry());
+            QCOMPARE(bench.frm->positionPanel(),
+                     bench.frm->procVisible() ? u"Position EXPIRED"_s : QString());
+            bench.position().cmbPosSelectionClick(u"<New>"_s);
+            QCOMPARE(bench.frm->positionPanel(), QString());
+        }
     }
 
     void pointerStandsOnBothRanks()
@@ -191,8 +132,7 @@ private slots:
     {
         PositionBench bench;
         bench.open(u"Acme"_s, u"<New>"_s);
-        bench.edit(u"txtPosTitle"_s, u" Master's Welder "_s);
-        bench.edit(u"txtKeyword"_s, u"steel"_s);
+        editAll(bench.position(), {u"txtKeyword=steel"_s, u"txtPosTitle= Master's Welder "_s});
         bench.position().tickExpires(false);
         bench.assign(u"Bob Orr"_s);
         bench.assign(u"Ann Lee"_s);
@@ -205,10 +145,9 @@ private slots:
         QVERIFY(sent.filter(u"Delete"_s).isEmpty());
         QCOMPARE(bench.currentKey(), Key(2));
         QCOMPARE(bench.field(u"cmbPosSelection"_s), u"Master`s Welder"_s);
-        QCOMPARE(bench.position().form().items(u"cmbPosSelection"_s),
-                 (QStringList{u"Engineer"_s, u"Master`s Welder"_s, u"<New>"_s}));
-        QVERIFY(!bench.frm->procVisible());
-        QVERIFY(!bench.position().form().isDirty(u"txtKeyword"_s));
+        QCOMPARE(bench.position().form().items(u"cmbPosSelection"_s).join(u','),
+                 u"Engineer,Master`s Welder,<New>"_s);
+        QVERIFY(!bench.frm->procVisible() && !bench.position().form().isDirty(u"txtKeyword"_s));
         QVERIFY(bench.frm->countsPanel().contains(u"2 positions"_s));
         // From now on it is a stored one: its fields save themselves.
         bench.edit(u"txtKeyword"_s, u"iron"_s);
@@ -277,7 +216,7 @@ private slots:
         bench.frm->setSelection(company);
         bench.edit(u"txtPosTitle"_s, title);
         const QString before = bench.cells(u"Select * from Position"_s);
-        bench.world.prompts.expect(message);
+        bench.expect(message);
         bench.position().cmdUpdatePos1();
         QCOMPARE(bench.cells(u"Select * from Position"_s), before);
         QCOMPARE(bench.rows(u"PositionRecovery"_s), 0);
@@ -291,8 +230,8 @@ private slots:
         QCOMPARE(bench.cells(u"Select Title from Position"_s), u"Planner"_s);
         QCOMPARE(bench.currentKey(), Key(0));
         QCOMPARE(bench.field(u"txtPosTitle cmbPosSelection"_s), u"|"_s);
-        QCOMPARE(bench.titles(), (QStringList{u"Planner"_s, u"<New>"_s}));
-        QCOMPARE(bench.frm->selection().currentScreen, u"Position"_s);
+        QCOMPARE(bench.titles(), u"Planner,<New>"_s);
+        QCOMPARE(bench.selection().currentScreen, u"Position"_s);
         QVERIFY(bench.frm->countsPanel().contains(u"1 position "_s));
         // What is typed now makes a position of its own.
         bench.edit(u"txtPosTitle"_s, u"Welder"_s);

@@ -154,7 +154,7 @@ Sweep<DocumentBench> documentUpdate()
     const QString bobLoses = u"cv.pdf|2.0;note.txt|1.0 - Ann: cv.pdf, Bob: "_s;
     const auto mend = [after](DocumentBench& bench) {
         QCOMPARE(bench.value(u"txtVersion"_s), u"2.0"_s);
-        QCOMPARE(bench.listed(), (QStringList{u"cv.pdf"_s, u"note.txt"_s}));
+        QCOMPARE(bench.listed(), u"cv.pdf,note.txt"_s);
         bench.screen().cmdUpdateDoc1();
         QCOMPARE(documents(bench), after);
     };
@@ -201,28 +201,19 @@ void furnishContact(ContactBench& bench)
     bench.world.prompts.acceptAll(Answer::Ok);
 }
 
-/// Who points to whom: position, colleague, event, history.
-QString references(ContactBench& bench)
-{
-    return bench.cells(u"Select ContactList from Position"_s) + u' ' +
-           bench.cells(u"Select ContactList from Contact where FirstName='Bob'"_s) + u' ' +
-           bench.cells(u"Select ContactKey from Event"_s) + u' ' +
-           bench.cells(u"Select HistoryKey from History"_s);
-}
-
 /// Ann's rows as key|lists|department, the references, and the cities.
 QString contactState(ContactBench& bench)
 {
     return bench.cells(u"Select ContactKey,ContactList,DocumentList,Department from Contact where "
                        "FirstName='Ann' order by ContactKey"_s) +
-           u' ' + references(bench) + u' ' + bench.cells(u"Select City from Address"_s);
+           u' ' + bench.references() + u' ' + bench.cells(u"Select City from Address"_s);
 }
 
 /// Everything points to the current contact, who has her address.
 void verifyNothingIsLost(ContactBench& bench)
 {
     const QString key = QString::number(bench.current());
-    QCOMPARE(references(bench), QString(key + u' ' + key + u' ' + key + u' ' + key + u"-1"));
+    QCOMPARE(bench.references(), QString(key + u' ' + key + u' ' + key + u' ' + key + u"-1"));
     const Key address = bench.data().getContactDataByKey(bench.current()).key(u"AddressKey").value_or(0);
     QCOMPARE(bench.data().getAddress(address).text(u"City"), u"Annville"_s);
 }
@@ -263,7 +254,7 @@ private slots:
         Bench bench;
         companySave().furnish(bench);
         const auto giveOut = [&](const char* sql) {
-            sqlite3_exec(bench.data().database().handle(), sql, nullptr, nullptr, nullptr);
+            bench.runRaw(sql);
             bench.company().cmdUpdate1();
         };
         giveOut("UPDATE sqlite_sequence SET seq=32767 WHERE name='Company'");
@@ -279,7 +270,7 @@ private slots:
         for (const bool another : {false, true}) {
             PositionBench bench;
             save.furnish(bench);
-            failing(bench, 9, [&] { bench.position().cmdUpdatePos1(); });
+            bench.failing(9, [&] { bench.position().cmdUpdatePos1(); });
             QCOMPARE(bench.currentKey(), Key(0));
             if (another) { // another choice forgets the lost row
                 bench.world.prompts.acceptAll(Answer::Yes);
@@ -296,26 +287,26 @@ private slots:
     void anyStepOfAnAdditionOrRemovalOfADocument()
     {
         for (const bool adds : {true, false}) {
-            QString failed = u"-"_s;
-            for (size_t i = 0; !failed.isEmpty(); ++i) {
-                DocumentBench bench;
+            const auto furnish = [&](DocumentBench& bench) {
                 furnishDocuments(bench);
                 if (adds) {
-                    bench.screen().filesDropped({bench.makeFile(u"new.pdf"_s)});
+                    bench.drop(u"new.pdf"_s);
                     bench.edit(u"txtVersion"_s, u"7"_s);
                 }
-                DocumentScreen& screen = bench.screen();
-                failed = failing(bench, i, [&] { adds ? screen.cmdAddDoc1() : screen.cmdRemoveDoc1(); });
+            };
+            const auto act = [&](DocumentBench& bench) {
+                adds ? bench.screen().cmdAddDoc1() : bench.screen().cmdRemoveDoc1();
+            };
+            anyStep<DocumentBench>(furnish, act, [&](DocumentBench& bench, const QString&) {
                 // Not carried out, it is there for the same button; carried out, the update writes it.
                 const bool done = bench.listed().contains(adds ? u"new.pdf"_s : u"cv.pdf"_s) == adds;
                 if (!adds)
-                    screen.showDocument(done ? u"note.txt"_s : u"cv.pdf"_s);
-                done ? screen.cmdUpdateDoc1() : adds ? screen.cmdAddDoc1() : screen.cmdRemoveDoc1();
-                const QString wanted =
-                    adds ? u"cv.pdf|1.0;note.txt|1.0;new.pdf|7 - Ann: cv.pdf, Bob: note.txt"_s
-                         : u"note.txt|1.0 - Ann: , Bob: note.txt"_s;
-                QVERIFY2(documents(bench) == wanted, qPrintable(failed + u": " + documents(bench)));
-            }
+                    bench.screen().showDocument(done ? u"note.txt"_s : u"cv.pdf"_s);
+                done ? bench.screen().cmdUpdateDoc1() : act(bench);
+                QCOMPARE(documents(bench),
+                         adds ? u"cv.pdf|1.0;note.txt|1.0;new.pdf|7 - Ann: cv.pdf, Bob: note.txt"_s
+                              : u"note.txt|1.0 - Ann: , Bob: note.txt"_s);
+            });
         }
     }
 
@@ -329,32 +320,23 @@ private slots:
                                 u"Update Event"_s,
                                 u"Update History"_s};
         int movesFailed = 0;
-        for (size_t i = 0;; ++i) {
-            ContactBench bench;
-            furnishContact(bench);
-            const QString failed = failing(bench, i, [&] { bench.contact().cmdUpdateContact1(); });
-            if (failed.isEmpty()) {
-                QVERIFY(i > 25);
-                break;
-            }
-            const QByteArray place = QByteArray::number(qulonglong(i)) + ' ' + failed.toUtf8();
-            QVERIFY2(failed.startsWith(u"Select") ||
-                         bench.world.errorLog().contains(QString(u"Query: " + failed)),
-                     place);
-            QVERIFY2(bench.shownContact(u"txtDept"_s) == u"Parts", place);
-            QVERIFY2(bench.cells(u"Select City from Address"_s).contains(u"Acme City;Annville;Bobville"_s),
-                     place);
+        int steps = 0;
+        const auto save = [](ContactBench& bench) { bench.contact().cmdUpdateContact1(); };
+        anyStep<ContactBench>(furnishContact, save, [&](ContactBench& bench, const QString& failed) {
+            if (failed.isEmpty())
+                return;
+            ++steps;
+            QCOMPARE(bench.shownContact(u"txtDept"_s), u"Parts"_s);
+            QVERIFY(bench.cells(u"Select City from Address"_s).contains(u"Acme City;Annville;Bobville"_s));
             const bool isMove =
                 std::ranges::any_of(moves, [&](const QString& part) { return failed.startsWith(part); });
             movesFailed += isMove ? 1 : 0;
-            bench.contact().cmdUpdateContact1();
-            QVERIFY2(bench.data().getContactDataByKey(bench.current()).text(u"Department") == u"Parts",
-                     place);
+            save(bench);
+            QCOMPARE(bench.data().getContactDataByKey(bench.current()).text(u"Department"), u"Parts"_s);
             if (!isMove)
                 verifyNothingIsLost(bench);
-            if (QTest::currentTestFailed())
-                QFAIL(place);
-        }
+        });
+        QVERIFY(steps > 25);
         QCOMPARE(movesFailed, 9);
     }
 
@@ -363,7 +345,8 @@ private slots:
         const QString cities = u" Acme City;Annville;Bobville"_s;
         const QString untouched = u" 1 1 1 1-1"_s + cities + u";Nowhere";
         const QString moved = u"3|2|1|Parts 3 3 3 3-1"_s + cities;
-        std::vector<Fault> faults{{u"INSERT INTO Contact "_s, untouched},
+        const QString namesake = u"3|||"_s; // who gets nothing of hers when she is not stored
+        std::vector<Fault> faults{{u"INSERT INTO Contact "_s, namesake + untouched + u";Annville"},
                                   {u"INSERT INTO ContactRecovery"_s, moved},
                                   {u"Delete * from Contact"_s, u"1|2|1|;"_s + moved},
                                   {u"Select * from Contact where firstName="_s, u"3|2|1|Parts"_s + untouched},
@@ -373,7 +356,9 @@ private slots:
         for (const Fault& fault : faults) {
             ContactBench bench;
             furnishContact(bench);
-            failingAt(bench, fault.statement, [&] { bench.contact().cmdUpdateContact1(); });
+            if (fault.left.startsWith(namesake))
+                bench.addPerson(u"Ann"_s, u"Lee"_s, 1);
+            bench.failingAt(fault.statement, [&] { bench.contact().cmdUpdateContact1(); });
             QVERIFY2(contactState(bench) == fault.left,
                      qPrintable(fault.statement + u": " + contactState(bench)));
         }
@@ -381,24 +366,20 @@ private slots:
 
     void anyStepOfAContactRemovalSparesTheOthers()
     {
-        QString failed = u"-"_s;
-        for (size_t i = 0; !failed.isEmpty(); ++i) {
-            ContactBench bench;
+        const auto furnish = [](ContactBench& bench) {
             furnishContact(bench);
             bench.run(u"Insert into Event(Event,ContactKey) Values('Rest',0)"_s);
             bench.run(u"Insert into History(HistoryKey,ContactKey,ContactCount) Values('0-1',0,1)"_s);
             bench.world.prompts.acceptAll(Answer::Yes);
-            failed = failing(bench, i, [&] { bench.contact().cmdRemoveContact1(); });
+        };
+        const auto remove = [](ContactBench& bench) { bench.contact().cmdRemoveContact1(); };
+        anyStep<ContactBench>(furnish, remove, [](ContactBench& bench, const QString& failed) {
             const QString left = contactState(bench);
             if (failed.isEmpty())
                 QCOMPARE(left, u"   0 0-1 Acme City;Annville;Bobville;Nowhere"_s);
-            QVERIFY2(failed.startsWith(u"Select") || failed.isEmpty() ||
-                         bench.world.errorLog().contains(u"failed on purpose"_s),
-                     qPrintable(failed));
-            QVERIFY2(bench.cells(u"Select ContactKey from Event"_s).endsWith(u'0'), qPrintable(failed));
-            QVERIFY2(left.contains(u"0-1 "), qPrintable(failed));
+            QVERIFY(bench.cells(u"Select ContactKey from Event"_s).endsWith(u'0') && left.contains(u"0-1 "));
             QCOMPARE(bench.cells(u"Select FirstName from Contact where FirstName='Bob'"_s), u"Bob"_s);
-        }
+        });
     }
 };
 
