@@ -1,13 +1,16 @@
 #include "workbench/companyscreen.h"
 
+#include "base/dates.h"
 #include "base/fieldtext.h"
 #include "base/text.h"
 #include "store/datajw.h"
 #include "store/storeerror.h"
+#include "workbench/companysummary.h"
 #include "workbench/contactscreen.h"
 #include "workbench/fieldleaving.h"
 #include "workbench/frmdata.h"
 #include "workbench/positionscreen.h"
+#include "workbench/recordkey.h"
 
 #include <QLocale>
 
@@ -121,7 +124,7 @@ bool CompanyScreen::showSaved(const QString& name)
         return false;
     }
     fillForm(company);
-    showFigures(gather(session, company.text(u"Name")), company);
+    showFigures(gatherFigures(session.dataJW(), company.text(u"Name"), session.today()), company);
     // The selector finds a name in any case of its letters; what it shows is the stored one.
     m_workbench.setSelection(company.text(u"Name"));
     fillTree(m_tree.data(m_tree.index(0, 0), TreeModel::KindRole).toString());
@@ -132,12 +135,8 @@ void CompanyScreen::fillForm(const RecordSet& record)
 {
     Session& session = m_workbench.session();
     session.trace(u"frmData - FillForm (Company)"_s);
-    const auto key = record.key(u"CompanyKey");
-    if (!key) {
-        const StoreError overflow(tr("Overflow"), StoreError::Overflow, u"Jobwright"_s);
-        session.logError(u"frmData - FillForm (Company)"_s, 0, &overflow);
-    }
-    m_workbench.selection().currentCompanyKey = key.value_or(0);
+    m_workbench.selection().currentCompanyKey =
+        keyOrReport(session, record, u"CompanyKey", u"frmData - FillForm (Company)"_s);
     const RecordSet address = session.dataJW().getAddress(record.key(u"AddressKey").value_or(0));
     for (const FieldRow& row : m_form.rows()) {
         if (row.column.isEmpty())

@@ -5,7 +5,7 @@
 #include "base/treemodel.h"
 #include "store/recordset.h"
 #include "store/session.h"
-#include "workbench/companysummary.h"
+#include "workbench/companyfigures.h"
 
 #include <QObject>
 
@@ -39,9 +39,6 @@ public:
     void adjustProfile();
     /// Switches the company-only fields off for a category and on for everything else.
     void showAsCategory(bool category);
-    /// The figures of a company, gathered from the store, without touching the screen. For an unknown name
-    /// all are 0 and the entry date is the one that stands for a missing date.
-    static CompanyFigures gather(Session& session, const QString& name);
     /// Puts a new Address row into the store with what the address fields show; false when that failed.
     bool insertAddress();
     /// Opens a web address with the desktop, the product's home page when it is empty.

@@ -3,10 +3,10 @@
 #include "base/fieldtext.h"
 #include "base/text.h"
 #include "store/datajw.h"
-#include "store/storeerror.h"
 #include "workbench/addressentry.h"
 #include "workbench/fieldleaving.h"
 #include "workbench/frmdata.h"
+#include "workbench/recordkey.h"
 
 #include <QLocale>
 
@@ -218,12 +218,8 @@ void ContactScreen::fillContactForm(const RecordSet& record)
 {
     Session& session = m_workbench.session();
     session.trace(u"frmData - fillContactForm (Contact)"_s);
-    const auto key = record.key(u"ContactKey");
-    if (!key) {
-        const StoreError overflow(tr("Overflow"), StoreError::Overflow, u"Jobwright"_s);
-        session.logError(u"frmData - fillContactForm (Contact)"_s, 0, &overflow);
-    }
-    m_workbench.selection().currentContactKey = key.value_or(0);
+    m_workbench.selection().currentContactKey =
+        keyOrReport(session, record, u"ContactKey", u"frmData - fillContactForm (Contact)"_s);
     m_addressKey = record.key(u"AddressKey").value_or(0);
     for (const FieldRow& row : m_form.rows()) {
         if (isFlag(row.control)) {

@@ -3,9 +3,9 @@
 
 #include "base/text.h"
 #include "store/datajw.h"
-#include "store/storeerror.h"
 #include "workbench/frmdata.h"
 #include "workbench/positionscreen.h"
+#include "workbench/recordkey.h"
 
 #include <QHash>
 #include <QLocale>
@@ -269,12 +269,8 @@ void PipelineScreen::fillProgForm(const RecordSet& record)
 {
     Session& session = m_workbench.session();
     session.trace(u"frmData - fillProgForm (Pipeline)"_s);
-    const auto key = record.key(u"PositionKey");
-    if (!key && !record.isEmpty()) {
-        const StoreError overflow(tr("Overflow"), StoreError::Overflow, u"Jobwright"_s);
-        session.logError(u"frmData - fillProgForm (Pipeline)"_s, 0, &overflow);
-    }
-    m_workbench.selection().currentPositionKey = key.value_or(0);
+    m_workbench.selection().currentPositionKey =
+        keyOrReport(session, record, u"PositionKey", u"frmData - fillProgForm (Pipeline)"_s);
     const PipelineSteps steps(record);
     for (int index = 0; index < PipelineSteps::count; ++index) {
         const PipelineSteps::Step step = steps.step(index);

@@ -2,6 +2,7 @@
 #include "base/fieldtext.h"
 #include "base/text.h"
 #include "store/datajw.h"
+#include "store/recoveryinsert.h"
 #include "workbench/frmdata.h"
 #include "workbench/pipelinescreen.h"
 #include "workbench/pipelinesteps.h"
@@ -11,8 +12,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr QStringView insertStart = u"INSERT INTO Position";
 
 /// The values of a step that is not done.
 QString noStep()
@@ -190,7 +189,7 @@ Key PositionScreen::replaceRow(const Replacement& record)
     dataJW.delRecord(m_twin, u"Position"_s);
     const bool inserted = dataJW.execQuery(record.insert);
     // The journal of versions takes what the user wrote even if the position itself could not.
-    dataJW.execQuery(QString(record.insert).replace(0, insertStart.size(), insertStart + u"Recovery"));
+    dataJW.execQuery(recoveryInsert(record.insert, u"PositionRecovery"_s));
     if (!inserted)
         return 0;
     Key newKey = dataJW.getPositionKey(text::quoteFix(m_form.text(u"txtPosTitle"_s)), companyName());

@@ -9,6 +9,7 @@
 #include "workbench/fieldleaving.h"
 #include "workbench/frmdata.h"
 #include "workbench/pipelinesteps.h"
+#include "workbench/recordkey.h"
 
 using namespace Qt::StringLiterals;
 
@@ -125,13 +126,9 @@ void PositionScreen::fillPosForm(const RecordSet& record)
 {
     Session& session = m_workbench.session();
     session.trace(u"frmData - fillPosForm (Position)"_s);
-    const auto key = record.key(u"PositionKey");
-    if (!key) {
-        const StoreError overflow(tr("Overflow"), StoreError::Overflow, u"Jobwright"_s);
-        session.logError(u"frmData - fillPosForm (Position)"_s, 0, &overflow);
-    }
     forgetFailedSave();
-    m_workbench.selection().currentPositionKey = key.value_or(0);
+    m_workbench.selection().currentPositionKey =
+        keyOrReport(session, record, u"PositionKey", u"frmData - fillPosForm (Position)"_s);
     for (const FieldRow& row : m_form.rows()) {
         if (!row.column.isEmpty() && row.save != SaveOn::Change)
             m_form.setText(row.control, fieldtext::toShown(record.text(row.column)));

@@ -56,7 +56,8 @@ private slots:
         }
         QCOMPARE(bench.shown(u"txtContCount"_s), u"0"_s);
         // An entry date that is missing counts as an old one.
-        QCOMPARE(CompanyScreen::gather(*bench.world.session, u"Bolt"_s).entryDate, QDate(2001, 1, 1));
+        QCOMPARE(gatherFigures(bench.data(), u"Bolt"_s, bench.world.session->today()).entryDate,
+                 QDate(2001, 1, 1));
     }
 
     void contactsMakeTheFigures()
@@ -70,7 +71,7 @@ private slots:
         // The running number of the last history counts, not the number of rows.
         bench.run(u"Insert into History(HistoryKey,ContactKey,ContactCount) Values('1-2',1,2)"_s);
         bench.run(u"Insert into History(HistoryKey,ContactKey,ContactCount) Values('2-5',2,5)"_s);
-        const CompanyFigures figures = CompanyScreen::gather(*bench.world.session, u"acme"_s);
+        const CompanyFigures figures = gatherFigures(bench.data(), u"acme"_s, bench.world.session->today());
         QCOMPARE(QList<int>({figures.contactCount, figures.positionCount, figures.interactionCount,
                              figures.maxPerContact, figures.contactedCount, figures.rank}),
                  QList<int>({3, 0, 7, 5, 2, 0}));
