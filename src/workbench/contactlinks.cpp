@@ -140,25 +140,30 @@ void ContactScreen::cmdAddDocContact1()
     const Key key = dataJW().getDocumentKey(text::quoteFix(name));
     m_documents.add(m_documents.index(0, 0), name, u'D' + QString::number(key), u"document"_s);
     const QString type = dataJW().getDocument(key).text(u"Type").toLower();
+    bool written = true;
     if (type == u"resume")
-        writeStep(u"PrepareResume"_s);
+        written = writeStep(u"PrepareResume"_s);
     else if (type == u"cover")
-        writeStep(u"PrepareCover"_s);
-    saveIfAutomatic();
+        written = writeStep(u"PrepareCover"_s);
+    // A store that took no step has said so, and takes no contact either. The document is on the list for the
+    // next save.
+    if (written)
+        saveIfAutomatic();
 }
 
 /// A resume or cover letter handed to somebody is prepared: the position at hand has done that step today.
-void ContactScreen::writeStep(const QString& step)
+/// False when the store is as it was before.
+bool ContactScreen::writeStep(const QString& step)
 {
     const Key position = m_workbench.selection().currentPositionKey;
     if (position <= 0)
-        return;
+        return true;
     const QString where = u" where positionKey="_s + QString::number(position);
     Action action(dataJW());
     dataJW().execQuery(u"Update Position set " + step + u"='" + m_workbench.session().todayText() + u'\'' +
                        where);
     dataJW().execQuery(u"Update Position set " + step + u"Medium=7" + where);
-    action.commit();
+    return action.commit();
 }
 
 void ContactScreen::cmdRemoveDocContact1()
@@ -224,7 +229,12 @@ void ContactScreen::cmdHistory1()
         return;
     const Key key = keyShown();
     m_workbench.navigator().openScreen(u"FrmHistory"_s);
-    show(key);
+    // As a click on the box shows its contact anew, a field that could not be saved is asked about first. By
+    // the key and not the name, which a namesake may have too.
+    if (mayLeave())
+        show(key);
+    else
+        showReached(dataJW().getContactDataByKey(key));
 }
 
 void ContactScreen::cmdAddress1()

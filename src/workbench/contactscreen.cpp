@@ -230,15 +230,23 @@ void ContactScreen::fillContactForm(const RecordSet& record)
             m_form.setText(row.control, fieldtext::toShown(record.text(row.column)));
         }
     }
+    showReached(record);
+    showRatings(record.key(u"ContactLevel").value_or(0));
+    showDocuments(record.text(u"DocumentList"));
+    showOthers(record.text(u"ContactList"));
+    emit changed();
+}
+
+/// A history writes this day; a save of what was shown before it must not take it back.
+void ContactScreen::showReached(const RecordSet& record)
+{
+    if (record.isEmpty())
+        return;
     m_lastContact = record.text(u"LastContact");
     const QDate reached = record.date(u"LastContact");
     m_form.setText(u"txtDTPicker1"_s, reached.isValid() && reached != dates::sentinel
                                           ? QLocale().toString(reached, QLocale::ShortFormat)
                                           : tr("No Contact"));
-    showRatings(record.key(u"ContactLevel").value_or(0));
-    showDocuments(record.text(u"DocumentList"));
-    showOthers(record.text(u"ContactList"));
-    emit changed();
 }
 
 void ContactScreen::clearContactForm()

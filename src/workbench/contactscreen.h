@@ -88,6 +88,7 @@ private:
     [[nodiscard]] Key findContact(const QString& name, const QString& company) const;
     [[nodiscard]] Key keyShown() const;
     void show(Key key);
+    void showReached(const RecordSet& record);
     void showRatings(int level);
     void labelRatings(bool rated);
     void showOthers(const QString& keyList);
@@ -109,7 +110,7 @@ private:
     void showAfterSave(Key newKey, const ContactName& name);
     bool removeRecords(Key key);
 
-    void writeStep(const QString& step);
+    [[nodiscard]] bool writeStep(const QString& step);
     void cutFromList(const QString& column, const QString& written, Key cut);
     void saveIfAutomatic();
 
