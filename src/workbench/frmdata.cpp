@@ -39,15 +39,14 @@ std::vector<FieldRow> shellForm()
 } // namespace
 
 FrmData::FrmData(Session& session, Navigator& navigator)
-    : m_session(session)
-    , m_navigator(navigator)
+    : Shell(session, navigator)
     , m_form(shellForm())
-    , m_company(std::make_unique<CompanyScreen>(*this))
-    , m_position(std::make_unique<PositionScreen>(*this))
-    , m_contact(std::make_unique<ContactScreen>(*this))
-    , m_document(std::make_unique<DocumentScreen>(*this))
-    , m_pipeline(std::make_unique<PipelineScreen>(*this))
     , m_autoParse(std::make_unique<FrmAutoParse>(session))
+    , m_company(std::make_unique<CompanyScreen>(*this, *m_autoParse))
+    , m_position(std::make_unique<PositionScreen>(*this))
+    , m_contact(std::make_unique<ContactScreen>(*this, m_company->form(), *m_autoParse))
+    , m_document(std::make_unique<DocumentScreen>(*this))
+    , m_pipeline(std::make_unique<PipelineScreen>(*this, *m_position))
     , m_calendar(std::make_unique<FrmEvCal>(session, navigator))
     , m_reminder(std::make_unique<FrmReminder>(session, *m_calendar))
     , m_history(std::make_unique<FrmHistory>(session, *m_calendar))
@@ -57,6 +56,10 @@ FrmData::FrmData(Session& session, Navigator& navigator)
     connect(m_reminder.get(), &FrmReminder::checkRequested, this, &FrmData::checkReminders);
     connect(m_calendar.get(), &FrmEvCal::recordsChanged, this, &FrmData::stepsChanged);
     connect(m_history.get(), &FrmHistory::recordsChanged, this, &FrmData::stepsChanged);
+    connect(m_contact.get(), &ContactScreen::removed, m_position.get(), &PositionScreen::loadPositionList);
+    connect(m_position.get(), &PositionScreen::stored, this, &FrmData::positionStored);
+    connect(m_pipeline.get(), &PipelineScreen::barChosen, this,
+            [this](const QString& company) { m_company->form().setText(u"txtTitle"_s, company); });
     m_form.setText(u"Label45"_s, tr("Company"));
     m_form.setVisible(u"pbarLoad"_s, false);
     // The program begins on the Company screen, with no company chosen.
@@ -125,15 +128,16 @@ void FrmData::updateCounts()
     emit changed();
 }
 
-Answer FrmData::showMessage(const QString& prompt, Buttons buttons, const QString& title)
+void FrmData::setSimpleText(const QString& text)
 {
-    return m_session.msgBox(prompt, buttons, title);
+    m_form.setText(u"sbar"_s, text);
 }
 
-QStringList FrmData::csvParse(const QString& keyList)
+void FrmData::progress(int done, int total, const QString& what)
 {
-    m_session.trace(u"frmdata - csvParse"_s);
-    return text::csvParse(keyList);
+    setSimpleText(what);
+    m_form.setText(u"pbarLoad"_s, u"%1/%2"_s.arg(done).arg(total));
+    m_form.setVisible(u"pbarLoad"_s, total > 0);
 }
 
 // --- Company selector -------------------------------------------------------------------------------------
@@ -218,6 +222,15 @@ void FrmData::stepsChanged()
     m_pipeline->stepsChanged();
 }
 
+void FrmData::positionStored()
+{
+    m_pipeline->load();
+    // It takes itself for the open screen, which is still the one that has stored.
+    m_selection.currentScreen = u"Position"_s;
+    // Showing an expired position raises the panel again, and nothing is left to be saved.
+    savedSbar();
+}
+
 // --- Tabs -------------------------------------------------------------------------------------------------
 
 void FrmData::clearStrip()
@@ -254,6 +267,26 @@ bool FrmData::tabStrip1Click(const QString& tabKey)
     else if (tabKey == u"Document")
         showDocumentScreen();
     emit changed();
+    return true;
+}
+
+bool FrmData::isOpen(const QString& screen) const
+{
+    return m_form.isVisible(u"frme"_s + screen);
+}
+
+bool FrmData::showOn(const QString& screen, const QString& name)
+{
+    if (!tabStrip1Click(screen))
+        return false;
+    if (name.isEmpty())
+        return true;
+    if (screen == u"Position")
+        m_position->showPosition(name);
+    else if (screen == u"Contact")
+        m_contact->showContact(name);
+    else if (screen == u"Document")
+        m_document->showDocument(name);
     return true;
 }
 
@@ -332,10 +365,9 @@ void FrmData::showPipelineScreen()
         return;
     }
     m_form.setVisible(u"frmePipeline"_s, true);
-    m_form.setText(u"pbarLoad"_s, u"0/%1"_s.arg(companies));
-    m_form.setVisible(u"pbarLoad"_s, true);
+    progress(0, companies, {});
     loadPipelineFrame();
-    m_form.setVisible(u"pbarLoad"_s, false);
+    progress(0, 0, {});
     m_pipeline->displayVisual();
 }
 

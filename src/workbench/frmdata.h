@@ -2,10 +2,7 @@
 #pragma once
 
 #include "base/form.h"
-#include "base/ports.h"
-#include "base/treemodel.h"
-#include "store/session.h"
-#include "workbench/selection.h"
+#include "workbench/shell.h"
 
 #include <QObject>
 #include <QStringList>
@@ -30,7 +27,7 @@ enum class CompanyLabel {
 };
 
 /// Switches the five screens, holds the company selector and the status bar, and opens every other tool.
-class FrmData : public QObject
+class FrmData : public QObject, public Shell
 {
     Q_OBJECT
 
@@ -39,8 +36,6 @@ public:
     ~FrmData() override;
 
     // --- Parts of the window ------------------------------------------------------------------------------
-    [[nodiscard]] Session& session() { return m_session; }
-    [[nodiscard]] Selection& selection() { return m_selection; }
     [[nodiscard]] CompanyScreen& companyScreen() { return *m_company; }
     [[nodiscard]] PositionScreen& positionScreen() { return *m_position; }
     [[nodiscard]] ContactScreen& contactScreen() { return *m_contact; }
@@ -59,7 +54,7 @@ public:
     [[nodiscard]] const QStringList& companyList() const { return m_companyList; }
     [[nodiscard]] QString caption() const { return m_caption; }
     [[nodiscard]] QString versionPanel() const; ///< first panel of the status bar
-    [[nodiscard]] QString procText() const { return m_procText; }
+    [[nodiscard]] QString procText() const override { return m_procText; }
     [[nodiscard]] bool procVisible() const { return m_procVisible; }
     /// Third panel of the status bar: the state of the position shown ("Position EXPIRED"); empty: hidden.
     [[nodiscard]] QString positionPanel() const { return m_positionPanel; }
@@ -87,34 +82,37 @@ public:
     /// Before another record, screen or the end: whether nothing typed is lost, or the user agrees to it.
     bool mayLeave();
     void clearStrip();
-    void setSbar(const QString& kind);
-    void sbarVis();
-    void savedSbar();
-    /// Puts a text into the "proc" panel and shows it.
-    void showProc(const QString& text);
-    void setPositionPanel(const QString& text);
-    void clearPipeBoxes();
-    QStringList csvParse(const QString& keyList);
-    Answer showMessage(const QString& prompt, Buttons buttons = Buttons::Ok, const QString& title = {});
-    void selectCategory();
-    void loadCompanyList();
-    void cmbSelectionClick(const QString& text);
-    /// Makes @p name the selection and the selector's text, without showing the company.
-    void setSelection(const QString& name);
-    /// Counts the records for the status bar; to be called where their number has changed.
-    void updateCounts();
+    [[nodiscard]] bool isOpen(const QString& screen) const override;
+    bool showOn(const QString& screen, const QString& name = {}) override;
+    void clearPipeBoxes() override;
     /// Runs the whole list of start steps that a restore or another outside change calls for.
     void refresh();
+
+    // --- Status bar ---------------------------------------------------------------------------------------
+    void setSbar(const QString& kind) override;
+    /// Trims the position's title too, whichever field has changed.
+    void sbarVis() override;
+    void savedSbar() override;
+    void showProc(const QString& text) override;
+    void setPositionPanel(const QString& text) override;
+    void setSimpleText(const QString& text) override;
+    void progress(int done, int total, const QString& what) override;
+    void updateCounts() override;
+
+    // --- Company selector ---------------------------------------------------------------------------------
+    void setSelection(const QString& name) override;
+    void selectCategory() override;
+    void loadCompanyList() override;
+    void cmbSelectionClick(const QString& text) override;
 
     // --- Tools --------------------------------------------------------------------------------------------
     /// A click on the toolbar button with this key, or on an entry of its drop-down ("company" ...
     /// "pipeline").
-    void tbarButtonClick(const QString& key);
+    void tbarButtonClick(const QString& key) override;
     /// The same for a menu entry by its name ("Uprofile", "Goals", "FileImport", ...).
     void menuClick(const QString& entry);
     /// True when what stands behind this toolbar key or menu entry exists; else its button is disabled.
     [[nodiscard]] bool toolAvailable(const QString& key) const;
-    [[nodiscard]] Navigator& navigator() { return m_navigator; }
 
 public slots:
     void fileExport();
@@ -155,20 +153,18 @@ private:
     void openTool(const QString& key, bool fromMenu);
     void checkReminders();
     void stepsChanged();
+    void positionStored();
     void documentation();
     void writeUsage();
     void release();
 
-    Session& m_session;
-    Navigator& m_navigator;
-    Selection m_selection;
     Form m_form;
+    std::unique_ptr<FrmAutoParse> m_autoParse;
     std::unique_ptr<CompanyScreen> m_company;
     std::unique_ptr<PositionScreen> m_position;
     std::unique_ptr<ContactScreen> m_contact;
     std::unique_ptr<DocumentScreen> m_document;
     std::unique_ptr<PipelineScreen> m_pipeline;
-    std::unique_ptr<FrmAutoParse> m_autoParse;
     std::unique_ptr<FrmEvCal> m_calendar;
     std::unique_ptr<FrmReminder> m_reminder;
     std::unique_ptr<FrmHistory> m_history;

@@ -1,5 +1,6 @@
 // The Company screen: showing, leaving a field, the tree, the figures, and the ways out into the web.
 #include "base/statecodes.h"
+#include "store/webpages.h"
 #include "support/table.h"
 #include "workbench/bench.h"
 #include "workbench/stateabbrev.h"
@@ -221,7 +222,7 @@ private slots:
         bench.company().lblURL1();
         bench.company().lblURL2();
         QCOMPARE(bench.world.desktop.opened,
-                 (QStringList{CompanyScreen::homePage(), u"https://second.example"_s}));
+                 (QStringList{webpages::homePage(), u"https://second.example"_s}));
         bench.world.desktop.works = false;
         bench.world.prompts.expect(u"\"https://second.example\" could not be opened"_s);
         bench.company().lblURL2();

@@ -1,5 +1,6 @@
 // Saving and removing a whole contact, the name and the address that go with it.
 #include "intake/frmautoparse.h"
+#include "store/webpages.h"
 #include "support/table.h"
 #include "workbench/contactbench.h"
 #include "workbench/contactname.h"
@@ -224,7 +225,7 @@ private slots:
             entry.lblURL2C();
         });
         QCOMPARE(bench.address(), bench.before);
-        QCOMPARE(bench.world.desktop.opened, (QStringList{u"ann.example"_s, CompanyScreen::homePage()}));
+        QCOMPARE(bench.world.desktop.opened, (QStringList{u"ann.example"_s, webpages::homePage()}));
     }
 
     void savedEntriesAreInTheContactsRow_data()
