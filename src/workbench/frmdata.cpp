@@ -2,10 +2,7 @@
 #include "workbench/frmdata.h"
 
 #include "base/text.h"
-#include "calendar/frmevcal.h"
 #include "calendar/frmreminder.h"
-#include "history/frmhistory.h"
-#include "intake/frmautoparse.h"
 #include "store/datajw.h"
 #include "workbench/companyscreen.h"
 #include "workbench/contactscreen.h"
@@ -38,24 +35,17 @@ std::vector<FieldRow> shellForm()
 
 } // namespace
 
-FrmData::FrmData(Session& session, Navigator& navigator)
+FrmData::FrmData(Session& session, Navigator& navigator, FrmAutoParse& autoParse, FrmReminder& reminder)
     : Shell(session, navigator)
+    , m_reminder(reminder)
     , m_form(shellForm())
-    , m_autoParse(std::make_unique<FrmAutoParse>(session))
-    , m_company(std::make_unique<CompanyScreen>(*this, *m_autoParse))
+    , m_company(std::make_unique<CompanyScreen>(*this, autoParse))
     , m_position(std::make_unique<PositionScreen>(*this))
-    , m_contact(std::make_unique<ContactScreen>(*this, m_company->form(), *m_autoParse))
+    , m_contact(std::make_unique<ContactScreen>(*this, m_company->form(), autoParse))
     , m_document(std::make_unique<DocumentScreen>(*this))
     , m_pipeline(std::make_unique<PipelineScreen>(*this, *m_position))
-    , m_calendar(std::make_unique<FrmEvCal>(session, navigator))
-    , m_reminder(std::make_unique<FrmReminder>(session, *m_calendar))
-    , m_history(std::make_unique<FrmHistory>(session, *m_calendar))
 {
-    connect(m_reminder.get(), &FrmReminder::recordsChanged, m_calendar.get(), &FrmEvCal::reload);
-    connect(m_reminder.get(), &FrmReminder::recordsChanged, this, &FrmData::stepsChanged);
-    connect(m_reminder.get(), &FrmReminder::checkRequested, this, &FrmData::checkReminders);
-    connect(m_calendar.get(), &FrmEvCal::recordsChanged, this, &FrmData::stepsChanged);
-    connect(m_history.get(), &FrmHistory::recordsChanged, this, &FrmData::stepsChanged);
+    connect(&m_reminder, &FrmReminder::checkRequested, this, &FrmData::checkReminders);
     connect(m_contact.get(), &ContactScreen::removed, m_position.get(), &PositionScreen::loadPositionList);
     connect(m_position.get(), &PositionScreen::stored, this, &FrmData::positionStored);
     connect(m_pipeline.get(), &PipelineScreen::barChosen, this,

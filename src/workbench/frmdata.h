@@ -13,8 +13,6 @@ class CompanyScreen;
 class ContactScreen;
 class DocumentScreen;
 class FrmAutoParse;
-class FrmEvCal;
-class FrmHistory;
 class FrmReminder;
 class PipelineScreen;
 class PositionScreen;
@@ -32,7 +30,8 @@ class FrmData : public QObject, public Shell
     Q_OBJECT
 
 public:
-    FrmData(Session& session, Navigator& navigator);
+    /// All four must outlive the main screen.
+    FrmData(Session& session, Navigator& navigator, FrmAutoParse& autoParse, FrmReminder& reminder);
     ~FrmData() override;
 
     // --- Parts of the window ------------------------------------------------------------------------------
@@ -41,12 +40,6 @@ public:
     [[nodiscard]] ContactScreen& contactScreen() { return *m_contact; }
     [[nodiscard]] DocumentScreen& documentScreen() { return *m_document; }
     [[nodiscard]] PipelineScreen& pipelineScreen() { return *m_pipeline; }
-    /// The card parser, lent to each screen that has an address.
-    [[nodiscard]] FrmAutoParse& autoParse() { return *m_autoParse; }
-    /// The screens that belong to the main screen and that others borrow.
-    [[nodiscard]] FrmEvCal& calendar() { return *m_calendar; }
-    [[nodiscard]] FrmReminder& reminder() { return *m_reminder; }
-    [[nodiscard]] FrmHistory& history() { return *m_history; }
     /// The shell's own controls: cmbSelection, Label45, the frames frmeCompany ... frmePipeline, pbarLoad
     /// ("3/15" when it stands at 3 of 15).
     [[nodiscard]] Form& form() { return m_form; }
@@ -114,6 +107,9 @@ public:
     /// True when what stands behind this toolbar key or menu entry exists; else its button is disabled.
     [[nodiscard]] bool toolAvailable(const QString& key) const;
 
+    /// Steps of positions were written elsewhere: the screens that show them read them again.
+    void stepsChanged();
+
 public slots:
     void fileExport();
     void restoreData();
@@ -152,22 +148,18 @@ private:
     void newRecord();
     void openTool(const QString& key, bool fromMenu);
     void checkReminders();
-    void stepsChanged();
     void positionStored();
     void documentation();
     void writeUsage();
     void release();
 
+    FrmReminder& m_reminder;
     Form m_form;
-    std::unique_ptr<FrmAutoParse> m_autoParse;
     std::unique_ptr<CompanyScreen> m_company;
     std::unique_ptr<PositionScreen> m_position;
     std::unique_ptr<ContactScreen> m_contact;
     std::unique_ptr<DocumentScreen> m_document;
     std::unique_ptr<PipelineScreen> m_pipeline;
-    std::unique_ptr<FrmEvCal> m_calendar;
-    std::unique_ptr<FrmReminder> m_reminder;
-    std::unique_ptr<FrmHistory> m_history;
     QStringList m_companyList;
     QString m_caption;
     QString m_procText;

@@ -230,7 +230,7 @@ private slots:
         checkMnemonics(*dialog, 12);
         walkByTab(*dialog, u"txtSearch"_s);
         checkTexts(*dialog);
-        checkRows(*dialog, m_bench->frm->history().form());
+        checkRows(*dialog, m_bench->presenters->history.form());
     }
 
     void everyRowOfTheFormHasItsControl()
@@ -255,8 +255,8 @@ private:
         QWidget* window = view(screen == "Calendar"_L1 ? u"frmEvCal"_s : u"frmData"_s);
         if (screen == "Calendar"_L1) {
             window->show();
-            m_bench->frm->calendar().cmdNewEvent();
-            m_bench->frm->calendar().cmdAdd1();
+            m_bench->presenters->calendar.cmdNewEvent();
+            m_bench->presenters->calendar.cmdAdd1();
             window->activateWindow();
         } else {
             m_bench->run(u"Insert into Position(Title,CompanyKey) Values('Planner',1)"_s);
@@ -289,17 +289,17 @@ private:
         // The link to the target list shows for some companies only, but is a control like the others.
         m_bench->company().form().setVisible(u"imgTgt"_s, true);
         if (name == "frmReminder"_L1)
-            return keep<ReminderView>(m_bench->frm->reminder());
+            return keep<ReminderView>(m_bench->presenters->reminder);
         if (name == "frmAutoParse"_L1)
-            return keep<AutoParseView>(m_bench->frm->autoParse());
+            return keep<AutoParseView>(m_bench->presenters->autoParse);
         if (name == "frmEvCal"_L1) {
-            m_bench->frm->calendar().load();
-            return keep<CalendarView>(m_bench->frm->calendar());
+            m_bench->presenters->calendar.load();
+            return keep<CalendarView>(m_bench->presenters->calendar);
         }
         if (name == "frmHistory"_L1) {
             m_bench->world.session->outlookAvailable = true;
-            m_bench->frm->history().load(1);
-            return keep<HistoryView>(m_bench->frm->history());
+            m_bench->presenters->history.load(1);
+            return keep<HistoryView>(m_bench->presenters->history);
         }
         if (name == "frmSplash"_L1) {
             m_splash = std::make_unique<FrmSplash>(*m_bench->world.session);

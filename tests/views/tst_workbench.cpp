@@ -156,7 +156,7 @@ private slots:
         bench.press(Qt::Key_Q, Qt::ControlModifier);
         QVERIFY(!bench.window->isVisible());
         bench.window.reset();
-        bench.frm.reset();
+        bench.presenters.reset();
         bench.world.restart();
         QCOMPARE(bench.industry(), u"Rails"_s);
         QVERIFY(!bench.cells(u"Select StatusValue from Status where StatusDescription='MinLog'"_s).isEmpty());

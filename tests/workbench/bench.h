@@ -1,10 +1,10 @@
 // A workbench of its own for each test, on a real store.
 #pragma once
 
+#include "app/presenters.h"
 #include "base/dates.h"
 #include "support/world.h"
 #include "workbench/companyscreen.h"
-#include "workbench/frmdata.h"
 
 #include <functional>
 
@@ -56,13 +56,22 @@ class Bench
 public:
     explicit Bench(const QDateTime& now = QDateTime(QDate(2026, 11, 22), QTime(9, 30)))
         : world(now)
-        , frm(std::make_unique<FrmData>(*world.session, navigator))
     {
+        restart();
     }
 
     World world;
     NotedNavigator navigator;
-    std::unique_ptr<FrmData> frm;
+    std::unique_ptr<Presenters> presenters;
+    FrmData* frm = nullptr; ///< the main screen among them
+
+    /// Makes all presenters anew, as the program's next start does.
+    void restart()
+    {
+        presenters.reset();
+        presenters = std::make_unique<Presenters>(*world.session, navigator);
+        frm = &presenters->workbench;
+    }
 
     CompanyScreen& company() { return frm->companyScreen(); }
     DataJW& data() { return world.data(); }

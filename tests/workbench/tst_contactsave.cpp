@@ -212,7 +212,7 @@ private slots:
                             bench.world.folder.filePath(u"areacodes.jwd"_s)));
         bench.withEntry([&](FrmAddressEntry& entry) {
             bench.navigator.whileOpen = [&] {
-                FrmAutoParse& parser = bench.frm->autoParse();
+                FrmAutoParse& parser = bench.presenters->autoParse;
                 QVERIFY(parser.form().text(u"txtCurrent"_s).startsWith(u"9 Elm"_s));
                 parser.form().edit(u"txtBizCard"_s, u"6 Spindle Court\nBoston, MA 02139\n617-555-0142"_s);
                 parser.cmdVerify();

@@ -93,7 +93,8 @@ private slots:
         };
         Session session(world.folder.path(), clock, world.prompts, world.desktop);
         NotedNavigator navigator;
-        FrmData frm(session, navigator);
+        Presenters presenters(session, navigator);
+        FrmData& frm = presenters.workbench;
         broken = true;
         world.prompts.expect(u"Error onload."_s);
         QVERIFY(!frm.load());
@@ -120,7 +121,7 @@ private slots:
         bench.world.session->debugMode = true;
         bench.frm->unload();
         QVERIFY(!bench.world.session->hasDataJW());
-        bench.frm.reset();
+        bench.presenters.reset();
         QCOMPARE(bench.world.opLog().count(u"frmData - Terminate"_s), 2);
         QTEST(bench.cells(u"Select StatusDescription,StatusDate,StatusValue from Status where "
                           "StatusDescription='TimeLog' or StatusDescription='MinLog' order by StatusKey"_s),
@@ -169,7 +170,7 @@ private slots:
     void storeThatCannotBeOpenedLeavesAnEmptyShell()
     {
         Bench bench;
-        bench.frm.reset();
+        bench.presenters.reset();
         bench.world.session.reset();
         QFile file(bench.world.folder.filePath(u"Postledger.db"_s));
         QVERIFY(file.open(QIODevice::WriteOnly));
@@ -177,7 +178,7 @@ private slots:
         file.close();
         bench.world.restart();
         bench.world.prompts.acceptAll(Answer::Ok);
-        bench.frm = std::make_unique<FrmData>(*bench.world.session, bench.navigator);
+        bench.restart();
         QVERIFY(bench.frm->load());
         QCOMPARE(bench.frm->companyList(), QStringList{u"<New>"_s});
         QCOMPARE(bench.world.session->reminderInterval, Key(10));
