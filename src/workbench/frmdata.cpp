@@ -26,7 +26,6 @@ std::vector<FieldRow> shellForm()
 {
     std::vector<FieldRow> rows{{u"cmbSelection"_s, {}, SaveOn::Never},
                                {u"Label45"_s, {}, SaveOn::Never},
-                               {u"pbarLoad"_s, {}, SaveOn::Never},
                                {u"sbar"_s, {}, SaveOn::Never}}; // the bar's simple text
     for (const QStringView frame : frames)
         rows.push_back({frame.toString(), {}, SaveOn::Never});
@@ -126,8 +125,8 @@ void FrmData::setSimpleText(const QString& text)
 void FrmData::progress(int done, int total, const QString& what)
 {
     setSimpleText(what);
-    m_form.setText(u"pbarLoad"_s, u"%1/%2"_s.arg(done).arg(total));
     m_form.setVisible(u"pbarLoad"_s, total > 0);
+    emit progressChanged(done, total);
 }
 
 // --- Company selector -------------------------------------------------------------------------------------

@@ -40,8 +40,8 @@ public:
     [[nodiscard]] ContactScreen& contactScreen() { return *m_contact; }
     [[nodiscard]] DocumentScreen& documentScreen() { return *m_document; }
     [[nodiscard]] PipelineScreen& pipelineScreen() { return *m_pipeline; }
-    /// The shell's own controls: cmbSelection, Label45, the frames frmeCompany ... frmePipeline, pbarLoad
-    /// ("3/15" when it stands at 3 of 15).
+    /// The shell's own controls: cmbSelection, Label45, the frames frmeCompany ... frmePipeline; pbarLoad is
+    /// visible while long work runs.
     [[nodiscard]] Form& form() { return m_form; }
     /// The items of cmbSelection: the company names in order, "<New>" last.
     [[nodiscard]] const QStringList& companyList() const { return m_companyList; }
@@ -125,6 +125,8 @@ signals:
     /// Something beside the form's controls is new: panels, tab, caption, list of companies.
     void changed();
     void companyListChanged();
+    /// Long work stands at @p done of @p total; both 0 when it is over.
+    void progressChanged(int done, int total);
     void closeRequested();
     void printRequested();
     void printSetupRequested();

@@ -243,6 +243,10 @@ void WorkbenchWindow::connectPresenter()
 {
     connect(&m_presenter, &FrmData::changed, this, &WorkbenchWindow::render);
     connect(&m_presenter, &FrmData::companyListChanged, this, &WorkbenchWindow::fillSelector);
+    connect(&m_presenter, &FrmData::progressChanged, m_load, [this](int done, int total) {
+        m_load->setRange(0, total);
+        m_load->setValue(done);
+    });
     connect(&m_presenter, &FrmData::closeRequested, this, &QWidget::close);
     connect(&m_presenter.selection(), &Selection::selectedCompanyNameChanged, m_ui->cmbSelection,
             &CompanySelector::showChosen);
