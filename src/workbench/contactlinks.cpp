@@ -15,11 +15,6 @@ bool holds(const TreeModel& tree, const QString& name)
     return tree.texts(tree.index(0, 0)).contains(name, Qt::CaseInsensitive);
 }
 
-Key keyOfNode(const TreeModel& tree, const QModelIndex& node)
-{
-    return static_cast<Key>(tree.key(node).mid(1).toShort());
-}
-
 } // namespace
 
 void ContactScreen::saveIfAutomatic()
@@ -62,22 +57,6 @@ void ContactScreen::cmdAddOther1()
     const Key key = findContact(name, m_otherCompany.isEmpty() ? u"*"_s : m_otherCompany);
     m_others.add(m_others.index(0, 0), name, u'A' + QString::number(key), u"contact"_s);
     saveIfAutomatic();
-}
-
-/// The key of a node's person at this moment; 0 when there is nobody of the name any more.
-Key ContactScreen::otherKey(const QModelIndex& node) const
-{
-    const QString name = m_others.text(node);
-    // The key noted with the node holds while it still names this person: it tells namesakes apart.
-    const Key noted = keyOfNode(m_others, node);
-    if (noted > 0 && dataJW().getContactByKey(noted).trimmed() == name.trimmed())
-        return noted;
-    const auto blank = name.indexOf(u' ');
-    const QString first = name.left(blank);
-    const QString last = blank < 0 ? QString() : name.mid(blank + 1);
-    const Key companyKey = dataJW().getCompanyKeyByContact(first, last);
-    return companyKey > 0 ? dataJW().getContactKey(first, last, dataJW().getCompanyNameByKey(companyKey))
-                          : Key{0};
 }
 
 void ContactScreen::cmdRemoveOther1()

@@ -83,6 +83,22 @@ bool ContactScreen::giveAddress(bool isNew, Key& addressKey)
     return given && addressKey > 0;
 }
 
+/// The key of a node's person at this moment; 0 when there is nobody of the name any more.
+Key ContactScreen::otherKey(const QModelIndex& node) const
+{
+    const QString name = m_others.text(node);
+    // The key noted with the node holds while it still names this person: it tells namesakes apart.
+    const Key noted = static_cast<Key>(m_others.key(node).mid(1).toShort());
+    if (noted > 0 && dataJW().getContactByKey(noted).trimmed() == name.trimmed())
+        return noted;
+    const auto blank = name.indexOf(u' ');
+    const QString first = name.left(blank);
+    const QString last = blank < 0 ? QString() : name.mid(blank + 1);
+    const Key companyKey = dataJW().getCompanyKeyByContact(first, last);
+    return companyKey > 0 ? dataJW().getContactKey(first, last, dataJW().getCompanyNameByKey(companyKey))
+                          : Key{0};
+}
+
 QString ContactScreen::otherKeys() const
 {
     QStringList keys;

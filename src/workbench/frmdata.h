@@ -8,6 +8,7 @@
 #include <QStringList>
 
 #include <memory>
+#include <vector>
 
 class CompanyScreen;
 class ContactScreen;
@@ -45,6 +46,16 @@ public:
     [[nodiscard]] Form& form() { return m_form; }
     /// The items of cmbSelection: the company names in order, "<New>" last.
     [[nodiscard]] const QStringList& companyList() const { return m_companyList; }
+    /// A category: its name in the store ("~ Banks ~"), and as people say it ("Banks").
+    struct Category
+    {
+        QString name;
+        QString caption;
+    };
+    /// The categories among the items.
+    [[nodiscard]] std::vector<Category> categories() const;
+    /// The items that belong to the category of this name, in their order; all of them for an empty one.
+    [[nodiscard]] QStringList companiesOf(const QString& category) const;
     [[nodiscard]] QString caption() const { return m_caption; }
     [[nodiscard]] QString versionPanel() const; ///< first panel of the status bar
     [[nodiscard]] QString procText() const override { return m_procText; }
