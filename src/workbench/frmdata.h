@@ -87,7 +87,7 @@ public:
     bool mayLeave();
     void clearStrip();
     [[nodiscard]] bool isOpen(const QString& screen) const override;
-    bool showOn(const QString& screen, const QString& name = {}) override;
+    bool showOn(const QString& screen, const QString& name) override;
     void clearPipeBoxes() override;
     /// Runs the whole list of start steps that a restore or another outside change calls for.
     void refresh();
