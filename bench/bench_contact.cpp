@@ -1,5 +1,6 @@
 // What a contact costs on a full campaign: opening the Contact screen, choosing another company, a save with
 // its clean-up of addresses. Milliseconds of the wall, the middle of several tries.
+#include "app/presenters.h"
 #include "base/silentports.h"
 #include "generate.h"
 #include "measure.h"
@@ -9,7 +10,6 @@
 #include "store/datajw.h"
 #include "store/session.h"
 #include "workbench/contactscreen.h"
-#include "workbench/frmdata.h"
 
 #include <QElapsedTimer>
 #include <QTemporaryDir>
@@ -59,7 +59,8 @@ int main()
     Silent ports;
     Session session(folder.path(), systemClock(), ports, ports);
     generate::campaign(session.dataJW().database(), generate::fullCampaign);
-    FrmData workbench(session, ports);
+    Presenters presenters(session, ports);
+    FrmData& workbench = presenters.workbench;
     workbench.load();
     const QStringList companies = workbench.companyList();
     ContactScreen& contact = workbench.contactScreen();

@@ -1,6 +1,7 @@
 // What the Pipeline screen costs on a full campaign, window included: opening it, choosing a position, a page
 // of bars, another company. Milliseconds of the wall, the middle of several tries, and as a ratio to the
 // engine reading the same rows by itself.
+#include "app/presenters.h"
 #include "base/silentports.h"
 #include "generate.h"
 #include "measure.h"
@@ -11,7 +12,6 @@
 #include "store/enginecall.h"
 #include "store/session.h"
 #include "views/workbench/workbenchwindow.h"
-#include "workbench/frmdata.h"
 #include "workbench/pipelinescreen.h"
 
 #include <QApplication>
@@ -80,7 +80,8 @@ private:
     QTemporaryDir m_folder;
     Silent m_ports;
     std::unique_ptr<Session> m_session;
-    std::unique_ptr<FrmData> m_workbench;
+    std::unique_ptr<Presenters> m_presenters;
+    FrmData* m_workbench = nullptr;
     std::unique_ptr<QSettings> m_layout;
     std::unique_ptr<WorkbenchWindow> m_window;
 };
@@ -120,7 +121,8 @@ void PipelineBench::open()
     // Opened for the first time there is nothing from before, so each try has a window of its own.
     const auto freshWindow = [&] {
         m_window.reset();
-        m_workbench = std::make_unique<FrmData>(*m_session, m_ports);
+        m_presenters = std::make_unique<Presenters>(*m_session, m_ports);
+        m_workbench = &m_presenters->workbench;
         m_workbench->load();
         m_layout = std::make_unique<QSettings>(m_folder.filePath(u"layout.ini"_s), QSettings::IniFormat);
         m_window = std::make_unique<WorkbenchWindow>(*m_workbench, *m_layout);

@@ -3,7 +3,8 @@
 #include "base/dates.h"
 #include "base/text.h"
 #include "store/datajw.h"
-#include "workbench/companyscreen.h"
+#include "store/session.h"
+#include "workbench/companysummary.h"
 
 #include <QCoreApplication>
 #include <QJsonObject>
@@ -42,7 +43,7 @@ void printTable(Session& session, const QStringList& names)
     printLine(QString(tr("Company").leftJustified(nameWidth) + tr("Positions").rightJustified(11) +
                       tr("Contacts").rightJustified(11) + tr("Last contact").rightJustified(14)));
     for (const QString& name : names) {
-        const CompanyFigures figures = CompanyScreen::gather(session, name);
+        const CompanyFigures figures = gatherFigures(session.dataJW(), name, session.today());
         printLine(QString(onOneLine(name).leftJustified(nameWidth, u' ', true) +
                           QString::number(figures.positionCount).rightJustified(11) +
                           QString::number(figures.contactCount).rightJustified(11) +
@@ -54,7 +55,7 @@ void printAsJson(Session& session, const QStringList& names)
 {
     QJsonArray array;
     for (const QString& name : names) {
-        const CompanyFigures figures = CompanyScreen::gather(session, name);
+        const CompanyFigures figures = gatherFigures(session.dataJW(), name, session.today());
         QJsonObject company{
             {QStringLiteral("name"), name},
             {QStringLiteral("category"), text::isCategory(name)},
@@ -118,7 +119,8 @@ int summary(CommandContext& context, const QString& wanted)
     const auto name = findCompany(session->dataJW().getCompanyNames(), text::quoteFix(wanted));
     if (!name)
         return Failed;
-    QString summary = companySummary(CompanyScreen::gather(*session, *name), session->today());
+    QString summary =
+        companySummary(gatherFigures(session->dataJW(), *name, session->today()), session->today());
     printLine(summary.replace(text::crlf.toString(), QStringLiteral("\n")));
     return Done;
 }

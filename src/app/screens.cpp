@@ -1,38 +1,34 @@
 #include "app/screens.h"
 
-#include "calendar/frmevcal.h"
-#include "calendar/frmreminder.h"
-#include "history/frmhistory.h"
-#include "intake/frmautoparse.h"
+#include "app/presenters.h"
 #include "views/calendar/calendarview.h"
 #include "views/history/historyview.h"
 #include "views/intake/autoparseview.h"
 #include "views/workbench/addressentryview.h"
 #include "workbench/contactscreen.h"
-#include "workbench/frmdata.h"
 
 #include <QApplication>
 
 using namespace Qt::StringLiterals;
 
-void Screens::furnish(FrmData& workbench, QSettings& layout)
+void Screens::furnish(Presenters& presenters, QSettings& layout)
 {
-    m_screens[u"FrmAutoParse"_s] = [&] { AutoParseView(workbench.autoParse(), layout, m_window).exec(); };
+    m_screens[u"FrmAutoParse"_s] = [&] { AutoParseView(presenters.autoParse, layout, m_window).exec(); };
     m_screens[u"FrmAddressEntry"_s] = [&] {
-        AddressEntryView(workbench.contactScreen().addressEntry(), layout, m_window).exec();
+        AddressEntryView(presenters.workbench.contactScreen().addressEntry(), layout, m_window).exec();
     };
-    m_screens[u"FrmReminder"_s] = [&] { workbench.reminder().showScreen(); };
+    m_screens[u"FrmReminder"_s] = [&] { presenters.reminder.showScreen(); };
     m_screens[u"FrmEvCal"_s] = [&] {
-        workbench.calendar().load();
-        CalendarView(workbench.calendar(), layout, QApplication::activeWindow()).exec();
-        workbench.calendar().unload();
+        presenters.calendar.load();
+        CalendarView(presenters.calendar, layout, QApplication::activeWindow()).exec();
+        presenters.calendar.unload();
     };
     m_screens[u"FrmHistory"_s] = [&] {
-        if (!workbench.history().load(workbench.selection().currentContactKey))
+        if (!presenters.history.load(presenters.workbench.selection().currentContactKey))
             return;
-        HistoryView(workbench.history(), layout, m_window).exec();
+        HistoryView(presenters.history, layout, m_window).exec();
         // The dialog has written what was changed, unless the program is ending under it.
-        workbench.history().unload();
+        presenters.history.unload();
     };
 }
 

@@ -10,16 +10,16 @@
 
 #include <functional>
 
-class FrmData;
+struct Presenters;
 
 /// Knows each screen by its presenter's name, with the way to open it.
 class Screens : public Navigator
 {
 public:
-    /// Takes in every screen whose presenter the workbench holds. @p layout remembers their sizes; both must
-    /// outlive this object. What the workbench's window offers depends on what can be opened, so this comes
-    /// before the window.
-    void furnish(FrmData& workbench, QSettings& layout);
+    /// Takes in a screen for each of the presenters. @p layout remembers their sizes; both must outlive this
+    /// object. What the workbench's window offers depends on what can be opened, so this comes before the
+    /// window.
+    void furnish(Presenters& presenters, QSettings& layout);
     /// The window that dialogs belong to.
     void setWindow(QWidget& window) { m_window = &window; }
 

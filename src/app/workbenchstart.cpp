@@ -3,6 +3,7 @@
 #include "app/exitcodes.h"
 #include "app/openstore.h"
 #include "app/output.h"
+#include "app/presenters.h"
 #include "app/screens.h"
 #include "base/clock.h"
 #include "desktop/desktopprompts.h"
@@ -17,7 +18,6 @@
 #include "views/calendar/reminderview.h"
 #include "views/workbench/splashview.h"
 #include "views/workbench/workbenchwindow.h"
-#include "workbench/frmdata.h"
 #include "workbench/frmsplash.h"
 
 #include <QApplication>
@@ -149,12 +149,13 @@ void exitWhenDrawn(QObject& window, InstanceLock& lock)
 int runWorkbench(Session& session, InstanceLock& lock, const StartOptions& options)
 {
     Screens screens;
-    FrmData workbench(session, screens);
+    Presenters presenters(session, screens);
+    FrmData& workbench = presenters.workbench;
     showSplash(session, options.noSplash);
     if (!workbench.load())
         return Failed;
     QSettings& layout = session.settings().file();
-    screens.furnish(workbench, layout);
+    screens.furnish(presenters, layout);
     WorkbenchWindow window(workbench, layout);
     screens.setWindow(window);
     const PrintDesk printDesk(workbench, window);
@@ -166,7 +167,7 @@ int runWorkbench(Session& session, InstanceLock& lock, const StartOptions& optio
     }
     // Nothing is due in the first minute, so the reminder's window can wait until the workbench stands.
     std::optional<ReminderView> reminder;
-    QTimer::singleShot(0, &window, [&] { reminder.emplace(workbench.reminder(), layout, &window); });
+    QTimer::singleShot(0, &window, [&] { reminder.emplace(presenters.reminder, layout, &window); });
     DailyCopyRunner copies(session);
     QTimer::singleShot(0, &window, [&session] { warnOfKeys(session); });
     return QApplication::exec();

@@ -5,6 +5,7 @@
 #include "calendar/eventtimes.h"
 #include "calendar/frmevcal.h"
 #include "store/datajw.h"
+#include "store/recoveryinsert.h"
 #include "store/storecheck.h"
 
 using namespace Qt::StringLiterals;
@@ -13,12 +14,6 @@ namespace {
 
 constexpr QStringView insertEvent = u"INSERT into Event(";
 constexpr QStringView insertPosition = u"INSERT INTO Position (";
-
-/// The same row for the journal of versions. Only the table's name is another, whatever the texts hold.
-QString journalled(const QString& insert, QStringView front, QStringView journal)
-{
-    return QString(insert).replace(0, front.size(), journal.toString());
-}
 
 } // namespace
 
@@ -210,7 +205,7 @@ QString FrmEvCal::addPlaceholder(Owners& owners)
                            title + u"','" + m_session.todayText() + u"','Jobwright Generated Position','" +
                            contacts + u"'," + QString::number(owners.company) + u')';
     const bool inserted = dataJW.execQuery(insert);
-    dataJW.execQuery(journalled(insert, insertPosition, u"INSERT INTO PositionRecovery ("));
+    dataJW.execQuery(recoveryInsert(insert, u"PositionRecovery"_s));
     if (!inserted)
         return {};
     owners.position = dataJW.getPositionKey(title, text::quoteFix(m_company));
@@ -269,6 +264,6 @@ bool FrmEvCal::replaceRows(const QString& insert, std::vector<Key>& left)
     }
     const bool inserted = dataJW.execQuery(insert);
     // The journal of versions takes what the user wrote even if the calendar itself could not.
-    dataJW.execQuery(journalled(insert, insertEvent, u"INSERT into EventRecovery("));
+    dataJW.execQuery(recoveryInsert(insert, u"EventRecovery"_s));
     return inserted;
 }

@@ -5,8 +5,8 @@
 #include "base/text.h"
 #include "intake/frmautoparse.h"
 #include "store/datajw.h"
-#include "workbench/companyscreen.h"
-#include "workbench/frmdata.h"
+#include "store/webpages.h"
+#include "workbench/shell.h"
 #include "workbench/wholerecord.h"
 
 using namespace Qt::StringLiterals;
@@ -44,15 +44,16 @@ QString shownStreet(const RecordSet& address)
 
 } // namespace
 
-FrmAddressEntry::FrmAddressEntry(FrmData& workbench)
-    : m_workbench(workbench)
+FrmAddressEntry::FrmAddressEntry(Shell& shell, FrmAutoParse& autoParse)
+    : m_shell(shell)
+    , m_autoParse(autoParse)
     , m_form(addressForm())
 {
 }
 
 DataJW& FrmAddressEntry::dataJW() const
 {
-    return m_workbench.session().dataJW();
+    return m_shell.session().dataJW();
 }
 
 void FrmAddressEntry::load(Key contactKey, Key addressKey)
@@ -94,7 +95,7 @@ QList<std::pair<QString, QString>> FrmAddressEntry::values() const
 void FrmAddressEntry::cmdSave1()
 {
     if (m_contactKey <= 0) {
-        m_workbench.showMessage(tr("Please save the contact before storing an address for it."));
+        m_shell.showMessage(tr("Please save the contact before storing an address for it."));
         return;
     }
     m_saved = m_addressKey > 0 ? updateRow() : addRow();
@@ -118,7 +119,7 @@ bool FrmAddressEntry::addRow()
     for (const auto& [column, value] : values())
         row += value + u',';
     Action action(dataJW());
-    if (!dataJW().execQuery(row + u'\'' + dates::mdyy(m_workbench.session().today()) + u"');"))
+    if (!dataJW().execQuery(row + u'\'' + dates::mdyy(m_shell.session().today()) + u"');"))
         return false;
     const Key added = dataJW().getCount(u"Address"_s, false, u"AddressKey"_s);
     const bool linked =
@@ -138,10 +139,9 @@ void FrmAddressEntry::cmdClear1()
 
 void FrmAddressEntry::cmdSetCompany()
 {
-    if (m_workbench.showMessage(tr("Reset Address to company data?"), Buttons::YesNo) != Answer::Yes)
+    if (m_shell.showMessage(tr("Reset Address to company data?"), Buttons::YesNo) != Answer::Yes)
         return;
-    const RecordSet company =
-        dataJW().getCompany(text::quoteFix(m_workbench.selection().selectedCompanyName()));
+    const RecordSet company = dataJW().getCompany(text::quoteFix(m_shell.selection().selectedCompanyName()));
     const RecordSet address = dataJW().getAddress(company.key(u"AddressKey").value_or(0));
     if (!address.text(u"Address1").isEmpty() || !address.text(u"Address2").isEmpty())
         m_form.setText(street, shownStreet(address));
@@ -156,12 +156,12 @@ void FrmAddressEntry::cmdSetCompany()
 
 void FrmAddressEntry::lblURL1C()
 {
-    m_workbench.companyScreen().openURL(m_form.text(u"txtEURL1"_s));
+    webpages::openURL(m_shell.session(), m_form.text(u"txtEURL1"_s));
 }
 
 void FrmAddressEntry::lblURL2C()
 {
-    m_workbench.companyScreen().openURL(m_form.text(u"txtEURL2"_s));
+    webpages::openURL(m_shell.session(), m_form.text(u"txtEURL2"_s));
 }
 
 void FrmAddressEntry::cmdFastParser()
@@ -170,8 +170,8 @@ void FrmAddressEntry::cmdFastParser()
     static const CardFields controls{u"txtEAddress"_s, u"txtECity"_s, u"txtEState"_s, u"txtEZip"_s,
                                      u"txtEP1"_s,      u"txtEP2"_s,   u"txtEP3"_s,    u"txtEFax"_s,
                                      u"txtEEM1"_s,     u"txtEEM2"_s,  u"txtEURL1"_s,  u"txtEURL2"_s};
-    const QString company = m_workbench.selection().selectedCompanyName();
-    m_workbench.autoParse().fill(m_form, controls,
-                                 text::isUnsaved(company) || text::isCategory(company) ? QString() : company,
-                                 m_workbench.navigator());
+    const QString company = m_shell.selection().selectedCompanyName();
+    m_autoParse.fill(m_form, controls,
+                     text::isUnsaved(company) || text::isCategory(company) ? QString() : company,
+                     m_shell.navigator());
 }

@@ -7,7 +7,8 @@
 #include <QObject>
 
 class DataJW;
-class FrmData;
+class FrmAutoParse;
+class Shell;
 
 /// Edits the Address row of one contact; can take the company's address over.
 class FrmAddressEntry : public QObject
@@ -15,7 +16,7 @@ class FrmAddressEntry : public QObject
     Q_OBJECT
 
 public:
-    explicit FrmAddressEntry(FrmData& workbench);
+    FrmAddressEntry(Shell& shell, FrmAutoParse& autoParse);
 
     [[nodiscard]] Form& form() { return m_form; }
     /// Fills the fields for a contact with its Address row; both keys 0 for a contact that is not saved yet.
@@ -43,7 +44,8 @@ private:
     bool updateRow();
     bool addRow();
 
-    FrmData& m_workbench;
+    Shell& m_shell;
+    FrmAutoParse& m_autoParse;
     Form m_form;
     Key m_contactKey = 0;
     Key m_addressKey = 0;

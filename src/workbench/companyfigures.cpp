@@ -1,7 +1,8 @@
-// The figures behind the company summary.
+#include "workbench/companyfigures.h"
+
+#include "base/dates.h"
 #include "base/text.h"
 #include "store/datajw.h"
-#include "workbench/companyscreen.h"
 
 #include <algorithm>
 
@@ -30,17 +31,16 @@ void gatherContacts(DataJW& dataJW, const QString& name, CompanyFigures& figures
 }
 
 /// Time since the company was entered, in the unit that the user counts in: days, weeks or months.
-int elapsed(Session& session, QDate entryDate)
+int elapsed(DataJW& dataJW, QDate entryDate, QDate today)
 {
-    const QString unit = session.dataJW().getStatusValue(u"TimeFreq"_s);
-    return dates::difference(unit.isEmpty() ? u'w' : unit.front().toLower(), entryDate, session.today());
+    const QString unit = dataJW.getStatusValue(u"TimeFreq"_s);
+    return dates::difference(unit.isEmpty() ? u'w' : unit.front().toLower(), entryDate, today);
 }
 
 } // namespace
 
-CompanyFigures CompanyScreen::gather(Session& session, const QString& name)
+CompanyFigures gatherFigures(DataJW& dataJW, const QString& name, QDate today)
 {
-    DataJW& dataJW = session.dataJW();
     const QString stored = text::quoteFix(name);
     const RecordSet company = dataJW.getCompany(stored);
     CompanyFigures figures;
@@ -61,7 +61,7 @@ CompanyFigures CompanyScreen::gather(Session& session, const QString& name)
     figures.expiredCount = dataJW.getPositionsExpiredCount(key);
     // A company without a questionnaire has no rank; its sentences and its ratio treat that as 0.
     figures.rank = std::max<Key>(dataJW.getProfileRank(false, key), 0);
-    if (const int time = elapsed(session, figures.entryDate); time > 0) {
+    if (const int time = elapsed(dataJW, figures.entryDate, today); time > 0) {
         figures.rankRatio = double(figures.rank) / time;
         figures.historyRatio = double(figures.interactionCount) / time;
     }

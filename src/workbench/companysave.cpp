@@ -1,10 +1,10 @@
 // Saving and removing a whole company.
-#include "base/dates.h"
 #include "base/fieldtext.h"
 #include "base/text.h"
 #include "store/datajw.h"
+#include "workbench/companyaddress.h"
 #include "workbench/companyscreen.h"
-#include "workbench/frmdata.h"
+#include "workbench/shell.h"
 #include "workbench/wholerecord.h"
 
 using namespace Qt::StringLiterals;
@@ -13,53 +13,52 @@ bool CompanyScreen::mayBeSaved(const QString& title)
 {
     // "<New>" names the selector's own entry: a company of that name could never be chosen again.
     if (title.trimmed().isEmpty() || text::newEntry.compare(title.trimmed(), Qt::CaseInsensitive) == 0) {
-        m_workbench.showMessage(tr("Please select a company title to save in the database."));
+        m_shell.showMessage(tr("Please select a company title to save in the database."));
         return false;
     }
     // A title that begins with "~" would make a category by the back door.
-    if (text::isCategory(m_workbench.selection().selectedCompanyName()) || text::isCategory(title)) {
-        m_workbench.showMessage(
-            tr("You cannot modify categories from this screen. Open the options screen to "
-               "add/remove categories."));
+    if (text::isCategory(m_shell.selection().selectedCompanyName()) || text::isCategory(title)) {
+        m_shell.showMessage(tr("You cannot modify categories from this screen. Open the options screen to "
+                               "add/remove categories."));
         return false;
     }
-    return wholerecord::mayBeStored(m_workbench.session(), m_form, {u"Company"_s, u"Address"_s});
+    return wholerecord::mayBeStored(m_shell.session(), m_form, {u"Company"_s, u"Address"_s});
 }
 
 Key CompanyScreen::keyToReplace(const QString& title)
 {
-    const QString selected = m_workbench.selection().selectedCompanyName();
-    return m_workbench.session().dataJW().getCompanyKey(
+    const QString selected = m_shell.selection().selectedCompanyName();
+    return m_shell.session().dataJW().getCompanyKey(
         text::quoteFix(text::isUnsaved(selected) ? title : selected));
 }
 
 bool CompanyScreen::replacementAgreed(Key oldKey, const QString& title)
 {
     if (oldKey <= 0)
-        return m_workbench.showMessage(tr("Insert new Company?"), Buttons::YesNo) != Answer::No;
+        return m_shell.showMessage(tr("Insert new Company?"), Buttons::YesNo) != Answer::No;
     // Companies are found by their names. A second one of the same name could be reached no more, and the
     // contacts and positions of this one would go to the other.
-    const QString selected = m_workbench.selection().selectedCompanyName();
+    const QString selected = m_shell.selection().selectedCompanyName();
     // Somebody who enters a new company may not know that it is there, and its notes would be gone.
     if (text::isUnsaved(selected))
-        return m_workbench.showMessage(
+        return m_shell.showMessage(
                    tr("A company called \"%1\" is in the database already. Replace it with what stands on "
                       "this screen?")
                        .arg(title),
                    Buttons::YesNoDefaultNo, tr("Replace Company")) == Answer::Yes;
     if (selected.compare(text::quoteFix(title), Qt::CaseInsensitive) == 0)
         return true;
-    const Key sameName = m_workbench.session().dataJW().getCompanyKey(text::quoteFix(title));
+    const Key sameName = m_shell.session().dataJW().getCompanyKey(text::quoteFix(title));
     if (sameName == 0 || sameName == oldKey)
         return true;
-    m_workbench.showMessage(
+    m_shell.showMessage(
         tr("Another company is already called \"%1\". Please choose a different title.").arg(title));
     return false;
 }
 
 void CompanyScreen::cmdUpdate1()
 {
-    Session& session = m_workbench.session();
+    Session& session = m_shell.session();
     session.trace(u"Update Company"_s);
     const QString title = m_form.text(u"txtTitle"_s);
     if (!mayBeSaved(title))
@@ -78,9 +77,9 @@ void CompanyScreen::cmdUpdate1()
 
 bool CompanyScreen::insertRecord(Key oldKey, const QString& title)
 {
-    DataJW& dataJW = m_workbench.session().dataJW();
+    DataJW& dataJW = m_shell.session().dataJW();
     QString company = wholerecord::insertFront(dataJW, u"COMPANY"_s, u"Company"_s);
-    const bool addressInserted = insertAddress();
+    const bool addressInserted = insertAddress(m_shell.session(), m_form);
     // The store is never asked for the number it gave: with one user the highest key is that of the row just
     // added.
     const Key addressKey = dataJW.getCount(u"Address"_s, false, u"AddressKey"_s);
@@ -94,27 +93,9 @@ bool CompanyScreen::insertRecord(Key oldKey, const QString& title)
     return dataJW.execQuery(company) && addressInserted && addressKey > 0;
 }
 
-bool CompanyScreen::insertAddress()
-{
-    Session& session = m_workbench.session();
-    QString address = wholerecord::insertFront(session.dataJW(), u"Address"_s, u"Address"_s);
-    // Lines behind the first are all kept in the second column, with their own line ends.
-    const QString lines = fieldtext::toShown(m_form.text(u"txtAddress"_s));
-    const auto split = lines.indexOf(u'\n');
-    address += fieldtext::quoted(split < 0 ? lines : lines.left(split)) + u',' +
-               fieldtext::quoted(split < 0 ? QString() : lines.mid(split + 1)) + u',';
-    for (const QString& control : {u"txtCity"_s, u"txtState"_s, u"txtZip"_s})
-        address += fieldtext::quoted(m_form.text(control)) + u',';
-    address += u"'USA',";
-    for (const QString& control : {u"txtP1"_s, u"txtP2"_s, u"txtP3"_s, u"txtFax"_s, u"txtEm1"_s, u"txtEm2"_s,
-                                   u"txtURL1"_s, u"txtURL2"_s})
-        address += fieldtext::quoted(m_form.text(control)) + u',';
-    return session.dataJW().execQuery(address + u'\'' + dates::mdyy(session.today()) + u"');");
-}
-
 QString CompanyScreen::entryDate(Key oldKey)
 {
-    Session& session = m_workbench.session();
+    Session& session = m_shell.session();
     if (oldKey <= 0)
         return session.todayText();
     DataJW& dataJW = session.dataJW();
@@ -123,7 +104,7 @@ QString CompanyScreen::entryDate(Key oldKey)
 
 Key CompanyScreen::takeOver(Key oldKey, const QString& title)
 {
-    DataJW& dataJW = m_workbench.session().dataJW();
+    DataJW& dataJW = m_shell.session().dataJW();
     const QString name = text::quoteFix(title);
     // The row that was replaced goes before the new one is looked up by its name, or the old key would come
     // back.
@@ -143,46 +124,45 @@ void CompanyScreen::showAfterSave(Key newKey, const QString& name, bool complete
     // When a part of the record did not get into the store, the form keeps what was typed, so that another
     // save can bring it in.
     if (complete)
-        m_workbench.setSelection(name);
-    m_workbench.loadCompanyList();
-    m_workbench.selectCategory();
-    m_workbench.savedSbar();
-    m_workbench.selection().currentCompanyKey = newKey;
+        m_shell.setSelection(name);
+    m_shell.loadCompanyList();
+    m_shell.selectCategory();
+    m_shell.savedSbar();
+    m_shell.selection().currentCompanyKey = newKey;
     if (complete)
         loadCompanySelection(name);
-    m_workbench.updateCounts();
+    m_shell.updateCounts();
 }
 
 void CompanyScreen::cmdRemove1()
 {
-    Session& session = m_workbench.session();
-    const QString name = m_workbench.selection().selectedCompanyName();
+    Session& session = m_shell.session();
+    const QString name = m_shell.selection().selectedCompanyName();
     if (text::isCategory(name)) {
-        m_workbench.showMessage(
-            tr("You cannot modify categories from this screen. Open the options screen to "
-               "add/remove categories."));
+        m_shell.showMessage(tr("You cannot modify categories from this screen. Open the options screen to "
+                               "add/remove categories."));
         return;
     }
     const QString question =
         tr("Are you sure you want to completely remove this COMPANY and all contacts, address "
            "information, and document relationships from the database?");
-    if (m_workbench.showMessage(question, Buttons::YesNoDefaultNo) != Answer::Yes)
+    if (m_shell.showMessage(question, Buttons::YesNoDefaultNo) != Answer::Yes)
         return;
     session.trace(u"Remove Company"_s);
     if (!removeRecords(name))
         return;
-    m_workbench.setSelection({});
-    m_workbench.selection().currentCompanyKey = 0;
+    m_shell.setSelection({});
+    m_shell.selection().currentCompanyKey = 0;
     clearCompanyForm();
     load();
-    m_workbench.selectCategory();
-    m_workbench.updateCounts();
+    m_shell.selectCategory();
+    m_shell.updateCounts();
     emit changed();
 }
 
 bool CompanyScreen::removeRecords(const QString& name)
 {
-    DataJW& dataJW = m_workbench.session().dataJW();
+    DataJW& dataJW = m_shell.session().dataJW();
     const Key key = text::isUnsaved(name) ? Key{0} : dataJW.getCompanyKey(text::quoteFix(name));
     // Events that belong to no company carry the key 0: removing "nothing" would take them all.
     if (key <= 0)

@@ -1,13 +1,14 @@
 #include "workbench/companyscreen.h"
 
+#include "base/dates.h"
 #include "base/fieldtext.h"
 #include "base/text.h"
 #include "store/datajw.h"
 #include "store/storeerror.h"
-#include "workbench/contactscreen.h"
+#include "workbench/companysummary.h"
 #include "workbench/fieldleaving.h"
-#include "workbench/frmdata.h"
-#include "workbench/positionscreen.h"
+#include "workbench/recordkey.h"
+#include "workbench/shell.h"
 
 #include <QLocale>
 
@@ -61,8 +62,9 @@ QString shownRatio(double ratio)
 
 } // namespace
 
-CompanyScreen::CompanyScreen(FrmData& workbench)
-    : m_workbench(workbench)
+CompanyScreen::CompanyScreen(Shell& shell, FrmAutoParse& autoParse)
+    : m_shell(shell)
+    , m_autoParse(autoParse)
     , m_form(companyForm())
 {
     m_form.setVisible(u"imgTgt"_s, false);
@@ -73,10 +75,10 @@ CompanyScreen::~CompanyScreen() = default;
 
 void CompanyScreen::load()
 {
-    m_workbench.session().trace(u"frmData - loadCompanyFrame"_s);
-    m_workbench.selection().currentScreen = u"Company"_s;
-    m_workbench.loadCompanyList();
-    const QString name = m_workbench.selection().selectedCompanyName();
+    m_shell.session().trace(u"frmData - loadCompanyFrame"_s);
+    m_shell.selection().currentScreen = u"Company"_s;
+    m_shell.loadCompanyList();
+    const QString name = m_shell.selection().selectedCompanyName();
     m_tree.clear();
     if (!name.isEmpty())
         loadCompanySelection(name);
@@ -90,54 +92,50 @@ void CompanyScreen::loadCompanySelection(const QString& name)
     const bool saved = !text::isUnsaved(name) && showSaved(name);
     if (!saved)
         showNew();
-    m_workbench.clearPipeBoxes();
+    m_shell.clearPipeBoxes();
     adjustProfile();
-    m_workbench.savedSbar();
+    m_shell.savedSbar();
     emit changed();
 }
 
 void CompanyScreen::showNew()
 {
-    Selection& selection = m_workbench.selection();
+    Selection& selection = m_shell.selection();
     clearCompanyForm();
     selection.currentCompanyKey = 0;
     m_form.setVisible(u"imgTgt"_s, false);
     if (selection.selectedCompanyName() != text::newEntry)
         return;
     m_form.setText(u"txtSummary"_s, tr("New Company"));
-    if (m_workbench.form().isVisible(u"frmeCompany"_s))
+    if (m_shell.isOpen(u"Company"_s))
         m_form.requestFocus(u"txtTitle"_s);
 }
 
 bool CompanyScreen::showSaved(const QString& name)
 {
-    Session& session = m_workbench.session();
+    Session& session = m_shell.session();
     const RecordSet company = session.dataJW().getCompany(text::quoteFix(name));
     if (company.isEmpty()) {
         // Gone since the list was filled (a restore, a removal elsewhere), or not to be read: nothing is
         // selected then, so that no later step takes the empty form for that company's.
-        m_workbench.setSelection({});
-        m_workbench.selectCategory();
+        m_shell.setSelection({});
+        m_shell.selectCategory();
         return false;
     }
     fillForm(company);
-    showFigures(gather(session, company.text(u"Name")), company);
+    showFigures(gatherFigures(session.dataJW(), company.text(u"Name"), session.today()), company);
     // The selector finds a name in any case of its letters; what it shows is the stored one.
-    m_workbench.setSelection(company.text(u"Name"));
+    m_shell.setSelection(company.text(u"Name"));
     fillTree(m_tree.data(m_tree.index(0, 0), TreeModel::KindRole).toString());
     return true;
 }
 
 void CompanyScreen::fillForm(const RecordSet& record)
 {
-    Session& session = m_workbench.session();
+    Session& session = m_shell.session();
     session.trace(u"frmData - FillForm (Company)"_s);
-    const auto key = record.key(u"CompanyKey");
-    if (!key) {
-        const StoreError overflow(tr("Overflow"), StoreError::Overflow, u"Jobwright"_s);
-        session.logError(u"frmData - FillForm (Company)"_s, 0, &overflow);
-    }
-    m_workbench.selection().currentCompanyKey = key.value_or(0);
+    m_shell.selection().currentCompanyKey =
+        keyOrReport(session, record, u"CompanyKey", u"frmData - FillForm (Company)"_s);
     const RecordSet address = session.dataJW().getAddress(record.key(u"AddressKey").value_or(0));
     for (const FieldRow& row : m_form.rows()) {
         if (row.column.isEmpty())
@@ -159,7 +157,7 @@ void CompanyScreen::clearCompanyForm()
 
 void CompanyScreen::showFigures(const CompanyFigures& figures, const RecordSet& company)
 {
-    const QDate today = m_workbench.session().today();
+    const QDate today = m_shell.session().today();
     m_form.setText(u"txtPosCount"_s, QString::number(figures.positionCount));
     m_form.setText(u"txtContCount"_s, QString::number(figures.contactCount));
     // Boxes without a figure of this company are emptied; they would show the one before it.
@@ -176,8 +174,8 @@ void CompanyScreen::showFigures(const CompanyFigures& figures, const RecordSet& 
 
 void CompanyScreen::adjustProfile()
 {
-    Session& session = m_workbench.session();
-    const Key rank = session.dataJW().getProfileRank(false, m_workbench.selection().currentCompanyKey);
+    Session& session = m_shell.session();
+    const Key rank = session.dataJW().getProfileRank(false, m_shell.selection().currentCompanyKey);
     const Key count = session.dataJW().getProfileCount(false);
     if (rank < 0) {
         m_pointerPlace = 0;
@@ -201,19 +199,19 @@ void CompanyScreen::showAsCategory(bool category)
         u"txtFax"_s,   u"txtIndustry"_s, u"imgPosition"_s, u"cmdFastParser"_s};
     for (const QString& control : companyOnly)
         m_form.setEnabled(control, !category);
-    m_form.setEnabled(u"cmdProfile1"_s, !category && m_workbench.navigator().hasScreen(u"FrmProfileComp"_s));
+    m_form.setEnabled(u"cmdProfile1"_s, !category && m_shell.navigator().hasScreen(u"FrmProfileComp"_s));
 }
 
 void CompanyScreen::fillTree(const QString& kind)
 {
     const bool positions = kind == u"position";
-    const QString name = m_workbench.selection().selectedCompanyName();
+    const QString name = m_shell.selection().selectedCompanyName();
     m_tree.clear();
     const QModelIndex root = m_tree.add({}, positions ? tr("Positions") : tr("Contacts"), u"A0"_s,
                                         positions ? u"position"_s : u"contact"_s);
     if (text::isUnsaved(name) || (positions && text::isCategory(name)))
         return;
-    DataJW& dataJW = m_workbench.session().dataJW();
+    DataJW& dataJW = m_shell.session().dataJW();
     m_tree.setChildren(root, positions ? dataJW.getPositionNames(name) : dataJW.getContactNames(name),
                        positions ? u"position"_s : u"contact"_s);
 }
@@ -233,25 +231,19 @@ void CompanyScreen::tvwPosContactDblClick(const QModelIndex& index)
     if (!index.parent().isValid())
         return;
     const bool position = m_tree.data(index, TreeModel::KindRole).toString() == u"position";
-    const QString name = m_tree.text(index);
-    if (!m_workbench.tabStrip1Click(position ? u"Position"_s : u"Contact"_s))
-        return;
-    if (position)
-        m_workbench.positionScreen().showPosition(name);
-    else
-        m_workbench.contactScreen().showContact(name);
+    m_shell.showOn(position ? u"Position"_s : u"Contact"_s, m_tree.text(index));
 }
 
 // --- Events of the fields ---------------------------------------------------------------------------------
 
 void CompanyScreen::fieldKeyDown(const QString&)
 {
-    m_workbench.setSbar(u"Company"_s);
+    m_shell.setSbar(u"Company"_s);
 }
 
 void CompanyScreen::fieldChanged(const QString&)
 {
-    m_workbench.sbarVis();
+    m_shell.sbarVis();
 }
 
 void CompanyScreen::fieldLeft(const QString& control)
@@ -261,10 +253,10 @@ void CompanyScreen::fieldLeft(const QString& control)
     // nothing.
     if (!row || row->save != SaveOn::Leave || !m_form.isDirty(control))
         return;
-    const QString selected = m_workbench.selection().selectedCompanyName();
+    const QString selected = m_shell.selection().selectedCompanyName();
     if (text::isUnsaved(selected) || text::isCategory(selected))
         return;
-    DataJW& dataJW = m_workbench.session().dataJW();
+    DataJW& dataJW = m_shell.session().dataJW();
     const Key key = dataJW.getCompanyKey(text::quoteFix(selected));
     const bool written = key > 0 && dataJW.execQuery(u"Update Company set " + row->column + u"=" +
                                                      fieldtext::quoted(m_form.text(control)) +
@@ -273,13 +265,13 @@ void CompanyScreen::fieldLeft(const QString& control)
     if (!written)
         return;
     m_form.markClean(control);
-    m_workbench.savedSbar();
+    m_shell.savedSbar();
 }
 
 bool CompanyScreen::mayLeave()
 {
-    const QString selected = m_workbench.selection().selectedCompanyName();
+    const QString selected = m_shell.selection().selectedCompanyName();
     return fieldleaving::mayLeave(
-        m_workbench.session(), m_form, [this](const QString& control) { fieldLeft(control); },
+        m_shell.session(), m_form, [this](const QString& control) { fieldLeft(control); },
         !text::isUnsaved(selected) && !text::isCategory(selected));
 }

@@ -5,11 +5,12 @@
 #include "base/treemodel.h"
 #include "store/recordset.h"
 #include "store/session.h"
-#include "workbench/companysummary.h"
+#include "workbench/companyfigures.h"
 
 #include <QObject>
 
-class FrmData;
+class FrmAutoParse;
+class Shell;
 
 /// Shows, saves and removes a company; lists its contacts and positions; opens its web pages and its street
 /// map.
@@ -18,7 +19,7 @@ class CompanyScreen : public QObject
     Q_OBJECT
 
 public:
-    explicit CompanyScreen(FrmData& workbench);
+    CompanyScreen(Shell& shell, FrmAutoParse& autoParse);
     ~CompanyScreen() override;
 
     [[nodiscard]] Form& form() { return m_form; }
@@ -29,8 +30,6 @@ public:
     [[nodiscard]] bool pointerLit() const { return m_pointerLit; }
     /// Days since the last contact, -1 for none: for the figure above the summary.
     [[nodiscard]] int daysSinceContact() const { return m_daysSinceContact; }
-    /// What an empty web address opens.
-    static QString homePage();
 
     void load(); ///< loadCompanyFrame
     void loadCompanySelection(const QString& name);
@@ -39,13 +38,6 @@ public:
     void adjustProfile();
     /// Switches the company-only fields off for a category and on for everything else.
     void showAsCategory(bool category);
-    /// The figures of a company, gathered from the store, without touching the screen. For an unknown name
-    /// all are 0 and the entry date is the one that stands for a missing date.
-    static CompanyFigures gather(Session& session, const QString& name);
-    /// Puts a new Address row into the store with what the address fields show; false when that failed.
-    bool insertAddress();
-    /// Opens a web address with the desktop, the product's home page when it is empty.
-    void openURL(const QString& address);
 
     // --- Events of the fields, called by the binder -------------------------------------------------------
     void fieldKeyDown(const QString& control);
@@ -85,7 +77,8 @@ private:
     void showAfterSave(Key newKey, const QString& name, bool complete);
     bool removeRecords(const QString& name);
 
-    FrmData& m_workbench;
+    Shell& m_shell;
+    FrmAutoParse& m_autoParse;
     Form m_form;
     TreeModel m_tree;
     double m_pointerPlace = 0;

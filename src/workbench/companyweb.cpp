@@ -6,38 +6,28 @@
 #include "store/storeerror.h"
 #include "store/webpages.h"
 #include "workbench/companyscreen.h"
-#include "workbench/frmdata.h"
+#include "workbench/shell.h"
 #include "workbench/stateabbrev.h"
 
 using namespace Qt::StringLiterals;
 
-QString CompanyScreen::homePage()
-{
-    return webpages::homePage();
-}
-
-void CompanyScreen::openURL(const QString& address)
-{
-    webpages::openURL(m_workbench.session(), address);
-}
-
 void CompanyScreen::lblURL1()
 {
-    openURL(m_form.text(u"txtURL1"_s));
+    webpages::openURL(m_shell.session(), m_form.text(u"txtURL1"_s));
 }
 
 void CompanyScreen::lblURL2()
 {
-    openURL(m_form.text(u"txtURL2"_s));
+    webpages::openURL(m_shell.session(), m_form.text(u"txtURL2"_s));
 }
 
 void CompanyScreen::lblLocation()
 {
     const QString title = m_form.text(u"txtTitle"_s);
-    const QString selected = m_workbench.selection().selectedCompanyName();
+    const QString selected = m_shell.selection().selectedCompanyName();
     if (text::isUnsaved(title) || text::isUnsaved(selected) || text::isCategory(selected))
         return;
-    Session& session = m_workbench.session();
+    Session& session = m_shell.session();
     DataJW& dataJW = session.dataJW();
     if (dataJW.getCompanyKey(selected) == 0)
         return;
@@ -52,28 +42,28 @@ void CompanyScreen::lblLocation()
         }
         state = QString::number(*number);
     }
-    openURL(streetMapAddress(webpages::mapHost(session), {.street = address.text(u"Address1"),
-                                                          .city = address.text(u"City"),
-                                                          .state = state,
-                                                          .zip = address.text(u"Zip")}));
+    webpages::openURL(session,
+                      streetMapAddress(webpages::mapHost(session), {.street = address.text(u"Address1"),
+                                                                    .city = address.text(u"City"),
+                                                                    .state = state,
+                                                                    .zip = address.text(u"Zip")}));
 }
 
 void CompanyScreen::imgTgt()
 {
-    m_workbench.tbarButtonClick(u"target"_s);
+    m_shell.tbarButtonClick(u"target"_s);
 }
 
 void CompanyScreen::cmdFastParser()
 {
-    const QString selected = m_workbench.selection().selectedCompanyName();
+    const QString selected = m_shell.selection().selectedCompanyName();
     const bool saved = !text::isUnsaved(selected) && !text::isCategory(selected);
-    if (!m_workbench.autoParse().fill(m_form, cardControls(), saved ? selected : QString(),
-                                      m_workbench.navigator()))
+    if (!m_autoParse.fill(m_form, cardControls(), saved ? selected : QString(), m_shell.navigator()))
         return;
     if (saved) {
         cmdUpdate1();
         return;
     }
-    m_workbench.setSbar(u"Company"_s);
-    m_workbench.sbarVis();
+    m_shell.setSbar(u"Company"_s);
+    m_shell.sbarVis();
 }

@@ -4,8 +4,7 @@
 #include "store/datajw.h"
 #include "workbench/addressentry.h"
 #include "workbench/contactscreen.h"
-#include "workbench/documentscreen.h"
-#include "workbench/frmdata.h"
+#include "workbench/shell.h"
 
 using namespace Qt::StringLiterals;
 
@@ -16,16 +15,11 @@ bool holds(const TreeModel& tree, const QString& name)
     return tree.texts(tree.index(0, 0)).contains(name, Qt::CaseInsensitive);
 }
 
-Key keyOfNode(const TreeModel& tree, const QModelIndex& node)
-{
-    return static_cast<Key>(tree.key(node).mid(1).toShort());
-}
-
 } // namespace
 
 void ContactScreen::saveIfAutomatic()
 {
-    if (m_workbench.session().autosave)
+    if (m_shell.session().autosave)
         cmdUpdateContact1();
 }
 
@@ -46,18 +40,18 @@ void ContactScreen::cutFromList(const QString& column, const QString& written, K
 
 void ContactScreen::cmdAddOther1()
 {
-    m_workbench.session().trace(u"Assign Contact to Contact"_s);
+    m_shell.session().trace(u"Assign Contact to Contact"_s);
     const QString name = m_form.text(u"cmbOtherContact"_s);
     if (name.trimmed().isEmpty()) {
-        m_workbench.showMessage(tr("Please select a contact to assign."));
+        m_shell.showMessage(tr("Please select a contact to assign."));
         return;
     }
     if (name.trimmed().compare(contactShown().trimmed(), Qt::CaseInsensitive) == 0) {
-        m_workbench.showMessage(tr("Cannot assign the same person to him/herself."));
+        m_shell.showMessage(tr("Cannot assign the same person to him/herself."));
         return;
     }
     if (holds(m_others, name)) {
-        m_workbench.showMessage(name + tr(" is already on the contact list."));
+        m_shell.showMessage(name + tr(" is already on the contact list."));
         return;
     }
     const Key key = findContact(name, m_otherCompany.isEmpty() ? u"*"_s : m_otherCompany);
@@ -65,32 +59,16 @@ void ContactScreen::cmdAddOther1()
     saveIfAutomatic();
 }
 
-/// The key of a node's person at this moment; 0 when there is nobody of the name any more.
-Key ContactScreen::otherKey(const QModelIndex& node) const
-{
-    const QString name = m_others.text(node);
-    // The key noted with the node holds while it still names this person: it tells namesakes apart.
-    const Key noted = keyOfNode(m_others, node);
-    if (noted > 0 && dataJW().getContactByKey(noted).trimmed() == name.trimmed())
-        return noted;
-    const auto blank = name.indexOf(u' ');
-    const QString first = name.left(blank);
-    const QString last = blank < 0 ? QString() : name.mid(blank + 1);
-    const Key companyKey = dataJW().getCompanyKeyByContact(first, last);
-    return companyKey > 0 ? dataJW().getContactKey(first, last, dataJW().getCompanyNameByKey(companyKey))
-                          : Key{0};
-}
-
 void ContactScreen::cmdRemoveOther1()
 {
     const QModelIndex node = m_selectedOther;
     if (!node.isValid() || !node.parent().isValid()) {
-        m_workbench.showMessage(tr("Please select a contact to remove."));
+        m_shell.showMessage(tr("Please select a contact to remove."));
         return;
     }
     const Key key = otherKey(node);
     if (key <= 0)
-        m_workbench.session().logError(u"Form:  Contact, attempting to remove 'Other' name not found."_s, 1);
+        m_shell.session().logError(u"Form:  Contact, attempting to remove 'Other' name not found."_s, 1);
     m_others.remove(node);
     cutFromList(u"ContactList"_s, u"contactList"_s, key);
     saveIfAutomatic();
@@ -99,7 +77,7 @@ void ContactScreen::cmdRemoveOther1()
 void ContactScreen::lblOtherContacts()
 {
     const QString picked =
-        m_workbench.session().prompts().pickCompany(tr("All Contacts"), dataJW().getCompanyNames());
+        m_shell.session().prompts().pickCompany(tr("All Contacts"), dataJW().getCompanyNames());
     if (picked.isEmpty())
         return;
     m_otherCompany = picked;
@@ -119,7 +97,7 @@ void ContactScreen::tvwOtherContactDblClick(const QModelIndex& index)
         return; // the gateway has said so, or the user stays
     const QString owner = dataJW().getCompanyNameByKey(contact.key(u"CompanyKey").value_or(0));
     if (!owner.isEmpty() && owner.compare(company(), Qt::CaseInsensitive) != 0)
-        m_workbench.cmbSelectionClick(owner);
+        m_shell.cmbSelectionClick(owner);
     show(key);
 }
 
@@ -127,46 +105,51 @@ void ContactScreen::tvwOtherContactDblClick(const QModelIndex& index)
 
 void ContactScreen::cmdAddDocContact1()
 {
-    m_workbench.session().trace(u"Assign Document to Contact"_s);
+    m_shell.session().trace(u"Assign Document to Contact"_s);
     const QString name = m_form.text(u"cmbDocsAvailable"_s);
     if (name.isEmpty()) {
-        m_workbench.showMessage(tr("Please select a document to assign."));
+        m_shell.showMessage(tr("Please select a document to assign."));
         return;
     }
     if (holds(m_documents, name)) {
-        m_workbench.showMessage(name + tr(" is already on the document list."));
+        m_shell.showMessage(name + tr(" is already on the document list."));
         return;
     }
     const Key key = dataJW().getDocumentKey(text::quoteFix(name));
     m_documents.add(m_documents.index(0, 0), name, u'D' + QString::number(key), u"document"_s);
     const QString type = dataJW().getDocument(key).text(u"Type").toLower();
+    bool written = true;
     if (type == u"resume")
-        writeStep(u"PrepareResume"_s);
+        written = writeStep(u"PrepareResume"_s);
     else if (type == u"cover")
-        writeStep(u"PrepareCover"_s);
-    saveIfAutomatic();
+        written = writeStep(u"PrepareCover"_s);
+    // A store that took no step has said so, and takes no contact either. The document is on the list for the
+    // next save.
+    if (written)
+        saveIfAutomatic();
 }
 
 /// A resume or cover letter handed to somebody is prepared: the position at hand has done that step today.
-void ContactScreen::writeStep(const QString& step)
+/// False when the store is as it was before.
+bool ContactScreen::writeStep(const QString& step)
 {
-    const Key position = m_workbench.selection().currentPositionKey;
+    const Key position = m_shell.selection().currentPositionKey;
     if (position <= 0)
-        return;
+        return true;
     const QString where = u" where positionKey="_s + QString::number(position);
     Action action(dataJW());
-    dataJW().execQuery(u"Update Position set " + step + u"='" + m_workbench.session().todayText() + u'\'' +
+    dataJW().execQuery(u"Update Position set " + step + u"='" + m_shell.session().todayText() + u'\'' +
                        where);
     dataJW().execQuery(u"Update Position set " + step + u"Medium=7" + where);
-    action.commit();
+    return action.commit();
 }
 
 void ContactScreen::cmdRemoveDocContact1()
 {
-    m_workbench.session().trace(u"Remove Document from Contact"_s);
+    m_shell.session().trace(u"Remove Document from Contact"_s);
     const QModelIndex node = m_selectedDocument;
     if (!node.isValid() || !node.parent().isValid()) {
-        m_workbench.showMessage(tr("Please select a document to remove."));
+        m_shell.showMessage(tr("Please select a document to remove."));
         return;
     }
     const Key key = dataJW().getDocumentKey(text::quoteFix(m_documents.text(node)));
@@ -180,10 +163,9 @@ void ContactScreen::tvwDocumentDblClick(const QModelIndex& index)
     if (!index.parent().isValid())
         return;
     const QString name = m_documents.text(index);
-    if (m_workbench.showMessage(tr("Review Document Information?"), Buttons::YesNo) != Answer::Yes)
+    if (m_shell.showMessage(tr("Review Document Information?"), Buttons::YesNo) != Answer::Yes)
         return;
-    m_workbench.tabStrip1Click(u"Document"_s);
-    m_workbench.documentScreen().showDocument(name);
+    m_shell.showOn(u"Document"_s, name);
 }
 
 // --- Company, histories, address --------------------------------------------------------------------------
@@ -193,46 +175,51 @@ void ContactScreen::cmdReassign1()
     const QString name = contactShown();
     const Key key = keyShown();
     if (key <= 0) {
-        m_workbench.showMessage(tr("Please select a contact to reassign to another company."));
+        m_shell.showMessage(tr("Please select a contact to reassign to another company."));
         return;
     }
     const QString question = tr("Are you certain you want to reassign this contact to a different company?");
-    if (m_workbench.showMessage(question, Buttons::YesNoDefaultNo) != Answer::Yes)
+    if (m_shell.showMessage(question, Buttons::YesNoDefaultNo) != Answer::Yes)
         return;
     const QString chosen =
-        m_workbench.session().prompts().pickCompany(tr("Reassign Contact"), dataJW().getCompanyNames());
+        m_shell.session().prompts().pickCompany(tr("Reassign Contact"), dataJW().getCompanyNames());
     if (chosen.isEmpty())
         return;
     const Key companyKey = dataJW().getCompanyKey(chosen);
-    if (m_workbench.showMessage(tr("You are assigning ") + name + tr(" to ") + chosen, Buttons::YesNo) !=
+    if (m_shell.showMessage(tr("You are assigning ") + name + tr(" to ") + chosen, Buttons::YesNo) !=
             Answer::Yes ||
         companyKey <= 0)
         return;
     dataJW().execQuery(u"Update Contact set CompanyKey=" + QString::number(companyKey) +
                        u" where contactkey=" + QString::number(key));
-    m_workbench.cmbSelectionClick(company());
+    m_shell.cmbSelectionClick(company());
 }
 
 void ContactScreen::cmdHistory1()
 {
     if (text::isUnsaved(contactShown())) {
-        m_workbench.showMessage(tr("Please select a contact before viewing History."));
-        m_workbench.showProc(tr("No Contact Selected."));
+        m_shell.showMessage(tr("Please select a contact before viewing History."));
+        m_shell.showProc(tr("No Contact Selected."));
         return;
     }
     if (!historyAvailable())
         return;
     const Key key = keyShown();
-    m_workbench.navigator().openScreen(u"FrmHistory"_s);
-    show(key);
+    m_shell.navigator().openScreen(u"FrmHistory"_s);
+    // As a click on the box shows its contact anew, a field that could not be saved is asked about first. By
+    // the key and not the name, which a namesake may have too.
+    if (mayLeave())
+        show(key);
+    else
+        showReached(dataJW().getContactDataByKey(key));
 }
 
 void ContactScreen::cmdAddress1()
 {
-    m_workbench.session().trace(u"Toggle Address"_s);
+    m_shell.session().trace(u"Toggle Address"_s);
     const Key key = keyShown();
     m_addressEntry->load(key, m_addressKey);
-    m_workbench.navigator().openScreen(u"FrmAddressEntry"_s);
+    m_shell.navigator().openScreen(u"FrmAddressEntry"_s);
     if (!m_addressEntry->saved())
         return;
     const QString name = contactShown();
@@ -240,6 +227,6 @@ void ContactScreen::cmdAddress1()
     m_addressKey = m_addressEntry->addressKey();
     loadContactList();
     reselect(key);
-    m_workbench.showMessage(tr("Update of ") + name + tr(" is complete."));
-    m_workbench.savedSbar();
+    m_shell.showMessage(tr("Update of ") + name + tr(" is complete."));
+    m_shell.savedSbar();
 }

@@ -2,12 +2,11 @@
 #include "base/fieldtext.h"
 #include "base/text.h"
 #include "store/datajw.h"
-#include "workbench/companyscreen.h"
+#include "workbench/companyaddress.h"
 #include "workbench/contactaddresses.h"
 #include "workbench/contactname.h"
 #include "workbench/contactscreen.h"
-#include "workbench/frmdata.h"
-#include "workbench/positionscreen.h"
+#include "workbench/shell.h"
 #include "workbench/wholerecord.h"
 
 #include <algorithm>
@@ -18,19 +17,19 @@ bool ContactScreen::mayBeSaved(const ContactName& name)
 {
     // A company that is gone by now has no key, and its contact would be found under no company at all.
     if (text::isUnsaved(company()) || dataJW().getCompanyKey(text::quoteFix(company())) <= 0) {
-        m_workbench.showMessage(tr("Please select a company before storing a contact"));
+        m_shell.showMessage(tr("Please select a company before storing a contact"));
         return false;
     }
     if (!name.isComplete()) {
-        m_workbench.showMessage(tr("Please enter a name for a new contact or select a contact to update."));
+        m_shell.showMessage(tr("Please enter a name for a new contact or select a contact to update."));
         return false;
     }
-    return wholerecord::mayBeStored(m_workbench.session(), m_form, {u"Contact"_s, u"Address"_s});
+    return wholerecord::mayBeStored(m_shell.session(), m_form, {u"Contact"_s, u"Address"_s});
 }
 
 void ContactScreen::cmdUpdateContact1()
 {
-    m_workbench.session().trace(u"Update Contact"_s);
+    m_shell.session().trace(u"Update Contact"_s);
     const ContactName typed{m_form.text(u"txtFirst"_s), m_form.text(u"txtMiddle"_s),
                             m_form.text(u"txtLast"_s)};
     const ContactName name = normalisedName(completedName(typed));
@@ -58,7 +57,7 @@ void ContactScreen::cmdUpdateContact1()
     const bool complete = newKey > 0 && newKey != oldKey;
     if (complete) {
         // A save that failed before may have left references behind with the key still shown.
-        moveReferences(newKey, {oldKey, isNew ? Key{0} : m_workbench.selection().currentContactKey});
+        moveReferences(newKey, {oldKey, isNew ? Key{0} : m_shell.selection().currentContactKey});
         if (addressGiven)
             cleanAddresses(dataJW());
     }
@@ -79,9 +78,25 @@ bool ContactScreen::giveAddress(bool isNew, Key& addressKey)
         if (address.isNothing() || !address.isEmpty())
             return !address.isNothing();
     }
-    const bool given = m_workbench.companyScreen().insertAddress();
+    const bool given = insertAddress(m_shell.session(), m_companyForm);
     addressKey = dataJW().getCount(u"Address"_s, false, u"AddressKey"_s);
     return given && addressKey > 0;
+}
+
+/// The key of a node's person at this moment; 0 when there is nobody of the name any more.
+Key ContactScreen::otherKey(const QModelIndex& node) const
+{
+    const QString name = m_others.text(node);
+    // The key noted with the node holds while it still names this person: it tells namesakes apart.
+    const Key noted = static_cast<Key>(m_others.key(node).mid(1).toShort());
+    if (noted > 0 && dataJW().getContactByKey(noted).trimmed() == name.trimmed())
+        return noted;
+    const auto blank = name.indexOf(u' ');
+    const QString first = name.left(blank);
+    const QString last = blank < 0 ? QString() : name.mid(blank + 1);
+    const Key companyKey = dataJW().getCompanyKeyByContact(first, last);
+    return companyKey > 0 ? dataJW().getContactKey(first, last, dataJW().getCompanyNameByKey(companyKey))
+                          : Key{0};
 }
 
 QString ContactScreen::otherKeys() const
@@ -121,7 +136,7 @@ QString ContactScreen::values(const ContactName& name, Key addressKey, Key compa
     row += m_lastContact.isEmpty() ? u"'12/31/1999',"_s : text(m_lastContact);
     row += u"0,"; // EventKey: events point to contacts and not the other way round
     row += text(otherKeys()) + text(documentKeys()) + QString::number(companyKey) + u',' + level() + u",'";
-    return row + m_workbench.session().todayText() + u"');";
+    return row + m_shell.session().todayText() + u"');";
 }
 
 void ContactScreen::moveReferences(Key newKey, const std::vector<Key>& oldKeys)
@@ -141,14 +156,14 @@ void ContactScreen::showAfterSave(Key newKey, const ContactName& name)
 {
     const QString shown = text::quoteFix(name.first + u' ' + name.last);
     loadContactList();
-    m_workbench.selection().currentContactKey = newKey;
+    m_shell.selection().currentContactKey = newKey;
     m_form.setText(u"cmbContacts"_s, shown);
     // A row that cannot be read back now is stored all the same: the form then stays as it was typed.
     if (const RecordSet record = dataJW().getContactDataByKey(newKey); !record.isEmpty())
         fillContactForm(record);
-    m_workbench.updateCounts();
-    m_workbench.savedSbar();
-    m_workbench.showMessage(tr("Update of ") + shown + tr(" is complete."));
+    m_shell.updateCounts();
+    m_shell.savedSbar();
+    m_shell.showMessage(tr("Update of ") + shown + tr(" is complete."));
 }
 
 // --- Removal ----------------------------------------------------------------------------------------------
@@ -158,25 +173,24 @@ void ContactScreen::cmdRemoveContact1()
     const Key key = keyShown();
     // Events that belong to nobody carry the key 0: removing "nobody" would take them all.
     if (key <= 0) {
-        m_workbench.showMessage(tr("Please select a contact to remove."), Buttons::Ok,
-                                tr("Jobwright - Message"));
+        m_shell.showMessage(tr("Please select a contact to remove."), Buttons::Ok, tr("Jobwright - Message"));
         return;
     }
     const QString question =
         tr("Are you sure you want to remove this CONTACT, all contact histories and all links "
            "to this contact?");
-    if (m_workbench.showMessage(question, Buttons::YesNoDefaultNo) != Answer::Yes || !removeRecords(key))
+    if (m_shell.showMessage(question, Buttons::YesNoDefaultNo) != Answer::Yes || !removeRecords(key))
         return;
     loadContactList();
-    m_workbench.positionScreen().loadPositionList();
+    emit removed();
     clearContactForm();
-    m_workbench.savedSbar();
-    m_workbench.updateCounts();
+    m_shell.savedSbar();
+    m_shell.updateCounts();
 }
 
 bool ContactScreen::removeRecords(Key key)
 {
-    Session& session = m_workbench.session();
+    Session& session = m_shell.session();
     const QString number = QString::number(key);
     Action action(dataJW());
     dataJW().delRecord(key, u"Contact"_s);

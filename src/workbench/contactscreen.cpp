@@ -3,10 +3,10 @@
 #include "base/fieldtext.h"
 #include "base/text.h"
 #include "store/datajw.h"
-#include "store/storeerror.h"
 #include "workbench/addressentry.h"
 #include "workbench/fieldleaving.h"
-#include "workbench/frmdata.h"
+#include "workbench/recordkey.h"
+#include "workbench/shell.h"
 
 #include <QLocale>
 
@@ -59,10 +59,11 @@ bool isRating(const QString& control)
 
 } // namespace
 
-ContactScreen::ContactScreen(FrmData& workbench)
-    : m_workbench(workbench)
+ContactScreen::ContactScreen(Shell& shell, const Form& companyForm, FrmAutoParse& autoParse)
+    : m_shell(shell)
+    , m_companyForm(companyForm)
     , m_form(contactForm())
-    , m_addressEntry(std::make_unique<FrmAddressEntry>(workbench))
+    , m_addressEntry(std::make_unique<FrmAddressEntry>(shell, autoParse))
 {
     m_others.add({}, tr("Contacts"), u"A0"_s, u"contact"_s);
     m_documents.add({}, tr("Documents"), u"D0"_s, u"document"_s);
@@ -73,12 +74,12 @@ ContactScreen::~ContactScreen() = default;
 
 DataJW& ContactScreen::dataJW() const
 {
-    return m_workbench.session().dataJW();
+    return m_shell.session().dataJW();
 }
 
 QString ContactScreen::company() const
 {
-    return m_workbench.selection().selectedCompanyName();
+    return m_shell.selection().selectedCompanyName();
 }
 
 QString ContactScreen::contactShown() const
@@ -88,7 +89,7 @@ QString ContactScreen::contactShown() const
 
 bool ContactScreen::historyAvailable() const
 {
-    return m_workbench.navigator().hasScreen(u"FrmHistory"_s);
+    return m_shell.navigator().hasScreen(u"FrmHistory"_s);
 }
 
 // --- Lists ------------------------------------------------------------------------------------------------
@@ -101,7 +102,7 @@ void ContactScreen::load()
     for (const Dox& document : dataJW().loadDox())
         documents.append(document.docName);
     m_form.setItems(u"cmbDocsAvailable"_s, documents);
-    m_workbench.selectCategory();
+    m_shell.selectCategory();
 }
 
 void ContactScreen::loadContactList()
@@ -165,7 +166,7 @@ Key ContactScreen::keyShown() const
     if (text::isUnsaved(contactShown()))
         return 0;
     // The key of the row on the screen tells namesakes apart, which a name cannot.
-    const Key current = m_workbench.selection().currentContactKey;
+    const Key current = m_shell.selection().currentContactKey;
     if (current > 0 && dataJW().keyVerification(current, u"ContactKey"_s, u"Contact"_s))
         return current;
     return findContact(contactShown(), company());
@@ -174,7 +175,7 @@ Key ContactScreen::keyShown() const
 bool ContactScreen::mayLeave()
 {
     return fieldleaving::mayLeave(
-        m_workbench.session(), m_form, [this](const QString& control) { fieldLeft(control); },
+        m_shell.session(), m_form, [this](const QString& control) { fieldLeft(control); },
         !text::isUnsaved(contactShown()));
 }
 
@@ -216,14 +217,10 @@ void ContactScreen::reselect(Key key)
 
 void ContactScreen::fillContactForm(const RecordSet& record)
 {
-    Session& session = m_workbench.session();
+    Session& session = m_shell.session();
     session.trace(u"frmData - fillContactForm (Contact)"_s);
-    const auto key = record.key(u"ContactKey");
-    if (!key) {
-        const StoreError overflow(tr("Overflow"), StoreError::Overflow, u"Jobwright"_s);
-        session.logError(u"frmData - fillContactForm (Contact)"_s, 0, &overflow);
-    }
-    m_workbench.selection().currentContactKey = key.value_or(0);
+    m_shell.selection().currentContactKey =
+        keyOrReport(session, record, u"ContactKey", u"frmData - fillContactForm (Contact)"_s);
     m_addressKey = record.key(u"AddressKey").value_or(0);
     for (const FieldRow& row : m_form.rows()) {
         if (isFlag(row.control)) {
@@ -234,21 +231,29 @@ void ContactScreen::fillContactForm(const RecordSet& record)
             m_form.setText(row.control, fieldtext::toShown(record.text(row.column)));
         }
     }
-    m_lastContact = record.text(u"LastContact");
-    const QDate reached = record.date(u"LastContact");
-    m_form.setText(u"txtDTPicker1"_s, reached.isValid() && reached != dates::sentinel
-                                          ? QLocale().toString(reached, QLocale::ShortFormat)
-                                          : tr("No Contact"));
+    showReached(record);
     showRatings(record.key(u"ContactLevel").value_or(0));
     showDocuments(record.text(u"DocumentList"));
     showOthers(record.text(u"ContactList"));
     emit changed();
 }
 
+/// A history writes this day; a save of what was shown before it must not take it back.
+void ContactScreen::showReached(const RecordSet& record)
+{
+    if (record.isEmpty())
+        return;
+    m_lastContact = record.text(u"LastContact");
+    const QDate reached = record.date(u"LastContact");
+    m_form.setText(u"txtDTPicker1"_s, reached.isValid() && reached != dates::sentinel
+                                          ? QLocale().toString(reached, QLocale::ShortFormat)
+                                          : tr("No Contact"));
+}
+
 void ContactScreen::clearContactForm()
 {
     m_form.clear();
-    m_workbench.selection().currentContactKey = 0;
+    m_shell.selection().currentContactKey = 0;
     m_addressKey = 0;
     m_lastContact.clear();
     showRatings(0);
@@ -267,7 +272,7 @@ void ContactScreen::showOthers(const QString& keyList)
 {
     const QModelIndex root = m_others.index(0, 0);
     m_others.setChildren(root, {}, {});
-    for (const QString& key : m_workbench.csvParse(keyList)) {
+    for (const QString& key : m_shell.csvParse(keyList)) {
         // A key in a list whose row is gone is an ordinary thing.
         const QString name = dataJW().getContactByKey(static_cast<Key>(key.toShort()));
         if (!name.trimmed().isEmpty())
@@ -279,7 +284,7 @@ void ContactScreen::showDocuments(const QString& keyList)
 {
     const QModelIndex root = m_documents.index(0, 0);
     m_documents.setChildren(root, {}, {});
-    for (const QString& key : m_workbench.csvParse(keyList)) {
+    for (const QString& key : m_shell.csvParse(keyList)) {
         const QString name = dataJW().getDocumentByKey(static_cast<Key>(key.toShort()));
         if (!name.isEmpty())
             m_documents.add(root, name, u'D' + key, u"document"_s);
@@ -322,7 +327,7 @@ QString ContactScreen::flags(int from, int to) const
 
 void ContactScreen::fieldKeyDown(const QString&)
 {
-    m_workbench.setSbar(u"Contact"_s);
+    m_shell.setSbar(u"Contact"_s);
 }
 
 void ContactScreen::fieldChanged(const QString& control)
@@ -331,8 +336,8 @@ void ContactScreen::fieldChanged(const QString& control)
     if (!row || row->save == SaveOn::Never)
         return;
     // A box or a slider changed with the mouse has had no key before.
-    m_workbench.setSbar(u"Contact"_s);
-    m_workbench.sbarVis();
+    m_shell.setSbar(u"Contact"_s);
+    m_shell.sbarVis();
     if (isRating(control))
         saveRatings();
 }
@@ -343,7 +348,7 @@ bool ContactScreen::update(const QString& column, const QString& value)
     if (key <= 0 || !dataJW().execQuery(u"Update Contact set " + column + u'=' + value +
                                         u" where contactkey=" + QString::number(key)))
         return false;
-    m_workbench.savedSbar();
+    m_shell.savedSbar();
     return true;
 }
 
@@ -381,7 +386,7 @@ void ContactScreen::fieldLeft(const QString& control)
     if (control != u"txtFirst" && control != u"txtLast")
         return;
     // The boxes that find people by name must know the new one.
-    const Key key = m_workbench.selection().currentContactKey;
+    const Key key = m_shell.selection().currentContactKey;
     loadContactList();
     reselect(key);
 }

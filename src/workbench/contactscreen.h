@@ -14,7 +14,8 @@
 
 class DataJW;
 class FrmAddressEntry;
-class FrmData;
+class FrmAutoParse;
+class Shell;
 struct ContactName;
 
 /// Shows, saves, removes and reassigns a contact of the selected company or category, and keeps the contacts
@@ -24,7 +25,8 @@ class ContactScreen : public QObject
     Q_OBJECT
 
 public:
-    explicit ContactScreen(FrmData& workbench);
+    /// @p companyForm is the Company screen's: a new contact begins with the address in it.
+    ContactScreen(Shell& shell, const Form& companyForm, FrmAutoParse& autoParse);
     ~ContactScreen() override;
 
     [[nodiscard]] Form& form() { return m_form; }
@@ -80,6 +82,8 @@ signals:
     void changed();
     /// What otherContactNames() answers is new.
     void otherContactsChanged();
+    /// A contact and all that pointed to it have gone out of the store.
+    void removed();
 
 private:
     [[nodiscard]] DataJW& dataJW() const;
@@ -88,6 +92,7 @@ private:
     [[nodiscard]] Key findContact(const QString& name, const QString& company) const;
     [[nodiscard]] Key keyShown() const;
     void show(Key key);
+    void showReached(const RecordSet& record);
     void showRatings(int level);
     void labelRatings(bool rated);
     void showOthers(const QString& keyList);
@@ -109,11 +114,12 @@ private:
     void showAfterSave(Key newKey, const ContactName& name);
     bool removeRecords(Key key);
 
-    void writeStep(const QString& step);
+    [[nodiscard]] bool writeStep(const QString& step);
     void cutFromList(const QString& column, const QString& written, Key cut);
     void saveIfAutomatic();
 
-    FrmData& m_workbench;
+    Shell& m_shell;
+    const Form& m_companyForm;
     Form m_form;
     TreeModel m_others;
     TreeModel m_documents;

@@ -3,7 +3,7 @@
 #include "base/text.h"
 #include "store/datajw.h"
 #include "workbench/documentscreen.h"
-#include "workbench/frmdata.h"
+#include "workbench/shell.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -59,7 +59,7 @@ QDate creationDate(const QFileInfo& file)
 
 void DocumentScreen::cmdLoadDocument()
 {
-    Session& session = m_workbench.session();
+    Session& session = m_shell.session();
     clearDocumentForm();
     QString folder = session.dataJW().getStatusValue(u"DocumentDirectory"_s, true);
     if (folder.isEmpty())
@@ -74,7 +74,7 @@ void DocumentScreen::cmdLoadDocument()
 void DocumentScreen::filesDropped(const QStringList& paths)
 {
     if (paths.size() != 1 || !QFileInfo(paths.first()).isFile()) {
-        m_workbench.showMessage(tr("Please drop one file at a time, and no folder."));
+        m_shell.showMessage(tr("Please drop one file at a time, and no folder."));
         return;
     }
     clearDocumentForm();
@@ -84,7 +84,7 @@ void DocumentScreen::filesDropped(const QStringList& paths)
 void DocumentScreen::takeFile(const QString& path)
 {
     const QFileInfo file(path);
-    DataJW& dataJW = m_workbench.session().dataJW();
+    DataJW& dataJW = m_shell.session().dataJW();
     {
         Action action(dataJW);
         dataJW.writeStatus(u"DocumentDirectory"_s, text::quoteFix(file.absolutePath()), true);
@@ -99,18 +99,18 @@ void DocumentScreen::takeFile(const QString& path)
 
 void DocumentScreen::cmdViewDoc1()
 {
-    Session& session = m_workbench.session();
+    Session& session = m_shell.session();
     session.trace(u"View Document"_s);
     const QString ending = endingOf(m_form.text(u"txtFileName"_s));
     const auto viewer = std::ranges::find(viewers, ending, &Viewer::ending);
     if (viewer == viewers.end()) {
-        m_workbench.showMessage(tr("Document format not recognized."), Buttons::Ok, tr("File Access Error"));
+        m_shell.showMessage(tr("Document format not recognized."), Buttons::Ok, tr("File Access Error"));
         return;
     }
     const QString stored = m_form.text(u"txtPath"_s);
     const QString path = onDisk(session, stored);
     if (stored.isEmpty() || !QFileInfo::exists(path))
-        m_workbench.showMessage(
+        m_shell.showMessage(
             tr("The file \"%1\" was not found. It may have been moved, renamed or deleted.").arg(stored),
             Buttons::Ok, tr("View Document"));
     else
@@ -119,7 +119,7 @@ void DocumentScreen::cmdViewDoc1()
 
 void DocumentScreen::openWith(const QString& viewerRow, const QString& path)
 {
-    Session& session = m_workbench.session();
+    Session& session = m_shell.session();
     const bool isWord = viewerRow == u"WordViewer";
     QString program = viewerRow.isEmpty() ? QString() : session.dataJW().getStatusValue(viewerRow, true);
     if (program.isEmpty() && viewerRow == u"PDFViewer")
@@ -133,7 +133,7 @@ void DocumentScreen::openWith(const QString& viewerRow, const QString& path)
         opened = (!isWord || session.wordAvailable) && session.desktop().openDocument(path);
     if (opened)
         return;
-    m_workbench.showMessage(
+    m_shell.showMessage(
         isWord ? tr("ERROR - 2nd Format - Cannot Open Application, file may be corrupt or application may be "
                     "unavailable - see Manual/Troubleshooting")
                : tr("The file \"%1\" could not be opened: no program for it could be started.").arg(path),

@@ -5,7 +5,7 @@
 #include "store/datajw.h"
 #include "workbench/documentscreen.h"
 #include "workbench/documenttypes.h"
-#include "workbench/frmdata.h"
+#include "workbench/shell.h"
 
 #include <algorithm>
 #include <utility>
@@ -44,28 +44,28 @@ QString insertStatement(const QStringList& fields, const Dox& dox)
 
 QString DocumentScreen::defaultName() const
 {
-    const DocumentType* type = findDocumentType(m_workbench.selection().selectedDocType);
+    const DocumentType* type = findDocumentType(m_shell.selection().selectedDocType);
     const QDate date = QDate::fromString(m_form.text(u"dtpEntry"_s), Qt::ISODate);
     return (type ? type->tag : documentTypes.front().tag).toString() + date.toString(u"yyyyMMdd"_s) + u".jwd";
 }
 
 void DocumentScreen::cmdAddDoc1()
 {
-    Session& session = m_workbench.session();
-    QString& type = m_workbench.selection().selectedDocType;
+    Session& session = m_shell.session();
+    QString& type = m_shell.selection().selectedDocType;
     session.trace(u"Add Document to List"_s);
     if (!findDocumentType(type))
         type = documentTypes.front().word.toString();
     // The document goes by its file's name; this one only tells in the log what was added when.
     session.trace(defaultName());
     if (m_form.text(u"txtFileName"_s).isEmpty()) {
-        m_workbench.showMessage(tr("Please select a file to add to the global document list."));
+        m_shell.showMessage(tr("Please select a file to add to the global document list."));
         cmdLoadDocument();
         if (m_form.text(u"txtFileName"_s).isEmpty())
             return;
     }
     if (rowOf(fieldtext::toStored(m_form.text(u"txtFileName"_s))) >= 0) {
-        m_workbench.showMessage(tr("Document already in list."));
+        m_shell.showMessage(tr("Document already in list."));
         return;
     }
     const std::vector<Dox> before = m_documents;
@@ -84,7 +84,7 @@ void DocumentScreen::cmdAddDoc1()
 void DocumentScreen::cmdUpdateDoc1()
 {
     if (!selectedDocument()) {
-        m_workbench.showMessage(tr("Existing document not selected.  No update."));
+        m_shell.showMessage(tr("Existing document not selected.  No update."));
         return;
     }
     const std::vector<Dox> before = m_documents;
@@ -98,15 +98,15 @@ void DocumentScreen::cmdUpdateDoc1()
     }
     fillTree();
     select(row);
-    m_workbench.form().setText(u"sbar"_s, selectedDocument()->docName + tr(" has been updated"));
+    m_shell.setSimpleText(selectedDocument()->docName + tr(" has been updated"));
 }
 
 void DocumentScreen::cmdRemoveDoc1()
 {
-    Session& session = m_workbench.session();
+    Session& session = m_shell.session();
     session.trace(u"Remove Document from List"_s);
     if (!selectedDocument()) {
-        m_workbench.showMessage(tr("Please select a document to remove."));
+        m_shell.showMessage(tr("Please select a document to remove."));
         return;
     }
     if (!mayBeRewritten())
@@ -137,7 +137,7 @@ void DocumentScreen::cmdRemoveDoc1()
 bool DocumentScreen::mayBeRewritten()
 {
     if (!m_complete) {
-        m_workbench.showMessage(
+        m_shell.showMessage(
             tr("The documents could not all be read from the database, so the list cannot be changed now. "
                "Please open the Document screen again."));
         return false;
@@ -146,14 +146,14 @@ bool DocumentScreen::mayBeRewritten()
         std::ranges::find_if(m_documents, [](const Dox& dox) { return lengthOf(dox) > longestRecord; });
     if (tooLong == m_documents.end())
         return true;
-    m_workbench.showMessage(tr("The texts of \"%1\" are too long to be saved. Please shorten the notes.")
-                                .arg(tooLong->docName.left(80)));
+    m_shell.showMessage(tr("The texts of \"%1\" are too long to be saved. Please shorten the notes.")
+                            .arg(tooLong->docName.left(80)));
     return false;
 }
 
 bool DocumentScreen::updateDocumentList()
 {
-    Session& session = m_workbench.session();
+    Session& session = m_shell.session();
     session.trace(u"Update Document List"_s);
     if (!mayBeRewritten())
         return false;
@@ -178,7 +178,7 @@ bool DocumentScreen::updateDocumentList()
 
 std::optional<QSet<Key>> DocumentScreen::keysAtContacts()
 {
-    RecordSet lists = m_workbench.session().dataJW().getExecQueryRecords(
+    RecordSet lists = m_shell.session().dataJW().getExecQueryRecords(
         u"Select DocumentList from Contact where DocumentList > ''"_s);
     if (lists.isNothing())
         return std::nullopt;
@@ -194,7 +194,7 @@ std::vector<Key> DocumentScreen::oldKeys(const Dox& dox)
 {
     // A document that is just being added has no row yet, which is nothing to report.
     const bool isNew = dox.docKey == 0;
-    const Key stored = m_workbench.session().dataJW().getDocumentKey(text::quoteFix(dox.docName), isNew);
+    const Key stored = m_shell.session().dataJW().getDocumentKey(text::quoteFix(dox.docName), isNew);
     std::vector<Key> keys;
     if (stored > 0)
         keys.push_back(stored);
@@ -206,7 +206,7 @@ std::vector<Key> DocumentScreen::oldKeys(const Dox& dox)
 
 void DocumentScreen::moveReferences(Dox& dox, const std::vector<Key>& oldKeys, const QSet<Key>& held)
 {
-    DataJW& dataJW = m_workbench.session().dataJW();
+    DataJW& dataJW = m_shell.session().dataJW();
     const Key newKey = dataJW.getDocumentKey(text::quoteFix(dox.docName));
     // Without a row the document keeps its old key in memory, and so do its contacts: the next writing of
     // the list brings both in.

@@ -3,9 +3,8 @@
 #include "base/fieldtext.h"
 #include "base/text.h"
 #include "store/datajw.h"
-#include "workbench/contactscreen.h"
 #include "workbench/documenttypes.h"
-#include "workbench/frmdata.h"
+#include "workbench/shell.h"
 
 #include <algorithm>
 
@@ -45,8 +44,8 @@ QString& savedText(Dox& dox, const QString& control)
 
 } // namespace
 
-DocumentScreen::DocumentScreen(FrmData& workbench)
-    : m_workbench(workbench)
+DocumentScreen::DocumentScreen(Shell& shell)
+    : m_shell(shell)
     , m_form(documentForm())
 {
     m_contacts.add({}, tr("Contacts"), u"A0"_s, u"contact"_s);
@@ -60,8 +59,8 @@ DocumentScreen::~DocumentScreen() = default;
 
 void DocumentScreen::load()
 {
-    m_workbench.session().trace(u"frmData - loadDocumentFrame"_s);
-    DataJW& dataJW = m_workbench.session().dataJW();
+    m_shell.session().trace(u"frmData - loadDocumentFrame"_s);
+    DataJW& dataJW = m_shell.session().dataJW();
     const QString before = selectedDocument() ? selectedDocument()->docName : QString();
     m_documents = dataJW.loadDox();
     // The list is written as a whole: one that was read in part only would take the rest out of the store.
@@ -130,7 +129,7 @@ void DocumentScreen::select(int row)
         showDox(*dox);
         fillContactsSent(dox->docName);
     }
-    m_workbench.savedSbar();
+    m_shell.savedSbar();
     emit changed();
 }
 
@@ -140,7 +139,7 @@ void DocumentScreen::clearDocumentForm()
 {
     m_selected = -1;
     m_form.clear();
-    m_form.setText(u"dtpEntry"_s, m_workbench.session().today().toString(Qt::ISODate));
+    m_form.setText(u"dtpEntry"_s, m_shell.session().today().toString(Qt::ISODate));
     m_contacts.setChildren(m_contacts.index(0, 0), {}, {});
     emit changed();
 }
@@ -162,7 +161,7 @@ void DocumentScreen::showDox(const Dox& dox)
 
 void DocumentScreen::fillContactsSent(const QString& name)
 {
-    DataJW& dataJW = m_workbench.session().dataJW();
+    DataJW& dataJW = m_shell.session().dataJW();
     const Key document = dataJW.getDocumentKey(text::quoteFix(name));
     if (document <= 0)
         return;
@@ -180,18 +179,17 @@ void DocumentScreen::lstContactsSentDblClick(const QModelIndex& index)
 {
     if (!index.parent().isValid())
         return;
-    DataJW& dataJW = m_workbench.session().dataJW();
+    DataJW& dataJW = m_shell.session().dataJW();
     const RecordSet person = dataJW.getContactDataByKey(m_sentTo[static_cast<size_t>(index.row())]);
     const QString name = m_contacts.text(index);
     const QString company = dataJW.getCompanyNameByKey(person.key(u"CompanyKey").value_or(0));
     if (company.isEmpty()) {
-        m_workbench.showMessage(tr("%1 belongs to a company that is no longer in the database.").arg(name));
+        m_shell.showMessage(tr("%1 belongs to a company that is no longer in the database.").arg(name));
         return;
     }
-    if (company != m_workbench.selection().selectedCompanyName())
-        m_workbench.cmbSelectionClick(company);
-    m_workbench.tabStrip1Click(u"Contact"_s);
-    m_workbench.contactScreen().showContact(name);
+    if (company != m_shell.selection().selectedCompanyName())
+        m_shell.cmbSelectionClick(company);
+    m_shell.showOn(u"Contact"_s, name);
 }
 
 QString DocumentScreen::styleText() const
@@ -225,7 +223,7 @@ Dox DocumentScreen::fromControls(Dox dox) const
 
 void DocumentScreen::fieldKeyDown(const QString&)
 {
-    m_workbench.setSbar(u"Document"_s);
+    m_shell.setSbar(u"Document"_s);
 }
 
 void DocumentScreen::fieldChanged(const QString& control)
@@ -234,7 +232,7 @@ void DocumentScreen::fieldChanged(const QString& control)
     if (!row)
         return;
     if (row->save != SaveOn::Change)
-        m_workbench.sbarVis();
+        m_shell.sbarVis();
     else if (row->column == u"Style")
         styleClicked();
     else if (m_form.text(control) == u"1") // the option that another one has put out says nothing
@@ -244,8 +242,8 @@ void DocumentScreen::fieldChanged(const QString& control)
 void DocumentScreen::typeClicked(const QString& control)
 {
     const DocumentType* type = findDocumentType(control);
-    m_workbench.selection().selectedDocType = type->word.toString();
-    m_workbench.setSbar(u"Document"_s);
+    m_shell.selection().selectedDocType = type->word.toString();
+    m_shell.setSbar(u"Document"_s);
     if (!updateColumn(u"Type"_s, type->value.toString()))
         return;
     m_documents[static_cast<size_t>(m_selected)].docType = type->value.toString();
@@ -255,7 +253,7 @@ void DocumentScreen::typeClicked(const QString& control)
 
 void DocumentScreen::styleClicked()
 {
-    m_workbench.setSbar(u"Document"_s);
+    m_shell.setSbar(u"Document"_s);
     const QString style = styleText();
     if (updateColumn(u"Style"_s, style))
         m_documents[static_cast<size_t>(m_selected)].style = style;
@@ -273,7 +271,7 @@ void DocumentScreen::fieldLeft(const QString& control)
         return;
     savedText(m_documents[static_cast<size_t>(m_selected)], control) = value;
     m_form.markClean(control);
-    m_workbench.savedSbar();
+    m_shell.savedSbar();
 }
 
 bool DocumentScreen::updateColumn(const QString& column, const QString& value)
@@ -281,7 +279,7 @@ bool DocumentScreen::updateColumn(const QString& column, const QString& value)
     const Dox* dox = selectedDocument();
     if (!dox)
         return false;
-    DataJW& dataJW = m_workbench.session().dataJW();
+    DataJW& dataJW = m_shell.session().dataJW();
     // By its name: each writing of the list gives the row a new key.
     const Key key = dataJW.getDocumentKey(text::quoteFix(dox->docName));
     return key > 0 && dataJW.execQuery(u"Update Document set " + column + u"='" + value +

@@ -11,7 +11,7 @@
 #include <optional>
 #include <vector>
 
-class FrmData;
+class Shell;
 
 /// Lists the documents by type, keeps what is known of each, and opens them in their viewers. It knows the
 /// files by their paths only: no operation writes, moves or deletes one.
@@ -20,7 +20,7 @@ class DocumentScreen : public QObject
     Q_OBJECT
 
 public:
-    explicit DocumentScreen(FrmData& workbench);
+    explicit DocumentScreen(Shell& shell);
     ~DocumentScreen() override;
 
     [[nodiscard]] Form& form() { return m_form; }
@@ -85,7 +85,7 @@ private:
     void moveReferences(Dox& dox, const std::vector<Key>& oldKeys, const QSet<Key>& held);
     void openWith(const QString& viewerRow, const QString& path);
 
-    FrmData& m_workbench;
+    Shell& m_shell;
     Form m_form;
     TreeModel m_tree;
     TreeModel m_contacts;

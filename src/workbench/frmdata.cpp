@@ -1,11 +1,9 @@
-// The shell: selection, status bar, tabs. Start and end, and the tools, have files of their own.
+// The main screen: selection and status bar. Its screens, its start and end, and the tools have files of
+// their own.
 #include "workbench/frmdata.h"
 
 #include "base/text.h"
-#include "calendar/frmevcal.h"
 #include "calendar/frmreminder.h"
-#include "history/frmhistory.h"
-#include "intake/frmautoparse.h"
 #include "store/datajw.h"
 #include "workbench/companyscreen.h"
 #include "workbench/contactscreen.h"
@@ -29,34 +27,35 @@ std::vector<FieldRow> shellForm()
 {
     std::vector<FieldRow> rows{{u"cmbSelection"_s, {}, SaveOn::Never},
                                {u"Label45"_s, {}, SaveOn::Never},
-                               {u"pbarLoad"_s, {}, SaveOn::Never},
                                {u"sbar"_s, {}, SaveOn::Never}}; // the bar's simple text
     for (const QStringView frame : frames)
         rows.push_back({frame.toString(), {}, SaveOn::Never});
     return rows;
 }
 
+/// Without the marks around it.
+QString categoryCaption(QString name)
+{
+    return name.remove(u'~').trimmed();
+}
+
 } // namespace
 
-FrmData::FrmData(Session& session, Navigator& navigator)
-    : m_session(session)
-    , m_navigator(navigator)
+FrmData::FrmData(Session& session, Navigator& navigator, FrmAutoParse& autoParse, FrmReminder& reminder)
+    : Shell(session, navigator)
+    , m_reminder(reminder)
     , m_form(shellForm())
-    , m_company(std::make_unique<CompanyScreen>(*this))
+    , m_company(std::make_unique<CompanyScreen>(*this, autoParse))
     , m_position(std::make_unique<PositionScreen>(*this))
-    , m_contact(std::make_unique<ContactScreen>(*this))
+    , m_contact(std::make_unique<ContactScreen>(*this, m_company->form(), autoParse))
     , m_document(std::make_unique<DocumentScreen>(*this))
-    , m_pipeline(std::make_unique<PipelineScreen>(*this))
-    , m_autoParse(std::make_unique<FrmAutoParse>(session))
-    , m_calendar(std::make_unique<FrmEvCal>(session, navigator))
-    , m_reminder(std::make_unique<FrmReminder>(session, *m_calendar))
-    , m_history(std::make_unique<FrmHistory>(session, *m_calendar))
+    , m_pipeline(std::make_unique<PipelineScreen>(*this, *m_position))
 {
-    connect(m_reminder.get(), &FrmReminder::recordsChanged, m_calendar.get(), &FrmEvCal::reload);
-    connect(m_reminder.get(), &FrmReminder::recordsChanged, this, &FrmData::stepsChanged);
-    connect(m_reminder.get(), &FrmReminder::checkRequested, this, &FrmData::checkReminders);
-    connect(m_calendar.get(), &FrmEvCal::recordsChanged, this, &FrmData::stepsChanged);
-    connect(m_history.get(), &FrmHistory::recordsChanged, this, &FrmData::stepsChanged);
+    connect(&m_reminder, &FrmReminder::checkRequested, this, &FrmData::checkReminders);
+    connect(m_contact.get(), &ContactScreen::removed, m_position.get(), &PositionScreen::loadPositionList);
+    connect(m_position.get(), &PositionScreen::stored, this, &FrmData::positionStored);
+    connect(m_pipeline.get(), &PipelineScreen::barChosen, this,
+            [this](const QString& company) { m_company->form().setText(u"txtTitle"_s, company); });
     m_form.setText(u"Label45"_s, tr("Company"));
     m_form.setVisible(u"pbarLoad"_s, false);
     // The program begins on the Company screen, with no company chosen.
@@ -125,15 +124,16 @@ void FrmData::updateCounts()
     emit changed();
 }
 
-Answer FrmData::showMessage(const QString& prompt, Buttons buttons, const QString& title)
+void FrmData::setSimpleText(const QString& text)
 {
-    return m_session.msgBox(prompt, buttons, title);
+    m_form.setText(u"sbar"_s, text);
 }
 
-QStringList FrmData::csvParse(const QString& keyList)
+void FrmData::progress(int done, int total, const QString& what)
 {
-    m_session.trace(u"frmdata - csvParse"_s);
-    return text::csvParse(keyList);
+    setSimpleText(what);
+    m_form.setVisible(u"pbarLoad"_s, total > 0);
+    emit progressChanged(done, total);
 }
 
 // --- Company selector -------------------------------------------------------------------------------------
@@ -156,6 +156,23 @@ void FrmData::loadCompanyList()
     }
     if (!text::isUnsaved(m_selection.selectedCompanyName()))
         selectCategory();
+}
+
+std::vector<FrmData::Category> FrmData::categories() const
+{
+    std::vector<Category> found;
+    for (const QString& name : m_companyList) {
+        if (text::isCategory(name))
+            found.push_back({name, categoryCaption(name)});
+    }
+    return found;
+}
+
+QStringList FrmData::companiesOf(const QString& category) const
+{
+    // A company does not carry a category; its name may. The entry of the category itself always does.
+    return category.isEmpty() ? m_companyList
+                              : m_companyList.filter(categoryCaption(category), Qt::CaseInsensitive);
 }
 
 void FrmData::selectCategory()
@@ -218,143 +235,18 @@ void FrmData::stepsChanged()
     m_pipeline->stepsChanged();
 }
 
-// --- Tabs -------------------------------------------------------------------------------------------------
+void FrmData::positionStored()
+{
+    m_pipeline->load();
+    // It takes itself for the open screen, which is still the one that has stored.
+    m_selection.currentScreen = u"Position"_s;
+    // Showing an expired position raises the panel again, and nothing is left to be saved.
+    savedSbar();
+}
 
 void FrmData::clearStrip()
 {
     m_form.setText(u"sbar"_s, {});
     for (const QStringView frame : frames)
         m_form.setVisible(frame.toString(), false);
-}
-
-bool FrmData::mayLeave()
-{
-    return m_company->mayLeave() && m_position->mayLeave() && m_contact->mayLeave();
-}
-
-bool FrmData::tabStrip1Click(const QString& tabKey)
-{
-    // Every screen reads its record anew when it is opened, so what its fields hold unsaved would be gone.
-    if (!mayLeave()) {
-        emit changed();
-        return false;
-    }
-    m_currentTab = tabKey;
-    if (tabKey == u"Company") {
-        showCompanyScreen();
-        return true;
-    }
-    clearStrip();
-    if (tabKey == u"Position")
-        showPositionScreen();
-    else if (tabKey == u"Contact")
-        showContactScreen();
-    else if (tabKey == u"Pipeline")
-        showPipelineScreen();
-    else if (tabKey == u"Document")
-        showDocumentScreen();
-    emit changed();
-    return true;
-}
-
-void FrmData::setNewButton(const QString& toolTip, const QString& image)
-{
-    m_newToolTip = toolTip;
-    m_newImage = image;
-}
-
-void FrmData::showCompanyScreen()
-{
-    m_currentTab = u"Company"_s;
-    clearStrip();
-    m_session.trace(u"Open Company Screen"_s);
-    m_form.setVisible(u"frmeCompany"_s, true);
-    setNewButton(tr("New Company"), u"newco"_s);
-    m_company->load();
-    emit changed();
-}
-
-void FrmData::showPositionScreen()
-{
-    m_session.trace(u"Open Position Screen"_s);
-    m_form.setVisible(u"frmePosition"_s, true);
-    setNewButton(tr("New Position"), u"newpos"_s);
-    loadPositionFrame();
-}
-
-void FrmData::loadPositionFrame()
-{
-    m_session.trace(u"frmData - loadPositionFrame"_s);
-    m_selection.currentScreen = u"Position"_s;
-    const QString selected = m_selection.selectedCompanyName();
-    if (!text::isUnsaved(selected) && !text::isCategory(selected)) {
-        m_position->load();
-        return;
-    }
-    showMessage(tr("Please select a company before viewing positions."));
-    m_position->clearPositionForm();
-    clearPipeBoxes();
-    showCompanyScreen();
-    // Loading the company hides the panel; what happened is said when the user is there.
-    showProc(tr("<Unassigned> Selected."));
-}
-
-void FrmData::showContactScreen()
-{
-    m_session.trace(u"Open Contact Screen"_s);
-    m_form.setVisible(u"frmeContact"_s, true);
-    setNewButton(tr("New Contact"), u"newcon"_s);
-    loadContactFrame();
-}
-
-void FrmData::loadContactFrame()
-{
-    m_session.trace(u"frmData - loadContactFrame"_s);
-    m_selection.currentScreen = u"Contact"_s;
-    if (text::isUnsaved(m_selection.selectedCompanyName())) {
-        // The screen stays open, empty: a contact list needs no company to look at. A category counts as one,
-        // as people may be kept under a category alone.
-        showMessage(tr("Please select a company before viewing contacts."));
-        m_contact->clearContactForm();
-        showProc(tr("No company selected."));
-        return;
-    }
-    m_contact->load();
-}
-
-void FrmData::showPipelineScreen()
-{
-    m_session.trace(u"Open Pipeline Screen"_s);
-    const Key companies = m_session.dataJW().getCount(u"Company"_s, true);
-    if (companies == 0) {
-        showMessage(tr("No companies exist in your database.  Pipeline cannot be accessed."));
-        m_session.trace(u"No companies, Pipeline aborted."_s);
-        return;
-    }
-    m_form.setVisible(u"frmePipeline"_s, true);
-    m_form.setText(u"pbarLoad"_s, u"0/%1"_s.arg(companies));
-    m_form.setVisible(u"pbarLoad"_s, true);
-    loadPipelineFrame();
-    m_form.setVisible(u"pbarLoad"_s, false);
-    m_pipeline->displayVisual();
-}
-
-void FrmData::loadPipelineFrame()
-{
-    m_selection.currentScreen = u"Pipeline"_s;
-    m_pipeline->load();
-}
-
-void FrmData::showDocumentScreen()
-{
-    m_session.trace(u"Open Document Screen"_s);
-    m_form.setVisible(u"frmeDocument"_s, true);
-    // The "new" button stays as the screen before left it: a document is added by a button of its own screen.
-    loadDocumentFrame();
-}
-
-void FrmData::loadDocumentFrame()
-{
-    m_selection.currentScreen = u"Document"_s;
-    m_document->load();
 }

@@ -2,22 +2,18 @@
 #pragma once
 
 #include "base/form.h"
-#include "base/ports.h"
-#include "base/treemodel.h"
-#include "store/session.h"
-#include "workbench/selection.h"
+#include "workbench/shell.h"
 
 #include <QObject>
 #include <QStringList>
 
 #include <memory>
+#include <vector>
 
 class CompanyScreen;
 class ContactScreen;
 class DocumentScreen;
 class FrmAutoParse;
-class FrmEvCal;
-class FrmHistory;
 class FrmReminder;
 class PipelineScreen;
 class PositionScreen;
@@ -30,36 +26,39 @@ enum class CompanyLabel {
 };
 
 /// Switches the five screens, holds the company selector and the status bar, and opens every other tool.
-class FrmData : public QObject
+class FrmData : public QObject, public Shell
 {
     Q_OBJECT
 
 public:
-    FrmData(Session& session, Navigator& navigator);
+    /// All four must outlive the main screen.
+    FrmData(Session& session, Navigator& navigator, FrmAutoParse& autoParse, FrmReminder& reminder);
     ~FrmData() override;
 
     // --- Parts of the window ------------------------------------------------------------------------------
-    [[nodiscard]] Session& session() { return m_session; }
-    [[nodiscard]] Selection& selection() { return m_selection; }
     [[nodiscard]] CompanyScreen& companyScreen() { return *m_company; }
     [[nodiscard]] PositionScreen& positionScreen() { return *m_position; }
     [[nodiscard]] ContactScreen& contactScreen() { return *m_contact; }
     [[nodiscard]] DocumentScreen& documentScreen() { return *m_document; }
     [[nodiscard]] PipelineScreen& pipelineScreen() { return *m_pipeline; }
-    /// The card parser, lent to each screen that has an address.
-    [[nodiscard]] FrmAutoParse& autoParse() { return *m_autoParse; }
-    /// The screens that belong to the main screen and that others borrow.
-    [[nodiscard]] FrmEvCal& calendar() { return *m_calendar; }
-    [[nodiscard]] FrmReminder& reminder() { return *m_reminder; }
-    [[nodiscard]] FrmHistory& history() { return *m_history; }
-    /// The shell's own controls: cmbSelection, Label45, the frames frmeCompany ... frmePipeline, pbarLoad
-    /// ("3/15" when it stands at 3 of 15).
+    /// The shell's own controls: cmbSelection, Label45, the frames frmeCompany ... frmePipeline; pbarLoad is
+    /// visible while long work runs.
     [[nodiscard]] Form& form() { return m_form; }
     /// The items of cmbSelection: the company names in order, "<New>" last.
     [[nodiscard]] const QStringList& companyList() const { return m_companyList; }
+    /// A category: its name in the store ("~ Banks ~"), and as people say it ("Banks").
+    struct Category
+    {
+        QString name;
+        QString caption;
+    };
+    /// The categories among the items.
+    [[nodiscard]] std::vector<Category> categories() const;
+    /// The items that belong to the category of this name, in their order; all of them for an empty one.
+    [[nodiscard]] QStringList companiesOf(const QString& category) const;
     [[nodiscard]] QString caption() const { return m_caption; }
     [[nodiscard]] QString versionPanel() const; ///< first panel of the status bar
-    [[nodiscard]] QString procText() const { return m_procText; }
+    [[nodiscard]] QString procText() const override { return m_procText; }
     [[nodiscard]] bool procVisible() const { return m_procVisible; }
     /// Third panel of the status bar: the state of the position shown ("Position EXPIRED"); empty: hidden.
     [[nodiscard]] QString positionPanel() const { return m_positionPanel; }
@@ -87,34 +86,40 @@ public:
     /// Before another record, screen or the end: whether nothing typed is lost, or the user agrees to it.
     bool mayLeave();
     void clearStrip();
-    void setSbar(const QString& kind);
-    void sbarVis();
-    void savedSbar();
-    /// Puts a text into the "proc" panel and shows it.
-    void showProc(const QString& text);
-    void setPositionPanel(const QString& text);
-    void clearPipeBoxes();
-    QStringList csvParse(const QString& keyList);
-    Answer showMessage(const QString& prompt, Buttons buttons = Buttons::Ok, const QString& title = {});
-    void selectCategory();
-    void loadCompanyList();
-    void cmbSelectionClick(const QString& text);
-    /// Makes @p name the selection and the selector's text, without showing the company.
-    void setSelection(const QString& name);
-    /// Counts the records for the status bar; to be called where their number has changed.
-    void updateCounts();
+    [[nodiscard]] bool isOpen(const QString& screen) const override;
+    bool showOn(const QString& screen, const QString& name) override;
+    void clearPipeBoxes() override;
     /// Runs the whole list of start steps that a restore or another outside change calls for.
     void refresh();
+
+    // --- Status bar ---------------------------------------------------------------------------------------
+    void setSbar(const QString& kind) override;
+    /// Trims the position's title too, whichever field has changed.
+    void sbarVis() override;
+    void savedSbar() override;
+    void showProc(const QString& text) override;
+    void setPositionPanel(const QString& text) override;
+    void setSimpleText(const QString& text) override;
+    void progress(int done, int total, const QString& what) override;
+    void updateCounts() override;
+
+    // --- Company selector ---------------------------------------------------------------------------------
+    void setSelection(const QString& name) override;
+    void selectCategory() override;
+    void loadCompanyList() override;
+    void cmbSelectionClick(const QString& text) override;
 
     // --- Tools --------------------------------------------------------------------------------------------
     /// A click on the toolbar button with this key, or on an entry of its drop-down ("company" ...
     /// "pipeline").
-    void tbarButtonClick(const QString& key);
+    void tbarButtonClick(const QString& key) override;
     /// The same for a menu entry by its name ("Uprofile", "Goals", "FileImport", ...).
     void menuClick(const QString& entry);
     /// True when what stands behind this toolbar key or menu entry exists; else its button is disabled.
     [[nodiscard]] bool toolAvailable(const QString& key) const;
-    [[nodiscard]] Navigator& navigator() { return m_navigator; }
+
+    /// Steps of positions were written elsewhere: the screens that show them read them again.
+    void stepsChanged();
 
 public slots:
     void fileExport();
@@ -131,6 +136,8 @@ signals:
     /// Something beside the form's controls is new: panels, tab, caption, list of companies.
     void changed();
     void companyListChanged();
+    /// Long work stands at @p done of @p total; both 0 when it is over.
+    void progressChanged(int done, int total);
     void closeRequested();
     void printRequested();
     void printSetupRequested();
@@ -154,24 +161,18 @@ private:
     void newRecord();
     void openTool(const QString& key, bool fromMenu);
     void checkReminders();
-    void stepsChanged();
+    void positionStored();
     void documentation();
     void writeUsage();
     void release();
 
-    Session& m_session;
-    Navigator& m_navigator;
-    Selection m_selection;
+    FrmReminder& m_reminder;
     Form m_form;
     std::unique_ptr<CompanyScreen> m_company;
     std::unique_ptr<PositionScreen> m_position;
     std::unique_ptr<ContactScreen> m_contact;
     std::unique_ptr<DocumentScreen> m_document;
     std::unique_ptr<PipelineScreen> m_pipeline;
-    std::unique_ptr<FrmAutoParse> m_autoParse;
-    std::unique_ptr<FrmEvCal> m_calendar;
-    std::unique_ptr<FrmReminder> m_reminder;
-    std::unique_ptr<FrmHistory> m_history;
     QStringList m_companyList;
     QString m_caption;
     QString m_procText;

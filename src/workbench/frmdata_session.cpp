@@ -1,9 +1,6 @@
 // The workbench's start and end.
 #include "base/text.h"
-#include "calendar/frmevcal.h"
 #include "calendar/frmreminder.h"
-#include "history/frmhistory.h"
-#include "intake/frmautoparse.h"
 #include "store/datajw.h"
 #include "workbench/companyscreen.h"
 #include "workbench/contactscreen.h"
@@ -57,7 +54,7 @@ FrmData::~FrmData()
 bool FrmData::load()
 try {
     m_session.trace(u"frmData - Form_Load"_s);
-    m_reminder->load();
+    m_reminder.load();
     m_session.helpDocument = u"\\JWHelp\\Jobwright-Dox.pdf"_s;
     m_session.trace(u"Acro File Check"_s);
     // No path: the desktop knows which program shows a document of this kind, better than a fixed place
@@ -134,7 +131,7 @@ void FrmData::writeUsage()
 
 void FrmData::release()
 {
-    m_reminder->unload(); // before the gateway that it asks
+    m_reminder.unload(); // before the gateway that it asks
     m_session.releaseDataJW();
     m_session.trace(u"frmData - Terminate"_s);
 }

@@ -1,12 +1,8 @@
 // The doors from the workbench to the other tools: toolbar, menus, export and restore, help.
 #include "base/text.h"
-#include "calendar/frmevcal.h"
 #include "calendar/frmreminder.h"
-#include "history/frmhistory.h"
 #include "store/datajw.h"
-#include "workbench/companyscreen.h"
 #include "workbench/contactscreen.h"
-#include "workbench/documentscreen.h"
 #include "workbench/frmdata.h"
 #include "workbench/pipelinescreen.h"
 #include "workbench/positionscreen.h"
@@ -135,8 +131,8 @@ void FrmData::checkReminders()
 {
     // The entry looks for itself, whatever the timer is at; the button shows the screen as it stands.
     m_session.lastReminderCheck = m_session.now();
-    m_reminder->checkEvents();
-    if (!m_reminder->isVisible())
+    m_reminder.checkEvents();
+    if (!m_reminder.isVisible())
         showProc(tr("Nothing is due."));
 }
 

@@ -2,10 +2,9 @@
 // save.
 #include "base/text.h"
 #include "store/datajw.h"
-#include "workbench/contactscreen.h"
-#include "workbench/frmdata.h"
 #include "workbench/pipelinescreen.h"
-#include "workbench/positionscreen.h"
+#include "workbench/positionform.h"
+#include "workbench/shell.h"
 
 using namespace Qt::StringLiterals;
 
@@ -96,9 +95,9 @@ void PipelineScreen::fieldChanged(const QString& control)
 
 bool PipelineScreen::refuseWithoutPosition(const QString& message)
 {
-    if (hasPosition() && m_workbench.selection().currentPositionKey != 0)
+    if (hasPosition() && m_shell.selection().currentPositionKey != 0)
         return false;
-    m_workbench.showMessage(message);
+    m_shell.showMessage(message);
     return true;
 }
 
@@ -112,7 +111,7 @@ void PipelineScreen::chkPClick(int index)
         setDate(index, dates::sentinel);
         setMedium(index, {});
     } else if (!PipelineSteps::isDone(dateOf(index))) {
-        setDate(index, m_workbench.session().today());
+        setDate(index, m_shell.session().today());
     }
     writeStep(index);
 }
@@ -125,7 +124,7 @@ void PipelineScreen::dtpProgChange(int index)
     }
     // A step is taken back by its tick alone; a day that stands for none becomes today.
     if (!PipelineSteps::isDone(dateOf(index)))
-        setDate(index, m_workbench.session().today());
+        setDate(index, m_shell.session().today());
     setTick(index, true);
     writeStep(index);
 }
@@ -135,7 +134,7 @@ void PipelineScreen::dtpProgDropDown(int index)
     // Without a position the choice of a day says what is missing; opening the calendar need not.
     if (!hasPosition())
         return;
-    setDate(index, m_workbench.session().today());
+    setDate(index, m_shell.session().today());
     dtpProgChange(index);
 }
 
@@ -150,14 +149,14 @@ void PipelineScreen::image1Click(int index)
         return;
     setTick(index, true);
     if (!PipelineSteps::isDone(dateOf(index)))
-        setDate(index, m_workbench.session().today());
+        setDate(index, m_shell.session().today());
     writeStep(index);
 }
 
 void PipelineScreen::writeStep(int index)
 {
-    DataJW& dataJW = m_workbench.session().dataJW();
-    const Key key = m_workbench.selection().currentPositionKey;
+    DataJW& dataJW = m_shell.session().dataJW();
+    const Key key = m_shell.selection().currentPositionKey;
     const QString where = u" where PositionKey=" + QString::number(key);
     const int medium = PipelineSteps::getIndexMedium(index, m_form.text(control(u"Image1"_s, index)));
     Action action(dataJW);
@@ -177,7 +176,7 @@ void PipelineScreen::showProgress()
 {
     m_form.setText(u"txtNext"_s, getNextStep());
     for (Bar& bar : m_bars) {
-        if (bar.position == 0 || bar.position != m_workbench.selection().currentPositionKey)
+        if (bar.position == 0 || bar.position != m_shell.selection().currentPositionKey)
             continue;
         bar.progress = 0;
         for (int index = 0; index < PipelineSteps::count; ++index)
@@ -198,9 +197,9 @@ void PipelineScreen::optProgClick(const QString& option)
         const bool chosen = offer.option == option;
         setMark(offer.option.toString(), chosen);
         if (chosen)
-            m_workbench.session().dataJW().execQuery(
-                u"Update position set OfferStatus='" + offer.status + u"' where positionkey=" +
-                QString::number(m_workbench.selection().currentPositionKey));
+            m_shell.session().dataJW().execQuery(u"Update position set OfferStatus='" + offer.status +
+                                                 u"' where positionkey=" +
+                                                 QString::number(m_shell.selection().currentPositionKey));
     }
 }
 
@@ -239,10 +238,10 @@ void PipelineScreen::cmdUpdateTrack1()
 {
     if (refuseWithoutPosition(tr("Please select a position to save from the company/position box.")))
         return;
-    m_workbench.session().trace(u"Update Pipeline"_s);
-    if (!m_workbench.positionScreen().upPosx(stepValues(), offerStatus()))
+    m_shell.session().trace(u"Update Pipeline"_s);
+    if (!m_positionForm.upPosx(stepValues(), offerStatus()))
         return;
-    m_workbench.savedSbar();
+    m_shell.savedSbar();
     displayVisual();
 }
 
@@ -250,17 +249,16 @@ void PipelineScreen::imgOpenContact1()
 {
     if (!hasPosition())
         return;
-    DataJW& dataJW = m_workbench.session().dataJW();
+    DataJW& dataJW = m_shell.session().dataJW();
     const RecordSet record = dataJW.getPosition(text::quoteFix(m_form.text(u"txtCCompany"_s)),
                                                 text::quoteFix(m_form.text(u"txtPosition"_s)));
-    const QStringList keys = m_workbench.csvParse(record.text(u"ContactList"));
+    const QStringList keys = m_shell.csvParse(record.text(u"ContactList"));
     bool isNumber = false;
     const Key key = keys.isEmpty() ? Key(0) : keys.first().toShort(&isNumber);
     const QString name = isNumber ? dataJW.getContactByKey(key) : QString();
     if (name.trimmed().isEmpty()) {
-        m_workbench.showMessage(tr("No contacts found for this position"));
+        m_shell.showMessage(tr("No contacts found for this position"));
         return;
     }
-    m_workbench.tabStrip1Click(u"Contact"_s);
-    m_workbench.contactScreen().showContact(name);
+    m_shell.showOn(u"Contact"_s, name);
 }

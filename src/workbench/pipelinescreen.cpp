@@ -3,9 +3,9 @@
 
 #include "base/text.h"
 #include "store/datajw.h"
-#include "store/storeerror.h"
-#include "workbench/frmdata.h"
-#include "workbench/positionscreen.h"
+#include "workbench/positionform.h"
+#include "workbench/recordkey.h"
+#include "workbench/shell.h"
 
 #include <QHash>
 #include <QLocale>
@@ -43,8 +43,9 @@ QString shownDate(QDate date)
 
 } // namespace
 
-PipelineScreen::PipelineScreen(FrmData& workbench)
-    : m_workbench(workbench)
+PipelineScreen::PipelineScreen(Shell& shell, PositionForm& positionForm)
+    : m_shell(shell)
+    , m_positionForm(positionForm)
     , m_form(pipelineForm())
 {
     clearPipeBoxes();
@@ -57,30 +58,30 @@ PipelineScreen::~PipelineScreen() = default;
 
 void PipelineScreen::load()
 {
-    m_workbench.session().trace(u"frmData - loadPipelineFrame"_s);
-    m_workbench.selection().currentScreen = u"Pipeline"_s;
+    m_shell.session().trace(u"frmData - loadPipelineFrame"_s);
+    m_shell.selection().currentScreen = u"Pipeline"_s;
     // Read once, as a long campaign takes its time. What is new in it waits for the refresh; what is gone is
     // taken out, as a node that leads nowhere is worse than one that is missing.
-    const Key positions = m_workbench.session().dataJW().getCount(u"Position"_s, true);
+    const Key positions = m_shell.session().dataJW().getCount(u"Position"_s, true);
     if (!m_tree.hasNodes() || positions < m_positionsRead)
         buildTree();
-    if (m_workbench.selection().currentPositionKey == 0 || !showCurrentPosition())
+    if (m_shell.selection().currentPositionKey == 0 || !showCurrentPosition())
         showNothing();
     emit changed();
 }
 
 bool PipelineScreen::showCurrentPosition()
 {
-    const Key key = m_workbench.selection().currentPositionKey;
-    DataJW& dataJW = m_workbench.session().dataJW();
+    const Key key = m_shell.selection().currentPositionKey;
+    DataJW& dataJW = m_shell.session().dataJW();
     const QString title = dataJW.getPositionNameByKey(key);
     if (title.isEmpty()) {
         // Gone since it was chosen, so the tree is of yesterday too.
-        m_workbench.selection().currentPositionKey = 0;
+        m_shell.selection().currentPositionKey = 0;
         buildTree();
         return false;
     }
-    const QString company = m_workbench.selection().selectedCompanyName();
+    const QString company = m_shell.selection().selectedCompanyName();
     QModelIndex node = reveal(company, title);
     if (!node.isValid() &&
         dataJW.getPositionKey(text::quoteFix(title), text::quoteFix(company), true) == key) {
@@ -97,17 +98,16 @@ bool PipelineScreen::showCurrentPosition()
 
 void PipelineScreen::buildTree()
 {
-    Form& shell = m_workbench.form();
     m_tree.clear();
     std::vector<PipelineTree::Company> companies = readCompanies();
     m_tree.fill(std::move(companies));
-    shell.setText(u"sbar"_s, {});
+    m_shell.setSimpleText({});
 }
 
 std::vector<PipelineTree::Company> PipelineScreen::readCompanies()
 {
     // Two statements for the whole tree; one for each company takes seconds on a large campaign.
-    DataJW& dataJW = m_workbench.session().dataJW();
+    DataJW& dataJW = m_shell.session().dataJW();
     RecordSet names = dataJW.getExecQueryRecords(u"Select CompanyKey,Name from Company order by Name"_s);
     QHash<qint64, QStringList> titles;
     RecordSet positions =
@@ -122,10 +122,8 @@ std::vector<PipelineTree::Company> PipelineScreen::readCompanies()
     const int stride = std::max(1, names.rowCount() / 100);
     for (int done = 0; !names.atEnd(); names.next()) {
         companies.push_back({names.text(1), titles.value(names.value(0).toLongLong())});
-        if (++done % stride == 0 || done == names.rowCount()) {
-            m_workbench.form().setText(u"sbar"_s, companies.back().name);
-            m_workbench.form().setText(u"pbarLoad"_s, u"%1/%2"_s.arg(done).arg(names.rowCount()));
-        }
+        if (++done % stride == 0 || done == names.rowCount())
+            m_shell.progress(done, names.rowCount(), companies.back().name);
     }
     return companies;
 }
@@ -144,14 +142,12 @@ QModelIndex PipelineScreen::reveal(const QString& company, const QString& title)
 
 void PipelineScreen::cmdRefresh1()
 {
-    m_workbench.session().trace(u"Refresh Pipeline"_s);
-    Form& shell = m_workbench.form();
-    const Key companies = m_workbench.session().dataJW().getCount(u"Company"_s, true);
-    shell.setText(u"pbarLoad"_s, u"0/%1"_s.arg(companies));
-    shell.setVisible(u"pbarLoad"_s, true);
+    m_shell.session().trace(u"Refresh Pipeline"_s);
+    const Key companies = m_shell.session().dataJW().getCount(u"Company"_s, true);
+    m_shell.progress(0, companies, {});
     m_tree.clear();
     load();
-    shell.setVisible(u"pbarLoad"_s, false);
+    m_shell.progress(0, 0, {});
     displayVisual();
     showNothing();
 }
@@ -202,11 +198,10 @@ void PipelineScreen::showNothing()
 void PipelineScreen::showCompany(const QString& company)
 {
     m_form.setText(u"txtCCompany"_s, company);
-    m_workbench.setSelection(company);
+    m_shell.setSelection(company);
     // The screens that save go by this key; the one of the company before would move the record over there.
-    m_workbench.selection().currentCompanyKey =
-        m_workbench.session().dataJW().getCompanyKey(text::quoteFix(company));
-    m_workbench.selectCategory();
+    m_shell.selection().currentCompanyKey = m_shell.session().dataJW().getCompanyKey(text::quoteFix(company));
+    m_shell.selectCategory();
     clearPipeBoxes();
     emit changed();
 }
@@ -215,24 +210,24 @@ void PipelineScreen::showPosition(const QString& company, const QString& title)
 {
     showCompany(company);
     // Whatever was current before is not what the fields show from here on.
-    m_workbench.selection().currentPositionKey = 0;
+    m_shell.selection().currentPositionKey = 0;
     if (title == text::newEntry) {
-        m_workbench.positionScreen().clearPositionForm();
+        m_positionForm.clearPositionForm();
         setPosition(title);
         return;
     }
     const RecordSet record =
-        m_workbench.session().dataJW().getPosition(text::quoteFix(company), text::quoteFix(title));
+        m_shell.session().dataJW().getPosition(text::quoteFix(company), text::quoteFix(title));
     if (record.isEmpty())
         return; // the tree still shows what is no longer there; the gateway has said so
-    m_workbench.positionScreen().fillPosForm(record);
+    m_positionForm.fillPosForm(record);
     showRecord(record, title);
 }
 
 void PipelineScreen::showRecord(const RecordSet& record, const QString& title)
 {
     fillProgForm(record);
-    setPosition(m_workbench.selection().currentPositionKey == 0 ? QString() : title);
+    setPosition(m_shell.selection().currentPositionKey == 0 ? QString() : title);
     const QDate expires = record.date(u"Expires");
     const QDate entered = record.date(u"EntryDate");
     m_form.setText(u"txtExpiryDate"_s, PipelineSteps::isDone(expires) ? shownDate(expires) : tr("No Expiry"));
@@ -267,14 +262,10 @@ void PipelineScreen::clearPipeBoxes()
 
 void PipelineScreen::fillProgForm(const RecordSet& record)
 {
-    Session& session = m_workbench.session();
+    Session& session = m_shell.session();
     session.trace(u"frmData - fillProgForm (Pipeline)"_s);
-    const auto key = record.key(u"PositionKey");
-    if (!key && !record.isEmpty()) {
-        const StoreError overflow(tr("Overflow"), StoreError::Overflow, u"Jobwright"_s);
-        session.logError(u"frmData - fillProgForm (Pipeline)"_s, 0, &overflow);
-    }
-    m_workbench.selection().currentPositionKey = key.value_or(0);
+    m_shell.selection().currentPositionKey =
+        keyOrReport(session, record, u"PositionKey", u"frmData - fillProgForm (Pipeline)"_s);
     const PipelineSteps steps(record);
     for (int index = 0; index < PipelineSteps::count; ++index) {
         const PipelineSteps::Step step = steps.step(index);
@@ -295,7 +286,7 @@ void PipelineScreen::stepsChanged()
     if (!hasPosition())
         return;
     const RecordSet record =
-        m_workbench.session().dataJW().getPositionByKey(m_workbench.selection().currentPositionKey);
+        m_shell.session().dataJW().getPositionByKey(m_shell.selection().currentPositionKey);
     if (record.isEmpty())
         return;
     fillProgForm(record);
@@ -314,13 +305,12 @@ void PipelineScreen::showOffer(const QString& status)
 
 void PipelineScreen::openPosition(const QString& company, const QString& title)
 {
-    m_workbench.tabStrip1Click(u"Position"_s);
-    if (title == text::newEntry)
+    if (!m_shell.showOn(u"Position"_s) || title == text::newEntry)
         return;
     const RecordSet record =
-        m_workbench.session().dataJW().getPosition(text::quoteFix(company), text::quoteFix(title));
+        m_shell.session().dataJW().getPosition(text::quoteFix(company), text::quoteFix(title));
     if (record.isEmpty())
         return;
-    m_workbench.positionScreen().fillPosForm(record);
+    m_positionForm.fillPosForm(record);
     fillProgForm(record);
 }

@@ -11,7 +11,8 @@
 
 #include <array>
 
-class FrmData;
+class PositionForm;
+class Shell;
 
 /// Builds the tree of companies and positions, shows and writes the steps of one position, and draws the bars
 /// of all. Its numbered controls (chkP0 to chkP10, dtpProg0 ..., Image10 ...) are in the form: "1" or "0", an
@@ -33,7 +34,7 @@ public:
         int position = 0; ///< the position's key as the store holds it, 0 for an empty row
     };
 
-    explicit PipelineScreen(FrmData& workbench);
+    PipelineScreen(Shell& shell, PositionForm& positionForm);
     ~PipelineScreen() override;
 
     [[nodiscard]] Form& form() { return m_form; }
@@ -85,6 +86,8 @@ signals:
     /// The view makes this node the current one and visible, or none when it is invalid. @p alone: every
     /// other company's node is closed and this one opened.
     void nodeChosen(const QModelIndex& index, bool alone);
+    /// A bar was chosen: the Company screen's title is that of its company ("" for none).
+    void barChosen(const QString& company);
 
 private:
     void buildTree();
@@ -115,7 +118,8 @@ private:
     void setMedium(int index, const QString& tag);
     void setMark(const QString& control, bool on);
 
-    FrmData& m_workbench;
+    Shell& m_shell;
+    PositionForm& m_positionForm;
     Form m_form;
     PipelineTree m_tree;
     int m_positionsRead = 0; ///< positions in the store when the tree was built

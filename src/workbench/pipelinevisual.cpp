@@ -1,10 +1,8 @@
 // The bars of the Pipeline screen: how far each position has come, ten on a page.
 #include "base/text.h"
 #include "store/datajw.h"
-#include "workbench/companyscreen.h"
-#include "workbench/frmdata.h"
 #include "workbench/pipelinescreen.h"
-#include "workbench/positionscreen.h"
+#include "workbench/shell.h"
 
 #include <algorithm>
 
@@ -22,7 +20,7 @@ void PipelineScreen::displayVisual()
 
 void PipelineScreen::displayVisual(int first, int last)
 {
-    Session& session = m_workbench.session();
+    Session& session = m_shell.session();
     session.trace(u"frmData - displayVisual (Pipeline)"_s);
     m_bars.fill(Bar());
     m_visualCaption = tr("Visual - %1 - %2").arg(first).arg(last);
@@ -52,7 +50,7 @@ void PipelineScreen::displayVisual(int first, int last)
 
 void PipelineScreen::drawBar(Bar& bar, qint64 key)
 {
-    DataJW& dataJW = m_workbench.session().dataJW();
+    DataJW& dataJW = m_shell.session().dataJW();
     const RecordSet record =
         dataJW.getExecQueryRecords(u"Select * from Position where PositionKey=" + QString::number(key));
     bar.title = record.text(u"Title");
@@ -78,7 +76,7 @@ void PipelineScreen::shpLblClick(int index)
     const Bar bar = m_bars.at(static_cast<size_t>(index));
     if (bar.position == 0)
         return;
-    m_workbench.companyScreen().form().setText(u"txtTitle"_s, bar.company);
+    emit barChosen(bar.company);
     const QModelIndex node = reveal(bar.company, bar.title);
     showPosition(bar.company, bar.title);
     emit nodeChosen(node, false);

@@ -1,10 +1,9 @@
 // The people assigned to a position.
 #include "base/text.h"
 #include "store/datajw.h"
-#include "workbench/contactscreen.h"
-#include "workbench/frmdata.h"
 #include "workbench/pipelinesteps.h"
 #include "workbench/positionscreen.h"
+#include "workbench/shell.h"
 
 using namespace Qt::StringLiterals;
 
@@ -34,9 +33,9 @@ void PositionScreen::fillContacts(const QString& keyList)
 {
     clearContacts();
     const QModelIndex root = m_contacts.index(0, 0);
-    for (const QString& item : m_workbench.csvParse(keyList)) {
+    for (const QString& item : m_shell.csvParse(keyList)) {
         const Key key = toKey(item.toInt()).value_or(0);
-        const QString name = m_workbench.session().dataJW().getContactByKey(key).trimmed();
+        const QString name = m_shell.session().dataJW().getContactByKey(key).trimmed();
         // A key whose contact has been removed points nowhere; it goes out of the list with the next save.
         if (!name.isEmpty())
             m_contacts.add(root, name, nodeKey(key), u"contact"_s);
@@ -45,13 +44,13 @@ void PositionScreen::fillContacts(const QString& keyList)
 
 void PositionScreen::listAssignable()
 {
-    m_form.setItems(u"cmbAssignContact"_s, m_workbench.session().dataJW().getContactNames(companyName()));
+    m_form.setItems(u"cmbAssignContact"_s, m_shell.session().dataJW().getContactNames(companyName()));
     m_form.setText(u"cmbAssignContact"_s, {});
 }
 
 QString PositionScreen::contactList()
 {
-    DataJW& dataJW = m_workbench.session().dataJW();
+    DataJW& dataJW = m_shell.session().dataJW();
     const QModelIndex root = m_contacts.index(0, 0);
     QStringList keys;
     for (int row = 0; row < m_contacts.rowCount(root); ++row) {
@@ -77,16 +76,16 @@ void PositionScreen::selectContact(const QModelIndex& index)
 
 void PositionScreen::cmdAssign1()
 {
-    Session& session = m_workbench.session();
+    Session& session = m_shell.session();
     session.trace(u"Assign Contact to Position"_s);
     const QString name = m_form.text(u"cmbAssignContact"_s).trimmed();
     if (name.isEmpty()) {
-        m_workbench.showMessage(tr("Please select a contact to assign."));
+        m_shell.showMessage(tr("Please select a contact to assign."));
         return;
     }
     const QModelIndex root = m_contacts.index(0, 0);
     if (m_contacts.texts(root).contains(name, Qt::CaseInsensitive)) {
-        m_workbench.showMessage(name + tr(" has already been assigned to this position."));
+        m_shell.showMessage(name + tr(" has already been assigned to this position."));
         return;
     }
     DataJW& dataJW = session.dataJW();
@@ -94,11 +93,11 @@ void PositionScreen::cmdAssign1()
     const auto place = dataJW.getContactNames(companyName()).indexOf(name);
     const std::vector<Key> keys = dataJW.getContactKeys(companyName());
     if (place < 0 || place >= static_cast<qsizetype>(keys.size())) {
-        m_workbench.showMessage(tr("There is no contact %1 at this company any more.").arg(name));
+        m_shell.showMessage(tr("There is no contact %1 at this company any more.").arg(name));
         listAssignable();
         return;
     }
-    m_workbench.showProc(tr("Update Position"));
+    m_shell.showProc(tr("Update Position"));
     m_contacts.add(root, name, nodeKey(keys[static_cast<size_t>(place)]), u"contact"_s);
     writeInfoContact();
     saveWhenAuto();
@@ -107,11 +106,11 @@ void PositionScreen::cmdAssign1()
 
 void PositionScreen::writeInfoContact()
 {
-    const Key key = m_workbench.selection().currentPositionKey;
+    const Key key = m_shell.selection().currentPositionKey;
     // A position that is not stored yet has no row to write the step into.
     if (key == 0)
         return;
-    Session& session = m_workbench.session();
+    Session& session = m_shell.session();
     const QString row = u" where positionKey=" + QString::number(key);
     Action action(session.dataJW());
     session.dataJW().execQuery(u"Update Position set InfoContact='" + session.todayText() + u'\'' + row);
@@ -122,29 +121,29 @@ void PositionScreen::writeInfoContact()
 
 void PositionScreen::cmdRemoveContactAssign1()
 {
-    m_workbench.session().trace(u"Remove Contact from Position"_s);
+    m_shell.session().trace(u"Remove Contact from Position"_s);
     const QModelIndex root = m_contacts.index(0, 0);
     const int contacts = m_contacts.rowCount(root);
     if (contacts == 0) {
-        m_workbench.showMessage(tr("No contacts assigned to this position for removal."));
+        m_shell.showMessage(tr("No contacts assigned to this position for removal."));
         return;
     }
     if (!m_selectedContact.isValid() && contacts > 1) {
-        m_workbench.showMessage(tr("You have multiple contacts, please select who you would like to remove "
-                                   "from this assignment."));
+        m_shell.showMessage(tr("You have multiple contacts, please select who you would like to remove "
+                               "from this assignment."));
         return;
     }
     m_contacts.remove(m_selectedContact.isValid() ? QModelIndex(m_selectedContact)
                                                   : m_contacts.index(0, 0, root));
     m_selectedContact = QModelIndex();
-    m_workbench.showProc(tr("Update Position"));
+    m_shell.showProc(tr("Update Position"));
     saveWhenAuto();
     emit changed();
 }
 
 void PositionScreen::saveWhenAuto()
 {
-    if (m_workbench.session().autosave)
+    if (m_shell.session().autosave)
         cmdUpdatePos1();
 }
 
@@ -152,8 +151,5 @@ void PositionScreen::tvwContactsDblClick(const QModelIndex& index)
 {
     if (!index.parent().isValid())
         return;
-    const QString name = m_contacts.text(index);
-    if (!m_workbench.tabStrip1Click(u"Contact"_s))
-        return;
-    m_workbench.contactScreen().showContact(name);
+    m_shell.showOn(u"Contact"_s, m_contacts.text(index));
 }

@@ -2,17 +2,15 @@
 #include "base/fieldtext.h"
 #include "base/text.h"
 #include "store/datajw.h"
-#include "workbench/frmdata.h"
-#include "workbench/pipelinescreen.h"
+#include "store/recoveryinsert.h"
 #include "workbench/pipelinesteps.h"
 #include "workbench/positionscreen.h"
+#include "workbench/shell.h"
 #include "workbench/wholerecord.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr QStringView insertStart = u"INSERT INTO Position";
 
 /// The values of a step that is not done.
 QString noStep()
@@ -40,69 +38,69 @@ QString storedSteps(const RecordSet& position)
 
 void PositionScreen::cmdUpdatePos1()
 {
-    m_workbench.session().trace(u"Update Position"_s);
+    m_shell.session().trace(u"Update Position"_s);
     trimTitle();
     if (!mayBeSaved())
         return;
-    const Key key = m_workbench.selection().currentPositionKey;
+    const Key key = m_shell.selection().currentPositionKey;
     bool saved = false;
     if (m_lost) {
         saved = upPosx(m_lost->stepValues, m_lost->offerStatus);
     } else if (key == 0) {
         saved = upPosx({}, {});
     } else {
-        const RecordSet row = m_workbench.session().dataJW().getPositionByKey(key);
+        const RecordSet row = m_shell.session().dataJW().getPositionByKey(key);
         if (row.isEmpty())
             tellUnreadable();
         else
             saved = upPosx(storedSteps(row), row.text(u"OfferStatus"));
     }
     if (saved)
-        reloadPipeline();
+        emit stored();
     emit changed();
 }
 
 bool PositionScreen::mayBeSaved()
 {
-    const QString company = m_workbench.selection().selectedCompanyName();
+    const QString company = m_shell.selection().selectedCompanyName();
     if (text::isUnsaved(company)) {
-        m_workbench.showMessage(tr("Please select a company before storing a position to it."));
+        m_shell.showMessage(tr("Please select a company before storing a position to it."));
         return false;
     }
     // "<New>" names the box's own entry: a position of that title could never be chosen again.
     const QString title = m_form.text(u"txtPosTitle"_s);
     if (title.isEmpty() || title == text::newEntry) {
-        m_workbench.showMessage(tr("Please enter a name for a new Position in") + text::crlf +
-                                tr("the position selection box or select a Position to update."));
+        m_shell.showMessage(tr("Please enter a name for a new Position in") + text::crlf +
+                            tr("the position selection box or select a Position to update."));
         return false;
     }
     if (titleIsTaken()) {
-        m_workbench.showMessage(
+        m_shell.showMessage(
             tr("Another position of this company is already called \"%1\". Please choose a different title.")
                 .arg(title));
         return false;
     }
-    return wholerecord::mayBeStored(m_workbench.session(), m_form, {u"Position"_s});
+    return wholerecord::mayBeStored(m_shell.session(), m_form, {u"Position"_s});
 }
 
 void PositionScreen::tellUnreadable()
 {
-    m_workbench.showMessage(
+    m_shell.showMessage(
         tr("The position could not be read from the database, so nothing was saved or changed."));
 }
 
 bool PositionScreen::titleIsTaken()
 {
     // Positions are found by title within their company: of two with the same one could be reached no more.
-    const Key other = m_workbench.session().dataJW().getPositionKey(
-        text::quoteFix(m_form.text(u"txtPosTitle"_s)), companyName());
-    return other != 0 && other != m_workbench.selection().currentPositionKey;
+    const Key other = m_shell.session().dataJW().getPositionKey(text::quoteFix(m_form.text(u"txtPosTitle"_s)),
+                                                                companyName());
+    return other != 0 && other != m_shell.selection().currentPositionKey;
 }
 
 bool PositionScreen::upPosx(const QString& stepValues, const QString& offerStatus)
 {
-    m_workbench.session().trace(u"frmData - upPosx (Position)"_s);
-    DataJW& dataJW = m_workbench.session().dataJW();
+    m_shell.session().trace(u"frmData - upPosx (Position)"_s);
+    DataJW& dataJW = m_shell.session().dataJW();
     Action action(dataJW);
     const std::optional<Replacement> record = prepare(stepValues, offerStatus);
     if (!record) {
@@ -128,21 +126,21 @@ bool PositionScreen::upPosx(const QString& stepValues, const QString& offerStatu
     // try, and nobody else may act on a key without a row.
     if (record->oldKey > 0)
         m_lost = LostRow{record->oldKey, record->entryDate, stepValues, offerStatus};
-    m_workbench.selection().currentPositionKey = 0;
+    m_shell.selection().currentPositionKey = 0;
     return false;
 }
 
 std::optional<PositionScreen::Replacement> PositionScreen::prepare(const QString& stepValues,
                                                                    const QString& offerStatus)
 {
-    Session& session = m_workbench.session();
+    Session& session = m_shell.session();
     DataJW& dataJW = session.dataJW();
     Replacement record;
     record.entryDate = session.todayText();
     if (m_lost) {
         record.oldKey = m_lost->key;
         record.entryDate = m_lost->entryDate;
-    } else if (const Key key = m_workbench.selection().currentPositionKey; key != 0) {
+    } else if (const Key key = m_shell.selection().currentPositionKey; key != 0) {
         const RecordSet row = dataJW.getPositionByKey(key);
         if (row.isEmpty())
             return std::nullopt;
@@ -185,12 +183,12 @@ QString PositionScreen::expiryText() const
 
 Key PositionScreen::replaceRow(const Replacement& record)
 {
-    DataJW& dataJW = m_workbench.session().dataJW();
+    DataJW& dataJW = m_shell.session().dataJW();
     dataJW.delRecord(record.oldKey, u"Position"_s);
     dataJW.delRecord(m_twin, u"Position"_s);
     const bool inserted = dataJW.execQuery(record.insert);
     // The journal of versions takes what the user wrote even if the position itself could not.
-    dataJW.execQuery(QString(record.insert).replace(0, insertStart.size(), insertStart + u"Recovery"));
+    dataJW.execQuery(recoveryInsert(record.insert, u"PositionRecovery"_s));
     if (!inserted)
         return 0;
     Key newKey = dataJW.getPositionKey(text::quoteFix(m_form.text(u"txtPosTitle"_s)), companyName());
@@ -207,48 +205,40 @@ Key PositionScreen::replaceRow(const Replacement& record)
 
 void PositionScreen::showSaved(Key newKey)
 {
-    m_workbench.selection().currentPositionKey = newKey;
+    m_shell.selection().currentPositionKey = newKey;
     forgetFailedSave();
     loadPositionList();
-    const RecordSet row = m_workbench.session().dataJW().getPositionByKey(newKey);
+    const RecordSet row = m_shell.session().dataJW().getPositionByKey(newKey);
     // What was typed is what was stored; it stays when it cannot be shown anew.
     if (row.isEmpty())
         m_form.setText(u"cmbPosSelection"_s, text::quoteFix(m_form.text(u"txtPosTitle"_s)));
     else
         fillPosForm(row);
     computeJptr();
-    m_workbench.updateCounts();
-    m_workbench.savedSbar();
-}
-
-void PositionScreen::reloadPipeline()
-{
-    m_workbench.pipelineScreen().load();
-    m_workbench.selection().currentScreen = u"Position"_s;
-    // Showing an expired position raises the panel again, and nothing is left to be saved.
-    m_workbench.savedSbar();
+    m_shell.updateCounts();
+    m_shell.savedSbar();
 }
 
 void PositionScreen::cmdRemovePos1()
 {
-    Session& session = m_workbench.session();
+    Session& session = m_shell.session();
     session.trace(u"Remove Position"_s);
     const QString title = m_form.text(u"cmbPosSelection"_s);
     if (text::isUnsaved(title)) {
-        m_workbench.showMessage(tr("Please select a Position to remove."), Buttons::Ok,
-                                tr("Jobwright - Message"));
+        m_shell.showMessage(tr("Please select a Position to remove."), Buttons::Ok,
+                            tr("Jobwright - Message"));
         return;
     }
     Action action(session.dataJW());
-    session.dataJW().delRecord(m_workbench.selection().currentPositionKey, u"Position"_s);
+    session.dataJW().delRecord(m_shell.selection().currentPositionKey, u"Position"_s);
     if (!action.commit())
         return;
     loadPositionList();
     clearPositionForm();
-    m_workbench.clearPipeBoxes();
+    m_shell.clearPipeBoxes();
     computeJptr();
-    m_workbench.savedSbar();
-    m_workbench.updateCounts();
-    reloadPipeline();
+    m_shell.savedSbar();
+    m_shell.updateCounts();
+    emit stored();
     emit changed();
 }

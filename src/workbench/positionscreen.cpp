@@ -7,8 +7,9 @@
 #include "store/datajw.h"
 #include "store/storeerror.h"
 #include "workbench/fieldleaving.h"
-#include "workbench/frmdata.h"
 #include "workbench/pipelinesteps.h"
+#include "workbench/recordkey.h"
+#include "workbench/shell.h"
 
 using namespace Qt::StringLiterals;
 
@@ -40,18 +41,17 @@ bool sameTitle(const QString& one, const QString& other)
 
 } // namespace
 
-PositionScreen::PositionScreen(FrmData& workbench)
-    : m_workbench(workbench)
+PositionScreen::PositionScreen(Shell& shell)
+    : m_shell(shell)
     , m_form(positionForm())
 {
-    m_form.setEnabled(u"cmdJProfile1"_s, workbench.navigator().hasScreen(u"FrmProfileJob"_s));
+    m_form.setEnabled(u"cmdJProfile1"_s, shell.navigator().hasScreen(u"FrmProfileJob"_s));
     // The shell around is still being built: the form's own part of its empty state only.
     clearContacts();
-    m_form.setText(u"dtpExpires"_s,
-                   workbench.session().today().addDays(defaultExpiryDays).toString(Qt::ISODate));
+    m_form.setText(u"dtpExpires"_s, shell.session().today().addDays(defaultExpiryDays).toString(Qt::ISODate));
     // The position shown belongs to the company that was selected; with another one, or after that company's
     // removal, nobody may act on its key.
-    connect(&workbench.selection(), &Selection::selectedCompanyNameChanged, this,
+    connect(&shell.selection(), &Selection::selectedCompanyNameChanged, this,
             &PositionScreen::clearPositionForm);
 }
 
@@ -59,16 +59,16 @@ PositionScreen::~PositionScreen() = default;
 
 QString PositionScreen::companyName()
 {
-    return text::quoteFix(m_workbench.selection().selectedCompanyName());
+    return text::quoteFix(m_shell.selection().selectedCompanyName());
 }
 
 void PositionScreen::load()
 {
     clearPositionForm();
-    m_workbench.clearPipeBoxes();
+    m_shell.clearPipeBoxes();
     loadPositionList();
     listAssignable();
-    m_workbench.selectCategory();
+    m_shell.selectCategory();
     computeJptr();
     emit changed();
 }
@@ -76,7 +76,7 @@ void PositionScreen::load()
 void PositionScreen::companyChosen()
 {
     load();
-    m_workbench.savedSbar();
+    m_shell.savedSbar();
 }
 
 void PositionScreen::newRecord()
@@ -93,7 +93,7 @@ void PositionScreen::loadPositionList()
 {
     QStringList titles;
     if (!companyName().isEmpty())
-        titles = m_workbench.session().dataJW().getPositionNames(companyName());
+        titles = m_shell.session().dataJW().getPositionNames(companyName());
     titles.append(text::newEntry.toString());
     m_form.setItems(u"cmbPosSelection"_s, titles);
 }
@@ -104,15 +104,15 @@ void PositionScreen::cmbPosSelectionClick(const QString& text)
         emit changed();
         return;
     }
-    m_workbench.savedSbar();
+    m_shell.savedSbar();
     RecordSet position;
     if (!text::isUnsaved(text))
-        position = m_workbench.session().dataJW().getPosition(companyName(), text::quoteFix(text));
+        position = m_shell.session().dataJW().getPosition(companyName(), text::quoteFix(text));
     if (!position.isEmpty()) {
         fillPosForm(position);
     } else {
         clearPositionForm();
-        m_workbench.clearPipeBoxes();
+        m_shell.clearPipeBoxes();
         // A title that is no longer there, or could not be read, must not look like a position to be saved.
         m_form.setText(u"cmbPosSelection"_s, text::isUnsaved(text) ? text::newEntry.toString() : QString());
         m_form.requestFocus(u"txtPosTitle"_s);
@@ -123,15 +123,11 @@ void PositionScreen::cmbPosSelectionClick(const QString& text)
 
 void PositionScreen::fillPosForm(const RecordSet& record)
 {
-    Session& session = m_workbench.session();
+    Session& session = m_shell.session();
     session.trace(u"frmData - fillPosForm (Position)"_s);
-    const auto key = record.key(u"PositionKey");
-    if (!key) {
-        const StoreError overflow(tr("Overflow"), StoreError::Overflow, u"Jobwright"_s);
-        session.logError(u"frmData - fillPosForm (Position)"_s, 0, &overflow);
-    }
     forgetFailedSave();
-    m_workbench.selection().currentPositionKey = key.value_or(0);
+    m_shell.selection().currentPositionKey =
+        keyOrReport(session, record, u"PositionKey", u"frmData - fillPosForm (Position)"_s);
     for (const FieldRow& row : m_form.rows()) {
         if (!row.column.isEmpty() && row.save != SaveOn::Change)
             m_form.setText(row.control, fieldtext::toShown(record.text(row.column)));
@@ -151,17 +147,17 @@ void PositionScreen::clearPositionForm()
     clearContacts();
     forgetFailedSave();
     m_progress = 0;
-    m_workbench.selection().currentPositionKey = 0;
-    showExpires(m_workbench.session().today().addDays(defaultExpiryDays));
+    m_shell.selection().currentPositionKey = 0;
+    showExpires(m_shell.session().today().addDays(defaultExpiryDays));
     emit changed();
 }
 
 void PositionScreen::stepsChanged()
 {
-    const Key key = m_workbench.selection().currentPositionKey;
+    const Key key = m_shell.selection().currentPositionKey;
     if (key == 0)
         return;
-    const RecordSet record = m_workbench.session().dataJW().getPositionByKey(key);
+    const RecordSet record = m_shell.session().dataJW().getPositionByKey(key);
     if (record.isEmpty())
         return;
     m_progress = PipelineSteps(record).progress();
@@ -200,13 +196,12 @@ void PositionScreen::showExpires(QDate date)
 
 void PositionScreen::checkExpiry(QDate expires)
 {
-    const QString expired = tr("Position EXPIRED");
     // The empty date is no date, so nothing expires on it.
-    if (expires != dates::sentinel && m_workbench.session().today() > expires) {
-        m_workbench.setPositionPanel(expired);
-        m_workbench.sbarVis();
-    } else if (m_workbench.positionPanel() == expired) {
-        m_workbench.setPositionPanel({});
+    if (expires != dates::sentinel && m_shell.session().today() > expires) {
+        m_shell.setPositionPanel(tr("Position EXPIRED"));
+        m_shell.sbarVis();
+    } else {
+        m_shell.setPositionPanel({});
     }
 }
 
@@ -214,16 +209,16 @@ void PositionScreen::tickExpires(bool ticked)
 {
     if (ticked == hasExpiry())
         return;
-    m_workbench.setSbar(u"Position"_s);
-    expiresEdited(ticked ? m_workbench.session().today().addDays(defaultExpiryDays) : dates::sentinel);
+    m_shell.setSbar(u"Position"_s);
+    expiresEdited(ticked ? m_shell.session().today().addDays(defaultExpiryDays) : dates::sentinel);
 }
 
 void PositionScreen::expiresEdited(QDate date)
 {
     showExpires(date);
-    m_workbench.sbarVis();
+    m_shell.sbarVis();
     if (writeColumn(u"Expires"_s, u'\'' + dates::mdyyyy(date) + u'\''))
-        m_workbench.savedSbar();
+        m_shell.savedSbar();
     emit changed();
 }
 
@@ -231,7 +226,7 @@ void PositionScreen::expiresEdited(QDate date)
 
 void PositionScreen::fieldKeyDown(const QString&)
 {
-    m_workbench.setSbar(u"Position"_s);
+    m_shell.setSbar(u"Position"_s);
 }
 
 void PositionScreen::fieldChanged(const QString& control)
@@ -240,9 +235,9 @@ void PositionScreen::fieldChanged(const QString& control)
         expiresEdited(QDate::fromString(m_form.text(control), Qt::ISODate));
     else if (control == u"txtPosTitle")
         // The shell's way to show the panel trims the title; done here, no title could get a blank typed.
-        m_workbench.showProc(m_workbench.procText());
+        m_shell.showProc(m_shell.procText());
     else
-        m_workbench.sbarVis();
+        m_shell.sbarVis();
 }
 
 void PositionScreen::fieldLeft(const QString& control)
@@ -257,13 +252,13 @@ void PositionScreen::fieldLeft(const QString& control)
     if (!writeColumn(row->column, fieldtext::quoted(m_form.text(control))))
         return;
     m_form.markClean(control);
-    m_workbench.savedSbar();
+    m_shell.savedSbar();
 }
 
 bool PositionScreen::mayLeave()
 {
     return fieldleaving::mayLeave(
-        m_workbench.session(), m_form, [this](const QString& control) { fieldLeft(control); }, showsStored());
+        m_shell.session(), m_form, [this](const QString& control) { fieldLeft(control); }, showsStored());
 }
 
 bool PositionScreen::showsStored() const
@@ -278,23 +273,22 @@ Key PositionScreen::savedKey()
     if (!showsStored())
         return 0;
     const QString selected = m_form.text(u"cmbPosSelection"_s);
-    const Key key = m_workbench.session().dataJW().getPositionKey(text::quoteFix(selected), companyName());
-    return key == m_workbench.selection().currentPositionKey ? key : Key{0};
+    const Key key = m_shell.session().dataJW().getPositionKey(text::quoteFix(selected), companyName());
+    return key == m_shell.selection().currentPositionKey ? key : Key{0};
 }
 
 bool PositionScreen::writeColumn(const QString& column, const QString& value)
 {
     const Key key = savedKey();
-    return key > 0 &&
-           m_workbench.session().dataJW().execQuery(u"Update Position set " + column + u'=' + value +
-                                                    u" where positionkey=" + QString::number(key));
+    return key > 0 && m_shell.session().dataJW().execQuery(u"Update Position set " + column + u'=' + value +
+                                                           u" where positionkey=" + QString::number(key));
 }
 
 // --- Ranks ------------------------------------------------------------------------------------------------
 
 double PositionScreen::place(bool position, Key key, double before)
 {
-    Session& session = m_workbench.session();
+    Session& session = m_shell.session();
     const Key rank = session.dataJW().getProfileRank(position, key);
     const Key count = session.dataJW().getProfileCount(position);
     if (rank <= 0)
@@ -309,7 +303,7 @@ double PositionScreen::place(bool position, Key key, double before)
 
 void PositionScreen::computeJptr()
 {
-    const Selection& selection = m_workbench.selection();
+    const Selection& selection = m_shell.selection();
     m_companyPlace = place(false, selection.currentCompanyKey, m_companyPlace);
     m_positionPlace = place(true, selection.currentPositionKey, m_positionPlace);
     emit changed();
@@ -317,15 +311,15 @@ void PositionScreen::computeJptr()
 
 void PositionScreen::cmdJProfile1()
 {
-    Session& session = m_workbench.session();
+    Session& session = m_shell.session();
     session.trace(u"Open Profile - Position"_s);
-    if (m_workbench.selection().currentPositionKey == 0) {
-        m_workbench.showMessage(tr("No existing position has been selected.") + text::crlf +
-                                tr("Make sure you saved and selected any position data prior to creating a "
-                                   "profile."));
+    if (m_shell.selection().currentPositionKey == 0) {
+        m_shell.showMessage(tr("No existing position has been selected.") + text::crlf +
+                            tr("Make sure you saved and selected any position data prior to creating a "
+                               "profile."));
         session.trace(u"Position not selected. Abort Open Profile."_s);
         return;
     }
-    m_workbench.navigator().openScreen(u"FrmProfileJob"_s);
+    m_shell.navigator().openScreen(u"FrmProfileJob"_s);
     computeJptr();
 }

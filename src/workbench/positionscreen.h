@@ -5,6 +5,7 @@
 #include "base/key.h"
 #include "base/treemodel.h"
 #include "store/recordset.h"
+#include "workbench/positionform.h"
 
 #include <QDate>
 #include <QObject>
@@ -12,17 +13,17 @@
 
 #include <optional>
 
-class FrmData;
+class Shell;
 
 /// Shows, saves and removes a position of the selected company; assigns contacts; places the pointer of the
 /// ranks. The shell's currentPositionKey is that of the position shown, 0 while there is none: an empty form
 /// can never be saved over a position that is no longer to be seen.
-class PositionScreen : public QObject
+class PositionScreen : public QObject, public PositionForm
 {
     Q_OBJECT
 
 public:
-    explicit PositionScreen(FrmData& workbench);
+    explicit PositionScreen(Shell& shell);
     ~PositionScreen() override;
 
     /// The controls; dtpExpires holds an ISO date, that of dates::sentinel while the picker is unticked.
@@ -40,7 +41,7 @@ public:
     [[nodiscard]] bool hasExpiry() const; ///< dtpExpires is ticked
 
     void load(); ///< loadPositionFrame, behind the shell's own refusals
-    void clearPositionForm();
+    void clearPositionForm() override;
     void loadPositionList();
     /// The selector has taken another company while this screen is open.
     void companyChosen();
@@ -48,13 +49,8 @@ public:
     void newRecord();
     /// Shows a position of the selected company by its title.
     void showPosition(const QString& title);
-    /// Shows the position at which @p record stands, and makes it the current one.
-    void fillPosForm(const RecordSet& record);
-    /// Writes the form's position: the row of the current key is replaced by a new one with a new key, its
-    /// references follow, the version goes into the journal; all in one action. A current key of 0 adds a
-    /// position. @p stepValues is the statement's text for the eleven steps, "'date',medium," each; empty for
-    /// no step done. False when the row did not get into the store: what was shown is shown still.
-    bool upPosx(const QString& stepValues, const QString& offerStatus);
+    void fillPosForm(const RecordSet& record) override;
+    bool upPosx(const QString& stepValues, const QString& offerStatus) override;
     void computeJptr();
     /// Another screen has written steps of positions: the progress shown is read again, what is typed stays.
     void stepsChanged();
@@ -82,6 +78,8 @@ public slots:
 
 signals:
     void changed();
+    /// A position was saved or removed here.
+    void stored();
 
 private:
     /// What a row held that is no longer in the store: its replacement failed behind its delete.
@@ -127,9 +125,8 @@ private:
     Key replaceRow(const Replacement& record);
     void showSaved(Key newKey);
     [[nodiscard]] QString companyName();
-    void reloadPipeline();
 
-    FrmData& m_workbench;
+    Shell& m_shell;
     Form m_form;
     TreeModel m_contacts;
     QPersistentModelIndex m_selectedContact;

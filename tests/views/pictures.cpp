@@ -112,7 +112,7 @@ bool grabTab(Scene& scene, const QString& tab)
 bool grabCalendar(Scene& scene)
 {
     addBusyWeeks(scene.bench);
-    FrmEvCal& calendar = scene.frm().calendar();
+    FrmEvCal& calendar = scene.bench.presenters->calendar;
     calendar.load();
     calendar.setShowComplete(true);
     CalendarView view(calendar, scene.layout);
@@ -131,7 +131,7 @@ bool grabHistory(Scene& scene)
 {
     scene.frm().tabStrip1Click(u"Contact"_s);
     scene.frm().contactScreen().showContact(u"Desmond Okafor"_s);
-    FrmHistory& history = scene.frm().history();
+    FrmHistory& history = scene.bench.presenters->history;
     scene.bench.world.session->outlookAvailable = true;
     history.load(scene.frm().selection().currentContactKey);
     HistoryView view(history, scene.layout);
@@ -141,14 +141,14 @@ bool grabHistory(Scene& scene)
 
 bool grabReminder(Scene& scene)
 {
-    ReminderView view(scene.frm().reminder(), scene.layout, &scene.window);
-    scene.frm().reminder().checkEvents();
+    ReminderView view(scene.bench.presenters->reminder, scene.layout, &scene.window);
+    scene.bench.presenters->reminder.checkEvents();
     return grab(view, scene.file);
 }
 
 bool grabCard(Scene& scene)
 {
-    FrmAutoParse& parser = scene.frm().autoParse();
+    FrmAutoParse& parser = scene.bench.presenters->autoParse;
     parser.load(u"88 Creamery Lane\nWooster, OH 44691"_s, u"Brightwater Dairy Cooperative"_s);
     parser.form().edit(u"txtBizCard"_s,
                        u"Desmond Okafor\nVice President Supply Chain\n88 Creamery Lane\n"

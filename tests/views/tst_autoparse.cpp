@@ -16,7 +16,7 @@ public:
         QFile::copy(QStringLiteral(JOBWRIGHT_SOURCE_DIR) + u"/data/areacodes.jwd",
                     world.folder.filePath(u"areacodes.jwd"_s));
         addCompany(u"Acme"_s);
-        navigator.whileOpen = [this] { inDialog<AutoParseView>(frm->autoParse(), user); };
+        navigator.whileOpen = [this] { inDialog<AutoParseView>(presenters->autoParse, user); };
         open();
         find(u"Acme"_s, Qt::Key_Return);
     }

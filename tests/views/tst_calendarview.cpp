@@ -38,7 +38,7 @@ public:
         view->show();
         QVERIFY(QTest::qWaitForWindowActive(front));
     }
-    FrmEvCal& calendar() { return frm->calendar(); }
+    FrmEvCal& calendar() { return presenters->calendar; }
     DayList* day(QDate date) { return find<DayList>(u"lvwDay%1"_s.arg(calendar().cellOf(date))); }
     TaskList* tasks() { return find<TaskList>(u"lvwAct"_s); }
     void clickTask(Qt::MouseButton button)
@@ -203,7 +203,7 @@ private slots:
         QTest::keyClick(list ? list : QApplication::focusWidget(), Qt::Key_Tab);
         QTRY_VERIFY(m_bench->world.prompts.done());
         QTRY_COMPARE(m_bench->find<QComboBox>(control)->currentText(), shown);
-        QCOMPARE(m_bench->frm->calendar().form().text(control), shown);
+        QCOMPARE(m_bench->presenters->calendar.form().text(control), shown);
     }
 
     void openedListWithoutCompanyTellsWhatIsMissing()
@@ -241,14 +241,14 @@ private slots:
         m_bench->addEntry(u"12/31/1999"_s, {}, u"Send note"_s);
         m_bench->open();
         const auto turned = [this](const QString& control) {
-            const int month = m_bench->frm->calendar().month();
+            const int month = m_bench->presenters->calendar.month();
             m_bench->find<QWidget>(control)->setFocus();
             m_bench->press(Qt::Key_PageDown);
-            return m_bench->frm->calendar().month() != month;
+            return m_bench->presenters->calendar.month() != month;
         };
         QVERIFY(turned(u"lvwAct"_s));
         QVERIFY(turned(u"cmdToday"_s));
-        m_bench->frm->calendar().cmdNewTask();
+        m_bench->presenters->calendar.cmdNewTask();
         QVERIFY(!turned(u"txtEvName"_s));
         QVERIFY(!turned(u"txtEvDescription"_s));
     }

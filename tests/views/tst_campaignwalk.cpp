@@ -20,7 +20,7 @@ private slots:
         m_bench.press(Qt::Key_1, Qt::ControlModifier);
         m_bench.click(u"cmdUpdate1"_s);
         m_bench.window->close();
-        m_bench.frm.reset();
+        m_bench.presenters.reset();
         m_bench.world.restart();
         const QString company = m_bench.cells(u"Select CompanyKey from Company where Name='Quinn Söhne'"_s);
         QVERIFY(company.toInt() > 1);

@@ -42,9 +42,9 @@ public:
         navigator.whileOpen = [this, act] {
             if (navigator.opened.last() != u"FrmHistory")
                 return;
-            QVERIFY(frm->history().load(frm->selection().currentContactKey));
-            inDialog<HistoryView>(frm->history(), act);
-            frm->history().unload();
+            QVERIFY(presenters->history.load(frm->selection().currentContactKey));
+            inDialog<HistoryView>(presenters->history, act);
+            presenters->history.unload();
         };
         click(u"cmdHistory1"_s);
     }
@@ -98,7 +98,7 @@ private slots:
             bench.find(u"cmbMedium"_s)->setFocus();
             bench.press(Qt::Key_M); // "Meeting"
             bench.press(Qt::Key_Delete);
-            QCOMPARE(bench.frm->history().form().text(u"cmbMedium"_s), QString());
+            QCOMPARE(bench.presenters->history.form().text(u"cmbMedium"_s), QString());
             bench.press(Qt::Key_Home);
             QTest::mouseClick(bench.find(u"chkDoxGiven"_s), Qt::LeftButton, {}, QPoint(8, 8));
             bench.find(u"txtDetails"_s)->setFocus();
@@ -184,7 +184,7 @@ private slots:
         HistoryWindow bench;
         bench.inHistory([&] {
             bench.clickRow(0);
-            QSignalSpy chosen(&bench.frm->history(), &FrmHistory::changed);
+            QSignalSpy chosen(&bench.presenters->history, &FrmHistory::changed);
             bench.clickRow(1);
             QCOMPARE(chosen.size(), 1);
             bench.find(u"txtTopic"_s)->setFocus();

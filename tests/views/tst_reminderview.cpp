@@ -24,7 +24,7 @@ struct Desk : WindowBench
         addCompany(u"Acme"_s);
         run(u"Insert into Position(Title,CompanyKey) Values('Planner',1)"_s);
         open();
-        reminder = std::make_unique<ReminderView>(frm->reminder(), *layout, window.get());
+        reminder = std::make_unique<ReminderView>(presenters->reminder, *layout, window.get());
         front = reminder.get();
         for (const int each : hours)
             addEvent(u"Event"_s, each);
@@ -56,7 +56,7 @@ private slots:
     {
         Desk desk;
         desk.addEvent(u"Interview"_s, 1);
-        desk.frm->reminder().showScreen();
+        desk.presenters->reminder.showScreen();
         QVERIFY(QTest::qWaitForWindowExposed(desk.reminder.get()));
         QCOMPARE(desk.list().model()->rowCount(), 0);
         desk.click(u"cmdCheck"_s);
@@ -70,7 +70,8 @@ private slots:
         desk.reminder->resize(4000, 3000);
         desk.reminder->show();
         desk.reminder->hide(); // remembers its size
-        desk.reminder = std::make_unique<ReminderView>(desk.frm->reminder(), *desk.layout, desk.window.get());
+        desk.reminder =
+            std::make_unique<ReminderView>(desk.presenters->reminder, *desk.layout, desk.window.get());
         const QSize room = desk.reminder->screen()->availableSize();
         QVERIFY(desk.reminder->width() <= room.width() && desk.reminder->height() < room.height());
     }
@@ -79,7 +80,7 @@ private slots:
     {
         Desk desk;
         desk.addEvent(u"Interview"_s, 48);
-        desk.frm->reminder().tick();
+        desk.presenters->reminder.tick();
         QVERIFY(!desk.reminder->isVisible());
         desk.world.setNow(start.addSecs(47 * 3600));
         desk.frm->menuClick(u"Reminder"_s);
@@ -98,7 +99,7 @@ private slots:
     void rowsSayHowUrgentTheyAre()
     {
         Desk desk({-3, 5, 20});
-        desk.frm->reminder().checkEvents();
+        desk.presenters->reminder.checkEvents();
         QCOMPARE(QStringList({desk.cell(0, 6), desk.cell(1, 6), desk.cell(2, 6)}).join(u'|'),
                  u"Overdue, -3 hrs|Soon, 5 hrs|20 hrs"_s);
         QList<QImage> pictures;
@@ -113,7 +114,7 @@ private slots:
     void noRowIsChosenByItselfWhenOneGoes()
     {
         Desk desk({1, 2, 3});
-        desk.frm->reminder().checkEvents();
+        desk.presenters->reminder.checkEvents();
         desk.clickRow(1);
         desk.click(u"cmdSnooze"_s);
         QCOMPARE(desk.list().model()->rowCount(), 2);
@@ -128,7 +129,7 @@ private slots:
         Desk desk({1, 2});
         desk.world.session->debugMode = true;
         desk.frm->tbarButtonClick(u"reminder"_s);
-        desk.frm->reminder().checkEvents();
+        desk.presenters->reminder.checkEvents();
         QVERIFY(QTest::qWaitForWindowActive(desk.reminder.get()));
         desk.list().setFocus();
         QTest::keyClick(&desk.list(), Qt::Key_Down);
@@ -141,7 +142,7 @@ private slots:
         desk.clickRow(0);
         QTest::mouseDClick(desk.list().viewport(), Qt::LeftButton, {}, desk.place(0));
         QTRY_COMPARE(desk.navigator.opened.count(u"FrmEvCal"_s), 2);
-        QCOMPARE(desk.frm->reminder().selectedEventKey(), Key(1));
+        QCOMPARE(desk.presenters->reminder.selectedEventKey(), Key(1));
         QTest::keyClick(&desk.list(), Qt::Key_Escape);
         QVERIFY(!desk.reminder->isVisible());
     }
@@ -152,11 +153,11 @@ private slots:
         const auto* timer = desk.reminder->findChild<QTimer*>(u"Timer1"_s);
         QVERIFY(timer && timer->isActive());
         QCOMPARE(timer->interval(), 64000);
-        desk.frm->reminder().tick();
+        desk.presenters->reminder.tick();
         QVERIFY(desk.reminder->isVisible() && !timer->isActive());
         desk.reminder->close();
-        QVERIFY(!desk.frm->reminder().isVisible() && timer->isActive());
-        desk.frm->reminder().checkEvents();
+        QVERIFY(!desk.presenters->reminder.isVisible() && timer->isActive());
+        desk.presenters->reminder.checkEvents();
         QVERIFY(desk.reminder->isVisible());
     }
 
@@ -168,7 +169,7 @@ private slots:
             dialog.setModal(true);
             dialog.show();
             QVERIFY(QTest::qWaitForWindowActive(&dialog));
-            desk.frm->reminder().tick();
+            desk.presenters->reminder.tick();
             QVERIFY(QTest::qWaitForWindowExposed(desk.reminder.get()));
             // Through the window, where a dialog stops what is not its own.
             const auto clickAt = [&desk](const QWidget& widget, const QPoint& at) {

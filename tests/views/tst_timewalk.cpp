@@ -35,7 +35,7 @@ private slots:
         m_bench.frm->tbarButtonClick(u"events"_s);
         closeReminded();
         m_bench.window->close();
-        m_bench.frm.reset();
+        m_bench.presenters.reset();
         m_bench.world.restart();
         QCOMPARE(m_bench.cells(u"Select Topic,DocumentXfer from History"_s), u"Called|0"_s);
         QCOMPARE(m_bench.cells(u"Select LastContact from Contact"_s), u"11/22/2026"_s);
@@ -43,7 +43,7 @@ private slots:
                                "order by EventDate"_s),
                  u"Contact Inquiry|11/23/2026|Task||1|1;Interview|11/24/2026|Event|OkEvent|0|1"_s);
         m_bench.window.reset();
-        m_bench.frm = std::make_unique<FrmData>(*m_bench.world.session, m_bench.navigator);
+        m_bench.restart();
         m_bench.open();
         m_bench.press(Qt::Key_5, Qt::ControlModifier);
         m_bench.click(u"shpLbl0"_s);
@@ -57,13 +57,13 @@ private:
     /// What the application's navigator does.
     void openAsked()
     {
-        FrmData& frm = *m_bench.frm;
+        Presenters& presenters = *m_bench.presenters;
         if (m_bench.navigator.opened.last() == u"FrmEvCal") {
-            frm.calendar().load();
-            m_bench.inDialog<CalendarView>(frm.calendar(), m_inCalendar);
-            frm.calendar().unload();
-        } else if (frm.history().load(frm.selection().currentContactKey)) {
-            m_bench.inDialog<HistoryView>(frm.history(), [this] {
+            presenters.calendar.load();
+            m_bench.inDialog<CalendarView>(presenters.calendar, m_inCalendar);
+            presenters.calendar.unload();
+        } else if (presenters.history.load(presenters.workbench.selection().currentContactKey)) {
+            m_bench.inDialog<HistoryView>(presenters.history, [this] {
                 m_bench.write(u"txtTopic"_s, u"Called"_s);
                 m_bench.click(u"cmdAddHistory"_s);
                 m_bench.click(u"cmdAddEvent"_s);
@@ -96,7 +96,7 @@ private:
     void closeReminded()
     {
         m_bench.world.setNow(QDateTime(QDate(2026, 11, 24), QTime(10, 30)));
-        ReminderView reminder(m_bench.frm->reminder(), *m_bench.layout, m_bench.window.get());
+        ReminderView reminder(m_bench.presenters->reminder, *m_bench.layout, m_bench.window.get());
         m_bench.frm->menuClick(u"Reminder"_s);
         QVERIFY(QTest::qWaitForWindowExposed(&reminder));
         auto* list = reminder.findChild<ReminderListView*>(u"lvwRemind"_s);

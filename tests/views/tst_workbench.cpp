@@ -3,6 +3,7 @@
 #include "support/table.h"
 #include "views/windowbench.h"
 
+#include <QProgressBar>
 #include <QSplitter>
 #include <QToolBar>
 #include <QTreeView>
@@ -31,6 +32,22 @@ class TestWorkbench : public QObject
     Q_OBJECT
 
 private slots:
+    void longReadShowsHowFarItIs()
+    {
+        WindowBench bench;
+        for (const auto& name : {u"Acme"_s, u"Bolt"_s, u"Cord"_s})
+            bench.addCompany(name);
+        bench.run(u"Insert into Position(Title,CompanyKey) Values('Clerk',1)"_s);
+        bench.open();
+        const auto* bar = bench.find<QProgressBar>(u"pbarLoad"_s);
+        QStringList places;
+        connect(bench.frm, &FrmData::progressChanged, bar, [&] {
+            places.append(bar->isVisible() ? u"%1/%2"_s.arg(bar->value()).arg(bar->maximum()) : u"gone"_s);
+        });
+        bench.frm->tabStrip1Click(u"Pipeline"_s);
+        QCOMPARE(places.join(u' '), u"0/3 1/3 2/3 3/3 gone"_s);
+    }
+
     void enterInSelectorTakesBestMatch()
     {
         WindowBench bench;
@@ -160,7 +177,7 @@ private slots:
         bench.press(Qt::Key_Q, Qt::ControlModifier);
         QVERIFY(!bench.window->isVisible());
         bench.window.reset();
-        bench.frm.reset();
+        bench.presenters.reset();
         bench.world.restart();
         QCOMPARE(bench.industry(), u"Rails"_s);
         QVERIFY(!bench.cells(u"Select StatusValue from Status where StatusDescription='MinLog'"_s).isEmpty());

@@ -1,10 +1,10 @@
 // A workbench of its own for each test, on a real store.
 #pragma once
 
+#include "app/presenters.h"
 #include "base/dates.h"
 #include "support/screenbench.h"
 #include "workbench/companyscreen.h"
-#include "workbench/frmdata.h"
 
 /// Changes a control as a view reports it.
 template<class Screen> void editIn(Screen& screen, const QString& control, const QString& text)
@@ -25,9 +25,22 @@ template<class Screen> void editAll(Screen& screen, const QStringList& edits)
 class Bench : public ScreenBench
 {
 public:
-    using ScreenBench::ScreenBench;
+    explicit Bench(const QDateTime& now = QDateTime(QDate(2026, 11, 22), QTime(9, 30)))
+        : ScreenBench(now)
+    {
+        restart();
+    }
 
-    std::unique_ptr<FrmData> frm = std::make_unique<FrmData>(*world.session, navigator);
+    std::unique_ptr<Presenters> presenters;
+    FrmData* frm = nullptr; ///< the main screen among them
+
+    /// Makes all presenters anew, as the program's next start does.
+    void restart()
+    {
+        presenters.reset();
+        presenters = std::make_unique<Presenters>(*world.session, navigator);
+        frm = &presenters->workbench;
+    }
 
     CompanyScreen& company() { return frm->companyScreen(); }
     Selection& selection() { return frm->selection(); }

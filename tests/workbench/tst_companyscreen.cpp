@@ -1,5 +1,6 @@
 // The Company screen: showing, leaving a field, the tree, the figures, and the ways out into the web.
 #include "base/statecodes.h"
+#include "store/webpages.h"
 #include "support/table.h"
 #include "workbench/bench.h"
 #include "workbench/stateabbrev.h"
@@ -52,7 +53,7 @@ private slots:
         bench.run(u"Insert into History(HistoryKey,ContactKey,ContactCount) Values('2-5',2,5)"_s);
         for (const QString& name : {u"Acme"_s, u"Else"_s})
             bench.run(u"Insert into Target(Name) Values('"_s + name + u"')");
-        const CompanyFigures figures = CompanyScreen::gather(*bench.world.session, u"acme"_s);
+        const CompanyFigures figures = gatherFigures(bench.data(), u"acme"_s, bench.world.session->today());
         QCOMPARE(QList<int>({figures.contactCount, figures.positionCount, figures.interactionCount,
                              figures.maxPerContact, figures.contactedCount, figures.rank}),
                  QList<int>({3, 0, 7, 5, 2, 0}));
@@ -69,7 +70,8 @@ private slots:
         QCOMPARE(bench.company().daysSinceContact(), -1);
         QVERIFY(!bench.company().form().isVisible(u"imgTgt"_s));
         // An entry date that is missing counts as an old one.
-        QCOMPARE(CompanyScreen::gather(*bench.world.session, u"Bolt"_s).entryDate, QDate(2001, 1, 1));
+        QCOMPARE(gatherFigures(bench.data(), u"Bolt"_s, bench.world.session->today()).entryDate,
+                 QDate(2001, 1, 1));
     }
 
     void ratiosFollowTheUnit_data()
@@ -170,7 +172,7 @@ private slots:
         bench.company().lblURL1();
         bench.company().lblURL2();
         QCOMPARE(bench.world.desktop.opened,
-                 (QStringList{CompanyScreen::homePage(), u"https://second.example"_s}));
+                 (QStringList{webpages::homePage(), u"https://second.example"_s}));
         bench.world.desktop.works = false;
         bench.expect(u"\"https://second.example\" could not be opened"_s);
         bench.company().lblURL2();

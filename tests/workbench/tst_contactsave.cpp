@@ -1,5 +1,6 @@
 // Saving and removing a whole contact, the name and the address that go with it.
 #include "intake/frmautoparse.h"
+#include "store/webpages.h"
 #include "support/table.h"
 #include "workbench/contactbench.h"
 #include "workbench/contactname.h"
@@ -191,7 +192,7 @@ private slots:
                             bench.world.folder.filePath(u"areacodes.jwd"_s)));
         bench.withEntry([&](FrmAddressEntry& entry) {
             bench.navigator.whileOpen = [&] {
-                FrmAutoParse& parser = bench.frm->autoParse();
+                FrmAutoParse& parser = bench.presenters->autoParse;
                 parser.form().edit(u"txtBizCard"_s, u"6 Spindle Court\nBoston, MA 02139\n617-555-0142"_s);
                 parser.cmdVerify();
                 parser.cmdMerge();
@@ -203,7 +204,7 @@ private slots:
             entry.lblURL2C();
         });
         QCOMPARE(bench.address(), bench.before);
-        QCOMPARE(bench.world.desktop.opened, (QStringList{u"ann.example"_s, CompanyScreen::homePage()}));
+        QCOMPARE(bench.world.desktop.opened, (QStringList{u"ann.example"_s, webpages::homePage()}));
     }
 
     void savedEntriesAreInTheContactsRow()
@@ -221,7 +222,8 @@ private slots:
                 entry.cmdSave1();
             });
             QCOMPARE(bench.address(),
-                     stored + u"|Annville|||USA|555-1000|||555-9||ann@acme.example|ann.example|b.example");
+                     QString(stored +
+                             u"|Annville|||USA|555-1000|||555-9||ann@acme.example|ann.example|b.example"));
             QCOMPARE(bench.cells(u"Select City from Address"_s), u"Acme City;Annville"_s);
             QCOMPARE(bench.current(), Key(1));
         }

@@ -1,6 +1,7 @@
 // The Contact screen without its save: selection, fields, flags, ratings, lists, reassigning.
 #include "support/table.h"
 #include "workbench/contactbench.h"
+#include "workbench/faults.h"
 
 namespace {
 
@@ -240,6 +241,19 @@ private slots:
         QCOMPARE(bench.navigator.opened, QStringList{u"FrmHistory"_s});
         QCOMPARE(bench.shownContact(u"txtDTPicker1"_s),
                  QLocale().toString(QDate(2026, 11, 20), QLocale::ShortFormat));
+    }
+
+    void historyAsksBeforeItTakesWhatCouldNotBeSaved()
+    {
+        PeopleBench bench(u"'',''"_s, u"Ann Lee"_s);
+        bench.navigator.whileOpen = [&] { bench.run(u"Update Contact set LastContact='11/20/2026'"_s); };
+        bench.typeContact(u"txtContactTitle"_s, u"typed"_s);
+        bench.world.prompts.acceptAll(Answer::No);
+        bench.failingAt(u"Update Contact set Title"_s, [&] { bench.contact().cmdHistory1(); });
+        QCOMPARE(bench.shownContact(u"txtContactTitle"_s), u"typed"_s);
+        bench.save(u"Ann Lee"_s); // what the history has written outlives the save of the older form
+        QCOMPARE(bench.cells(u"Select Title,LastContact from Contact where FirstName='Ann'"_s),
+                 u"typed|11/20/2026"_s);
     }
 };
 

@@ -55,24 +55,6 @@ private slots:
         QCOMPARE(bench.world.session->sessionStart, QTime(14, 5, 9));
     }
 
-    void withoutAStoreTheUserCanLeave()
-    {
-        World world;
-        NotedNavigator navigator;
-        QVERIFY(QFile::resize(world.session->databasePath(), 100));
-        world.session->releaseDataJW();
-        world.prompts.acceptAll(Answer::Ok);
-        FrmData frm(*world.session, navigator);
-        QVERIFY(frm.load());
-        QVERIFY(world.prompts.asked().first().contains(u"is damaged"_s));
-        QCOMPARE(frm.companyList(), QStringList(u"<New>"_s));
-        // Each box that closes activates the window: were there another one then, it would never end.
-        const qsizetype asked = world.prompts.asked().size();
-        frm.activated();
-        frm.unload();
-        QCOMPARE(world.prompts.asked().size(), asked);
-    }
-
     void settingsAreReadAndMended_data()
     {
         // settings: the interval, whether it saves by itself, the interval stored
@@ -108,7 +90,8 @@ private slots:
         };
         Session session(world.folder.path(), clock, world.prompts, world.desktop);
         NotedNavigator navigator;
-        FrmData frm(session, navigator);
+        Presenters presenters(session, navigator);
+        FrmData& frm = presenters.workbench;
         broken = true;
         world.prompts.expect(u"Error onload."_s);
         QVERIFY(!frm.load());
@@ -128,7 +111,7 @@ private slots:
             bench.world.session->debugMode = true;
             bench.frm->unload();
             QVERIFY(!bench.world.session->hasDataJW());
-            bench.frm.reset();
+            bench.presenters.reset();
             QCOMPARE(bench.world.opLog().count(u"frmData - Terminate"_s), 2);
             QCOMPARE(
                 bench.cells(u"Select StatusDescription,StatusDate,StatusValue from Status where "
@@ -179,21 +162,25 @@ private slots:
     void storeThatCannotBeOpenedLeavesAnEmptyShell()
     {
         Bench bench;
-        bench.frm.reset();
+        bench.presenters.reset();
         bench.world.session.reset();
         QFile file(bench.world.folder.filePath(u"Postledger.db"_s));
         QVERIFY(file.open(QIODevice::WriteOnly) && file.write("not a store") > 0);
         file.close();
         bench.world.restart();
         bench.world.prompts.acceptAll(Answer::Ok);
-        bench.frm = std::make_unique<FrmData>(*bench.world.session, bench.navigator);
+        bench.restart();
         QVERIFY(bench.frm->load());
         QCOMPARE(bench.frm->companyList(), QStringList{u"<New>"_s});
         QCOMPARE(bench.world.session->reminderInterval, Key(10));
         QVERIFY(bench.world.prompts.asked().first().contains(u"DataJW-Init"_s));
         bench.frm->tabStrip1Click(u"Pipeline"_s);
         bench.choose(u"<New>"_s);
+        // Each box that closes activates the window: were there another one then, it would never end.
+        const qsizetype asked = bench.world.prompts.asked().size();
+        bench.frm->activated();
         bench.frm->unload();
+        QCOMPARE(bench.world.prompts.asked().size(), asked);
         QCOMPARE(bench.world.fileText(u"Postledger.db"_s), u"not a store"_s);
     }
 

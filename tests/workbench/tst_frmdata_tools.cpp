@@ -131,8 +131,7 @@ private slots:
         bench.frm->load();
         bench.choose(u"Bolt"_s);
         QList<bool> progress;
-        connect(bench.frm.get(), &FrmData::importProgress, this,
-                [&](bool running) { progress.append(running); });
+        connect(bench.frm, &FrmData::importProgress, this, [&](bool running) { progress.append(running); });
         bench.expect(u"A restore file was found."_s, Answer::Yes);
         bench.frm->restoreData();
         QCOMPARE(progress, (QList<bool>{true, false}));

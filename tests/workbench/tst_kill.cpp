@@ -36,8 +36,9 @@ public:
 };
 
 /// Brings the workbench to the last moment before the work and answers the work itself, as the screens do it.
-std::function<void()> prepared(FrmData& frm, const QString& kind)
+std::function<void()> prepared(Presenters& presenters, const QString& kind)
 {
+    FrmData& frm = presenters.workbench;
     frm.load();
     frm.cmbSelectionClick(u"Own3"_s);
     frm.tabStrip1Click(kind == u"company"    ? u"Company"_s
@@ -62,17 +63,17 @@ std::function<void()> prepared(FrmData& frm, const QString& kind)
     if (kind == u"removal")
         return [&frm] { frm.contactScreen().cmdRemoveContact1(); };
     if (kind == u"reminder") {
-        frm.reminder().checkEvents();
-        frm.reminder().select(frm.reminder().lvwRemind().rows().at(0).key);
-        return [&frm] { frm.reminder().cmdOk(); };
+        presenters.reminder.checkEvents();
+        presenters.reminder.select(presenters.reminder.lvwRemind().rows().at(0).key);
+        return [&presenters] { presenters.reminder.cmdOk(); };
     }
     if (kind == u"event") {
-        frm.calendar().load();
-        frm.calendar().openEvent(1);
-        frm.calendar().chooseCompany(u"Own3"_s);
-        return changed(frm.calendar(), u"txtEvDescription"_s, &FrmEvCal::cmdAdd1);
+        presenters.calendar.load();
+        presenters.calendar.openEvent(1);
+        presenters.calendar.chooseCompany(u"Own3"_s);
+        return changed(presenters.calendar, u"txtEvDescription"_s, &FrmEvCal::cmdAdd1);
     }
-    FrmHistory& history = frm.history();
+    FrmHistory& history = presenters.history;
     history.load(frm.selection().currentContactKey);
     for (int slot = 0; slot < 200; ++slot) {
         history.lvwHistoryClick(history.lvwHistory().rowCount() - 1);
@@ -92,10 +93,10 @@ int work(const QString& kind, const QString& folder)
     if (!session.dataJW().isConnected())
         return 1;
     NotedNavigator navigator;
-    FrmData frm(session, navigator);
+    Presenters presenters(session, navigator);
     std::function<void()> act = [&] { session.dataJW().importXML(folder + u'/' + kind + u".xml"); };
     if (kind != u"restore" && kind != u"merge")
-        act = prepared(frm, kind);
+        act = prepared(presenters, kind);
     std::puts("go");
     std::fflush(stdout);
     act();

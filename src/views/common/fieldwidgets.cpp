@@ -7,7 +7,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
-#include <QProgressBar>
 #include <QRadioButton>
 #include <QSignalBlocker>
 #include <QSlider>
@@ -66,19 +65,6 @@ void writeCombo(QComboBox& combo, const QString& text)
         combo.setEditText(text);
 }
 
-/// "3/15": at 3 of 15.
-void writeBar(QProgressBar& bar, const QString& text)
-{
-    bool isPlace = false;
-    bool isEnd = false;
-    const int place = text.section(u'/', 0, 0).toInt(&isPlace);
-    const int end = text.section(u'/', 1).toInt(&isEnd);
-    if (!isPlace || !isEnd)
-        return;
-    bar.setRange(0, end);
-    bar.setValue(place);
-}
-
 } // namespace
 
 namespace fieldwidgets {
@@ -114,8 +100,6 @@ void write(QWidget& widget, const QString& text)
         writeCombo(*combo, text);
     } else if (auto* label = qobject_cast<QLabel*>(&widget)) {
         label->setText(withMnemonic(*label, withLf(text)));
-    } else if (auto* bar = qobject_cast<QProgressBar*>(&widget)) {
-        writeBar(*bar, text);
     } else if (auto* slider = qobject_cast<QSlider*>(&widget)) {
         bool isNumber = false;
         const int value = text.toInt(&isNumber);

@@ -243,6 +243,10 @@ void WorkbenchWindow::connectPresenter()
 {
     connect(&m_presenter, &FrmData::changed, this, &WorkbenchWindow::render);
     connect(&m_presenter, &FrmData::companyListChanged, this, &WorkbenchWindow::fillSelector);
+    connect(&m_presenter, &FrmData::progressChanged, m_load, [this](int done, int total) {
+        m_load->setRange(0, total);
+        m_load->setValue(done);
+    });
     connect(&m_presenter, &FrmData::closeRequested, this, &QWidget::close);
     connect(&m_presenter.selection(), &Selection::selectedCompanyNameChanged, m_ui->cmbSelection,
             &CompanySelector::showChosen);
@@ -297,25 +301,13 @@ void WorkbenchWindow::leaveField()
 
 void WorkbenchWindow::fillSelector()
 {
-    QStringList categories;
-    for (const QString& name : m_presenter.companyList()) {
-        if (name.startsWith(u'~'))
-            categories.append(name);
-    }
     const QString narrowed = m_ui->cmbCategory->currentData().toString();
     m_ui->cmbCategory->clear();
     m_ui->cmbCategory->addItem(tr("All categories"));
-    for (const QString& name : std::as_const(categories))
-        m_ui->cmbCategory->addItem(QString(name).remove(u'~').trimmed(), name);
+    for (const FrmData::Category& category : m_presenter.categories())
+        m_ui->cmbCategory->addItem(category.caption, category.name);
     m_ui->cmbCategory->setCurrentIndex(std::max(0, m_ui->cmbCategory->findData(narrowed)));
-
-    // A company does not carry a category; its name may. The entry of the category itself always does.
-    const QString wanted =
-        m_ui->cmbCategory->currentIndex() > 0 ? m_ui->cmbCategory->currentText() : QString();
-    const QStringList shown = wanted.isEmpty()
-                                  ? m_presenter.companyList()
-                                  : m_presenter.companyList().filter(wanted, Qt::CaseInsensitive);
-    m_ui->cmbSelection->setCompanies(shown);
+    m_ui->cmbSelection->setCompanies(m_presenter.companiesOf(m_ui->cmbCategory->currentData().toString()));
 }
 
 void WorkbenchWindow::render()
