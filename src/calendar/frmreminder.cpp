@@ -267,6 +267,7 @@ void FrmReminder::cmdSnooze()
 {
     if (m_selectedEventKey == 0)
         return;
+    m_putOff.insert(m_selectedEventKey);
     removeSelected();
     if (m_list.rowCount() == 0)
         cmdCloseAll();

@@ -40,6 +40,7 @@ void FrmReminder::checkEvents()
     // Nobody is interrupted in a question. The look is lost, and so is the tick that asked for it.
     if (m_session.dialogBusy)
         return;
+    m_putOff.clear();
     // A failure leaves the screen as it was at that moment: shown, with what had been found.
     if (look())
         comeForward(!m_unattended);
@@ -50,8 +51,10 @@ void FrmReminder::checkEvents()
 void FrmReminder::lookAgain()
 {
     // The calendar stores an entry under a new key. A list with the old one could not close it any more.
-    if (m_visible && !m_session.dialogBusy && !look())
-        setScreen(false, m_timer1Enabled);
+    if (!m_visible || m_session.dialogBusy || look())
+        return;
+    // The user has emptied the list there as by a button here: what comes due next is to come by itself.
+    cmdCloseAll();
 }
 
 bool FrmReminder::look()
@@ -79,8 +82,10 @@ void FrmReminder::showRows(const std::vector<DueEvent>& events)
 {
     std::vector<ListRow> rows;
     rows.reserve(events.size());
-    for (const DueEvent& due : events)
-        rows.push_back(listRow(due));
+    for (const DueEvent& due : events) {
+        if (!m_putOff.contains(due.eventKey))
+            rows.push_back(listRow(due));
+    }
     m_list.setRows(std::move(rows));
     // What was selected stays so while it is listed: bold, so that the user sees what a button would do.
     const QString selected = rowKey(m_selectedEventKey);

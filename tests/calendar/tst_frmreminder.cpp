@@ -265,6 +265,47 @@ private slots:
         QVERIFY(!desk.frm->isVisible()); // a hidden one does not come up by it
     }
 
+    void changeInTheCalendarReachesTheList_data()
+    {
+        using Change = std::function<void(Desk&)>;
+        columns<Change, QString>("change", "left");
+        QTest::newRow("removed") << Change([](Desk& desk) {
+            desk.world.prompts.expect(u"Are you sure"_s, Answer::Yes);
+            desk.calendar->removeEntry(u"EV2"_s);
+        }) << QString();
+        QTest::newRow("moved") << Change([](Desk& desk) {
+            desk.calendar->dropOn(u"EV2"_s, {2026, 12, 1});
+        }) << QString();
+        QTest::newRow("closed") << Change([](Desk& desk) {
+            desk.calendar->openEntry(u"EV2"_s);
+            desk.calendar->form().edit(u"chkComplete"_s, u"1"_s);
+            desk.calendar->cmdAdd1();
+        }) << QString();
+        QTest::newRow("another one") << Change([](Desk& desk) {
+            desk.calendar->dropOn(u"EV3"_s, {2026, 12, 1});
+        }) << u"Second"_s;
+    }
+    void changeInTheCalendarReachesTheList()
+    {
+        using Change = std::function<void(Desk&)>;
+        QFETCH(Change, change);
+        QFETCH(QString, left);
+        Desk desk;
+        const Key first = desk.addEvent(u"First"_s, 1);
+        desk.addEvent(u"Second"_s, 2);
+        desk.addEvent(u"Later"_s, 72);
+        desk.frm->tick();
+        desk.select(first);
+        desk.frm->cmdSnooze();
+        desk.calendar->load();
+        change(desk);
+        QCOMPARE(desk.listed(), left); // without the one put off
+        QCOMPARE(desk.frm->isVisible(), !left.isEmpty());
+        QCOMPARE(desk.frm->timer1Enabled(), left.isEmpty()); // else nothing would ever come by itself again
+        desk.frm->checkEvents();
+        QVERIFY(desk.listed().startsWith(u"First"_s));
+    }
+
     void okWithoutARecordPutsOff()
     {
         Desk desk;
