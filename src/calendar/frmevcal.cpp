@@ -292,7 +292,6 @@ ListRow FrmEvCal::taskRow(const JWevent& task) const
                       task.eventDate == dates::sentinel ? tr("No Date") : monthDay(task.eventDate),
                       shownState(state)},
             .kind = stateName(state),
-            .sortsBy = {QVariant(), task.eventDate, QVariant()},
             .tip = people.isEmpty() ? QString() : entrytexts::tip(task, people)};
 }
 

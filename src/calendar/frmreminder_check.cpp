@@ -11,24 +11,19 @@ namespace {
 const QString lastLookSetting = u"Reminder/LastLook"_s;
 constexpr qsizetype noteLines = 5;
 
-/// A row of the list; the columns that would sort wrongly by their texts sort by what they say.
+/// A row of the list: the event's name and its six sub-items. They have no keys of their own ("1-" to "6-"
+/// and the event's), as a cell is found by its row's key and its column.
 ListRow listRow(const DueEvent& due)
 {
-    const ReminderVerdict& verdict = due.verdict;
-    ListRow row{FrmReminder::rowKey(due.eventKey),
-                {due.event, due.description, dates::general(verdict.moment), due.contact, due.position,
-                 due.company, verdict.timeLeft()},
-                verdict.urgency(),
-                std::vector<QVariant>(7),
-                false};
-    row.sortsBy[2] = verdict.moment;
-    row.sortsBy[6] = verdict.hours;
-    return row;
+    return {.key = FrmReminder::rowKey(due.eventKey),
+            .texts = {due.event, due.description, due.whenText(), due.contact, due.position, due.company,
+                      due.verdict.timeLeft()},
+            .kind = due.verdict.urgency()};
 }
 
 QString noteLine(const DueEvent& due)
 {
-    QStringList parts{due.event.simplified(), due.company.simplified(), dates::general(due.verdict.moment)};
+    QStringList parts{due.event.simplified(), due.company.simplified(), due.whenText()};
     parts.removeAll(QString());
     return parts.join(u", "_s);
 }

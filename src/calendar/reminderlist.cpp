@@ -161,9 +161,18 @@ private:
             list(*eventKey, *verdict);
     }
 
+    [[nodiscard]] dates::Moment when(const ReminderVerdict& verdict) const
+    {
+        if (text(EventTime) != u"Nodate")
+            return {verdict.moment.date(), verdict.moment.time()};
+        const auto own = dates::parse(text(EventDate));
+        return {own && dates::isDay(own->date) ? own->date : QDate(), {}};
+    }
+
     void list(Key eventKey, const ReminderVerdict& verdict)
     {
-        m_found.open.push_back({eventKey, text(Event), text(Description), verdict, {}, {}, {}});
+        m_found.open.push_back(
+            {eventKey, text(Event), text(Description), verdict, when(verdict), {}, {}, {}});
         m_links.push_back(
             {key(ContactKey).value_or(0), key(PositionKey).value_or(0), key(CompanyKey).value_or(0)});
     }
@@ -195,6 +204,11 @@ private:
 };
 
 } // namespace
+
+QString DueEvent::whenText() const
+{
+    return when.date.isValid() ? dates::general(when) : tr("No Date");
+}
 
 DueEvents lookForDueEvents(DataJW& dataJW, const QDateTime& now)
 {

@@ -135,6 +135,22 @@ private slots:
         QCOMPARE(desk.listed() + desk.world.errorLog(), QString());
     }
 
+    void untimedEventShowsItsOwnDate()
+    {
+        Desk desk;
+        desk.addEvent(u"Before"_s, -48);
+        desk.addEvent(u"Untimed"_s, 0, u"24"_s, u"EventTime='Nodate'"_s);
+        desk.addEvent(u"Undated"_s, 0, u"24"_s, u"EventTime='Nodate',EventDate='12/31/1999'"_s);
+        desk.frm->checkEvents();
+        QStringList shown;
+        for (const ListRow& row : desk.frm->lvwRemind().rows())
+            shown.append(row.texts.at(0) + u' ' + row.texts.at(2));
+        QCOMPARE(shown, (QStringList{u"Undated No Date"_s, u"Before 11/20/2026 9:30:00 AM"_s,
+                                     u"Untimed 11/22/2026"_s}));
+        // How long it is until then counts from the moment before it.
+        QCOMPARE(desk.frm->lvwRemind().rows().at(2).texts.at(6), u"-48 hrs"_s);
+    }
+
     void busyDialogLosesTheLook()
     {
         Desk desk;
