@@ -52,8 +52,8 @@ FrmReminder::~FrmReminder() = default;
 void FrmReminder::initialize()
 {
     m_session.trace(u"Lastime:"_s + dates::general(m_session.now()));
-    // The desktop opens its sound device at the first alarm, so that no start waits for it, and closes it
-    // with itself; here it is only decided whether there will be one.
+    // The desktop opens its sound device (mmcx) at the first alarm, so that no start waits for it, and closes
+    // it with itself; here it is only decided whether there will be one.
     m_multimediaOn = m_session.dataJW().getStatusValue(u"Multimedia"_s, true) == u"Yes";
 }
 

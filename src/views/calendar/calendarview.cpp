@@ -9,6 +9,7 @@
 #include "views/common/look.h"
 #include "views/common/windowstate.h"
 
+#include <QAbstractItemView>
 #include <QCloseEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -123,8 +124,10 @@ void CalendarView::dressTexts()
     m_ui->cmdNewTask->setIcon(icons::named(u"view-task"_s));
     m_ui->cmdAdd1->setIcon(icons::named(u"document-save"_s));
     m_ui->cmdRemove1->setIcon(icons::named(u"edit-delete"_s));
-    for (QComboBox* box : {m_ui->txtEvTimeS, m_ui->txtEvTimeN, m_ui->txtRemind})
+    for (QComboBox* box : {m_ui->txtEvTimeS, m_ui->txtEvTimeN, m_ui->txtRemind}) {
         box->setInsertPolicy(QComboBox::NoInsert);
+        box->view()->setObjectName(box == m_ui->txtRemind ? u"lstRemind"_s : u"lstTime"_s);
+    }
     for (OwnerSelector* box : {m_ui->lblCompany, m_ui->lblContact, m_ui->lblPosition}) {
         box->setMinimumContentsLength(16);
         box->lineEdit()->setPlaceholderText(tr("None"));
