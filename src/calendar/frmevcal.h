@@ -84,9 +84,6 @@ public:
     /// Task, Due, State; kinds "due", "overdue", "completed"; keys "A" and the event's key.
     [[nodiscard]] RowModel& lvwAct() { return m_tasks; }
 
-    /// False when the last reading of the events failed: the month is then unknown, not empty.
-    [[nodiscard]] bool isReadable() const { return m_readable; }
-
     // --- The month ----------------------------------------------------------------------------------------
     [[nodiscard]] const std::array<DayCell, cellCount>& cells() const { return m_cells; } ///< lvwDay(0..36)
     [[nodiscard]] int cellOf(QDate date) const; ///< -1 when the date is not in the shown month
@@ -136,7 +133,6 @@ public:
     /// Selects a day of any month and shows it. A new entry in the frame moves to it; an entry that has a row
     /// stays on its own day, so that looking around does not move it.
     void selectDay(QDate day);
-    void walkDays(int days); ///< the arrow keys: 1 and -1, 7 and -7
     void newEvent(QDate day);
     void newTask(QDate day); ///< an invalid day: a task without a date
     void openEntry(const QString& key);
@@ -163,7 +159,6 @@ public:
     void chooseFormat(const QString& text);
     void chooseOther(int button, const QString& text); ///< imgOther1 or imgOther2, by 1 and 2
     void choosePriority(const QString& text);
-    void chooseRemind(const QString& text);
     void chooseDuration(const QString& control); ///< chkhalf, chkOne, chkOnehalf or chkTwo has been clicked
     void chooseCompany(const QString& name);     ///< "" for none
     void chooseContact(const QString& name);

@@ -209,13 +209,6 @@ void FrmEvCal::setBell(bool set)
     setOn(u"imgReminder"_s, set);
 }
 
-void FrmEvCal::chooseRemind(const QString& text)
-{
-    m_form.setText(u"txtRemind"_s, text);
-    setBell(!text.isEmpty());
-    touched();
-}
-
 void FrmEvCal::chooseFormat(const QString& text)
 {
     m_form.setText(u"txtFormat"_s, text);

@@ -38,11 +38,6 @@ void FrmEvCal::selectDay(QDate day)
     }
 }
 
-void FrmEvCal::walkDays(int days)
-{
-    selectDay(m_selectedDay.addDays(days));
-}
-
 void FrmEvCal::cmdLast()
 {
     showMonth(m_selectedDay.addMonths(-1));

@@ -126,7 +126,7 @@ private slots:
         bench.type(u"lblPosition"_s, u"Engineer"_s);
         bench.type(u"txtEvTimeS"_s, u"14:30"_s);
         bench.type(u"chkOnehalf"_s, u"1"_s);
-        bench.calendar.chooseRemind(u"2 dys"_s);
+        bench.type(u"txtRemind"_s, u"2 dys"_s);
         bench.type(u"txtEvDescription"_s, u"Bring Event( the plant's\nstudy"_s);
         QSignalSpy recordsChanged(&bench.calendar, &FrmEvCal::recordsChanged);
         bench.calendar.cmdAdd1();
