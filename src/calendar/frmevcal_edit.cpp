@@ -226,14 +226,14 @@ void FrmEvCal::chooseOther(int button, const QString& text)
     const QString control = button == 2 ? u"imgOther2"_s : u"imgOther1"_s;
     QStringList lines = m_form.text(u"txtEvDescription"_s).split(u'\n');
     const QString before = m_form.text(control);
-    if (!before.isEmpty())
-        lines.removeOne(before);
-    const QString chosen = text == u"Other" ? QString() : text;
-    if (!chosen.isEmpty()) {
-        lines.removeAll(QString());
-        lines << chosen;
-    }
-    m_form.setText(control, chosen);
+    if (const qsizetype line = lines.lastIndexOf(before); !before.isEmpty() && line >= 0)
+        lines.removeAt(line);
+    // The last line is taken when it is empty, as that of an empty description is; paragraphs stay.
+    if (!text.isEmpty() && !lines.isEmpty() && lines.last().isEmpty())
+        lines.last() = text;
+    else if (!text.isEmpty())
+        lines << text;
+    m_form.setText(control, text);
     m_form.setText(u"txtEvDescription"_s, lines.join(u'\n'));
     touched();
 }

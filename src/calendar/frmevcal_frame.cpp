@@ -214,7 +214,8 @@ void FrmEvCal::fillOthers()
 {
     QStringList found;
     for (const QString& line : m_form.text(u"txtEvDescription"_s).split(u'\n')) {
-        if (line == u"Meal" || line == u"Formal Dress")
+        if (std::ranges::find(eventchoices::others(), line, &EventChoice::text) !=
+            eventchoices::others().end())
             found << line;
     }
     m_form.setText(u"imgOther1"_s, found.value(0));

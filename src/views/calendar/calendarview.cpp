@@ -36,10 +36,10 @@ std::vector<ChoiceButton::Choice> withPictures(const std::vector<EventChoice>& c
                                                bool canBeNone = false)
 {
     std::vector<ChoiceButton::Choice> pictured;
-    if (canBeNone)
-        pictured.push_back({});
     for (const EventChoice& choice : choices)
         pictured.push_back({choice.text, eventicons::named(choice.icon)});
+    if (canBeNone)
+        pictured.push_back({});
     return pictured;
 }
 
