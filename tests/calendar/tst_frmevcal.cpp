@@ -118,8 +118,8 @@ private slots:
     void newEventIsStoredWithAllItHolds()
     {
         NewEvent bench;
-        bench.calendar.chooseEventType(u"Interview"_s);
-        bench.calendar.chooseFormat(u"Meeting"_s);
+        bench.calendar.frame().chooseEventType(u"Interview"_s);
+        bench.calendar.frame().chooseFormat(u"Meeting"_s);
         bench.type(u"lblCompany"_s, u"Acme"_s);
         QCOMPARE(bench.calendar.form().items(u"lblContact"_s).join(u','), u",Ana Ruiz,Mary Ann Smith"_s);
         bench.type(u"lblContact"_s, u"Ana Ruiz"_s);
@@ -175,7 +175,7 @@ private slots:
         bench.calendar.newEvent({2027, 1, 5});
         bench.type(u"chkNoDate"_s, u"1"_s); // only a task can be without a date
         QVERIFY(!bench.calendar.frameDate().isValid());
-        bench.calendar.choosePriority(u"High Priority"_s);
+        bench.calendar.frame().chooseFormat(u"High Priority"_s);
         bench.calendar.cmdAdd1();
         QCOMPARE(bench.stored(u"EventDate,EventType,Medium"_s), u"12/31/1999|Task|High Priority"_s);
         QCOMPARE(bench.shown(u"lblMonth"_s), u"November 2026"_s); // back on today's month
@@ -190,7 +190,7 @@ private slots:
         NewEvent bench;
         bench.type(u"lblCompany"_s, u"Acme"_s);
         bench.type(u"lblContact"_s, u"Ana Ruiz"_s);
-        bench.calendar.chooseEventType(u"Networking Event"_s);
+        bench.calendar.frame().chooseEventType(u"Networking Event"_s);
         QCOMPARE(bench.shown(u"lblCompany"_s), u"Networking Event"_s);
         for (const QString& control : {u"lblCompany"_s, u"lblContact"_s}) {
             bench.world.prompts.expect(u"This is a networking event.  Select the 'Other Event' type if you "
@@ -200,7 +200,7 @@ private slots:
         QCOMPARE(bench.shown(u"lblCompany lblContact"_s), u"Networking Event|"_s);
         bench.calendar.cmdAdd1();
         QCOMPARE(bench.stored(u"Event,CompanyKey,ContactKey,PositionKey"_s), u"Networking Event|0|0|0"_s);
-        bench.calendar.chooseEventType(u"Other Event"_s);
+        bench.calendar.frame().chooseEventType(u"Other Event"_s);
         QCOMPARE(bench.shown(u"lblCompany"_s), QString());
     }
 
@@ -231,8 +231,8 @@ private slots:
     {
         FETCH(QString, company, contact);
         NewEvent bench;
-        bench.calendar.chooseCompany(company);
-        bench.calendar.chooseContact(contact);
+        bench.calendar.frame().chooseOwner(u"lblCompany"_s, company);
+        bench.calendar.frame().chooseOwner(u"lblContact"_s, contact);
         bench.world.prompts.expect(placeholderQuestion, Answer::No);
         bench.calendar.cmdAdd1();
         QTEST(bench.stored(u"CompanyKey,ContactKey"_s), "keys");
@@ -257,8 +257,8 @@ private slots:
         FETCH(QString, contact, positions);
         QFETCH(Answer, answer);
         NewEvent bench;
-        bench.calendar.chooseCompany(u"Bolt"_s);
-        bench.calendar.chooseContact(contact);
+        bench.calendar.frame().chooseOwner(u"lblCompany"_s, u"Bolt"_s);
+        bench.calendar.frame().chooseOwner(u"lblContact"_s, contact);
         bench.world.prompts.expect(placeholderQuestion, answer);
         bench.calendar.cmdAdd1();
         for (const QString& table : {u"Position where CompanyKey=2"_s, u"PositionRecovery"_s})
@@ -340,18 +340,18 @@ private slots:
         FETCH(QString, typed, chosen, left);
         NewEvent bench;
         bench.type(u"txtEvDescription"_s, typed);
-        bench.calendar.chooseOther(1, u"Other"_s);
-        bench.calendar.chooseOther(2, u"Meal"_s);
-        bench.calendar.chooseOther(2, u"Formal Dress"_s);
+        bench.calendar.frame().chooseOther(1, u"Other"_s);
+        bench.calendar.frame().chooseOther(2, u"Meal"_s);
+        bench.calendar.frame().chooseOther(2, u"Formal Dress"_s);
         QCOMPARE(bench.shown(u"txtEvDescription imgOther1 imgOther2"_s), chosen + u"|Other|Formal Dress");
-        bench.calendar.chooseOther(1, {});
+        bench.calendar.frame().chooseOther(1, {});
         QCOMPARE(bench.shown(u"txtEvDescription"_s), left);
         bench.calendar.cmdAdd1();
         bench.calendar.closeEvent();
         bench.calendar.openEntry(u"EV1"_s);
         QVERIFY(bench.shown(u"imgOther1 imgOther2"_s).contains(u"Formal Dress"_s));
         bench.type(u"txtEvDescription"_s, u"all anew"_s); // the line is gone, though the button shows it
-        bench.calendar.chooseOther(1, u"Meal"_s);
+        bench.calendar.frame().chooseOther(1, u"Meal"_s);
         QCOMPARE(bench.shown(u"txtEvDescription"_s), u"all anew\nMeal"_s);
     }
 
@@ -411,7 +411,7 @@ private slots:
         bench.calendar.openEntry(u"A1"_s);
         bench.calendar.flipTask(u"A1"_s);
         QCOMPARE(bench.tasks(), u"A1 Thank 11/21 completed"_s);
-        QCOMPARE(bench.calendar.completeCaption(), u"Complete"_s);
+        QCOMPARE(bench.calendar.frame().completeCaption(), u"Complete"_s);
         bench.calendar.flipTask(u"A1"_s);
         QCOMPARE(bench.tasks(), u"A1 Thank 11/21 overdue"_s);
         bench.calendar.flipTask(u"A2"_s); // no task

@@ -269,14 +269,14 @@ private slots:
         QSignalSpy forward(desk.frm.get(), &FrmReminder::cameForward);
         desk.calendar->load();
         desk.frm->open(u'A' + QString::number(due));
-        desk.calendar->chooseFormat(u"Meeting"_s);
+        desk.calendar->frame().chooseFormat(u"Meeting"_s);
         desk.calendar->cmdAdd1();
         desk.select(desk.world.data().getLastEventAddedKey());
         desk.frm->cmdOk();
         QCOMPARE(desk.cells(u"Select EventKey,Complete from Event"_s), u"2|OkEvent"_s);
         QCOMPARE(forward.count(), 0); // nobody loses the keyboard to it
         desk.calendar->openEvent(desk.world.data().getLastEventAddedKey());
-        desk.calendar->chooseFormat(u"Phone"_s);
+        desk.calendar->frame().chooseFormat(u"Phone"_s);
         desk.calendar->cmdAdd1();
         QVERIFY(!desk.frm->isVisible()); // a hidden one does not come up by it
     }

@@ -73,7 +73,7 @@ private:
         m_bench.write(u"txtEvTimeS"_s, u"10:00"_s);
         m_bench.write(u"lblCompany"_s, u"acm\n"_s);
         m_bench.write(u"lblPosition"_s, u"plan\n"_s);
-        m_bench.frm->calendar().chooseFormat(u"Meeting"_s);
+        m_bench.frm->calendar().frame().chooseFormat(u"Meeting"_s);
         m_bench.click(u"cmdAdd1"_s);
         // November 2026 begins in the first cell.
         auto* from = m_bench.find<DayList>(u"lvwDay21"_s);

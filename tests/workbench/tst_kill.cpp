@@ -69,7 +69,7 @@ std::function<void()> prepared(FrmData& frm, const QString& kind)
     if (kind == u"event") {
         frm.calendar().load();
         frm.calendar().openEvent(1);
-        frm.calendar().chooseCompany(u"Own3"_s);
+        frm.calendar().frame().chooseOwner(u"lblCompany"_s, u"Own3"_s);
         return changed(frm.calendar(), u"txtEvDescription"_s, &FrmEvCal::cmdAdd1);
     }
     FrmHistory& history = frm.history();
