@@ -183,16 +183,6 @@ void FrmReminder::removeSelected()
     showNote();
 }
 
-void FrmReminder::showNote()
-{
-    QString note = m_failure;
-    if (note.isEmpty() && m_list.rowCount() == 0)
-        note = tr("No event is listed. \"Look now\" shows what is due.");
-    m_form.setText(u"lblNote"_s, note);
-    for (const QString& control : {u"lblNote"_s, u"cmdCheck"_s})
-        m_form.setVisible(control, !note.isEmpty());
-}
-
 // --- Buttons ----------------------------------------------------------------------------------------------
 
 Key FrmReminder::getMedium(const QString& name)

@@ -90,6 +90,16 @@ void FrmReminder::showRows(const std::vector<DueEvent>& events)
         m_list.mark(selected);
 }
 
+void FrmReminder::showNote()
+{
+    QString note = m_failure;
+    if (note.isEmpty() && m_list.rowCount() == 0)
+        note = tr("No event is listed. \"Look now\" shows what is due.");
+    m_form.setText(u"lblNote"_s, note);
+    for (const QString& control : {u"lblNote"_s, u"cmdCheck"_s})
+        m_form.setVisible(control, !note.isEmpty());
+}
+
 void FrmReminder::noteLook(const std::vector<DueEvent>& events)
 {
     QSettings& settings = m_session.settings().file();
