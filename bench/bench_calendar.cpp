@@ -39,8 +39,8 @@ void fill(DataJW& data)
     const QStringList kinds{u"Interview"_s, u"Referral"_s, u"Networking Event"_s, u"Status Inquiry"_s,
                             u"Other Event"_s};
     const Action atOnce(data);
-    for (int number = 0; number < FrmEvCal::eventBound; ++number) {
-        const bool november = number < FrmEvCal::monthBound;
+    for (int number = 0; number < EventBounds::eventBound; ++number) {
+        const bool november = number < EventBounds::monthBound;
         const QDate day =
             november ? QDate(2026, 11, 1 + number % 30) : QDate(2026, 12, 1).addDays(number * 7 / 10);
         data.execQuery(

@@ -187,12 +187,20 @@ QJsonObject asJson(const DueEvent& due)
     return {{u"key"_s, due.eventKey},
             {u"event"_s, due.event},
             {u"description"_s, due.description},
-            {u"when"_s, due.verdict.moment.toString(u"yyyy-MM-dd HH:mm:ss"_s)},
+            {u"when"_s, textOrNull(dates::toIso(due.when))},
             {u"contact"_s, textOrNull(due.contact)},
             {u"position"_s, textOrNull(due.position)},
             {u"company"_s, textOrNull(due.company)},
             {u"timeLeft"_s, due.verdict.timeLeft()},
             {u"urgency"_s, urgencyWord(due.verdict.urgency())}};
+}
+
+QString whenText(const DueEvent& due)
+{
+    const QString day = due.when.date.toString(Qt::ISODate);
+    if (due.when.time.isValid())
+        return day + due.when.time.toString(u" HH:mm"_s);
+    return due.when.date.isValid() ? day : due.whenText();
 }
 
 void printDue(const std::vector<DueEvent>& events)
@@ -202,9 +210,8 @@ void printDue(const std::vector<DueEvent>& events)
               tr("Description")},
              widths);
     for (const DueEvent& each : events)
-        printRow({shownUrgency(each.verdict.urgency()), each.verdict.timeLeft(),
-                  each.verdict.moment.toString(u"yyyy-MM-dd HH:mm"_s), each.event, each.company, each.contact,
-                  each.description},
+        printRow({shownUrgency(each.verdict.urgency()), each.verdict.timeLeft(), whenText(each), each.event,
+                  each.company, each.contact, each.description},
                  widths);
 }
 

@@ -184,7 +184,7 @@ QString mdyyyy(QDate date)
     int day = 0;
     date.getDate(&year, &month, &day);
     QString text;
-    text.reserve(10);
+    text.reserve(22); // with the room for a time of day behind it
     addDigits(text, month, 1);
     addDigits(text += u'/', day, 1);
     addDigits(text += u'/', year, 4);
@@ -200,15 +200,19 @@ QString mmddyyyy(QDate date)
 
 QString general(const Moment& moment)
 {
-    return moment.time.isValid() ? general(moment.toDateTime()) : mdyyyy(moment.date);
+    QString text = mdyyyy(moment.date);
+    if (!moment.time.isValid())
+        return text;
+    const int hour = moment.time.hour();
+    addDigits(text += u' ', hour % 12 == 0 ? 12 : hour % 12, 1);
+    addDigits(text += u':', moment.time.minute(), 2);
+    addDigits(text += u':', moment.time.second(), 2);
+    return text += hour < 12 ? u" AM" : u" PM";
 }
 
 QString general(const QDateTime& moment)
 {
-    const QTime time = moment.time();
-    const int hour = time.hour() % 12 == 0 ? 12 : time.hour() % 12;
-    return QString(mdyyyy(moment.date()) + u' ' + QString::number(hour) + time.toString(u":mm:ss") +
-                   (time.hour() < 12 ? u" AM" : u" PM"));
+    return general(Moment{moment.date(), moment.time()});
 }
 
 int difference(QChar unit, QDate from, QDate to)

@@ -12,10 +12,10 @@ struct ListRow
 {
     QString key; ///< a letter and the number of what it stands for ("A12")
     QStringList texts;
-    QString kind;                  ///< a word for the state ("overdue"); the view decides how it looks
-    std::vector<QVariant> sortsBy; ///< by column, where the text would sort wrongly (dates, numbers)
-    bool marked = false;           ///< the one that the buttons are about
-    QString tip{};                 ///< what the columns have no room for, in words; empty when they say all
+    QString kind;                    ///< a word for the state ("overdue"); the view decides how it looks
+    std::vector<QVariant> sortsBy{}; ///< by column, where the text would sort wrongly (dates, numbers)
+    bool marked = false;             ///< the one that the buttons are about
+    QString tip{};                   ///< what the columns have no room for, in words; empty when they say all
 };
 
 /// Rows of texts in columns with headings, for the lists that stand for records. Rows keep the order in which

@@ -52,8 +52,8 @@ FrmReminder::~FrmReminder() = default;
 void FrmReminder::initialize()
 {
     m_session.trace(u"Lastime:"_s + dates::general(m_session.now()));
-    // The desktop opens its sound device at the first alarm, so that no start waits for it, and closes it
-    // with itself; here it is only decided whether there will be one.
+    // The desktop opens its sound device (mmcx) at the first alarm, so that no start waits for it, and closes
+    // it with itself; here it is only decided whether there will be one.
     m_multimediaOn = m_session.dataJW().getStatusValue(u"Multimedia"_s, true) == u"Yes";
 }
 
@@ -183,16 +183,6 @@ void FrmReminder::removeSelected()
     showNote();
 }
 
-void FrmReminder::showNote()
-{
-    QString note = m_failure;
-    if (note.isEmpty() && m_list.rowCount() == 0)
-        note = tr("No event is listed. \"Look now\" shows what is due.");
-    m_form.setText(u"lblNote"_s, note);
-    for (const QString& control : {u"lblNote"_s, u"cmdCheck"_s})
-        m_form.setVisible(control, !note.isEmpty());
-}
-
 // --- Buttons ----------------------------------------------------------------------------------------------
 
 Key FrmReminder::getMedium(const QString& name)
@@ -267,6 +257,7 @@ void FrmReminder::cmdSnooze()
 {
     if (m_selectedEventKey == 0)
         return;
+    m_putOff.insert(m_selectedEventKey);
     removeSelected();
     if (m_list.rowCount() == 0)
         cmdCloseAll();

@@ -66,7 +66,7 @@ public:
 public slots:
     void cmdCheck();     ///< asks for a look at once, as the menu does
     void cmdOk();        ///< closes the selected event and moves the pipeline
-    void cmdSnooze();    ///< takes the selected event off the list until the next look
+    void cmdSnooze();    ///< takes the selected event off the list until the next check
     void cmdDismiss();   ///< removes the selected event from the store
     void cmdSnoozeAll(); ///< puts the decision off
     void cmdCloseAll();  ///< hides the screen
@@ -98,9 +98,10 @@ private:
     FrmEvCal& m_calendar;
     Form m_form;
     RowModel m_list;
-    /// It only grows, at most to the number of keys that there are. Nothing asks for it: it answers whoever
-    /// wonders, with the program stopped in a debugger, whether an event has ever been seen.
-    std::set<Key> m_matchedKeys;
+    std::set<Key> m_matchedKeys; ///< only grows; kept, though nothing in the program asks for it yet
+    /// Events put off until the next check: no change in the calendar brings them back before it. An entry
+    /// that is saved anew has another key, and may come back as the changed one that it is.
+    std::set<Key> m_putOff;
     QString m_failure; ///< why the last look ended early, for the user; empty when it did not
     Key m_selectedEventKey = 0;
     bool m_visible = false;

@@ -11,24 +11,19 @@ namespace {
 const QString lastLookSetting = u"Reminder/LastLook"_s;
 constexpr qsizetype noteLines = 5;
 
-/// A row of the list; the columns that would sort wrongly by their texts sort by what they say.
+/// A row of the list: the event's name and its six sub-items. They have no keys of their own ("1-" to "6-"
+/// and the event's), as a cell is found by its row's key and its column.
 ListRow listRow(const DueEvent& due)
 {
-    const ReminderVerdict& verdict = due.verdict;
-    ListRow row{FrmReminder::rowKey(due.eventKey),
-                {due.event, due.description, dates::general(verdict.moment), due.contact, due.position,
-                 due.company, verdict.timeLeft()},
-                verdict.urgency(),
-                std::vector<QVariant>(7),
-                false};
-    row.sortsBy[2] = verdict.moment;
-    row.sortsBy[6] = verdict.hours;
-    return row;
+    return {.key = FrmReminder::rowKey(due.eventKey),
+            .texts = {due.event, due.description, due.whenText(), due.contact, due.position, due.company,
+                      due.verdict.timeLeft()},
+            .kind = due.verdict.urgency()};
 }
 
 QString noteLine(const DueEvent& due)
 {
-    QStringList parts{due.event.simplified(), due.company.simplified(), dates::general(due.verdict.moment)};
+    QStringList parts{due.event.simplified(), due.company.simplified(), due.whenText()};
     parts.removeAll(QString());
     return parts.join(u", "_s);
 }
@@ -40,6 +35,7 @@ void FrmReminder::checkEvents()
     // Nobody is interrupted in a question. The look is lost, and so is the tick that asked for it.
     if (m_session.dialogBusy)
         return;
+    m_putOff.clear();
     // A failure leaves the screen as it was at that moment: shown, with what had been found.
     if (look())
         comeForward(!m_unattended);
@@ -50,8 +46,10 @@ void FrmReminder::checkEvents()
 void FrmReminder::lookAgain()
 {
     // The calendar stores an entry under a new key. A list with the old one could not close it any more.
-    if (m_visible && !m_session.dialogBusy && !look())
-        setScreen(false, m_timer1Enabled);
+    if (!m_visible || m_session.dialogBusy || look())
+        return;
+    // The user has emptied the list there as by a button here: what comes due next is to come by itself.
+    cmdCloseAll();
 }
 
 bool FrmReminder::look()
@@ -79,8 +77,10 @@ void FrmReminder::showRows(const std::vector<DueEvent>& events)
 {
     std::vector<ListRow> rows;
     rows.reserve(events.size());
-    for (const DueEvent& due : events)
-        rows.push_back(listRow(due));
+    for (const DueEvent& due : events) {
+        if (!m_putOff.contains(due.eventKey))
+            rows.push_back(listRow(due));
+    }
     m_list.setRows(std::move(rows));
     // What was selected stays so while it is listed: bold, so that the user sees what a button would do.
     const QString selected = rowKey(m_selectedEventKey);
@@ -88,6 +88,16 @@ void FrmReminder::showRows(const std::vector<DueEvent>& events)
         m_selectedEventKey = 0;
     else
         m_list.mark(selected);
+}
+
+void FrmReminder::showNote()
+{
+    QString note = m_failure;
+    if (note.isEmpty() && m_list.rowCount() == 0)
+        note = tr("No event is listed. \"Look now\" shows what is due.");
+    m_form.setText(u"lblNote"_s, note);
+    for (const QString& control : {u"lblNote"_s, u"cmdCheck"_s})
+        m_form.setVisible(control, !note.isEmpty());
 }
 
 void FrmReminder::noteLook(const std::vector<DueEvent>& events)

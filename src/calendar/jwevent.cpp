@@ -43,6 +43,13 @@ std::optional<JWevent> JWevent::fromRow(const RecordSet& row)
                    .complete = row.text(u"Complete")};
 }
 
+EventOwners EventOwners::fromRow(const RecordSet& row)
+{
+    return {.contact = row.key(u"ContactKey").value_or(0),
+            .company = row.key(u"CompanyKey").value_or(0),
+            .position = row.key(u"PositionKey").value_or(0)};
+}
+
 std::optional<EventRows> readEvents(DataJW& dataJW)
 {
     RecordSet rows = dataJW.getEventAll();
@@ -57,8 +64,7 @@ std::optional<EventRows> readEvents(DataJW& dataJW)
             ++read.unreachable;
             continue;
         }
-        const EventOwners owners{rows.key(u"ContactKey").value_or(0), rows.key(u"CompanyKey").value_or(0)};
-        if (owners.contact != 0 || owners.company != 0)
+        if (const EventOwners owners = EventOwners::fromRow(rows); owners != EventOwners{})
             read.owners.insert(event->eventKey, owners);
         const QTime start = event->startTime();
         timed.emplace_back(start, *std::move(event));

@@ -46,13 +46,18 @@ struct JWevent
     static std::optional<JWevent> fromRow(const RecordSet& row);
 };
 
-/// Whom an entry is with, by key; 0 for nobody.
+/// Whom an entry is with and for which position, by key; 0 for none.
 struct EventOwners
 {
     Key contact = 0;
     Key company = 0;
+    Key position = 0;
+
+    bool operator==(const EventOwners&) const = default;
+    /// Those of the row at which @p row stands; a key that is none is 0.
+    static EventOwners fromRow(const RecordSet& row);
 };
-using EventOwnersByKey = QHash<Key, EventOwners>; ///< by the entry's key; those with nobody are not in it
+using EventOwnersByKey = QHash<Key, EventOwners>; ///< by the entry's key; those with none are not in it
 
 /// The Event table as it was read.
 struct EventRows

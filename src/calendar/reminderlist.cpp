@@ -1,5 +1,6 @@
 #include "calendar/reminderlist.h"
 
+#include "calendar/jwevent.h"
 #include "store/datajw.h"
 
 #include <QCoreApplication>
@@ -70,14 +71,6 @@ private:
     QHash<Key, QString> m_known;
 };
 
-/// What a listed event belongs to.
-struct Links
-{
-    Key contact = 0;
-    Key position = 0;
-    Key company = 0;
-};
-
 /// Walks the rows of all events; columns are found once, as there may be thousands of rows.
 class Look
 {
@@ -100,6 +93,8 @@ public:
     DueEvents all()
     {
         m_found.looked = m_events.rowCount();
+        m_found.open.reserve(static_cast<size_t>(m_found.looked));
+        m_owners.reserve(m_found.open.capacity());
         for (; !m_events.atEnd() && m_found.failure.isEmpty(); m_events.next()) {
             // The store finds the kind in any case; an event is only what is written exactly so.
             if (text(EventType) == u"Event")
@@ -161,25 +156,34 @@ private:
             list(*eventKey, *verdict);
     }
 
+    [[nodiscard]] dates::Moment when(const ReminderVerdict& verdict) const
+    {
+        if (text(EventTime) != u"Nodate")
+            return {verdict.moment.date(), verdict.moment.time()};
+        const auto own = dates::parse(text(EventDate));
+        return {own && dates::isDay(own->date) ? own->date : QDate(), {}};
+    }
+
     void list(Key eventKey, const ReminderVerdict& verdict)
     {
-        m_found.open.push_back({eventKey, text(Event), text(Description), verdict, {}, {}, {}});
-        m_links.push_back(
-            {key(ContactKey).value_or(0), key(PositionKey).value_or(0), key(CompanyKey).value_or(0)});
+        m_found.open.push_back(
+            {eventKey, text(Event), text(Description), verdict, when(verdict), {}, {}, {}});
+        m_owners.push_back(
+            {key(ContactKey).value_or(0), key(CompanyKey).value_or(0), key(PositionKey).value_or(0)});
     }
 
     void nameThem()
     {
-        if (m_links.size() >= manyEvents) {
+        if (m_owners.size() >= manyEvents) {
             m_contacts.know(eventNames(m_dataJW, u"Contact"_s, {u"FirstName"_s, u"LastName"_s}));
             m_positions.know(eventNames(m_dataJW, u"Position"_s, {u"Title"_s}));
             m_companies.know(eventNames(m_dataJW, u"Company"_s, {u"Name"_s}));
         }
-        for (size_t i = 0; i < m_links.size(); ++i) {
+        for (size_t i = 0; i < m_owners.size(); ++i) {
             DueEvent& due = m_found.open[i];
-            due.contact = m_contacts(m_links[i].contact);
-            due.position = m_positions(m_links[i].position);
-            due.company = m_companies(m_links[i].company);
+            due.contact = m_contacts(m_owners[i].contact);
+            due.position = m_positions(m_owners[i].position);
+            due.company = m_companies(m_owners[i].company);
         }
     }
 
@@ -191,10 +195,15 @@ private:
     Names m_positions;
     Names m_companies;
     DueEvents m_found;
-    std::vector<Links> m_links; ///< of m_found.open, in its order
+    std::vector<EventOwners> m_owners; ///< of m_found.open, in its order
 };
 
 } // namespace
+
+QString DueEvent::whenText() const
+{
+    return when.date.isValid() ? dates::general(when) : tr("No Date");
+}
 
 DueEvents lookForDueEvents(DataJW& dataJW, const QDateTime& now)
 {

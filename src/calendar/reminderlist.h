@@ -1,6 +1,7 @@
 // The events that are due at a moment, as the store has them.
 #pragma once
 
+#include "base/dates.h"
 #include "base/key.h"
 #include "calendar/reminderrules.h"
 
@@ -18,9 +19,15 @@ struct DueEvent
     QString event;
     QString description;
     ReminderVerdict verdict;
+    /// Its own date, and its time of day when it has one. An event with "Nodate" for its time is judged by
+    /// the moment of the one before it, but that is not when it is. An invalid date for none.
+    dates::Moment when;
     QString contact; ///< names; empty when the event has none
     QString position;
     QString company;
+
+    /// When it is, as a person reads it: "11/23/2026 5:30:00 AM", "11/23/2026", "No Date".
+    [[nodiscard]] QString whenText() const;
 };
 
 /// What one look at all events found.

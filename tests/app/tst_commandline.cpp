@@ -178,7 +178,7 @@ private slots:
             "Description,EventType,Complete) Values('%1','%2','%3','PM','1','%4','gate, 2','%5','')"_s;
         query(folder.path(), {event.arg(u"Interview"_s, u"3/15/2020"_s, u"1:30"_s, u"24"_s, u"Event"_s),
                               event.arg(u"Referral"_s, u"3/2/2020"_s, u"9:00"_s, u"0"_s, u"Event"_s),
-                              event.arg(u"Other Event"_s, u"4/1/2020"_s, u"9:00"_s, u"0"_s, u"Event"_s),
+                              event.arg(u"Other Event"_s, u"4/1/2020"_s, u"Nodate"_s, u"0"_s, u"Event"_s),
                               event.arg(u"Call back"_s, u"12/31/1999"_s, QString(), u"0"_s, u"Task"_s),
                               u"Insert into Company(Name) Values('Larch')"_s,
                               u"Update Event set CompanyKey=1 where Event='Interview'"_s});
@@ -199,6 +199,8 @@ private slots:
         QCOMPARE(due.size(), 3);
         QCOMPARE(due.at(1)[u"event"].toString() + due.at(1)[u"urgency"].toString(), u"Interviewoverdue"_s);
         QVERIFY(due.at(1)[u"timeLeft"].toString().endsWith(u" hrs"_s));
+        QCOMPARE(due.at(1)[u"when"].toString() + u' ' + due.at(2)[u"when"].toString(),
+                 u"2020-03-15 13:30:00 2020-04-01"_s);
         QVERIFY(content(folder.filePath(u"Postledger.db"_s)) == before);
         query(folder.path(), {u"Update Event set EventTime='noon'"_s});
         const Outcome broken = run(folder.path(), {u"due"_s});

@@ -138,7 +138,7 @@ private slots:
         bench.calendar.openEntry(u"A1"_s);
         bench.calendar.flipTask(u"A1"_s);
         QCOMPARE(bench.tasks(), u"A1 Thank 11/21 completed"_s);
-        QCOMPARE(bench.calendar.completeCaption(), u"Complete"_s);
+        QCOMPARE(bench.calendar.frame().completeCaption(), u"Complete"_s);
         bench.calendar.flipTask(u"A1"_s);
         QCOMPARE(bench.tasks(), u"A1 Thank 11/21 overdue"_s);
         bench.calendar.flipTask(u"A2"_s); // no task

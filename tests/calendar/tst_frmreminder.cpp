@@ -135,6 +135,22 @@ private slots:
         QCOMPARE(desk.listed() + desk.world.errorLog(), QString());
     }
 
+    void untimedEventShowsItsOwnDate()
+    {
+        Desk desk;
+        desk.addEvent(u"Before"_s, -48);
+        desk.addEvent(u"Untimed"_s, 0, u"24"_s, u"EventTime='Nodate'"_s);
+        desk.addEvent(u"Undated"_s, 0, u"24"_s, u"EventTime='Nodate',EventDate='12/31/1999'"_s);
+        desk.frm->checkEvents();
+        QStringList shown;
+        for (const ListRow& row : desk.frm->lvwRemind().rows())
+            shown.append(row.texts.at(0) + u' ' + row.texts.at(2));
+        QCOMPARE(shown, (QStringList{u"Undated No Date"_s, u"Before 11/20/2026 9:30:00 AM"_s,
+                                     u"Untimed 11/22/2026"_s}));
+        // How long it is until then counts from the moment before it.
+        QCOMPARE(desk.frm->lvwRemind().rows().at(2).texts.at(6), u"-48 hrs"_s);
+    }
+
     void busyDialogLosesTheLook()
     {
         Desk desk;
@@ -253,16 +269,57 @@ private slots:
         QSignalSpy forward(desk.frm.get(), &FrmReminder::cameForward);
         desk.calendar->load();
         desk.frm->open(u'A' + QString::number(due));
-        desk.calendar->chooseFormat(u"Meeting"_s);
+        desk.calendar->frame().chooseFormat(u"Meeting"_s);
         desk.calendar->cmdAdd1();
         desk.select(desk.world.data().getLastEventAddedKey());
         desk.frm->cmdOk();
         QCOMPARE(desk.cells(u"Select EventKey,Complete from Event"_s), u"2|OkEvent"_s);
         QCOMPARE(forward.count(), 0); // nobody loses the keyboard to it
         desk.calendar->openEvent(desk.world.data().getLastEventAddedKey());
-        desk.calendar->chooseFormat(u"Phone"_s);
+        desk.calendar->frame().chooseFormat(u"Phone"_s);
         desk.calendar->cmdAdd1();
         QVERIFY(!desk.frm->isVisible()); // a hidden one does not come up by it
+    }
+
+    void changeInTheCalendarReachesTheList_data()
+    {
+        using Change = std::function<void(Desk&)>;
+        columns<Change, QString>("change", "left");
+        QTest::newRow("removed") << Change([](Desk& desk) {
+            desk.world.prompts.expect(u"Are you sure"_s, Answer::Yes);
+            desk.calendar->removeEntry(u"EV2"_s);
+        }) << QString();
+        QTest::newRow("moved") << Change([](Desk& desk) {
+            desk.calendar->dropOn(u"EV2"_s, {2026, 12, 1});
+        }) << QString();
+        QTest::newRow("closed") << Change([](Desk& desk) {
+            desk.calendar->openEntry(u"EV2"_s);
+            desk.calendar->form().edit(u"chkComplete"_s, u"1"_s);
+            desk.calendar->cmdAdd1();
+        }) << QString();
+        QTest::newRow("another one") << Change([](Desk& desk) {
+            desk.calendar->dropOn(u"EV3"_s, {2026, 12, 1});
+        }) << u"Second"_s;
+    }
+    void changeInTheCalendarReachesTheList()
+    {
+        using Change = std::function<void(Desk&)>;
+        QFETCH(Change, change);
+        QFETCH(QString, left);
+        Desk desk;
+        const Key first = desk.addEvent(u"First"_s, 1);
+        desk.addEvent(u"Second"_s, 2);
+        desk.addEvent(u"Later"_s, 72);
+        desk.frm->tick();
+        desk.select(first);
+        desk.frm->cmdSnooze();
+        desk.calendar->load();
+        change(desk);
+        QCOMPARE(desk.listed(), left); // without the one put off
+        QCOMPARE(desk.frm->isVisible(), !left.isEmpty());
+        QCOMPARE(desk.frm->timer1Enabled(), left.isEmpty()); // else nothing would ever come by itself again
+        desk.frm->checkEvents();
+        QVERIFY(desk.listed().startsWith(u"First"_s));
     }
 
     void okWithoutARecordPutsOff()

@@ -164,6 +164,28 @@ private slots:
         QVERIFY(!m_bench->find(u"imgFormat"_s)->isVisible());
     }
 
+    void chosenExtraIsShownAndCanBeTakenBack()
+    {
+        m_bench->open();
+        m_bench->press(Qt::Key_N);
+        auto* button = m_bench->find<ChoiceButton>(u"imgOther1"_s);
+        const auto offered = [button] {
+            QStringList texts;
+            for (const QAction* action : button->menu()->actions()) {
+                if (action->isVisible())
+                    texts += action->text() + (action->isChecked() ? u"*" : u"");
+            }
+            return texts.join(u',');
+        };
+        QCOMPARE(offered(), u"Other,Meal,Formal Dress"_s); // nothing is there to be taken back
+        button->menu()->actions().first()->trigger();
+        QCOMPARE(offered(), u"Other*,Meal,Formal Dress,None"_s);
+        QVERIFY(!button->icon().isNull());
+        QCOMPARE(m_bench->text(u"txtEvDescription"_s), u"Other"_s);
+        button->menu()->actions().last()->trigger();
+        QCOMPARE(offered() + m_bench->text(u"txtEvDescription"_s), u"Other,Meal,Formal Dress"_s);
+    }
+
     void refusedOwnerIsToldAndNotShown_data()
     {
         QTest::addColumn<QString>("name");

@@ -70,7 +70,7 @@ std::function<void()> prepared(Presenters& presenters, const QString& kind)
     if (kind == u"event") {
         presenters.calendar.load();
         presenters.calendar.openEvent(1);
-        presenters.calendar.chooseCompany(u"Own3"_s);
+        presenters.calendar.frame().chooseOwner(u"lblCompany"_s, u"Own3"_s);
         return changed(presenters.calendar, u"txtEvDescription"_s, &FrmEvCal::cmdAdd1);
     }
     FrmHistory& history = presenters.history;

@@ -9,6 +9,7 @@
 #include "views/common/look.h"
 #include "views/common/windowstate.h"
 
+#include <QAbstractItemView>
 #include <QCloseEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -35,10 +36,10 @@ std::vector<ChoiceButton::Choice> withPictures(const std::vector<EventChoice>& c
                                                bool canBeNone = false)
 {
     std::vector<ChoiceButton::Choice> pictured;
-    if (canBeNone)
-        pictured.push_back({});
     for (const EventChoice& choice : choices)
         pictured.push_back({choice.text, eventicons::named(choice.icon)});
+    if (canBeNone)
+        pictured.push_back({});
     return pictured;
 }
 
@@ -113,8 +114,8 @@ void CalendarView::dressTexts()
     // The longest month's name decides, so that the arrows stay under the mouse that steps.
     int widest = 0;
     for (int month = 1; month <= 12; ++month)
-        widest = std::max(widest,
-                          QFontMetrics(large).horizontalAdvance(FrmEvCal::monthTitle(QDate(2000, month, 1))));
+        widest = std::max(
+            widest, QFontMetrics(large).horizontalAdvance(MonthPage::monthTitle(QDate(2000, month, 1))));
     m_ui->lblMonth->setFixedWidth(widest);
     m_ui->lblMonth->setAlignment(Qt::AlignCenter);
     m_ui->cmdLast->setIcon(eventicons::named(u"previous"_s));
@@ -123,8 +124,10 @@ void CalendarView::dressTexts()
     m_ui->cmdNewTask->setIcon(icons::named(u"view-task"_s));
     m_ui->cmdAdd1->setIcon(icons::named(u"document-save"_s));
     m_ui->cmdRemove1->setIcon(icons::named(u"edit-delete"_s));
-    for (QComboBox* box : {m_ui->txtEvTimeS, m_ui->txtEvTimeN, m_ui->txtRemind})
+    for (QComboBox* box : {m_ui->txtEvTimeS, m_ui->txtEvTimeN, m_ui->txtRemind}) {
         box->setInsertPolicy(QComboBox::NoInsert);
+        box->view()->setObjectName(box == m_ui->txtRemind ? u"lstRemind"_s : u"lstTime"_s);
+    }
     for (OwnerSelector* box : {m_ui->lblCompany, m_ui->lblContact, m_ui->lblPosition}) {
         box->setMinimumContentsLength(16);
         box->lineEdit()->setPlaceholderText(tr("None"));
@@ -147,13 +150,14 @@ void CalendarView::fillChoices()
     m_ui->imgOther2->setChoices({}, withPictures(eventchoices::others(), true));
     for (ChoiceButton* button : {m_ui->imgEventType, m_ui->imgOther1, m_ui->imgOther2})
         button->setPictureOnly();
-    connect(m_ui->imgEventType, &ChoiceButton::chosen, &m_presenter, &FrmEvCal::chooseEventType);
-    connect(m_ui->imgFormat, &ChoiceButton::chosen, &m_presenter, &FrmEvCal::chooseFormat);
-    connect(m_ui->imgPriority, &ChoiceButton::chosen, &m_presenter, &FrmEvCal::choosePriority);
+    EventFrame& frame = m_presenter.frame();
+    connect(m_ui->imgEventType, &ChoiceButton::chosen, &frame, &EventFrame::chooseEventType);
+    connect(m_ui->imgFormat, &ChoiceButton::chosen, &frame, &EventFrame::chooseFormat);
+    connect(m_ui->imgPriority, &ChoiceButton::chosen, &frame, &EventFrame::chooseFormat);
     connect(m_ui->imgOther1, &ChoiceButton::chosen, this,
-            [this](const QString& text) { m_presenter.chooseOther(1, text); });
+            [&frame](const QString& text) { frame.chooseOther(1, text); });
     connect(m_ui->imgOther2, &ChoiceButton::chosen, this,
-            [this](const QString& text) { m_presenter.chooseOther(2, text); });
+            [&frame](const QString& text) { frame.chooseOther(2, text); });
 }
 
 void CalendarView::connectGrid()
@@ -209,9 +213,8 @@ void CalendarView::connectTasks()
 
 void CalendarView::connectFrame()
 {
-    connectSelector(*m_ui->lblCompany, &FrmEvCal::chooseCompany);
-    connectSelector(*m_ui->lblContact, &FrmEvCal::chooseContact);
-    connectSelector(*m_ui->lblPosition, &FrmEvCal::choosePosition);
+    for (OwnerSelector* box : {m_ui->lblCompany, m_ui->lblContact, m_ui->lblPosition})
+        connectSelector(*box);
     connect(new QShortcut(QKeySequence::Save, this), &QShortcut::activated, m_ui->cmdAdd1,
             &QAbstractButton::click);
     connect(&m_presenter.form(), &Form::focusRequested, this, [this](const QString& control) {
@@ -229,12 +232,15 @@ void CalendarView::connectFrame()
         field->installEventFilter(this);
 }
 
-void CalendarView::connectSelector(OwnerSelector& box, void (FrmEvCal::*choose)(const QString&))
+void CalendarView::connectSelector(OwnerSelector& box)
 {
     const QString control = box.objectName();
+    const auto choose = [this, control](const QString& name) {
+        m_presenter.frame().chooseOwner(control, name);
+    };
     const auto show = [this, control] { renderControl(control); };
     connect(&box, &OwnerSelector::chosen, this, [this, choose, show](const QString& name) {
-        std::invoke(choose, m_presenter, name);
+        choose(name);
         show(); // a choice that was refused, too
         // The list of matches writes its name into the box after telling it.
         QMetaObject::invokeMethod(this, show, Qt::QueuedConnection);
@@ -245,14 +251,14 @@ void CalendarView::connectSelector(OwnerSelector& box, void (FrmEvCal::*choose)(
     connect(
         &box, &OwnerSelector::emptyOpened, this,
         [this, &box] {
-            if (&box == m_ui->lblCompany || m_presenter.mayListPeople())
+            if (&box == m_ui->lblCompany || m_presenter.frame().mayListPeople())
                 box.openList();
         },
         Qt::QueuedConnection); // the press that opens is over before a message comes
     // An emptied box chooses nobody.
-    connect(box.lineEdit(), &QLineEdit::textEdited, this, [this, choose](const QString& typed) {
+    connect(box.lineEdit(), &QLineEdit::textEdited, this, [choose](const QString& typed) {
         if (typed.isEmpty())
-            std::invoke(choose, m_presenter, QString());
+            choose({});
     });
 }
 
@@ -273,7 +279,7 @@ void CalendarView::orderTabs()
         QWidgetList stops{widget};
         if (widget == m_ui->grdMonth) {
             stops.clear();
-            for (int index = 0; index < FrmEvCal::cellCount; ++index)
+            for (int index = 0; index < MonthPage::cellCount; ++index)
                 stops.append(widget->findChild<QWidget*>(u"lvwDay%1"_s.arg(index)));
         }
         for (QWidget* stop : stops) {
@@ -300,7 +306,7 @@ void CalendarView::settleTyped()
 
 void CalendarView::holdTyped(const QString& control, const QString& typed)
 {
-    m_presenter.holdUnknown(control, typed);
+    m_presenter.frame().holdUnknown(control, typed);
     renderControl(control);
     m_untold = control;
     // A message in the middle of a press on some button would leave the button down.
@@ -311,7 +317,7 @@ void CalendarView::tellTyped()
 {
     const QString control = std::exchange(m_untold, {});
     if (!control.isEmpty())
-        m_presenter.tellUnknown(control);
+        m_presenter.frame().tellUnknown(control);
 }
 
 bool CalendarView::eventFilter(QObject* watched, QEvent* event)
@@ -362,7 +368,7 @@ void CalendarView::renderFrame()
 {
     const bool open = m_presenter.isFrameOpen();
     m_ui->stkFrame->setCurrentWidget(open ? m_ui->frmeEventData : m_ui->pnlEmpty);
-    m_ui->lblFrameDay->setText(m_presenter.frameHeading());
+    m_ui->lblFrameDay->setText(m_presenter.frame().heading());
     // The selectors tell their changes themselves; filled anew here they would lose what is being typed.
     for (const auto& control :
          {u"txtEvName"_s, u"txtFormat"_s, u"imgOther1"_s, u"imgOther2"_s, u"imgReminder"_s, u"chkComplete"_s})
@@ -388,7 +394,7 @@ void CalendarView::renderControl(const QString& control)
         m_ui->imgReminder->setChecked(text == "1"_L1);
         m_ui->imgReminder->setIcon(eventicons::named(text == "1"_L1 ? u"Reminder"_s : u"Nobell"_s));
     } else if (control == "chkComplete"_L1)
-        m_ui->chkComplete->setText(m_presenter.completeCaption());
+        m_ui->chkComplete->setText(m_presenter.frame().completeCaption());
     else if (auto* box = findChild<OwnerSelector*>(control)) {
         box->showChosen(text);
         box->setEnabled(form.isEnabled(control));

@@ -42,7 +42,7 @@ private:
     void connectGrid();
     void connectTasks();
     void connectFrame();
-    void connectSelector(OwnerSelector& box, void (FrmEvCal::*choose)(const QString&));
+    void connectSelector(OwnerSelector& box);
     void connectTurn(TurnButton& button, void (FrmEvCal::*turn)());
     void orderTabs();
     void fitScreen();

@@ -78,8 +78,12 @@ void ChoiceButton::showChoice(const QString& text, const QIcon& picture)
                                                          : Qt::ToolButtonTextBesideIcon);
     setText(m_pictureOnly ? u"–"_s : QString(words).replace(u'&', u"&&"_s));
     const auto actions = menu()->actions();
-    for (QAction* action : actions)
-        action->setChecked(action->isCheckable() && action->data().toString() == text);
+    for (QAction* action : actions) {
+        const QString choice = action->data().toString();
+        action->setChecked(action->isCheckable() && choice == text);
+        // What takes a choice back is offered while there is one.
+        action->setVisible(action->isSeparator() || !choice.isEmpty() || !text.isEmpty());
+    }
 }
 
 QSize ChoiceButton::sizeHint() const

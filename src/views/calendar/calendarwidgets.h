@@ -41,7 +41,8 @@ public:
 
     explicit ChoiceButton(QWidget* parent = nullptr);
 
-    /// @p header stands above the choices; may be empty.
+    /// @p header stands above the choices; may be empty. A choice without a text is none, to take back what
+    /// is chosen.
     void setChoices(const QString& header, const std::vector<Choice>& choices);
     /// Shows a choice by its text; a text that is no choice has @p picture.
     void showChoice(const QString& text, const QIcon& picture = {});

@@ -1,7 +1,7 @@
 // One day of the month's grid, with its events as chips.
 #pragma once
 
-#include "calendar/frmevcal.h"
+#include "calendar/monthpage.h"
 
 #include <QWidget>
 

@@ -141,6 +141,8 @@ void DayList::paintGround(QPainter& painter) const
     }
 }
 
+/// The cell's first item, "Ldate": drawn, as it is neither opened nor dragged, and the press on it is the
+/// day's.
 void DayList::paintLabel(QPainter& painter) const
 {
     const QString number = QString::number(m_content.date.day());

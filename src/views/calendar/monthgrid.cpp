@@ -41,7 +41,7 @@ MonthGrid::MonthGrid(QWidget* parent)
         m_layout->setColumnStretch(column, 1);
         m_headings[static_cast<size_t>(column)] = heading;
     }
-    for (int index = 0; index < FrmEvCal::cellCount; ++index)
+    for (int index = 0; index < MonthPage::cellCount; ++index)
         buildDay(index);
     labelDays();
 }

@@ -17,7 +17,7 @@ class MonthGrid : public QWidget
     Q_OBJECT
 
 public:
-    using Days = std::array<DayCell, FrmEvCal::cellCount>;
+    using Days = std::array<DayCell, MonthPage::cellCount>;
 
     explicit MonthGrid(QWidget* parent = nullptr);
 
@@ -60,7 +60,7 @@ private:
 
     ChipLook m_look;
     QGridLayout* m_layout;
-    std::array<DayList*, FrmEvCal::cellCount> m_days{};
+    std::array<DayList*, MonthPage::cellCount> m_days{};
     std::array<QLabel*, 7> m_headings{};
     QDate m_first;
     QDate m_chosen;

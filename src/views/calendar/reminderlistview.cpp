@@ -43,6 +43,7 @@ QVariant ink(const QString& urgency)
     return {};
 }
 
+/// The pictures of the list (ImageList1) come from the program's resources, by the urgency's name.
 QIcon picture(const QString& urgency)
 {
     static const bool loaded = (loadReminderPictures(), true);

@@ -34,7 +34,7 @@ ReminderView::ReminderView(FrmReminder& presenter, QSettings& layout, QWidget* p
     , m_rows(new UrgencyModel(this))
 {
     m_ui->setupUi(this);
-    look::dress(*this);
+    look::dress(*this); // the frame moves the window: imgdragbar is left with being its heading
     resize(fontMetrics().averageCharWidth() * 172, fontMetrics().height() * 18);
     setUpList();
     windowstate::restore(*this, m_layout);

@@ -1,0 +1,102 @@
+// The editing frame: storing what it holds.
+#include "base/dates.h"
+#include "calendar/eventframe.h"
+#include "calendar/eventstore.h"
+#include "calendar/ticks.h"
+#include "store/datajw.h"
+#include "store/session.h"
+#include "store/storecheck.h"
+
+using namespace Qt::StringLiterals;
+
+bool EventFrame::mayBeSaved()
+{
+    std::optional<FrameTrouble> trouble = m_times.trouble();
+    if (!trouble && m_notes.isTooLong())
+        trouble = {u"txtEvDescription"_s, tr("The description is too long to be saved. Please shorten it.")};
+    if (!trouble)
+        return haveKeys(m_session, {u"Event"_s});
+    m_session.msgBox(trouble->words);
+    m_form.requestFocus(trouble->control);
+    return false;
+}
+
+EventFrame::Saved EventFrame::save()
+{
+    m_people.nameChanged();
+    if (!mayBeSaved())
+        return {};
+    std::optional<EventOwners> owners = m_people.owners();
+    if (!owners)
+        return {};
+    const bool placeholder = m_people.wantsPlaceholder(*owners);
+    if (placeholder && !haveKeys(m_session, {u"Position"_s}))
+        return {};
+
+    DataJW& dataJW = m_session.dataJW();
+    Action action(dataJW);
+    const QString title =
+        placeholder ? eventstore::addPlaceholder(m_session, m_people.company(), *owners) : QString();
+    eventstore::Replaced replaced = eventstore::replaceRows(dataJW, m_rows, entry(), *owners);
+    const Key newKey = replaced.inserted ? dataJW.getLastEventAddedKey() : Key(0);
+    // Without its end on the disk the store is as it was, and what was typed stays in the frame for another
+    // try.
+    if (!action.commit())
+        return {};
+    if (!title.isEmpty())
+        m_people.showPosition(title);
+    return settle(replaced.inserted, newKey, std::move(replaced.left));
+}
+
+EventFrame::Saved EventFrame::settle(bool inserted, Key newKey, std::vector<Key> left)
+{
+    const bool whole = inserted && left.empty();
+    if (newKey > 0)
+        left.push_back(newKey);
+    m_rows = std::move(left);
+    m_form.setEnabled(u"cmdRemove1"_s, !m_rows.empty());
+    // Else the old row is gone and the new one did not get in, or both are there: the frame stands for what
+    // is left, and another save makes one row of it.
+    m_dirty = !whole;
+    if (!whole)
+        return {.written = true,
+                .key = newKey,
+                .trouble = inserted ? tr("The earlier version of this entry could not be removed. Please "
+                                         "save again.")
+                                    : tr("The entry could not be stored. All that you entered is still in "
+                                         "its frame: please save it again.")};
+    if (isStoredAsTask() && !ticks::isOn(m_form, u"chkTask"_s)) {
+        showTask(true);
+        showMedium(mediumStored(), true);
+    }
+    // An entry that cannot be found again must not be added twice by another save.
+    if (newKey <= 0)
+        close();
+    return {.written = true, .key = newKey, .trouble = {}};
+}
+
+bool EventFrame::isStoredAsTask() const
+{
+    return ticks::isOn(m_form, u"chkTask"_s) || m_times.isTimeless();
+}
+
+QString EventFrame::mediumStored() const
+{
+    const QString shown = m_form.text(u"txtFormat"_s);
+    return shown.isEmpty() && isStoredAsTask() ? m_otherMedium : shown;
+}
+
+JWevent EventFrame::entry() const
+{
+    JWevent entry;
+    const bool task = isStoredAsTask();
+    entry.eventType = task ? u"Task"_s : u"Event"_s;
+    entry.eventDate = isNoDate() ? dates::sentinel : m_date;
+    entry.eventName = m_form.text(u"txtEvName"_s);
+    entry.eventDescription = m_notes.text();
+    entry.medium = mediumStored();
+    if (ticks::isOn(m_form, u"chkComplete"_s))
+        entry.complete = task ? u"Complete"_s : u"OkEvent"_s;
+    m_times.store(entry);
+    return entry;
+}
