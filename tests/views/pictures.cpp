@@ -7,6 +7,7 @@
 #include "store/demo.h"
 #include "views/calendar/calendarview.h"
 #include "views/calendar/reminderview.h"
+#include "views/common/housestyle.h"
 #include "views/history/historyview.h"
 #include "views/intake/autoparseview.h"
 #include "views/palettes.h"
@@ -197,6 +198,7 @@ int main(int argc, char** argv)
         return 2;
     }
     QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
+    HouseStyle::install();
     QApplication::setPalette(arguments.at(2) == "dark"_L1 ? palettes::dark() : palettes::light());
     QFont font = QApplication::font();
     font.setPointSize(10);
