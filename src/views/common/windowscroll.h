@@ -1,6 +1,7 @@
 // What a window holds, on a screen that may be too small for it.
 #pragma once
 
+#include <QApplication>
 #include <QEvent>
 #include <QScreen>
 #include <QScrollArea>
@@ -16,6 +17,12 @@ public:
         : QScrollArea(parent)
     {
         setFrameShape(QFrame::NoFrame);
+        // Whatever key leads to a control, it is seen; under the mouse nothing moves.
+        connect(qApp, &QApplication::focusChanged, this, [this](const QWidget*, QWidget* now) {
+            if (now && widget() && widget()->isAncestorOf(now) &&
+                QApplication::mouseButtons() == Qt::NoButton)
+                ensureWidgetVisible(now);
+        });
     }
 
     [[nodiscard]] QSize minimumSizeHint() const override

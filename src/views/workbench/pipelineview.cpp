@@ -194,6 +194,10 @@ void PipelineView::dressTexts()
     large.setPointSizeF(large.pointSizeF() * 1.5);
     for (QLabel* label : {m_ui->txtPosition, m_ui->lblChoose})
         label->setFont(large);
+    // The steps stay where they are while there is no next one to tell of.
+    QSizePolicy policy = m_ui->pnlNext->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    m_ui->pnlNext->setSizePolicy(policy);
 }
 
 // --- What happens in the tree -----------------------------------------------------------------------------
@@ -248,6 +252,7 @@ void PipelineView::render()
     m_ui->lblChoose->setVisible(!chosen);
     for (QLabel* label : {m_ui->lblPosEntered, m_ui->lblPosExpiry, m_ui->lblNextStep})
         label->setVisible(chosen);
+    m_ui->pnlNext->setVisible(chosen);
     // The step that comes next stands out among the eleven, whatever gaps lie before it.
     size_t next = 0;
     for (size_t index = 0; index < m_ticks.size(); ++index)

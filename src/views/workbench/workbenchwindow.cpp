@@ -40,6 +40,9 @@ WorkbenchWindow::WorkbenchWindow(FrmData& presenter, QSettings& layout)
 {
     m_ui->setupUi(this);
     look::dress(*this);
+    // The selector stays where it is when the word before it changes.
+    m_ui->Label45->setMinimumWidth(m_ui->Label45->fontMetrics().horizontalAdvance(tr("Category")) +
+                                   fontMetrics().height());
     buildFrames();
     buildTabs();
     buildTools();
@@ -54,6 +57,10 @@ WorkbenchWindow::WorkbenchWindow(FrmData& presenter, QSettings& layout)
     render();
     const QSize wanted(fontMetrics().averageCharWidth() * 190, fontMetrics().height() * 52);
     resize(wanted.boundedTo(screen()->availableSize()));
+    // Where lines are few, the words of the tools stand in their tool tips only.
+    constexpr int fewLines = 40;
+    if (screen()->availableSize().height() < fontMetrics().height() * fewLines)
+        m_ui->tbar->setToolButtonStyle(Qt::ToolButtonIconOnly);
     windowstate::restore(*this, m_layout);
     m_ui->cmbSelection->setFocus();
 }
@@ -400,6 +407,7 @@ void WorkbenchWindow::renderCompanyLabel()
 {
     const bool category = m_presenter.companyLabel() == CompanyLabel::Category;
     m_ui->Label45->setAutoFillBackground(category);
+    m_ui->Label45->setAlignment(category ? Qt::AlignCenter : Qt::AlignLeft | Qt::AlignVCenter);
     m_ui->Label45->setBackgroundRole(category ? QPalette::Highlight : QPalette::NoRole);
     m_ui->Label45->setForegroundRole(category ? QPalette::HighlightedText : QPalette::NoRole);
 }
