@@ -30,6 +30,12 @@ public:
         const QSize room = screen()->availableSize();
         return leastContent().boundedTo({room.width() * 9 / 10, room.height() * 3 / 5});
     }
+    [[nodiscard]] QSize sizeHint() const override
+    {
+        const QSize room = screen()->availableSize();
+        return widget() ? widget()->sizeHint().boundedTo({room.width() * 9 / 10, room.height() * 3 / 4})
+                        : QSize();
+    }
 
 protected:
     void resizeEvent(QResizeEvent* event) override
