@@ -5,6 +5,9 @@
 #include <QApplication>
 #include <QStyleOption>
 
+#include <algorithm>
+#include <cmath>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -17,14 +20,45 @@ bool isDark(const QPalette& palette)
     return palette.color(QPalette::Window).lightness() < middle;
 }
 
+/// How bright a colour is to the eye, 0 to 1 (the relative luminance of WCAG 2.1).
+double luminance(const QColor& colour)
+{
+    const auto linear = [](float part) {
+        return part <= 0.04045F ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+           0.0722 * linear(colour.blueF());
+}
+
+double contrast(const QColor& one, const QColor& other)
+{
+    const double first = luminance(one) + 0.05;
+    const double second = luminance(other) + 0.05;
+    return std::max(first, second) / std::min(first, second);
+}
+
+/// What is seen of a colour of which so much lies over the ground.
+QColor over(const QColor& ground, const QColor& colour, double share)
+{
+    const auto mixed = [share](int below, int above) { return qRound(below + (above - below) * share); };
+    return QColor(mixed(ground.red(), colour.red()), mixed(ground.green(), colour.green()),
+                  mixed(ground.blue(), colour.blue()));
+}
+
+/// The quiet colour itself where it can be read, else as much of the text's colour as that takes.
+QColor readable(const QColor& quiet, const QColor& text, const QColor& ground, double least)
+{
+    QColor seen = over(ground, quiet, static_cast<double>(quiet.alphaF()));
+    for (int percent = 20; contrast(seen, ground) < least && percent <= 100; percent += 2)
+        seen = over(ground, text, percent / 100.0);
+    return seen;
+}
+
 /// A window's colour that Fusion darkens to a frame which stands out by three to one.
 QColor windowForFrames(const QPalette& palette)
 {
-    const QColor text = palette.color(QPalette::WindowText);
-    const QColor window = palette.color(QPalette::Window);
-    const auto between = [](int from, int to) { return (3 * from + 2 * to) / 5; };
-    return QColor(between(window.red(), text.red()), between(window.green(), text.green()),
-                  between(window.blue(), text.blue()))
+    constexpr double share = 0.4;
+    return over(palette.color(QPalette::Window), palette.color(QPalette::WindowText), share)
         .lighter(fusionsShade);
 }
 
@@ -67,6 +101,22 @@ void HouseStyle::install()
     if (QApplication::style()->name() == "fusion"_L1)
         QApplication::setStyle(new HouseStyle(u"fusion"_s));
     QApplication::setWindowIcon(icons::ofProgram());
+}
+
+void HouseStyle::polish(QPalette& palette)
+{
+    QProxyStyle::polish(palette);
+    constexpr double leastForText = 4.5;
+    constexpr double leastForDisabled = 3;
+    const QColor ground = palette.color(QPalette::Active, QPalette::Window);
+    const QColor text = palette.color(QPalette::Active, QPalette::WindowText);
+    for (const auto group : {QPalette::Active, QPalette::Inactive})
+        palette.setColor(
+            group, QPalette::PlaceholderText,
+            readable(palette.color(group, QPalette::PlaceholderText), text, ground, leastForText));
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role,
+                         readable(palette.color(QPalette::Disabled, role), text, ground, leastForDisabled));
 }
 
 void HouseStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
