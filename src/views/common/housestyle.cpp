@@ -145,8 +145,15 @@ void HouseStyle::drawComplexControl(ComplexControl control, const QStyleOptionCo
         QProxyStyle::drawComplexControl(control, framed, painter, widget);
     };
     const QPalette& palette = widget ? widget->palette() : option->palette;
-    const bool drawn = isDark(palette) && (drawFramed<QStyleOptionComboBox>(option, palette, draw) ||
-                                           drawFramed<QStyleOptionSpinBox>(option, palette, draw));
+    bool drawn = false;
+    if (isDark(palette)) {
+        if (control == CC_ComboBox)
+            drawn = drawFramed<QStyleOptionComboBox>(option, palette, draw);
+        else if (control == CC_SpinBox)
+            drawn = drawFramed<QStyleOptionSpinBox>(option, palette, draw);
+        else if (control == CC_Slider)
+            drawn = drawFramed<QStyleOptionSlider>(option, palette, draw);
+    }
     if (!drawn)
         draw(option);
 }
