@@ -136,6 +136,7 @@ bool grabHistory(Scene& scene)
     scene.bench.world.session->outlookAvailable = true;
     history.load(scene.frm().selection().currentContactKey);
     HistoryView view(history, scene.layout);
+    view.resize(1050, 640);
     history.lvwHistoryClick(history.lvwHistory().rowCount() - 2);
     return show(view, scene.file);
 }
@@ -143,6 +144,7 @@ bool grabHistory(Scene& scene)
 bool grabReminder(Scene& scene)
 {
     ReminderView view(scene.frm().reminder(), scene.layout, &scene.window);
+    view.resize(1040, 270);
     scene.frm().reminder().checkEvents();
     return grab(view, scene.file);
 }
