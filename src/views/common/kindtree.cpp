@@ -57,6 +57,7 @@ KindTree::KindTree(QWidget* parent)
     setItemDelegate(new KindDelegate(this));
     setHeaderHidden(true);
     setUniformRowHeights(true);
+    setAllColumnsShowFocus(true);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     connect(this, &QAbstractItemView::doubleClicked, this, &KindTree::opened);
 }

@@ -178,28 +178,8 @@ void WorkbenchWindow::buildMenus()
         action->setEnabled(false);
         action->setToolTip(tr("%1: not part of this version").arg(QString(action->text()).remove(u'&')));
     }
-    const QList<std::pair<QAction*, QString>> pictures = {
-        {m_ui->Uprofile, u"user-identity"_s},
-        {m_ui->Goals, u"office-chart-bar"_s},
-        {m_ui->targets, u"flag"_s},
-        {m_ui->Events, u"view-calendar"_s},
-        {m_ui->ActionPlan, u"view-task"_s},
-        {m_ui->Reminder, u"appointment-reminder"_s},
-        {m_ui->ToolsOptions, u"configure"_s},
-        {m_ui->Keysearch, u"edit-find"_s},
-        {m_ui->HelpAll, u"help-contents"_s},
-        {m_ui->Documentation, u"edit-copy"_s},
-        {m_ui->PrintReport, u"document-print"_s},
-        {m_ui->FileImport, u"document-import"_s},
-        {m_ui->FileExport, u"document-export"_s},
-        {m_ui->RestoreData, u"document-revert"_s},
-        {m_ui->FilePrint, u"document-print"_s},
-        {m_ui->Preview, u"document-print-preview"_s},
-        {m_ui->FileExit, u"application-exit"_s},
-        {m_ui->HelpAbout, u"help-about"_s},
-    };
-    for (const auto& [action, picture] : pictures)
-        action->setIcon(icons::named(picture));
+    for (const auto& [entry, picture] : workbenchtools::menuIcons())
+        findChild<QAction*>(entry)->setIcon(icons::named(picture));
 }
 
 void WorkbenchWindow::buildStatusBar()
