@@ -16,6 +16,7 @@
 #include "store/session.h"
 #include "store/storecheck.h"
 #include "views/calendar/reminderview.h"
+#include "views/common/housestyle.h"
 #include "views/workbench/splashview.h"
 #include "views/workbench/workbenchwindow.h"
 #include "workbench/frmsplash.h"
@@ -182,6 +183,7 @@ int startWorkbench(int& argc, char** argv, const StartOptions& options)
     // No display name: Qt would append it to titles that begin with the program's name already.
     QApplication::setApplicationVersion(QStringLiteral(JOBWRIGHT_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("jobwright"));
+    HouseStyle::install();
 
     DesktopPrompts prompts;
     DesktopServices desktop;

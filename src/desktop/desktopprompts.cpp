@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QFileDialog>
+#include <QGridLayout>
 #include <QMessageBox>
 
 using namespace Qt::StringLiterals;
@@ -50,6 +51,17 @@ Choice choiceOf(Buttons buttons)
     return {QMessageBox::Ok, QMessageBox::Ok, QMessageBox::Ok, QMessageBox::Information};
 }
 
+/// A short text alone would make a box too narrow for its own title.
+void widenForTitle(QMessageBox& box)
+{
+    auto* grid = qobject_cast<QGridLayout*>(box.layout());
+    if (!grid)
+        return;
+    const int frame = 10 * box.fontMetrics().height(); // the buttons that a desktop puts there
+    grid->addItem(new QSpacerItem(box.fontMetrics().horizontalAdvance(box.windowTitle()) + frame, 0),
+                  grid->rowCount(), 0, 1, grid->columnCount());
+}
+
 Answer answerOf(int button)
 {
     switch (button) {
@@ -81,6 +93,7 @@ Answer DesktopPrompts::msgBox(const QString& text, Buttons buttons, const QStrin
     box.setStandardButtons(choice.buttons);
     box.setDefaultButton(choice.byDefault);
     box.setEscapeButton(choice.onEscape);
+    widenForTitle(box);
     return answerOf(box.exec());
 }
 

@@ -474,7 +474,7 @@ private slots:
         for (int i = 1; i <= 7; ++i)
             desk.addEvent(u"Event %1"_s.arg(i), i, u"0"_s);
         desk.end();
-        desk.world.setNow(start.addSecs(8 * 3600));
+        desk.world.setNow(start.addSecs(8LL * 3600));
         desk.begin();
         desk.frm->tick();
         QCOMPARE(notes.size(), 1);
@@ -496,7 +496,7 @@ private slots:
         Desk desk;
         desk.addEvent(u"Interview"_s, 1, u"0"_s);
         desk.frm->checkEvents();
-        desk.world.setNow(start.addSecs(2 * 3600));
+        desk.world.setNow(start.addSecs(2LL * 3600));
         desk.end();
         desk.begin(); // a short session that never looked
         desk.end();

@@ -59,7 +59,7 @@ private slots:
     {
         QFETCH(int, minutes);
         FETCH(QString, lead, result);
-        const auto verdict = ReminderRules(now).judge(at(now.addSecs(60 * minutes), lead));
+        const auto verdict = ReminderRules(now).judge(at(now.addSecs(60LL * minutes), lead));
         if (result == u"unreadable") {
             QVERIFY(!verdict);
             return;
@@ -107,7 +107,7 @@ private slots:
         const auto first = rules.judge(nodate);
         QCOMPARE(first->moment.date(), QDate(1899, 12, 30));
         QCOMPARE(first->urgency(), u"Overdue"_s);
-        QVERIFY(rules.judge(at(now.addSecs(2 * 3600), u"0"_s)));
+        QVERIFY(rules.judge(at(now.addSecs(2LL * 3600), u"0"_s)));
         const auto second = rules.judge(nodate);
         QCOMPARE(second->hours, 2);
         QCOMPARE(second->urgency(), u"unsel"_s);

@@ -30,7 +30,7 @@ void spoil(const QString& how, const QString& path)
     if (how.startsWith(u"size"))
         QVERIFY(file.resize(argument == u"half" ? file.size() / 2 : argument.toInt()));
     if (how == u"page")
-        QVERIFY(file.open(QIODevice::ReadWrite) && file.seek(4096 * 3) &&
+        QVERIFY(file.open(QIODevice::ReadWrite) && file.seek(4096LL * 3) &&
                 file.write(QByteArray(4096, '\x5a')) == 4096);
     if (how == u"gone text")
         QVERIFY(file.open(QIODevice::WriteOnly) && file.write(QByteArray("my notes ").repeated(20)) > 100);

@@ -7,6 +7,7 @@
 #include "store/demo.h"
 #include "views/calendar/calendarview.h"
 #include "views/calendar/reminderview.h"
+#include "views/common/housestyle.h"
 #include "views/history/historyview.h"
 #include "views/intake/autoparseview.h"
 #include "views/palettes.h"
@@ -135,6 +136,7 @@ bool grabHistory(Scene& scene)
     scene.bench.world.session->outlookAvailable = true;
     history.load(scene.frm().selection().currentContactKey);
     HistoryView view(history, scene.layout);
+    view.resize(1050, 640);
     history.lvwHistoryClick(history.lvwHistory().rowCount() - 2);
     return show(view, scene.file);
 }
@@ -142,6 +144,7 @@ bool grabHistory(Scene& scene)
 bool grabReminder(Scene& scene)
 {
     ReminderView view(scene.bench.presenters->reminder, scene.layout, &scene.window);
+    view.resize(1040, 270);
     scene.bench.presenters->reminder.checkEvents();
     return grab(view, scene.file);
 }
@@ -197,6 +200,7 @@ int main(int argc, char** argv)
         return 2;
     }
     QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
+    HouseStyle::install();
     QApplication::setPalette(arguments.at(2) == "dark"_L1 ? palettes::dark() : palettes::light());
     QFont font = QApplication::font();
     font.setPointSize(10);

@@ -82,7 +82,7 @@ private slots:
         desk.addEvent(u"Interview"_s, 48);
         desk.presenters->reminder.tick();
         QVERIFY(!desk.reminder->isVisible());
-        desk.world.setNow(start.addSecs(47 * 3600));
+        desk.world.setNow(start.addSecs(47LL * 3600));
         desk.frm->menuClick(u"Reminder"_s);
         QVERIFY(QTest::qWaitForWindowExposed(desk.reminder.get()));
         QCOMPARE(desk.cell(0, 0) + desk.cell(0, 5), u"InterviewAcme"_s);

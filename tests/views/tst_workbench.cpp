@@ -72,6 +72,51 @@ private slots:
         QVERIFY(bench.text(u"lblNoMatch"_s).isEmpty());
     }
 
+    void openingAScreenLeadsTheKeyboardIntoIt()
+    {
+        AcmeWindow bench;
+        bench.world.prompts.expect(u"No Positions found in database."_s); // the pipeline's word
+        const auto focus = [] {
+            const QWidget* now = QApplication::focusWidget();
+            return now->objectName().isEmpty() ? now->parentWidget()->objectName() : now->objectName();
+        };
+        const QStringList first{u"txtTitle"_s, u"cmbPosSelection"_s, u"cmbContacts"_s, u"txtFileName"_s,
+                                u"txtFind"_s};
+        auto* tabs = bench.find<QTabBar>(u"TabStrip1"_s);
+        for (int tab : {4, 3, 2, 1, 0}) {
+            QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(tab).center());
+            QCOMPARE(focus(), first.at(tab));
+        }
+        bench.press(Qt::Key_Tab, Qt::ControlModifier);
+        QCOMPARE(focus(), first.at(1));
+        bench.press(Qt::Key_F6);
+        QCOMPARE(focus(), u"cmbSelection"_s);
+        bench.press(Qt::Key_F6);
+        QCOMPARE(focus(), first.at(1));
+        // Along the tabs by arrow keys the keyboard stays with them.
+        tabs->setFocus();
+        bench.press(Qt::Key_Right);
+        QCOMPARE(bench.tab(), u"Contact"_s);
+        QCOMPARE(focus(), u"TabStrip1"_s);
+    }
+
+    void emptyCampaignSaysHowToBegin()
+    {
+        WindowBench bench;
+        bench.open();
+        bench.world.prompts.expect(u"No companies exist in your database.  Pipeline cannot be accessed."_s);
+        bench.world.prompts.expect(u"Insert new Company?"_s, Answer::Yes);
+        bench.press(Qt::Key_5, Qt::ControlModifier); // nothing to show, and yet the head stays in its place
+        QVERIFY(bench.find(u"TabStrip1"_s)->mapTo(bench.window.get(), QPoint(0, 0)).y() <
+                bench.window->height() / 2);
+        bench.click(u"cmdBegin"_s);
+        QCOMPARE(bench.tab(), u"Company"_s);
+        bench.type(u"Acme"_s);
+        bench.click(u"cmdUpdate1"_s);
+        QCOMPARE(bench.cells(u"Select Name from Company"_s), u"Acme"_s);
+        QVERIFY(!bench.find(u"pnlBegin"_s)->isVisible());
+    }
+
     void categoryFilterNarrowsTheSelector()
     {
         WindowBench bench;

@@ -50,7 +50,7 @@ private slots:
         const QStringList types{u"Resume"_s, u"Cover"_s, u"Broadcast"_s, u"Sample"_s, u"Other"_s};
         for (int number = 5; number > 0; --number) {
             bench.edit(u"opt%1"_s.arg(number), u"1"_s);
-            const QString type = types.at(number - 1);
+            const QString& type = types.at(number - 1);
             QCOMPARE(bench.selection().selectedDocType, type.toLower());
             QCOMPARE(bench.cells(u"Select Type from Document"_s), QString(type + u";Other;Other"));
             QCOMPARE(bench.screen().selectedNode().data(TreeModel::KindRole).toString(), type.toLower());

@@ -93,7 +93,7 @@ void CalendarView::fitScreen()
     // What the desktop draws around a window comes on top of its size.
     const int edge = style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth);
     const QSize around(2 * edge, 2 * edge + style()->pixelMetric(QStyle::PM_TitleBarHeight));
-    const QSize wish(fontMetrics().averageCharWidth() * 165, fontMetrics().height() * 46);
+    const QSize wish(fontMetrics().averageCharWidth() * 165, fontMetrics().height() * 52);
     resize(wish.boundedTo(screen()->availableSize() - around));
     // The grid keeps the other half, where the form alone would take most of the screen.
     const int form = m_ui->scrForm->minimumSizeHint().width();

@@ -178,7 +178,11 @@ void DayList::paintChip(QPainter& painter, const DayChip& chip, QRect room, int 
     const auto [time, name] = timeAndName(chip.text);
     const bool split = lines > 1;
     const QRect words = paintPictures(painter, chip, inner, split ? time : QString());
-    painter.setPen(ChipLook::mixed(palette().color(QPalette::Text), base, chip.ghosted ? 0.65 : 1));
+    painter.setPen(ChipLook::mixed(palette().color(QPalette::Text), base, chip.ghosted ? 0.72 : 1));
+    // Struck out as a closed task is: that it is done shows without its colour, too.
+    QFont inked = font();
+    inked.setStrikeOut(chip.ghosted);
+    painter.setFont(inked);
     const auto write = [&](QRect place, const QString& text) {
         if (place.isEmpty())
             return;
@@ -192,6 +196,7 @@ void DayList::paintChip(QPainter& painter, const DayChip& chip, QRect room, int 
         write(below, first);
     if (lines > 2)
         write(below.translated(0, below.height()), name.mid(first.size()).trimmed());
+    painter.setFont(font());
     if (chip.key == m_current) {
         painter.setPen(palette().color(QPalette::Highlight));
         painter.setBrush(Qt::NoBrush);

@@ -96,12 +96,13 @@ void MonthGrid::setDays(const Days& days, const QString& chip)
         setFocus(Qt::OtherFocusReason);
     m_first = first->date;
     m_chosen = {};
-    const bool sixth = std::ranges::any_of(days.begin() + (rowCount - 1) * daysAWeek, days.end(), isInside);
+    constexpr size_t inFiveRows = size_t{rowCount - 1} * daysAWeek;
+    const bool sixth = std::any_of(days.begin() + inFiveRows, days.end(), isInside);
     for (size_t index = 0; index < days.size(); ++index) {
         DayList& day = *m_days[index];
         day.setContent(days[index]);
         day.setCurrentChip(days[index].selected ? chip : QString());
-        day.setVisible(sixth || index < (rowCount - 1) * daysAWeek);
+        day.setVisible(sixth || index < inFiveRows);
         if (days[index].selected)
             m_chosen = days[index].date;
     }

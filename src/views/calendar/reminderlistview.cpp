@@ -3,11 +3,15 @@
 #include "base/rowmodel.h"
 #include "calendar/reminderrules.h"
 
+#include <QFocusEvent>
 #include <QFont>
 #include <QGuiApplication>
+#include <QHeaderView>
 #include <QIcon>
 #include <QKeyEvent>
 #include <QPalette>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -41,6 +45,12 @@ QVariant ink(const QString& urgency)
     if (urgency == u"sel")
         return QColor(isDark() ? 0xf2c464 : 0x7a5200);
     return {};
+}
+
+/// Contact, position and company.
+bool isName(int column)
+{
+    return column >= 3 && column <= 5;
 }
 
 /// The pictures of the list (ImageList1) come from the program's resources, by the urgency's name.
@@ -85,6 +95,7 @@ ReminderListView::ReminderListView(QWidget* parent)
 {
     setRootIsDecorated(false);
     setUniformRowHeights(true);
+    setAllColumnsShowFocus(true);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setSelectionMode(QAbstractItemView::SingleSelection);
     connect(this, &QAbstractItemView::clicked, this, &ReminderListView::chosen);
@@ -107,10 +118,41 @@ void ReminderListView::keyPressEvent(QKeyEvent* event)
         emit opened(currentIndex());
         return;
     }
-    const bool arrow = event->key() == Qt::Key_Down || event->key() == Qt::Key_Up;
-    // The list stands on its first row as soon as it has the keyboard; the first arrow chooses that one.
-    if (!arrow || selectionModel()->hasSelection() || !currentIndex().isValid())
-        QTreeView::keyPressEvent(event);
+    QTreeView::keyPressEvent(event);
     if (currentIndex().isValid() && event->key() != Qt::Key_Tab && event->key() != Qt::Key_Escape)
         emit chosen(currentIndex());
+}
+
+void ReminderListView::focusInEvent(QFocusEvent* event)
+{
+    QTreeView::focusInEvent(event);
+    // The list would stand on its first row at once, which then looks chosen; the first arrow key chooses it.
+    if (!selectionModel()->hasSelection())
+        selectionModel()->clearCurrentIndex();
+}
+
+void ReminderListView::spreadColumns()
+{
+    constexpr int description = 1;
+    constexpr int most = 26;    // characters
+    constexpr int asNamed = 24; // characters, for the description
+    const int letter = fontMetrics().averageCharWidth();
+    int wanted = asNamed * letter;
+    int names = 0;
+    for (int column = 0; column < header()->count(); ++column) {
+        if (column == description)
+            continue;
+        resizeColumnToContents(column);
+        setColumnWidth(column, std::min(columnWidth(column), most * letter));
+        wanted += columnWidth(column);
+        if (isName(column))
+            names += columnWidth(column);
+    }
+    // What is late and by how much can always be read; the names make the room for it on a small screen.
+    const int over = wanted - viewport()->width();
+    for (int column = 0; over > 0 && column < header()->count(); ++column) {
+        if (isName(column))
+            setColumnWidth(column, std::max(header()->sectionSizeHint(column),
+                                            columnWidth(column) - over * columnWidth(column) / names));
+    }
 }

@@ -26,6 +26,9 @@ public:
 
     /// Shows which row is the selected one; -1 for none.
     void showSelected(int row);
+    /// Gives the columns the width of what stands in them. Where that is more than there is, the names of
+    /// contact, position and company are shortened.
+    void spreadColumns();
 
 signals:
     void chosen(const QModelIndex& index);
@@ -33,4 +36,5 @@ signals:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
 };

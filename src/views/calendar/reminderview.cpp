@@ -13,10 +13,6 @@
 #include <QKeyEvent>
 #include <QWindow>
 
-#include <algorithm>
-#include <array>
-#include <numeric>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -38,7 +34,6 @@ ReminderView::ReminderView(FrmReminder& presenter, QSettings& layout, QWidget* p
     resize(fontMetrics().averageCharWidth() * 172, fontMetrics().height() * 18);
     setUpList();
     windowstate::restore(*this, m_layout);
-    spreadColumns();
     // Nobody who is typing loses the keyboard to a reminder. It counts from the window's making on, so a user
     // who asks for the window gets the keyboard by a request of its own.
     setAttribute(Qt::WA_ShowWithoutActivating);
@@ -78,17 +73,6 @@ void ReminderView::setUpList()
     followRows();
 }
 
-/// On a small screen the columns share what there is, so that none lies outside.
-void ReminderView::spreadColumns()
-{
-    constexpr std::array<int, 7> widths{19, 30, 28, 19, 21, 22, 23}; // characters
-    const int wanted = std::accumulate(widths.begin(), widths.end(), 0) * fontMetrics().averageCharWidth();
-    const double share = std::min(1.0, static_cast<double>(width()) / (wanted + 4 * fontMetrics().height()));
-    for (int column = 0; column < static_cast<int>(widths.size()); ++column)
-        m_ui->lvwRemind->setColumnWidth(
-            column, qRound(share * fontMetrics().averageCharWidth() * widths[static_cast<size_t>(column)]));
-}
-
 void ReminderView::followRows()
 {
     m_ui->lvwRemind->showSelected(m_presenter.selectedRow());
@@ -110,6 +94,7 @@ void ReminderView::comeForward(bool byUser)
         move(parentWidget()->window()->geometry().center() - rect().center());
     standBy(QApplication::activeModalWidget());
     show();
+    m_ui->lvwRemind->spreadColumns();
     raise();
     if (byUser)
         activateWindow();

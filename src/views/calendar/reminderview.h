@@ -35,7 +35,6 @@ protected:
 
 private:
     void setUpList();
-    void spreadColumns();
     void follow();
     void followRows();
     void comeForward(bool byUser);

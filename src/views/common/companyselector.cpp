@@ -96,6 +96,9 @@ void CompanySelector::setCompanies(const QStringList& names)
     m_names.setStringList(names);
     // What is being typed survives a list that is filled anew under the user's hands.
     setEditText(typed);
+    // A long name is known by its beginning.
+    if (!lineEdit()->hasFocus())
+        lineEdit()->setCursorPosition(0);
 }
 
 void CompanySelector::showChosen(const QString& name)

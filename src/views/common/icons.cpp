@@ -140,4 +140,10 @@ QIcon inPaletteInk(const QIcon& picture)
     return QIcon(new InkEngine(picture));
 }
 
+QIcon ofProgram()
+{
+    loadPackagedIcons();
+    return QIcon::fromTheme(u"jobwright"_s, QIcon(u":/jobwright/jobwright.svg"_s));
+}
+
 } // namespace icons

@@ -13,6 +13,8 @@ namespace icons {
 [[nodiscard]] QIcon named(const QString& name);
 /// Another picture drawn in the same way: in the palette's text colour when it is of one colour.
 [[nodiscard]] QIcon inPaletteInk(const QIcon& picture);
+/// The program's own icon, for its windows.
+[[nodiscard]] QIcon ofProgram();
 /// Every name that named() knows.
 [[nodiscard]] const QStringList& names();
 

@@ -4,9 +4,11 @@
 #include "views/common/icons.h"
 
 #include <QHash>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QStyledItemDelegate>
+#include <QToolTip>
 
 namespace {
 
@@ -17,6 +19,23 @@ public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
     QHash<QString, QIcon> icons;
+
+    /// All rows are as high as the first, which has no icon; the icons below it must not touch each other.
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        constexpr int gap = 4;
+        return QStyledItemDelegate::sizeHint(option, index)
+            .expandedTo({0, option.decorationSize.height() + gap});
+    }
+
+    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                   const QModelIndex& index) override
+    {
+        if (event->type() != QEvent::ToolTip || sizeHint(option, index).width() <= option.rect.width())
+            return QStyledItemDelegate::helpEvent(event, view, option, index);
+        QToolTip::showText(event->globalPos(), index.data().toString().toHtmlEscaped(), view);
+        return true;
+    }
 
 protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
@@ -38,6 +57,7 @@ KindTree::KindTree(QWidget* parent)
     setItemDelegate(new KindDelegate(this));
     setHeaderHidden(true);
     setUniformRowHeights(true);
+    setAllColumnsShowFocus(true);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     connect(this, &QAbstractItemView::doubleClicked, this, &KindTree::opened);
 }

@@ -1,5 +1,6 @@
 #include "views/common/look.h"
 
+#include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -15,6 +16,23 @@ void makeHeading(QWidget& widget)
     widget.setFont(font);
     if (widget.property("gap").toBool())
         widget.setContentsMargins(0, widget.fontMetrics().height() / 2, 0, 0);
+}
+
+/// Two columns of fields side by side: the labels of the second keep their distance from the fields of the
+/// first.
+void setApart(const QGridLayout& grid, int column)
+{
+    for (int item = 0; item < grid.count(); ++item) {
+        int row = 0;
+        int at = 0;
+        int rows = 0;
+        int columns = 0;
+        grid.getItemPosition(item, &row, &at, &rows, &columns);
+        auto* label = at == column ? qobject_cast<QLabel*>(grid.itemAt(item)->widget()) : nullptr;
+        if (label)
+            label->setContentsMargins(label->contentsMargins() +
+                                      QMargins(label->fontMetrics().height() / 2, 0, 0, 0));
+    }
 }
 
 /// A text box that fills what its neighbours leave, but never less than its lines; its own wish would be a
@@ -53,6 +71,11 @@ void dress(QWidget& view)
             widget->setFixedWidth(fieldWidth(*widget, chars));
         if (const int lines = widget->property("lines").toInt(); lines > 0)
             makeBox(*widget, lines);
+    }
+    const auto grids = view.findChildren<QGridLayout*>();
+    for (const QGridLayout* grid : grids) {
+        if (const QVariant column = grid->property("apart"); column.isValid())
+            setApart(*grid, column.toInt());
     }
 }
 

@@ -6,7 +6,7 @@
 /// Reads the marks that .ui files set as dynamic properties, so that no screen repeats how they look:
 /// "heading" (a short group heading), "gap" (room above it), "caption" (quiet text below a figure), "chars"
 /// (a field as wide as that many characters), "lines" (a text box at least as high as that many
-/// lines).
+/// lines), and on a grid "apart" (the column whose labels keep their distance from the fields before them).
 namespace look {
 
 /// Applies every mark below @p view; call it once after setupUi.

@@ -16,4 +16,6 @@ public:
 
     [[nodiscard]] virtual FormBinder& binder() = 0;
     [[nodiscard]] virtual Form& form() = 0;
+    /// Where somebody who has just come to this screen wants to begin.
+    [[nodiscard]] virtual QWidget& firstField() = 0;
 };

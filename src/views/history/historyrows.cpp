@@ -4,8 +4,6 @@
 #include "views/common/icons.h"
 
 #include <QFont>
-#include <QGuiApplication>
-#include <QPalette>
 
 using namespace Qt::StringLiterals;
 
@@ -37,8 +35,6 @@ QVariant HistoryRows::data(const QModelIndex& index, int role) const
         return QString(plain.toString() + tr(" – overdue"));
     case Qt::DecorationRole:
         return icons::named(u"appointment-reminder"_s);
-    case Qt::ForegroundRole:
-        return QGuiApplication::palette().brush(QPalette::Link);
     case Qt::FontRole: {
         QFont bold;
         bold.setBold(true);

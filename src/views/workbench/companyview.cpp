@@ -26,6 +26,7 @@ CompanyView::CompanyView(CompanyScreen& presenter, QWidget* parent)
     m_ui->txtCity->setMinimumWidth(m_ui->layPlace->minimumSize().width());
     // A little more for the form than for the figures and texts beside it.
     m_ui->splCompany->setSizes({600, 500});
+    m_ui->txtSummary->setPlaceholderText(tr("Choose a company above to read how things stand there."));
     setIcons();
     m_ui->tvwPosContact->setModel(&presenter.tvwPosContact());
     m_binder = new FormBinder(presenter.form(), presenter, *this);
@@ -42,6 +43,11 @@ CompanyView::~CompanyView() = default;
 Form& CompanyView::form()
 {
     return m_presenter.form();
+}
+
+QWidget& CompanyView::firstField()
+{
+    return *m_ui->txtTitle;
 }
 
 void CompanyView::setIcons()
@@ -69,7 +75,9 @@ void CompanyView::render()
     const TreeModel& tree = m_presenter.tvwPosContact();
     const bool positions = tree.data(tree.index(0, 0), TreeModel::KindRole).toString() == "position"_L1;
     (positions ? m_ui->imgPosition : m_ui->imgContact)->setChecked(true);
-    m_ui->tvwPosContact->setHint(positions
-                                     ? tr("No positions here yet. The Position tab takes the first one.")
-                                     : tr("No contacts here yet. The Contact tab takes the first one."));
+    QString hint = tr("Choose a company above to see its people and positions.");
+    if (!form().text(u"txtSummary"_s).isEmpty())
+        hint = positions ? tr("No positions here yet. The Position tab takes the first one.")
+                         : tr("No contacts here yet. The Contact tab takes the first one.");
+    m_ui->tvwPosContact->setHint(hint);
 }

@@ -25,6 +25,7 @@ public:
 
     [[nodiscard]] FormBinder& binder() override { return *m_binder; }
     [[nodiscard]] Form& form() override;
+    [[nodiscard]] QWidget& firstField() override;
 
 private:
     void setIcons();

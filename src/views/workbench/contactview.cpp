@@ -7,6 +7,7 @@
 #include "workbench/contactscreen.h"
 
 #include <QItemSelectionModel>
+#include <QLineEdit>
 #include <QToolTip>
 
 #include <functional>
@@ -51,6 +52,11 @@ Form& ContactView::form()
     return m_presenter.form();
 }
 
+QWidget& ContactView::firstField()
+{
+    return *m_ui->cmbContacts;
+}
+
 void ContactView::setIcons()
 {
     m_ui->cmdUpdateContact1->setIcon(icons::named(u"document-save"_s));
@@ -59,7 +65,7 @@ void ContactView::setIcons()
     m_ui->cmdHistory1->setIcon(icons::named(u"view-list-details"_s));
     m_ui->lblOtherContacts->setIcon(icons::named(u"edit-find"_s));
     m_ui->tvwOtherContact->setKindIcon(u"contact"_s, u"user-identity"_s);
-    m_ui->tvwDocument->setKindIcon(u"document"_s, u"document-new"_s);
+    m_ui->tvwDocument->setKindIcon(u"document"_s, u"edit-copy"_s);
 }
 
 void ContactView::setTrees()
@@ -83,6 +89,9 @@ void ContactView::setTrees()
 
 void ContactView::connectSelectors()
 {
+    m_ui->cmbContacts->lineEdit()->setPlaceholderText(tr("Choose a contact"));
+    m_ui->cmbOtherContact->lineEdit()->setPlaceholderText(tr("Choose a contact"));
+    m_ui->cmbDocsAvailable->setPlaceholderText(tr("Choose a document"));
     const auto nothingFound = [](CompanySelector* selector) {
         return [selector](const QString& typed) {
             QToolTip::showText(selector->mapToGlobal(selector->rect().bottomLeft()),

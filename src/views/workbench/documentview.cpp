@@ -51,6 +51,13 @@ Form& DocumentView::form()
     return m_presenter.form();
 }
 
+QWidget& DocumentView::firstField()
+{
+    // A list that gets the keyboard with no document chosen would choose its first.
+    return m_ui->tvwDocs->currentIndex().isValid() ? static_cast<QWidget&>(*m_ui->tvwDocs)
+                                                   : *m_ui->txtFileName;
+}
+
 void DocumentView::setIcons()
 {
     m_ui->cmdLoadDocument->setIcon(icons::named(u"document-import"_s));

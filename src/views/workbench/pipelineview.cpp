@@ -66,6 +66,12 @@ Form& PipelineView::form()
     return m_presenter.form();
 }
 
+QWidget& PipelineView::firstField()
+{
+    // A tree that gets the keyboard with no node chosen would choose its first.
+    return m_ui->tvwHire->currentIndex().isValid() ? static_cast<QWidget&>(*m_ui->tvwHire) : *m_ui->txtFind;
+}
+
 // --- What is built once -----------------------------------------------------------------------------------
 
 void PipelineView::buildSteps()
@@ -123,6 +129,7 @@ void PipelineView::buildBars()
         auto* figure = new QLabel(m_ui->frmeVisualStat);
         figure->setObjectName(u"lblSteps"_s + number);
         figure->setProperty("caption", true);
+        figure->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
 
         auto* bar = new QProgressBar(m_ui->frmeVisualStat);
         bar->setObjectName(u"shp"_s + number);
@@ -187,29 +194,10 @@ void PipelineView::dressTexts()
     large.setPointSizeF(large.pointSizeF() * 1.5);
     for (QLabel* label : {m_ui->txtPosition, m_ui->lblChoose})
         label->setFont(large);
-    tintNextStep();
-}
-
-void PipelineView::tintNextStep()
-{
-    // The one place that is meant to be read first: a breath of the accent on the window's own colour.
-    constexpr qreal share = 0.15;
-    const QColor ground = palette().color(QPalette::Window);
-    const QColor accent = palette().color(QPalette::Highlight);
-    const auto mixed = [&](auto part) {
-        return qRound((accent.*part)() * share + (ground.*part)() * (1 - share));
-    };
-    QPalette tinted = palette();
-    tinted.setColor(QPalette::Window,
-                    QColor(mixed(&QColor::red), mixed(&QColor::green), mixed(&QColor::blue)));
-    m_ui->pnlNext->setPalette(tinted);
-}
-
-void PipelineView::changeEvent(QEvent* event)
-{
-    ScreenView::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange)
-        tintNextStep();
+    // The steps stay where they are while there is no next one to tell of.
+    QSizePolicy policy = m_ui->pnlNext->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    m_ui->pnlNext->setSizePolicy(policy);
 }
 
 // --- What happens in the tree -----------------------------------------------------------------------------
@@ -264,6 +252,7 @@ void PipelineView::render()
     m_ui->lblChoose->setVisible(!chosen);
     for (QLabel* label : {m_ui->lblPosEntered, m_ui->lblPosExpiry, m_ui->lblNextStep})
         label->setVisible(chosen);
+    m_ui->pnlNext->setVisible(chosen);
     // The step that comes next stands out among the eleven, whatever gaps lie before it.
     size_t next = 0;
     for (size_t index = 0; index < m_ticks.size(); ++index)

@@ -34,9 +34,7 @@ public:
 
     [[nodiscard]] FormBinder& binder() override { return *m_binder; }
     [[nodiscard]] Form& form() override;
-
-protected:
-    void changeEvent(QEvent* event) override;
+    [[nodiscard]] QWidget& firstField() override;
 
 private:
     /// A position's row of the bars at the right.
@@ -53,7 +51,6 @@ private:
     void buildTree();
     void orderTabs();
     void dressTexts();
-    void tintNextStep();
     void choose(const QModelIndex& index, bool alone);
     void openMatches();
     void showMedium(int index);

@@ -7,6 +7,7 @@
 #include "workbench/positionscreen.h"
 
 #include <QItemSelectionModel>
+#include <QLineEdit>
 
 using namespace Qt::StringLiterals;
 
@@ -18,6 +19,9 @@ PositionView::PositionView(PositionScreen& presenter, QWidget* parent)
     m_ui->setupUi(this);
     look::dress(*this);
     m_ui->splPosition->setSizes({700, 400});
+    // The selector stands in a line with the fields below it.
+    m_ui->lblPosSelection->setMinimumWidth(m_ui->chkExpires->sizeHint().width());
+    m_ui->shpProgress->setFixedHeight(fontMetrics().height() / 2);
     // Two digits of a year leave open which century is meant.
     const QString format = m_ui->dtpExpires->displayFormat();
     if (!format.contains("yyyy"_L1))
@@ -41,8 +45,15 @@ Form& PositionView::form()
     return m_presenter.form();
 }
 
+QWidget& PositionView::firstField()
+{
+    return *m_ui->cmbPosSelection;
+}
+
 void PositionView::connectSelectors()
 {
+    m_ui->cmbPosSelection->lineEdit()->setPlaceholderText(tr("Choose a position"));
+    m_ui->cmbAssignContact->lineEdit()->setPlaceholderText(tr("Choose a contact"));
     for (CompanySelector* selector : {m_ui->cmbPosSelection, m_ui->cmbAssignContact}) {
         const auto showsThis = [selector](const QString& control) {
             return control == selector->objectName();

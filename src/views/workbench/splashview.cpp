@@ -2,14 +2,13 @@
 
 #include "ui_splashview.h"
 #include "views/common/formbinder.h"
+#include "views/common/icons.h"
 #include "views/common/look.h"
 #include "workbench/frmsplash.h"
 
 #include <QEventLoop>
-#include <QIcon>
+#include <QScreen>
 #include <QTimer>
-
-using namespace Qt::StringLiterals;
 
 SplashView::SplashView(FrmSplash& presenter, QWidget* parent)
     : QDialog(parent, Qt::SplashScreen)
@@ -23,8 +22,7 @@ SplashView::SplashView(FrmSplash& presenter, QWidget* parent)
     large.setPointSizeF(large.pointSizeF() * 2.4);
     m_ui->Label1->setFont(large);
     const int side = fontMetrics().height() * 5;
-    m_ui->Image1->setPixmap(
-        QIcon(u":/jobwright/splash.svg"_s).pixmap(QSize(side, side), devicePixelRatioF()));
+    m_ui->Image1->setPixmap(icons::ofProgram().pixmap(QSize(side, side), devicePixelRatioF()));
     for (QLabel* label :
          {m_ui->Label1, m_ui->Label2, m_ui->Label3, m_ui->Label4, m_ui->Label5, m_ui->Label6, m_ui->Image1})
         label->installEventFilter(this);
@@ -45,6 +43,9 @@ void SplashView::run()
     QEventLoop loop;
     connect(&m_presenter, &FrmSplash::closed, &loop, &QEventLoop::quit);
     setModal(true);
+    // Not every desktop finds a place for a window without a frame.
+    adjustSize();
+    move(screen()->availableGeometry().center() - rect().center());
     show();
     if (m_presenter.timerEnabled())
         loop.exec();

@@ -54,4 +54,19 @@ std::vector<ScreenTab> tabs()
     };
 }
 
+std::vector<std::pair<QString, QString>> menuIcons()
+{
+    return {
+        {u"FileImport"_s, u"document-import"_s},    {u"FileExport"_s, u"document-export"_s},
+        {u"RestoreData"_s, u"document-revert"_s},   {u"FilePrint"_s, u"document-print"_s},
+        {u"PrintReport"_s, u"document-print"_s},    {u"Preview"_s, u"document-print-preview"_s},
+        {u"FileExit"_s, u"application-exit"_s},     {u"Uprofile"_s, u"user-identity"_s},
+        {u"Goals"_s, u"office-chart-bar"_s},        {u"targets"_s, u"flag"_s},
+        {u"Events"_s, u"view-calendar"_s},          {u"ActionPlan"_s, u"view-task"_s},
+        {u"Reminder"_s, u"appointment-reminder"_s}, {u"ToolsOptions"_s, u"configure"_s},
+        {u"Keysearch"_s, u"edit-find"_s},           {u"HelpAll"_s, u"help-contents"_s},
+        {u"Documentation"_s, u"edit-copy"_s},       {u"HelpAbout"_s, u"help-about"_s},
+    };
+}
+
 } // namespace workbenchtools

@@ -3,6 +3,7 @@
 
 #include <QString>
 
+#include <utility>
 #include <vector>
 
 /// One button of the toolbar; a row with an empty key is a separator.
@@ -28,5 +29,8 @@ namespace workbenchtools {
 
 [[nodiscard]] std::vector<ToolButton> buttons();
 [[nodiscard]] std::vector<ScreenTab> tabs();
+/// Menu entries by their names, each with the name of its picture; the entries that are tools have the
+/// button's.
+[[nodiscard]] std::vector<std::pair<QString, QString>> menuIcons();
 
 } // namespace workbenchtools

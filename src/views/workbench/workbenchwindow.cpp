@@ -40,6 +40,9 @@ WorkbenchWindow::WorkbenchWindow(FrmData& presenter, QSettings& layout)
 {
     m_ui->setupUi(this);
     look::dress(*this);
+    // The selector stays where it is when the word before it changes.
+    m_ui->Label45->setMinimumWidth(m_ui->Label45->fontMetrics().horizontalAdvance(tr("Category")) +
+                                   fontMetrics().height());
     buildFrames();
     buildTabs();
     buildTools();
@@ -52,8 +55,12 @@ WorkbenchWindow::WorkbenchWindow(FrmData& presenter, QSettings& layout)
     connectPresenter();
     fillSelector();
     render();
-    const QSize wanted(fontMetrics().averageCharWidth() * 190, fontMetrics().height() * 48);
+    const QSize wanted(fontMetrics().averageCharWidth() * 190, fontMetrics().height() * 52);
     resize(wanted.boundedTo(screen()->availableSize()));
+    // Where lines are few, the words of the tools stand in their tool tips only.
+    constexpr int fewLines = 40;
+    if (screen()->availableSize().height() < fontMetrics().height() * fewLines)
+        m_ui->tbar->setToolButtonStyle(Qt::ToolButtonIconOnly);
     windowstate::restore(*this, m_layout);
     m_ui->cmbSelection->setFocus();
 }
@@ -97,11 +104,9 @@ void WorkbenchWindow::buildTabs()
         m_ui->TabStrip1->setTabData(index, tab.key);
         m_ui->TabStrip1->setTabToolTip(index, tr("%1 (Ctrl+%2)").arg(tab.text).arg(++number));
     }
-    connect(m_ui->TabStrip1, &QTabBar::currentChanged, this, [this](int index) {
-        leaveField();
-        m_presenter.tabStrip1Click(m_ui->TabStrip1->tabData(index).toString());
-        render();
-    });
+    // A tab strip that is not shown yet does not say that it has grown.
+    m_ui->TabStrip1->updateGeometry();
+    connect(m_ui->TabStrip1, &QTabBar::currentChanged, this, &WorkbenchWindow::openTab);
 }
 
 void WorkbenchWindow::buildTools()
@@ -173,14 +178,8 @@ void WorkbenchWindow::buildMenus()
         action->setEnabled(false);
         action->setToolTip(tr("%1: not part of this version").arg(QString(action->text()).remove(u'&')));
     }
-    const QList<std::pair<QAction*, QString>> pictures = {
-        {m_ui->FileImport, u"document-import"_s},     {m_ui->FileExport, u"document-export"_s},
-        {m_ui->RestoreData, u"document-revert"_s},    {m_ui->FilePrint, u"document-print"_s},
-        {m_ui->Preview, u"document-print-preview"_s}, {m_ui->FileExit, u"application-exit"_s},
-        {m_ui->HelpAbout, u"help-about"_s},
-    };
-    for (const auto& [action, picture] : pictures)
-        action->setIcon(icons::named(picture));
+    for (const auto& [entry, picture] : workbenchtools::menuIcons())
+        findChild<QAction*>(entry)->setIcon(icons::named(picture));
 }
 
 void WorkbenchWindow::buildStatusBar()
@@ -220,6 +219,16 @@ void WorkbenchWindow::buildShortcuts()
     shortcut(Qt::Key_F1, [this] { helpForField(); });
     for (int index = 0; index < m_ui->TabStrip1->count(); ++index)
         shortcut(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_1 + index), [this, index] { selectTab(index); });
+    const auto walk = [this](int step) {
+        const int count = m_ui->TabStrip1->count();
+        selectTab((m_ui->TabStrip1->currentIndex() + step + count) % count);
+    };
+    shortcut(Qt::CTRL | Qt::Key_Tab, [walk] { walk(1); });
+    shortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_Tab, [walk] { walk(-1); });
+    shortcut(Qt::Key_F6, [this] {
+        m_ui->cmbSelection->lineEdit()->hasFocus() ? enterScreen()
+                                                   : m_ui->cmbSelection->setFocus(Qt::ShortcutFocusReason);
+    });
 }
 
 // --- What happens
@@ -236,6 +245,12 @@ void WorkbenchWindow::connectSelector()
         m_ui->lblNoMatch->setText(tr("No company name contains “%1”.").arg(typed));
     });
     connect(m_ui->cmbSelection, &CompanySelector::typing, m_ui->lblNoMatch, &QLabel::clear);
+    m_ui->cmbSelection->lineEdit()->setPlaceholderText(tr("Type any part of a name"));
+    m_ui->cmdBegin->setIcon(icons::named(u"document-new"_s));
+    connect(m_ui->cmdBegin, &QAbstractButton::clicked, this, [this] {
+        runTool(u"company"_s);
+        runTool(u"new"_s);
+    });
     connect(m_ui->cmbCategory, &QComboBox::activated, this, &WorkbenchWindow::fillSelector);
 }
 
@@ -273,8 +288,38 @@ void WorkbenchWindow::runMenu(const QString& entry)
 
 void WorkbenchWindow::selectTab(int index)
 {
-    m_ui->TabStrip1->setFocus(Qt::ShortcutFocusReason);
+    const bool isOpen = m_ui->TabStrip1->currentIndex() == index;
     m_ui->TabStrip1->setCurrentIndex(index);
+    if (isOpen || m_ui->TabStrip1->hasFocus())
+        enterScreen();
+}
+
+void WorkbenchWindow::openTab(int index)
+{
+    const bool walking = m_ui->TabStrip1->hasFocus();
+    QWidget* const before = focusWidget();
+    leaveField();
+    // A field that goes with its screen would hand the keyboard to whatever comes next.
+    m_ui->TabStrip1->setFocus(Qt::OtherFocusReason);
+    const bool opened = m_presenter.tabStrip1Click(m_ui->TabStrip1->tabData(index).toString());
+    render();
+    // Whoever walks along the tabs by the arrow keys goes on walking, and a screen that knows better where to
+    // begin has said so.
+    if (!opened && before)
+        before->setFocus(Qt::OtherFocusReason);
+    else if (!walking && m_ui->TabStrip1->hasFocus())
+        enterScreen();
+}
+
+/// Gives the keyboard to the open screen; the screens of a company need one first.
+void WorkbenchWindow::enterScreen()
+{
+    const QString tab = m_presenter.currentTab();
+    const bool ofCompany = tab != "Document"_L1 && tab != "Pipeline"_L1;
+    if (ofCompany && m_presenter.selection().selectedCompanyName().isEmpty())
+        m_ui->cmbSelection->setFocus(Qt::OtherFocusReason);
+    else
+        openScreen().firstField().setFocus(Qt::OtherFocusReason);
 }
 
 void WorkbenchWindow::helpForField()
@@ -321,6 +366,8 @@ void WorkbenchWindow::render()
     m_counts->setText(m_presenter.countsPanel());
     m_version->setText(m_presenter.versionPanel());
     renderCompanyLabel();
+    // The entry for a new one is always there.
+    m_ui->pnlBegin->setVisible(m_presenter.companyList().size() <= 1);
     const QSignalBlocker quiet(m_ui->TabStrip1);
     for (int index = 0; index < m_ui->TabStrip1->count(); ++index) {
         if (m_ui->TabStrip1->tabData(index).toString() == m_presenter.currentTab())
@@ -332,15 +379,21 @@ void WorkbenchWindow::renderCompanyLabel()
 {
     const bool category = m_presenter.companyLabel() == CompanyLabel::Category;
     m_ui->Label45->setAutoFillBackground(category);
+    m_ui->Label45->setAlignment(category ? Qt::AlignCenter : Qt::AlignLeft | Qt::AlignVCenter);
     m_ui->Label45->setBackgroundRole(category ? QPalette::Highlight : QPalette::NoRole);
     m_ui->Label45->setForegroundRole(category ? QPalette::HighlightedText : QPalette::NoRole);
 }
 
-std::unique_ptr<QTextDocument> WorkbenchWindow::printableForm() const
+ScreenView& WorkbenchWindow::openScreen() const
 {
     const auto open =
         std::ranges::find_if(m_frames, [](const ScreenFrame* frame) { return !frame->isHidden(); });
-    ScreenView& screen = (open == m_frames.end() ? m_frames.front() : *open)->build();
+    return (open == m_frames.end() ? m_frames.front() : *open)->build();
+}
+
+std::unique_ptr<QTextDocument> WorkbenchWindow::printableForm() const
+{
+    ScreenView& screen = openScreen();
     return ::printableForm(screen, screen.form(), m_presenter.selection().selectedCompanyName());
 }
 

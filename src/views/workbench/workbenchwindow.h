@@ -15,6 +15,7 @@ class QProgressBar;
 class QTextDocument;
 class QToolBar;
 class ScreenFrame;
+class ScreenView;
 
 namespace Ui {
 class WorkbenchWindow;
@@ -57,6 +58,9 @@ private:
     void runMenu(const QString& entry);
     void helpForField();
     void selectTab(int index);
+    void openTab(int index);
+    void enterScreen();
+    [[nodiscard]] ScreenView& openScreen() const;
     void leaveField();
 
     FrmData& m_presenter;
