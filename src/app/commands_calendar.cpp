@@ -27,22 +27,6 @@ QString tr(const char* text)
     return QCoreApplication::translate("Commands", text);
 }
 
-/// A text on one line of a terminal: line ends become blanks, and an escape in it stays harmless.
-QString onOneLine(QString text)
-{
-    text.removeIf([](QChar c) { return c.category() == QChar::Other_Control && !c.isSpace(); });
-    return text.simplified();
-}
-
-/// Cells in columns of these widths (characters), the last one as long as it is.
-void printRow(const QStringList& cells, const QList<int>& widths)
-{
-    QString line;
-    for (qsizetype i = 0; i < widths.size(); ++i)
-        line += onOneLine(cells.at(i)).leftJustified(widths.at(i), u' ', true) + u"  ";
-    printLine(QString(line + onOneLine(cells.last())).trimmed());
-}
-
 QString dayText(const JWevent& entry)
 {
     return entry.hasDate() ? entry.eventDate.toString(Qt::ISODate) : u"-"_s;
@@ -133,14 +117,12 @@ struct AgendaOptions
 
 void printAgenda(const Agenda& agenda, QDate today)
 {
-    const QList<int> widths{10, 5, 24, 15, 9, 28, 20};
-    printRow({tr("Date"), tr("Time"), tr("Event"), tr("Medium"), tr("State"), tr("Company"), tr("Contact"),
-              tr("Description")},
-             widths);
+    const Table table({10, 5, 24, 15, 9, 28, 20, 0});
+    table.row({tr("Date"), tr("Time"), tr("Event"), tr("Medium"), tr("State"), tr("Company"), tr("Contact"),
+               tr("Description")});
     for (const JWevent& entry : agenda.entries)
-        printRow({dayText(entry), timeText(entry), entry.eventName, entry.medium, shownStateOf(entry, today),
-                  agenda.company(entry), agenda.contact(entry), entry.eventDescription},
-                 widths);
+        table.row({dayText(entry), timeText(entry), entry.eventName, entry.medium, shownStateOf(entry, today),
+                   agenda.company(entry), agenda.contact(entry), entry.eventDescription});
 }
 
 QByteArray asCalendar(const Agenda& agenda, const QDateTime& now)
@@ -205,14 +187,12 @@ QString whenText(const DueEvent& due)
 
 void printDue(const std::vector<DueEvent>& events)
 {
-    const QList<int> widths{7, 9, 16, 20, 28, 20};
-    printRow({tr("Urgency"), tr("Time left"), tr("When"), tr("Event"), tr("Company"), tr("Contact"),
-              tr("Description")},
-             widths);
+    const Table table({7, 9, 16, 20, 28, 20, 0});
+    table.row({tr("Urgency"), tr("Time left"), tr("When"), tr("Event"), tr("Company"), tr("Contact"),
+               tr("Description")});
     for (const DueEvent& each : events)
-        printRow({shownUrgency(each.verdict.urgency()), each.verdict.timeLeft(), whenText(each), each.event,
-                  each.company, each.contact, each.description},
-                 widths);
+        table.row({shownUrgency(each.verdict.urgency()), each.verdict.timeLeft(), whenText(each), each.event,
+                   each.company, each.contact, each.description});
 }
 
 int due(CommandContext& context, bool json)

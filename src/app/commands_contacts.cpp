@@ -53,21 +53,17 @@ std::vector<ContactLine> readContacts(DataJW& dataJW, const QStringList& compani
 
 void printTable(const std::vector<ContactLine>& lines, bool withCompany)
 {
-    const auto row = [withCompany](const QString& name, const QString& company, const QString& title,
-                                   const QString& phone, const QString& reached, const QString& level) {
-        const auto cell = [](const QString& text, qsizetype width) -> QString {
-            return text.leftJustified(width, u' ', true) + u"  ";
-        };
-        printLine(QString(cell(name, 26) + (withCompany ? cell(company, 26) : QString()) + cell(title, 30) +
-                          cell(phone, 16) + reached.leftJustified(14) + level.rightJustified(5)));
+    const Table table(withCompany ? QList<int>{26, 26, 30, 16, 12, -5} : QList<int>{26, 30, 16, 12, -5});
+    const auto row = [&](QStringList cells) {
+        if (!withCompany)
+            cells.removeAt(1);
+        table.row(cells);
     };
-    row(tr("Contact"), tr("Company"), tr("Title"), tr("Phone"), tr("Last contact"), tr("Level"));
-    for (const ContactLine& line : lines) {
-        const QString reached =
-            line.lastContact.isValid() ? line.lastContact.toString(Qt::ISODate) : QStringLiteral("-");
-        row(line.name, line.company, line.title, line.phone, reached,
-            QString::number(line.level).rightJustified(2, u'0'));
-    }
+    row({tr("Contact"), tr("Company"), tr("Title"), tr("Phone"), tr("Last contact"), tr("Level")});
+    for (const ContactLine& line : lines)
+        row({line.name, line.company, line.title, line.phone,
+             line.lastContact.isValid() ? line.lastContact.toString(Qt::ISODate) : QStringLiteral("-"),
+             QString::number(line.level).rightJustified(2, u'0')});
 }
 
 void printAsJson(const std::vector<ContactLine>& lines)

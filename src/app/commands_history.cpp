@@ -13,7 +13,6 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
-#include <array>
 #include <optional>
 #include <vector>
 
@@ -86,32 +85,16 @@ QJsonValue dateOrNull(QDate date)
     return dates::isDay(date) ? QJsonValue(date.toString(Qt::ISODate)) : QJsonValue();
 }
 
-/// A text in its column: a line break or an escape in it stays harmless.
-QString column(QString text, int width)
-{
-    for (QChar& c : text) {
-        if (c.category() == QChar::Other_Control)
-            c = u' ';
-    }
-    return text.simplified().leftJustified(width, u' ', width > 0);
-}
-
 void printTable(const std::vector<History>& histories)
 {
-    const auto row = [](const QStringList& cells) {
-        constexpr std::array widths{10, 16, 13, 40, 10, 0};
-        QString line;
-        for (size_t i = 0; i < widths.size(); ++i)
-            line += column(cells.at(static_cast<qsizetype>(i)), widths[i]) + u"  ";
-        printLine(line.trimmed());
-    };
+    const Table table({10, 16, 13, 40, 10, 0});
     const auto day = [](QDate date) -> QString {
         return dates::isDay(date) ? date.toString(Qt::ISODate) : u"-"_s;
     };
-    row({tr("Date"), tr("Medium"), tr("Length"), tr("Topic"), tr("Next call"), tr("Return")});
+    table.row({tr("Date"), tr("Medium"), tr("Length"), tr("Topic"), tr("Next call"), tr("Return")});
     for (const History& history : histories)
-        row({day(history.ContactDate), history.medium, history.Length, history.topic, day(history.NextCall),
-             history.ReturnCall});
+        table.row({day(history.ContactDate), history.medium, history.Length, history.topic,
+                   day(history.NextCall), history.ReturnCall});
 }
 
 void printAsJson(const std::vector<History>& histories)

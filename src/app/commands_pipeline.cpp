@@ -49,16 +49,9 @@ std::vector<Stand> gather(DataJW& dataJW, const QString& condition = {})
     return stands;
 }
 
-/// Titles and names on one line and in their column, whatever line ends stand in them.
-QString column(const QString& text, qsizetype width)
-{
-    return text.simplified().leftJustified(width, u' ', true);
-}
-
 QString figure(int progress)
 {
-    return QString(QString::number(progress) + u'/' + QString::number(PipelineSteps::count))
-        .rightJustified(6);
+    return QString::number(progress) + u'/' + QString::number(PipelineSteps::count);
 }
 
 QJsonValue dateOrNull(QDate date)
@@ -93,6 +86,7 @@ int pipeline(CommandContext& context, bool json)
     Session* const session = context.openSession();
     if (!session)
         return context.exitCode;
+    const Table table({32, 28, PipelineSteps::count, -5}, 1);
     QJsonArray array;
     for (const Stand& stand : gather(session->dataJW())) {
         const int progress = stand.steps.progress();
@@ -103,11 +97,23 @@ int pipeline(CommandContext& context, bool json)
             continue;
         }
         const QString bar = QString(progress, u'#') + QString(PipelineSteps::count - progress, u'-');
-        printLine(column(stand.title, 32) + u' ' + column(stand.company, 28) + u' ' + bar + figure(progress));
+        table.row({stand.title, stand.company, bar, figure(progress)});
     }
     if (json)
         printJson(array);
     return Done;
+}
+
+void printTable(const std::vector<Stand>& stands)
+{
+    const Table table({32, 28, -5, 10, 0});
+    table.row({tr("Position"), tr("Company"), tr("Steps"), tr("Expires"), tr("Next step")});
+    for (const Stand& stand : stands) {
+        const QString next = stand.steps.getNextStep();
+        table.row({stand.title, stand.company, figure(stand.steps.progress()),
+                   stand.expires.isValid() ? stand.expires.toString(Qt::ISODate) : u"-"_s,
+                   next.isEmpty() ? u"-"_s : next});
+    }
 }
 
 int positions(CommandContext& context, const QString& wanted, bool json)
@@ -128,23 +134,14 @@ int positions(CommandContext& context, const QString& wanted, bool json)
     std::ranges::stable_sort(stands, [](const Stand& left, const Stand& right) {
         return left.company.compare(right.company, Qt::CaseInsensitive) < 0;
     });
-    QJsonArray array;
-    if (!json)
-        printLine(column(tr("Position"), 32) + u' ' + column(tr("Company"), 28) +
-                  tr("Steps").rightJustified(6) + u"  " + column(tr("Expires"), 12) + tr("Next step"));
-    for (const Stand& stand : stands) {
-        if (json) {
-            array.append(asJson(stand));
-            continue;
-        }
-        const QString expires = stand.expires.isValid() ? stand.expires.toString(Qt::ISODate) : u"-"_s;
-        const QString next = stand.steps.getNextStep();
-        printLine(column(stand.title, 32) + u' ' + column(stand.company, 28) +
-                  figure(stand.steps.progress()) + u"  " + column(expires, 12) +
-                  (next.isEmpty() ? u"-"_s : next));
+    if (!json) {
+        printTable(stands);
+        return Done;
     }
-    if (json)
-        printJson(array);
+    QJsonArray array;
+    for (const Stand& stand : stands)
+        array.append(asJson(stand));
+    printJson(array);
     return Done;
 }
 

@@ -115,7 +115,7 @@ int status(CommandContext& context, const std::optional<QString>& name, const st
             continue;
         seen.insert(row.toCaseFolded());
         if (!name)
-            printLine(row + u'\t' + rows.text(u"StatusValue"));
+            printLine(onOneLine(row) + u'\t' + onOneLine(rows.text(u"StatusValue")));
         else if (row.compare(*name, Qt::CaseInsensitive) == 0)
             printLine(rows.text(u"StatusValue"));
     }

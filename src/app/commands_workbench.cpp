@@ -21,16 +21,6 @@ QString tr(const char* text)
     return QCoreApplication::translate("Commands", text);
 }
 
-/// A name on one line of a terminal: a line break or an escape in it stays harmless.
-QString onOneLine(QString name)
-{
-    for (QChar& c : name) {
-        if (c.category() == QChar::Other_Control)
-            c = u' ';
-    }
-    return name;
-}
-
 QString lastContactText(QDate date)
 {
     return date > dates::sentinel ? date.toString(Qt::ISODate) : QStringLiteral("-");
@@ -39,15 +29,12 @@ QString lastContactText(QDate date)
 /// Every company with its figures, in columns.
 void printTable(Session& session, const QStringList& names)
 {
-    constexpr qsizetype nameWidth = 40;
-    printLine(QString(tr("Company").leftJustified(nameWidth) + tr("Positions").rightJustified(11) +
-                      tr("Contacts").rightJustified(11) + tr("Last contact").rightJustified(14)));
+    const Table table({40, -9, -9, -12});
+    table.row({tr("Company"), tr("Positions"), tr("Contacts"), tr("Last contact")});
     for (const QString& name : names) {
         const CompanyFigures figures = gatherFigures(session.dataJW(), name, session.today());
-        printLine(QString(onOneLine(name).leftJustified(nameWidth, u' ', true) +
-                          QString::number(figures.positionCount).rightJustified(11) +
-                          QString::number(figures.contactCount).rightJustified(11) +
-                          lastContactText(figures.lastContact).rightJustified(14)));
+        table.row({name, QString::number(figures.positionCount), QString::number(figures.contactCount),
+                   lastContactText(figures.lastContact)});
     }
 }
 
@@ -104,7 +91,7 @@ std::optional<QString> findCompany(const QStringList& names, const QString& want
         printError(tr("There is no company of the name %1.").arg(wanted));
     else
         printError(tr("Several companies are called like that: %1")
-                       .arg(close.mid(0, 10).join(QStringLiteral(", "))));
+                       .arg(onOneLine(close.mid(0, 10).join(QStringLiteral(", ")))));
     return std::nullopt;
 }
 
@@ -119,9 +106,7 @@ int summary(CommandContext& context, const QString& wanted)
     const auto name = findCompany(session->dataJW().getCompanyNames(), text::quoteFix(wanted));
     if (!name)
         return Failed;
-    QString summary =
-        companySummary(gatherFigures(session->dataJW(), *name, session->today()), session->today());
-    printLine(summary.replace(text::crlf.toString(), QStringLiteral("\n")));
+    printLine(companySummary(gatherFigures(session->dataJW(), *name, session->today()), session->today()));
     return Done;
 }
 
