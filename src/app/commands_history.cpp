@@ -4,6 +4,7 @@
 #include "base/dates.h"
 #include "base/text.h"
 #include "store/datajw.h"
+#include "store/names.h"
 
 #include <QCoreApplication>
 #include <QHash>
@@ -37,17 +38,15 @@ struct Person
 
 std::vector<Person> readPeople(DataJW& dataJW)
 {
-    QHash<qint64, QString> companies;
-    RecordSet names = dataJW.getExecQueryRecords(u"Select CompanyKey,Name from Company"_s);
-    for (; !names.atEnd(); names.next())
-        companies.insert(names.value(0).toLongLong(), names.text(1).simplified());
+    const QHash<Key, QString> companies =
+        names::byKey(dataJW.getExecQueryRecords(u"Select CompanyKey,Name from Company"_s));
     std::vector<Person> people;
     RecordSet rows = dataJW.getExecQueryRecords(
         u"Select ContactKey,FirstName,LastName,CompanyKey from Contact order by LastName"_s);
     for (; !rows.atEnd(); rows.next()) {
         if (const auto key = rows.key(u"ContactKey"))
             people.push_back({*key, QString(rows.text(1) + u' ' + rows.text(2)).simplified(),
-                              companies.value(rows.value(3).toLongLong())});
+                              companies.value(rows.key(u"CompanyKey").value_or(0)).simplified()});
     }
     return people;
 }

@@ -3,6 +3,7 @@
 #include "app/output.h"
 #include "base/text.h"
 #include "store/datajw.h"
+#include "store/names.h"
 #include "workbench/pipelinesteps.h"
 
 #include <QCoreApplication>
@@ -35,15 +36,13 @@ struct Stand
 /// The positions whose row fulfils @p condition (all without one), in the order of their titles.
 std::vector<Stand> gather(DataJW& dataJW, const QString& condition = {})
 {
-    QHash<qint64, QString> names;
-    RecordSet companies = dataJW.getExecQueryRecords(u"Select CompanyKey,Name from Company"_s);
-    for (; !companies.atEnd(); companies.next())
-        names.insert(companies.value(0).toLongLong(), companies.text(1));
+    const QHash<Key, QString> companies =
+        names::byKey(dataJW.getExecQueryRecords(u"Select CompanyKey,Name from Company"_s));
     std::vector<Stand> stands;
     RecordSet rows = dataJW.getExecQueryRecords(u"Select * from Position"_s + condition + u" order by Title");
     for (; !rows.atEnd(); rows.next()) {
         const QDate expires = rows.date(u"Expires");
-        stands.push_back({rows.text(u"Title"), names.value(rows.value(u"CompanyKey").toLongLong()),
+        stands.push_back({rows.text(u"Title"), companies.value(rows.key(u"CompanyKey").value_or(0)),
                           PipelineSteps::isDone(expires) ? expires : QDate(), PipelineSteps(rows)});
     }
     return stands;
