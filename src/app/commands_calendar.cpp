@@ -1,5 +1,6 @@
 // The commands about what is planned and due.
 #include "app/commands.h"
+#include "app/commandtexts.h"
 #include "app/output.h"
 #include "calendar/eventpeople.h"
 #include "calendar/icalendar.h"
@@ -9,7 +10,6 @@
 #include "calendar/reminderrules.h"
 #include "store/datajw.h"
 
-#include <QCoreApplication>
 #include <QJsonArray>
 #include <QJsonObject>
 
@@ -19,13 +19,10 @@
 #include <optional>
 
 using namespace Qt::StringLiterals;
+using commands::help;
+using commands::tr;
 
 namespace {
-
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("Commands", text);
-}
 
 QString dayText(const JWevent& entry)
 {
@@ -219,19 +216,20 @@ int due(CommandContext& context, bool json)
 
 void addCalendarCommands(CLI::App& app, Command& chosen)
 {
-    auto* const agendaCommand = app.add_subcommand("agenda", "List the events and tasks of a month");
+    auto* const agendaCommand = app.add_subcommand("agenda", help("List the events and tasks of a month"));
     auto options = std::make_shared<AgendaOptions>();
-    agendaCommand->add_option("--month", options->month, "The month; without it the present one")
+    agendaCommand->add_option("--month", options->month, help("The month; without it the present one"))
         ->type_name("YYYY-MM");
-    auto* const ics =
-        agendaCommand->add_flag("--ics", options->ics, "As an iCalendar file for other calendar programs");
-    agendaCommand->add_flag("--json", options->json, "The same as JSON")->excludes(ics);
+    auto* const ics = agendaCommand->add_flag("--ics", options->ics,
+                                              help("As an iCalendar file for other calendar programs"));
+    agendaCommand->add_flag("--json", options->json, help("The same as JSON"))->excludes(ics);
     agendaCommand->callback(
         [=, &chosen] { chosen = [=](CommandContext& context) { return agenda(context, *options); }; });
 
-    auto* const dueCommand = app.add_subcommand("due", "List the open events inside their reminder time");
+    auto* const dueCommand =
+        app.add_subcommand("due", help("List the open events inside their reminder time"));
     auto json = std::make_shared<bool>(false);
-    dueCommand->add_flag("--json", *json, "The same as JSON");
+    dueCommand->add_flag("--json", *json, help("The same as JSON"));
     dueCommand->callback(
         [=, &chosen] { chosen = [=](CommandContext& context) { return due(context, *json); }; });
 }

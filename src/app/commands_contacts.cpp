@@ -1,20 +1,18 @@
 #include "app/commands.h"
+#include "app/commandtexts.h"
 #include "app/output.h"
 #include "base/dates.h"
 #include "base/text.h"
 #include "store/datajw.h"
 
-#include <QCoreApplication>
 #include <QJsonObject>
 
 #include <CLI/CLI.hpp>
 
-namespace {
+using commands::help;
+using commands::tr;
 
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("Commands", text);
-}
+namespace {
 
 /// What the command tells of one contact.
 struct ContactLine
@@ -108,12 +106,12 @@ int contacts(CommandContext& context, const QString& wanted, bool json)
 void addContactCommands(CLI::App& app, Command& chosen)
 {
     auto* const command =
-        app.add_subcommand("contacts", "List the contacts with title, phone, last contact and level");
+        app.add_subcommand("contacts", help("List the contacts with title, phone, last contact and level"));
     auto company = std::make_shared<std::string>();
     auto json = std::make_shared<bool>(false);
     command->add_option("COMPANY", *company,
-                        "Only those of this company; a part that only one name has will do");
-    command->add_flag("--json", *json, "The same as JSON");
+                        help("Only those of this company; a part that only one name has will do"));
+    command->add_flag("--json", *json, help("The same as JSON"));
     command->callback([=, &chosen] {
         chosen = [=](CommandContext& context) {
             return contacts(context, QString::fromStdString(*company), *json);

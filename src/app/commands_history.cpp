@@ -1,12 +1,12 @@
 // What happened with a contact: the histories, printed.
 #include "app/commands.h"
+#include "app/commandtexts.h"
 #include "app/output.h"
 #include "base/dates.h"
 #include "base/text.h"
 #include "store/datajw.h"
 #include "store/names.h"
 
-#include <QCoreApplication>
 #include <QHash>
 #include <QJsonArray>
 #include <QJsonObject>
@@ -18,13 +18,10 @@
 #include <vector>
 
 using namespace Qt::StringLiterals;
+using commands::help;
+using commands::tr;
 
 namespace {
-
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("Commands", text);
-}
 
 struct Person
 {
@@ -139,15 +136,17 @@ int history(CommandContext& context, const QString& wanted, bool json)
 
 void addHistoryCommands(CLI::App& app, Command& chosen)
 {
-    auto* const command = app.add_subcommand("history", "List the histories of a contact, the oldest first");
+    auto* const command =
+        app.add_subcommand("history", help("List the histories of a contact, the oldest first"));
     auto name = std::make_shared<std::string>();
     auto json = std::make_shared<bool>(false);
     command
-        ->add_option("CONTACT", *name,
-                     "First and last name in any case, or a part that only one contact has; behind it the "
-                     "company in brackets where two have the same name")
+        ->add_option(
+            "CONTACT", *name,
+            help("First and last name in any case, or a part that only one contact has; behind it the "
+                 "company in brackets where two have the same name"))
         ->required();
-    command->add_flag("--json", *json, "The same as JSON, with place, details and document");
+    command->add_flag("--json", *json, help("The same as JSON, with place, details and document"));
     command->callback([=, &chosen] {
         chosen = [=](CommandContext& context) {
             return history(context, QString::fromStdString(*name), *json);

@@ -1,12 +1,12 @@
 // Where each position stands: the Pipeline screen's bars and next steps, printed.
 #include "app/commands.h"
+#include "app/commandtexts.h"
 #include "app/output.h"
 #include "base/text.h"
 #include "store/datajw.h"
 #include "store/names.h"
 #include "workbench/pipelinesteps.h"
 
-#include <QCoreApplication>
 #include <QHash>
 #include <QJsonArray>
 #include <QJsonObject>
@@ -16,13 +16,10 @@
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
+using commands::help;
+using commands::tr;
 
 namespace {
-
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("Commands", text);
-}
 
 /// A position with what the commands print of it.
 struct Stand
@@ -149,19 +146,19 @@ int positions(CommandContext& context, const QString& wanted, bool json)
 void addPipelineCommands(CLI::App& app, Command& chosen)
 {
     auto* const pipelineCommand =
-        app.add_subcommand("pipeline", "Show how far each position has come, a bar a line");
+        app.add_subcommand("pipeline", help("Show how far each position has come, a bar a line"));
     auto json = std::make_shared<bool>(false);
-    pipelineCommand->add_flag("--json", *json, "The same with every step, as JSON");
+    pipelineCommand->add_flag("--json", *json, help("The same with every step, as JSON"));
     pipelineCommand->callback(
         [=, &chosen] { chosen = [=](CommandContext& context) { return pipeline(context, *json); }; });
 
     auto* const positionsCommand =
-        app.add_subcommand("positions", "List the positions with their next steps");
+        app.add_subcommand("positions", help("List the positions with their next steps"));
     auto company = std::make_shared<std::string>();
     auto rows = std::make_shared<bool>(false);
     positionsCommand->add_option("COMPANY", *company,
-                                 "Of one company only: its name, or a part that only one has");
-    positionsCommand->add_flag("--json", *rows, "The same as JSON");
+                                 help("Of one company only: its name, or a part that only one has"));
+    positionsCommand->add_flag("--json", *rows, help("The same as JSON"));
     positionsCommand->callback([=, &chosen] {
         chosen = [=](CommandContext& context) {
             return positions(context, QString::fromStdString(*company), *rows);

@@ -1,4 +1,5 @@
 #include "app/commands.h"
+#include "app/commandtexts.h"
 #include "app/output.h"
 #include "base/dates.h"
 #include "base/text.h"
@@ -6,7 +7,6 @@
 #include "store/session.h"
 #include "workbench/companysummary.h"
 
-#include <QCoreApplication>
 #include <QJsonObject>
 
 #include <CLI/CLI.hpp>
@@ -14,12 +14,10 @@
 #include <algorithm>
 #include <optional>
 
-namespace {
+using commands::help;
+using commands::tr;
 
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("Commands", text);
-}
+namespace {
 
 QString lastContactText(QDate date)
 {
@@ -114,19 +112,19 @@ int summary(CommandContext& context, const QString& wanted)
 
 void addWorkbenchCommands(CLI::App& app, Command& chosen)
 {
-    auto* const companiesCommand = app.add_subcommand("companies", "List the companies, one a line");
+    auto* const companiesCommand = app.add_subcommand("companies", help("List the companies, one a line"));
     auto table = std::make_shared<bool>(false);
     auto json = std::make_shared<bool>(false);
-    companiesCommand->add_flag("--long", *table, "With positions, contacts and the last contact");
-    companiesCommand->add_flag("--json", *json, "As JSON, with the same figures and the interactions");
+    companiesCommand->add_flag("--long", *table, help("With positions, contacts and the last contact"));
+    companiesCommand->add_flag("--json", *json, help("As JSON, with the same figures and the interactions"));
     companiesCommand->callback([=, &chosen] {
         chosen = [=](CommandContext& context) { return companies(context, *table, *json); };
     });
 
     auto* const summaryCommand =
-        app.add_subcommand("summary", "Say in sentences where the campaign stands at a company");
+        app.add_subcommand("summary", help("Say in sentences where the campaign stands at a company"));
     auto name = std::make_shared<std::string>();
-    summaryCommand->add_option("NAME", *name, "The company's name, or a part that only one name has")
+    summaryCommand->add_option("NAME", *name, help("The company's name, or a part that only one name has"))
         ->required();
     summaryCommand->callback([=, &chosen] {
         chosen = [=](CommandContext& context) { return summary(context, QString::fromStdString(*name)); };
