@@ -60,8 +60,7 @@ WorkbenchWindow::WorkbenchWindow(FrmData& presenter, QSettings& layout)
 
 WorkbenchWindow::~WorkbenchWindow() = default;
 
-// --- Parts of the window
-// --------------------------------------------------------------------------------------
+// --- Parts of the window ----------------------------------------------------------------------------------
 
 void WorkbenchWindow::buildFrames()
 {
@@ -222,8 +221,7 @@ void WorkbenchWindow::buildShortcuts()
         shortcut(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_1 + index), [this, index] { selectTab(index); });
 }
 
-// --- What happens
-// ---------------------------------------------------------------------------------------------
+// --- What happens -----------------------------------------------------------------------------------------
 
 void WorkbenchWindow::connectSelector()
 {
@@ -296,8 +294,7 @@ void WorkbenchWindow::leaveField()
     }
 }
 
-// --- What is shown
-// --------------------------------------------------------------------------------------------
+// --- What is shown ----------------------------------------------------------------------------------------
 
 void WorkbenchWindow::fillSelector()
 {
