@@ -88,7 +88,7 @@ public:
     bool wordAvailable = false;    ///< the desktop has a program for ".doc" files
     bool outlookAvailable = false; ///< the folder has its "exchange" folder
     bool autosave = false;         ///< a record is saved with every assignment made on its screen
-    bool dialogBusy = false;       ///< a box, a restore or an import is at work: reminders and copies wait
+    bool dialogBusy = false;       ///< a box or a statement is at work: reminders and copies wait
     Key reminderInterval = 0;      ///< minutes between two looks for reminders
     /// When reminders were looked for last; begins so long ago that the first look is always due.
     QDateTime lastReminderCheck{QDate(1899, 12, 30), QTime(0, 0)};
