@@ -1,5 +1,7 @@
 // What the calendar costs with as many events as it holds: painting a full month, stepping through a year.
 // Wall milliseconds, the middle of several tries, beside the bound that keeps it from being felt.
+#include "measure.h"
+
 #include "base/clock.h"
 #include "base/silentports.h"
 #include "calendar/frmevcal.h"
@@ -11,12 +13,9 @@
 #include "views/calendar/monthgrid.h"
 
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QStyleFactory>
 #include <QTemporaryDir>
 
-#include <algorithm>
-#include <cstdio>
 #include <functional>
 
 using namespace Qt::StringLiterals;
@@ -24,13 +23,10 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// Ports of a run that nobody sits before.
-class Silent : public SilentPrompts, public SilentDesktop, public Navigator
+class Silent : public SilentPrompts, public SilentDesktop, public SilentNavigator
 {
 public:
     Answer msgBox(const QString&, Buttons, const QString&) override { return Answer::Yes; }
-    [[nodiscard]] bool hasScreen(const QString&) const override { return false; }
-    void openScreen(const QString&) override {}
-    void openHelp(int) override {}
 };
 
 /// A thousand events, a hundred of them in November 2026 and the others around it.
@@ -54,16 +50,7 @@ void fill(DataJW& data)
 
 void report(const char* what, double limit, const std::function<void(int)>& work)
 {
-    std::vector<double> tries;
-    for (int i = 0; i < 15; ++i) {
-        QElapsedTimer timer;
-        timer.start();
-        work(i);
-        tries.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
-    }
-    std::ranges::sort(tries);
-    const double middle = tries[tries.size() / 2];
-    std::printf("%-42s %7.1f ms   %4.0f %% of %.0f\n", what, middle, 100 * middle / limit, limit);
+    measure::report(what, measure::milliseconds(15, work), limit);
 }
 
 } // namespace

@@ -11,10 +11,8 @@
 #include "store/session.h"
 #include "workbench/contactscreen.h"
 
-#include <QElapsedTimer>
 #include <QTemporaryDir>
 
-#include <algorithm>
 #include <cstdio>
 #include <functional>
 
@@ -23,7 +21,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// Ports of a run that nobody sits before.
-class Silent : public SilentPrompts, public SilentDesktop, public Navigator
+class Silent : public SilentPrompts, public SilentDesktop, public SilentNavigator
 {
 public:
     Answer msgBox(const QString& text, Buttons, const QString&) override
@@ -32,22 +30,11 @@ public:
             std::fprintf(stderr, "message: %s\n", qPrintable(text));
         return Answer::Yes;
     }
-    [[nodiscard]] bool hasScreen(const QString&) const override { return false; }
-    void openScreen(const QString&) override {}
-    void openHelp(int) override {}
 };
 
 void report(const char* what, int limit, const std::function<void(int)>& work)
 {
-    std::vector<double> tries;
-    for (int i = 0; i < 9; ++i) {
-        QElapsedTimer timer;
-        timer.start();
-        work(i);
-        tries.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
-    }
-    std::printf("%-42s %7.1f ms", what, measure::middle(tries));
-    std::printf(limit > 0 ? "   (wanted: below %d)\n" : "\n", limit);
+    measure::report(what, measure::milliseconds(9, work), limit);
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 // after an edit. Milliseconds of the wall, the middle of several tries.
 #include "base/silentports.h"
 #include "generate.h"
+#include "measure.h"
 
 #include "base/clock.h"
 #include "base/dates.h"
@@ -11,7 +12,6 @@
 #include "store/datajw.h"
 #include "store/session.h"
 
-#include <QElapsedTimer>
 #include <QTemporaryDir>
 
 #include <algorithm>
@@ -27,7 +27,7 @@ constexpr Key contactKey = 7000;
 constexpr int histories = HistoryEntries::bound;
 
 /// Ports of a run that nobody sits before.
-class Silent : public SilentPrompts, public SilentDesktop, public Navigator
+class Silent : public SilentPrompts, public SilentDesktop, public SilentNavigator
 {
 public:
     Answer msgBox(const QString& text, Buttons, const QString&) override
@@ -35,9 +35,6 @@ public:
         std::fprintf(stderr, "message: %s\n", qPrintable(text));
         return Answer::No;
     }
-    [[nodiscard]] bool hasScreen(const QString&) const override { return false; }
-    void openScreen(const QString&) override {}
-    void openHelp(int) override {}
 };
 
 /// @p followUps of the contact's histories promise another call: each later one moves the positions on.
@@ -61,25 +58,12 @@ void fill(Session& session, int followUps)
     }
 }
 
-double middle(const std::function<double()>& work)
+void report(const char* what, const std::function<double()>& work)
 {
+    constexpr double bound = 60;
     std::vector<double> tries(9);
     std::ranges::generate(tries, work);
-    std::ranges::sort(tries);
-    return tries[tries.size() / 2];
-}
-
-double milliseconds(const std::function<void()>& work)
-{
-    QElapsedTimer timer;
-    timer.start();
-    work();
-    return static_cast<double>(timer.nsecsElapsed()) / 1e6;
-}
-
-void report(const char* what, double time)
-{
-    std::printf("%-58s %7.1f ms   (wanted: below 60)\n", what, time);
+    measure::report(what, tries, bound);
 }
 
 } // namespace
@@ -100,11 +84,11 @@ int main()
             open();
             history.lvwHistoryClick(histories / 2);
             history.cmdAddHistory();
-            return milliseconds([&] { history.unload(); });
+            return measure::milliseconds([&] { history.unload(); });
         };
         std::printf("%d histories, %d of them promise a follow-up, two positions\n", histories, followUps);
-        report("  open", middle([&] { return milliseconds(open); }));
-        report("  close after an edit", middle(close));
+        report("  open", [&] { return measure::milliseconds(open); });
+        report("  close after an edit", close);
     }
     return 0;
 }

@@ -15,7 +15,6 @@
 #include "workbench/pipelinescreen.h"
 
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QSettings>
 #include <QTemporaryDir>
 
@@ -30,26 +29,14 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// Ports of a run that nobody sits before.
-class Silent : public SilentPrompts, public SilentDesktop, public Navigator
+class Silent : public SilentPrompts, public SilentDesktop, public SilentNavigator
 {
-public:
-    [[nodiscard]] bool hasScreen(const QString&) const override { return false; }
-    void openScreen(const QString&) override {}
-    void openHelp(int) override {}
 };
-
-double milliseconds(const std::function<void()>& work)
-{
-    QElapsedTimer timer;
-    timer.start();
-    work();
-    return static_cast<double>(timer.nsecsElapsed()) / 1e6;
-}
 
 /// Reads all rows of the statements through the engine's own interface.
 double bareRead(sqlite3* connection, std::initializer_list<QByteArray> statements)
 {
-    return milliseconds([&] {
+    return measure::milliseconds([&] {
         for (const QByteArray& sql : statements) {
             const engine::Statement statement = engine::prepare(connection, sql);
             while (sqlite3_step(statement.get()) == SQLITE_ROW) {
@@ -105,15 +92,14 @@ void PipelineBench::report(const char* what, double bound, int tries, const std:
     std::vector<double> ratios;
     for (int i = 0; i < tries; ++i) {
         const double yardstick = bare(i);
-        times.push_back(milliseconds([&] {
+        times.push_back(measure::milliseconds([&] {
             work(i);
             QCoreApplication::processEvents();
         }));
         ratios.push_back(times.back() / yardstick);
     }
-    const double time = measure::middle(times);
-    std::printf("%-32s %7.1f ms   (bound %.0f: %s)   %6.1f times the bare read\n", what, time, bound,
-                time < bound ? "kept" : "MISSED", measure::middle(ratios));
+    measure::printTime(what, times, bound);
+    std::printf("   %6.1f times the bare read\n", measure::middle(ratios));
 }
 
 void PipelineBench::open()

@@ -1,6 +1,6 @@
 // What one look at the events costs on a full campaign, with nearly all of them closed, as they are after
-// years, and with every one of them open. Milliseconds of the
-// processor, which other work on the machine does not stretch; the middle of several tries.
+// years, and with every one of them open. Milliseconds of the processor, which other work on the machine does
+// not stretch; the middle of several tries.
 #include "generate.h"
 #include "measure.h"
 
@@ -14,21 +14,12 @@
 
 #include <QTemporaryDir>
 
-#include <algorithm>
 #include <cstdio>
 #include <ctime>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-class NoScreens : public Navigator
-{
-public:
-    [[nodiscard]] bool hasScreen(const QString&) const override { return false; }
-    void openScreen(const QString&) override {}
-    void openHelp(int) override {}
-};
 
 void report(const char* what, FrmReminder& reminder)
 {
@@ -38,8 +29,8 @@ void report(const char* what, FrmReminder& reminder)
         reminder.checkEvents();
         tries.push_back(1e3 * static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC);
     }
-    std::printf("%-24s %5d listed %7.1f ms   (wanted: below 30)\n", what, reminder.lvwRemind().rowCount(),
-                measure::middle(tries));
+    measure::printTime(what, tries, 30);
+    std::printf("   %5d listed\n", reminder.lvwRemind().rowCount());
 }
 
 } // namespace
@@ -52,7 +43,7 @@ int main()
     SilentDesktop desktop;
     Session session(folder.path(), systemClock(), prompts, desktop);
     generate::campaign(session.dataJW().database(), generate::fullCampaign);
-    NoScreens screens;
+    SilentNavigator screens;
     FrmEvCal calendar(session, screens);
     FrmReminder reminder(session, calendar);
     reminder.load();

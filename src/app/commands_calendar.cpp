@@ -1,5 +1,6 @@
 // The commands about what is planned and due.
 #include "app/commands.h"
+#include "app/commandtexts.h"
 #include "app/output.h"
 #include "calendar/eventpeople.h"
 #include "calendar/icalendar.h"
@@ -9,7 +10,6 @@
 #include "calendar/reminderrules.h"
 #include "store/datajw.h"
 
-#include <QCoreApplication>
 #include <QJsonArray>
 #include <QJsonObject>
 
@@ -19,29 +19,10 @@
 #include <optional>
 
 using namespace Qt::StringLiterals;
+using commands::help;
+using commands::tr;
 
 namespace {
-
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("Commands", text);
-}
-
-/// A text on one line of a terminal: line ends become blanks, and an escape in it stays harmless.
-QString onOneLine(QString text)
-{
-    text.removeIf([](QChar c) { return c.category() == QChar::Other_Control && !c.isSpace(); });
-    return text.simplified();
-}
-
-/// Cells in columns of these widths (characters), the last one as long as it is.
-void printRow(const QStringList& cells, const QList<int>& widths)
-{
-    QString line;
-    for (qsizetype i = 0; i < widths.size(); ++i)
-        line += onOneLine(cells.at(i)).leftJustified(widths.at(i), u' ', true) + u"  ";
-    printLine(QString(line + onOneLine(cells.last())).trimmed());
-}
 
 QString dayText(const JWevent& entry)
 {
@@ -133,14 +114,12 @@ struct AgendaOptions
 
 void printAgenda(const Agenda& agenda, QDate today)
 {
-    const QList<int> widths{10, 5, 24, 15, 9, 28, 20};
-    printRow({tr("Date"), tr("Time"), tr("Event"), tr("Medium"), tr("State"), tr("Company"), tr("Contact"),
-              tr("Description")},
-             widths);
+    const Table table({10, 5, 24, 15, 9, 28, 20, 0});
+    table.row({tr("Date"), tr("Time"), tr("Event"), tr("Medium"), tr("State"), tr("Company"), tr("Contact"),
+               tr("Description")});
     for (const JWevent& entry : agenda.entries)
-        printRow({dayText(entry), timeText(entry), entry.eventName, entry.medium, shownStateOf(entry, today),
-                  agenda.company(entry), agenda.contact(entry), entry.eventDescription},
-                 widths);
+        table.row({dayText(entry), timeText(entry), entry.eventName, entry.medium, shownStateOf(entry, today),
+                   agenda.company(entry), agenda.contact(entry), entry.eventDescription});
 }
 
 QByteArray asCalendar(const Agenda& agenda, const QDateTime& now)
@@ -205,14 +184,12 @@ QString whenText(const DueEvent& due)
 
 void printDue(const std::vector<DueEvent>& events)
 {
-    const QList<int> widths{7, 9, 16, 20, 28, 20};
-    printRow({tr("Urgency"), tr("Time left"), tr("When"), tr("Event"), tr("Company"), tr("Contact"),
-              tr("Description")},
-             widths);
+    const Table table({7, 9, 16, 20, 28, 20, 0});
+    table.row({tr("Urgency"), tr("Time left"), tr("When"), tr("Event"), tr("Company"), tr("Contact"),
+               tr("Description")});
     for (const DueEvent& each : events)
-        printRow({shownUrgency(each.verdict.urgency()), each.verdict.timeLeft(), whenText(each), each.event,
-                  each.company, each.contact, each.description},
-                 widths);
+        table.row({shownUrgency(each.verdict.urgency()), each.verdict.timeLeft(), whenText(each), each.event,
+                   each.company, each.contact, each.description});
 }
 
 int due(CommandContext& context, bool json)
@@ -239,19 +216,20 @@ int due(CommandContext& context, bool json)
 
 void addCalendarCommands(CLI::App& app, Command& chosen)
 {
-    auto* const agendaCommand = app.add_subcommand("agenda", "List the events and tasks of a month");
+    auto* const agendaCommand = app.add_subcommand("agenda", help("List the events and tasks of a month"));
     auto options = std::make_shared<AgendaOptions>();
-    agendaCommand->add_option("--month", options->month, "The month; without it the present one")
+    agendaCommand->add_option("--month", options->month, help("The month; without it the present one"))
         ->type_name("YYYY-MM");
-    auto* const ics =
-        agendaCommand->add_flag("--ics", options->ics, "As an iCalendar file for other calendar programs");
-    agendaCommand->add_flag("--json", options->json, "The same as JSON")->excludes(ics);
+    auto* const ics = agendaCommand->add_flag("--ics", options->ics,
+                                              help("As an iCalendar file for other calendar programs"));
+    agendaCommand->add_flag("--json", options->json, help("The same as JSON"))->excludes(ics);
     agendaCommand->callback(
         [=, &chosen] { chosen = [=](CommandContext& context) { return agenda(context, *options); }; });
 
-    auto* const dueCommand = app.add_subcommand("due", "List the open events inside their reminder time");
+    auto* const dueCommand =
+        app.add_subcommand("due", help("List the open events inside their reminder time"));
     auto json = std::make_shared<bool>(false);
-    dueCommand->add_flag("--json", *json, "The same as JSON");
+    dueCommand->add_flag("--json", *json, help("The same as JSON"));
     dueCommand->callback(
         [=, &chosen] { chosen = [=](CommandContext& context) { return due(context, *json); }; });
 }

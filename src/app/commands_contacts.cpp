@@ -1,20 +1,18 @@
 #include "app/commands.h"
+#include "app/commandtexts.h"
 #include "app/output.h"
 #include "base/dates.h"
 #include "base/text.h"
 #include "store/datajw.h"
 
-#include <QCoreApplication>
 #include <QJsonObject>
 
 #include <CLI/CLI.hpp>
 
-namespace {
+using commands::help;
+using commands::tr;
 
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("Commands", text);
-}
+namespace {
 
 /// What the command tells of one contact.
 struct ContactLine
@@ -53,21 +51,17 @@ std::vector<ContactLine> readContacts(DataJW& dataJW, const QStringList& compani
 
 void printTable(const std::vector<ContactLine>& lines, bool withCompany)
 {
-    const auto row = [withCompany](const QString& name, const QString& company, const QString& title,
-                                   const QString& phone, const QString& reached, const QString& level) {
-        const auto cell = [](const QString& text, qsizetype width) -> QString {
-            return text.leftJustified(width, u' ', true) + u"  ";
-        };
-        printLine(QString(cell(name, 26) + (withCompany ? cell(company, 26) : QString()) + cell(title, 30) +
-                          cell(phone, 16) + reached.leftJustified(14) + level.rightJustified(5)));
+    const Table table(withCompany ? QList<int>{26, 26, 30, 16, 12, -5} : QList<int>{26, 30, 16, 12, -5});
+    const auto row = [&](QStringList cells) {
+        if (!withCompany)
+            cells.removeAt(1);
+        table.row(cells);
     };
-    row(tr("Contact"), tr("Company"), tr("Title"), tr("Phone"), tr("Last contact"), tr("Level"));
-    for (const ContactLine& line : lines) {
-        const QString reached =
-            line.lastContact.isValid() ? line.lastContact.toString(Qt::ISODate) : QStringLiteral("-");
-        row(line.name, line.company, line.title, line.phone, reached,
-            QString::number(line.level).rightJustified(2, u'0'));
-    }
+    row({tr("Contact"), tr("Company"), tr("Title"), tr("Phone"), tr("Last contact"), tr("Level")});
+    for (const ContactLine& line : lines)
+        row({line.name, line.company, line.title, line.phone,
+             line.lastContact.isValid() ? line.lastContact.toString(Qt::ISODate) : QStringLiteral("-"),
+             QString::number(line.level).rightJustified(2, u'0')});
 }
 
 void printAsJson(const std::vector<ContactLine>& lines)
@@ -112,12 +106,12 @@ int contacts(CommandContext& context, const QString& wanted, bool json)
 void addContactCommands(CLI::App& app, Command& chosen)
 {
     auto* const command =
-        app.add_subcommand("contacts", "List the contacts with title, phone, last contact and level");
+        app.add_subcommand("contacts", help("List the contacts with title, phone, last contact and level"));
     auto company = std::make_shared<std::string>();
     auto json = std::make_shared<bool>(false);
     command->add_option("COMPANY", *company,
-                        "Only those of this company; a part that only one name has will do");
-    command->add_flag("--json", *json, "The same as JSON");
+                        help("Only those of this company; a part that only one name has will do"));
+    command->add_flag("--json", *json, help("The same as JSON"));
     command->callback([=, &chosen] {
         chosen = [=](CommandContext& context) {
             return contacts(context, QString::fromStdString(*company), *json);

@@ -1,11 +1,12 @@
 // What happened with a contact: the histories, printed.
 #include "app/commands.h"
+#include "app/commandtexts.h"
 #include "app/output.h"
 #include "base/dates.h"
 #include "base/text.h"
 #include "store/datajw.h"
+#include "store/names.h"
 
-#include <QCoreApplication>
 #include <QHash>
 #include <QJsonArray>
 #include <QJsonObject>
@@ -13,18 +14,14 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
-#include <array>
 #include <optional>
 #include <vector>
 
 using namespace Qt::StringLiterals;
+using commands::help;
+using commands::tr;
 
 namespace {
-
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("Commands", text);
-}
 
 struct Person
 {
@@ -38,17 +35,15 @@ struct Person
 
 std::vector<Person> readPeople(DataJW& dataJW)
 {
-    QHash<qint64, QString> companies;
-    RecordSet names = dataJW.getExecQueryRecords(u"Select CompanyKey,Name from Company"_s);
-    for (; !names.atEnd(); names.next())
-        companies.insert(names.value(0).toLongLong(), names.text(1).simplified());
+    const QHash<Key, QString> companies =
+        names::byKey(dataJW.getExecQueryRecords(u"Select CompanyKey,Name from Company"_s));
     std::vector<Person> people;
     RecordSet rows = dataJW.getExecQueryRecords(
         u"Select ContactKey,FirstName,LastName,CompanyKey from Contact order by LastName"_s);
     for (; !rows.atEnd(); rows.next()) {
         if (const auto key = rows.key(u"ContactKey"))
             people.push_back({*key, QString(rows.text(1) + u' ' + rows.text(2)).simplified(),
-                              companies.value(rows.value(3).toLongLong())});
+                              companies.value(rows.key(u"CompanyKey").value_or(0)).simplified()});
     }
     return people;
 }
@@ -86,32 +81,16 @@ QJsonValue dateOrNull(QDate date)
     return dates::isDay(date) ? QJsonValue(date.toString(Qt::ISODate)) : QJsonValue();
 }
 
-/// A text in its column: a line break or an escape in it stays harmless.
-QString column(QString text, int width)
-{
-    for (QChar& c : text) {
-        if (c.category() == QChar::Other_Control)
-            c = u' ';
-    }
-    return text.simplified().leftJustified(width, u' ', width > 0);
-}
-
 void printTable(const std::vector<History>& histories)
 {
-    const auto row = [](const QStringList& cells) {
-        constexpr std::array widths{10, 16, 13, 40, 10, 0};
-        QString line;
-        for (size_t i = 0; i < widths.size(); ++i)
-            line += column(cells.at(static_cast<qsizetype>(i)), widths[i]) + u"  ";
-        printLine(line.trimmed());
-    };
+    const Table table({10, 16, 13, 40, 10, 0});
     const auto day = [](QDate date) -> QString {
         return dates::isDay(date) ? date.toString(Qt::ISODate) : u"-"_s;
     };
-    row({tr("Date"), tr("Medium"), tr("Length"), tr("Topic"), tr("Next call"), tr("Return")});
+    table.row({tr("Date"), tr("Medium"), tr("Length"), tr("Topic"), tr("Next call"), tr("Return")});
     for (const History& history : histories)
-        row({day(history.ContactDate), history.medium, history.Length, history.topic, day(history.NextCall),
-             history.ReturnCall});
+        table.row({day(history.ContactDate), history.medium, history.Length, history.topic,
+                   day(history.NextCall), history.ReturnCall});
 }
 
 void printAsJson(const std::vector<History>& histories)
@@ -157,15 +136,17 @@ int history(CommandContext& context, const QString& wanted, bool json)
 
 void addHistoryCommands(CLI::App& app, Command& chosen)
 {
-    auto* const command = app.add_subcommand("history", "List the histories of a contact, the oldest first");
+    auto* const command =
+        app.add_subcommand("history", help("List the histories of a contact, the oldest first"));
     auto name = std::make_shared<std::string>();
     auto json = std::make_shared<bool>(false);
     command
-        ->add_option("CONTACT", *name,
-                     "First and last name in any case, or a part that only one contact has; behind it the "
-                     "company in brackets where two have the same name")
+        ->add_option(
+            "CONTACT", *name,
+            help("First and last name in any case, or a part that only one contact has; behind it the "
+                 "company in brackets where two have the same name"))
         ->required();
-    command->add_flag("--json", *json, "The same as JSON, with place, details and document");
+    command->add_flag("--json", *json, help("The same as JSON, with place, details and document"));
     command->callback([=, &chosen] {
         chosen = [=](CommandContext& context) {
             return history(context, QString::fromStdString(*name), *json);

@@ -1,8 +1,8 @@
 #include "app/commands.h"
+#include "app/commandtexts.h"
 #include "app/output.h"
 #include "intake/cardclassifier.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QJsonObject>
@@ -12,12 +12,10 @@
 
 #include <cstdio>
 
-namespace {
+using commands::help;
+using commands::tr;
 
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("Commands", text);
-}
+namespace {
 
 /// No list of cards is longer; something else was meant.
 constexpr qint64 longestCard = 64 << 20;
@@ -80,10 +78,10 @@ int parseCard(CommandContext& context, const QString& path)
 
 void addIntakeCommands(CLI::App& app, Command& chosen)
 {
-    auto* const command =
-        app.add_subcommand("parse-card", "Sort the lines of a business card into the fields of an address");
+    auto* const command = app.add_subcommand(
+        "parse-card", help("Sort the lines of a business card into the fields of an address"));
     auto file = std::make_shared<std::string>();
-    command->add_option("FILE", *file, "The card's text; without it, standard input");
+    command->add_option("FILE", *file, help("The card's text; without it, standard input"));
     command->callback([=, &chosen] {
         chosen = [=](CommandContext& context) { return parseCard(context, QString::fromStdString(*file)); };
     });

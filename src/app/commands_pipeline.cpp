@@ -1,11 +1,12 @@
 // Where each position stands: the Pipeline screen's bars and next steps, printed.
 #include "app/commands.h"
+#include "app/commandtexts.h"
 #include "app/output.h"
 #include "base/text.h"
 #include "store/datajw.h"
+#include "store/names.h"
 #include "workbench/pipelinesteps.h"
 
-#include <QCoreApplication>
 #include <QHash>
 #include <QJsonArray>
 #include <QJsonObject>
@@ -15,13 +16,10 @@
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
+using commands::help;
+using commands::tr;
 
 namespace {
-
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("Commands", text);
-}
 
 /// A position with what the commands print of it.
 struct Stand
@@ -35,30 +33,21 @@ struct Stand
 /// The positions whose row fulfils @p condition (all without one), in the order of their titles.
 std::vector<Stand> gather(DataJW& dataJW, const QString& condition = {})
 {
-    QHash<qint64, QString> names;
-    RecordSet companies = dataJW.getExecQueryRecords(u"Select CompanyKey,Name from Company"_s);
-    for (; !companies.atEnd(); companies.next())
-        names.insert(companies.value(0).toLongLong(), companies.text(1));
+    const QHash<Key, QString> companies =
+        names::byKey(dataJW.getExecQueryRecords(u"Select CompanyKey,Name from Company"_s));
     std::vector<Stand> stands;
     RecordSet rows = dataJW.getExecQueryRecords(u"Select * from Position"_s + condition + u" order by Title");
     for (; !rows.atEnd(); rows.next()) {
         const QDate expires = rows.date(u"Expires");
-        stands.push_back({rows.text(u"Title"), names.value(rows.value(u"CompanyKey").toLongLong()),
+        stands.push_back({rows.text(u"Title"), companies.value(rows.key(u"CompanyKey").value_or(0)),
                           PipelineSteps::isDone(expires) ? expires : QDate(), PipelineSteps(rows)});
     }
     return stands;
 }
 
-/// Titles and names on one line and in their column, whatever line ends stand in them.
-QString column(const QString& text, qsizetype width)
-{
-    return text.simplified().leftJustified(width, u' ', true);
-}
-
 QString figure(int progress)
 {
-    return QString(QString::number(progress) + u'/' + QString::number(PipelineSteps::count))
-        .rightJustified(6);
+    return QString::number(progress) + u'/' + QString::number(PipelineSteps::count);
 }
 
 QJsonValue dateOrNull(QDate date)
@@ -93,6 +82,7 @@ int pipeline(CommandContext& context, bool json)
     Session* const session = context.openSession();
     if (!session)
         return context.exitCode;
+    const Table table({32, 28, PipelineSteps::count, -5}, 1);
     QJsonArray array;
     for (const Stand& stand : gather(session->dataJW())) {
         const int progress = stand.steps.progress();
@@ -103,11 +93,23 @@ int pipeline(CommandContext& context, bool json)
             continue;
         }
         const QString bar = QString(progress, u'#') + QString(PipelineSteps::count - progress, u'-');
-        printLine(column(stand.title, 32) + u' ' + column(stand.company, 28) + u' ' + bar + figure(progress));
+        table.row({stand.title, stand.company, bar, figure(progress)});
     }
     if (json)
         printJson(array);
     return Done;
+}
+
+void printTable(const std::vector<Stand>& stands)
+{
+    const Table table({32, 28, -5, 10, 0});
+    table.row({tr("Position"), tr("Company"), tr("Steps"), tr("Expires"), tr("Next step")});
+    for (const Stand& stand : stands) {
+        const QString next = stand.steps.getNextStep();
+        table.row({stand.title, stand.company, figure(stand.steps.progress()),
+                   stand.expires.isValid() ? stand.expires.toString(Qt::ISODate) : u"-"_s,
+                   next.isEmpty() ? u"-"_s : next});
+    }
 }
 
 int positions(CommandContext& context, const QString& wanted, bool json)
@@ -128,23 +130,14 @@ int positions(CommandContext& context, const QString& wanted, bool json)
     std::ranges::stable_sort(stands, [](const Stand& left, const Stand& right) {
         return left.company.compare(right.company, Qt::CaseInsensitive) < 0;
     });
-    QJsonArray array;
-    if (!json)
-        printLine(column(tr("Position"), 32) + u' ' + column(tr("Company"), 28) +
-                  tr("Steps").rightJustified(6) + u"  " + column(tr("Expires"), 12) + tr("Next step"));
-    for (const Stand& stand : stands) {
-        if (json) {
-            array.append(asJson(stand));
-            continue;
-        }
-        const QString expires = stand.expires.isValid() ? stand.expires.toString(Qt::ISODate) : u"-"_s;
-        const QString next = stand.steps.getNextStep();
-        printLine(column(stand.title, 32) + u' ' + column(stand.company, 28) +
-                  figure(stand.steps.progress()) + u"  " + column(expires, 12) +
-                  (next.isEmpty() ? u"-"_s : next));
+    if (!json) {
+        printTable(stands);
+        return Done;
     }
-    if (json)
-        printJson(array);
+    QJsonArray array;
+    for (const Stand& stand : stands)
+        array.append(asJson(stand));
+    printJson(array);
     return Done;
 }
 
@@ -153,19 +146,19 @@ int positions(CommandContext& context, const QString& wanted, bool json)
 void addPipelineCommands(CLI::App& app, Command& chosen)
 {
     auto* const pipelineCommand =
-        app.add_subcommand("pipeline", "Show how far each position has come, a bar a line");
+        app.add_subcommand("pipeline", help("Show how far each position has come, a bar a line"));
     auto json = std::make_shared<bool>(false);
-    pipelineCommand->add_flag("--json", *json, "The same with every step, as JSON");
+    pipelineCommand->add_flag("--json", *json, help("The same with every step, as JSON"));
     pipelineCommand->callback(
         [=, &chosen] { chosen = [=](CommandContext& context) { return pipeline(context, *json); }; });
 
     auto* const positionsCommand =
-        app.add_subcommand("positions", "List the positions with their next steps");
+        app.add_subcommand("positions", help("List the positions with their next steps"));
     auto company = std::make_shared<std::string>();
     auto rows = std::make_shared<bool>(false);
     positionsCommand->add_option("COMPANY", *company,
-                                 "Of one company only: its name, or a part that only one has");
-    positionsCommand->add_flag("--json", *rows, "The same as JSON");
+                                 help("Of one company only: its name, or a part that only one has"));
+    positionsCommand->add_flag("--json", *rows, help("The same as JSON"));
     positionsCommand->callback([=, &chosen] {
         chosen = [=](CommandContext& context) {
             return positions(context, QString::fromStdString(*company), *rows);

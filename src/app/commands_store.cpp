@@ -1,4 +1,5 @@
 #include "app/commands.h"
+#include "app/commandtexts.h"
 #include "app/output.h"
 #include "base/text.h"
 #include "store/appfolder.h"
@@ -9,7 +10,6 @@
 #include "store/storefile.h"
 #include "store/xmlfile.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -17,12 +17,10 @@
 
 #include <CLI/CLI.hpp>
 
-namespace {
+using commands::help;
+using commands::tr;
 
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("Commands", text);
-}
+namespace {
 
 QString qstring(const std::string& text)
 {
@@ -115,7 +113,7 @@ int status(CommandContext& context, const std::optional<QString>& name, const st
             continue;
         seen.insert(row.toCaseFolded());
         if (!name)
-            printLine(row + u'\t' + rows.text(u"StatusValue"));
+            printLine(onOneLine(row) + u'\t' + onOneLine(rows.text(u"StatusValue")));
         else if (row.compare(*name, Qt::CaseInsensitive) == 0)
             printLine(rows.text(u"StatusValue"));
     }
@@ -203,47 +201,53 @@ int demo(CommandContext& context)
     return loadDemo(*session, campaign) ? Done : Failed;
 }
 
-} // namespace
+// The options' values live as long as the command line itself, in the callbacks that read them.
 
-void addStoreCommands(CLI::App& app, Command& chosen)
+void addQuery(CLI::App& app, Command& chosen)
 {
-    // The options' values live as long as the command line itself, in the callbacks that read them.
-    const auto add = [&app](const char* name, const char* help) { return app.add_subcommand(name, help); };
-
-    auto* const queryCommand = add("query", "Run one statement; rows come as CSV");
+    auto* const command = app.add_subcommand("query", help("Run one statement; rows come as CSV"));
     auto statement = std::make_shared<std::string>();
     auto json = std::make_shared<bool>(false);
-    queryCommand->add_option("STATEMENT", *statement, "e.g. \"Select * from Company\"")->required();
-    queryCommand->add_flag("--json", *json, "Rows as JSON");
-    queryCommand->callback([=, &chosen] {
+    command->add_option("STATEMENT", *statement, help("e.g. \"Select * from Company\""))->required();
+    command->add_flag("--json", *json, help("Rows as JSON"));
+    command->callback([=, &chosen] {
         chosen = [=](CommandContext& context) { return query(context, qstring(*statement), *json); };
     });
+}
 
-    auto* const exportCommand = add("export", "Write all data as XML");
+void addExport(CLI::App& app, Command& chosen)
+{
+    auto* const command = app.add_subcommand("export", help("Write all data as XML"));
     auto target = std::make_shared<std::string>();
     auto restore = std::make_shared<bool>(false);
-    exportCommand->add_option("FILE", *target, "Where to; without it the folder's export file");
-    exportCommand->add_flag("--restore", *restore,
-                            "Mark the file as one that replaces the database when read");
-    exportCommand->callback([=, &chosen] {
+    command->add_option("FILE", *target, help("Where to; without it the folder's export file"));
+    command->add_flag("--restore", *restore,
+                      help("Mark the file as one that replaces the database when read"));
+    command->callback([=, &chosen] {
         chosen = [=](CommandContext& context) { return exportFile(context, qstring(*target), *restore); };
     });
+}
 
-    auto* const importCommand = add("import", "Read such a file");
+void addImport(CLI::App& app, Command& chosen)
+{
+    auto* const command = app.add_subcommand("import", help("Read such a file"));
     auto source = std::make_shared<std::string>();
     auto yes = std::make_shared<bool>(false);
-    importCommand->add_option("FILE", *source)->required();
-    importCommand->add_flag("--yes", *yes, "Agree to replace the database when the file asks for it");
-    importCommand->callback([=, &chosen] {
+    command->add_option("FILE", *source)->required();
+    command->add_flag("--yes", *yes, help("Agree to replace the database when the file asks for it"));
+    command->callback([=, &chosen] {
         chosen = [=](CommandContext& context) { return importFile(context, qstring(*source), *yes); };
     });
+}
 
-    auto* const statusCommand = add("status", "Show or set a setting");
+void addStatus(CLI::App& app, Command& chosen)
+{
+    auto* const command = app.add_subcommand("status", help("Show or set a setting"));
     auto name = std::make_shared<std::optional<std::string>>();
     auto value = std::make_shared<std::optional<std::string>>();
-    statusCommand->add_option("NAME", *name);
-    statusCommand->add_option("VALUE", *value);
-    statusCommand->callback([=, &chosen] {
+    command->add_option("NAME", *name);
+    command->add_option("VALUE", *value);
+    command->callback([=, &chosen] {
         chosen = [=](CommandContext& context) {
             const auto text = [](const auto& given) {
                 return *given ? std::optional(qstring(**given)) : std::optional<QString>();
@@ -251,16 +255,31 @@ void addStoreCommands(CLI::App& app, Command& chosen)
             return status(context, text(name), text(value));
         };
     });
+}
 
-    add("verify", "Check the database in whole")->callback([&chosen] { chosen = verify; });
+void addCopy(CLI::App& app, Command& chosen)
+{
+    auto* const command = app.add_subcommand("copy", help("Write a verified copy of the database"));
+    auto target = std::make_shared<std::string>();
+    command->add_option("FILE", *target)->required();
+    command->callback(
+        [=, &chosen] { chosen = [=](CommandContext& context) { return copy(context, qstring(*target)); }; });
+}
 
-    auto* const copyCommand = add("copy", "Write a verified copy of the database");
-    auto copyTarget = std::make_shared<std::string>();
-    copyCommand->add_option("FILE", *copyTarget)->required();
-    copyCommand->callback([=, &chosen] {
-        chosen = [=](CommandContext& context) { return copy(context, qstring(*copyTarget)); };
-    });
+} // namespace
 
-    add("paths", "Show where everything lies")->callback([&chosen] { chosen = paths; });
-    add("demo", "Lay the demo campaign into a new folder (--folder)")->callback([&chosen] { chosen = demo; });
+void addStoreCommands(CLI::App& app, Command& chosen)
+{
+    const auto addPlain = [&](const char* name, const std::string& description,
+                              int (*command)(CommandContext&)) {
+        app.add_subcommand(name, description)->callback([=, &chosen] { chosen = command; });
+    };
+    addQuery(app, chosen);
+    addExport(app, chosen);
+    addImport(app, chosen);
+    addStatus(app, chosen);
+    addPlain("verify", help("Check the database in whole"), verify);
+    addCopy(app, chosen);
+    addPlain("paths", help("Show where everything lies"), paths);
+    addPlain("demo", help("Lay the demo campaign into a new folder (--folder)"), demo);
 }

@@ -1,4 +1,5 @@
 #include "app/commands.h"
+#include "app/commandtexts.h"
 #include "app/output.h"
 #include "base/dates.h"
 #include "base/text.h"
@@ -6,7 +7,6 @@
 #include "store/session.h"
 #include "workbench/companysummary.h"
 
-#include <QCoreApplication>
 #include <QJsonObject>
 
 #include <CLI/CLI.hpp>
@@ -14,22 +14,10 @@
 #include <algorithm>
 #include <optional>
 
+using commands::help;
+using commands::tr;
+
 namespace {
-
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("Commands", text);
-}
-
-/// A name on one line of a terminal: a line break or an escape in it stays harmless.
-QString onOneLine(QString name)
-{
-    for (QChar& c : name) {
-        if (c.category() == QChar::Other_Control)
-            c = u' ';
-    }
-    return name;
-}
 
 QString lastContactText(QDate date)
 {
@@ -39,15 +27,12 @@ QString lastContactText(QDate date)
 /// Every company with its figures, in columns.
 void printTable(Session& session, const QStringList& names)
 {
-    constexpr qsizetype nameWidth = 40;
-    printLine(QString(tr("Company").leftJustified(nameWidth) + tr("Positions").rightJustified(11) +
-                      tr("Contacts").rightJustified(11) + tr("Last contact").rightJustified(14)));
+    const Table table({40, -9, -9, -12});
+    table.row({tr("Company"), tr("Positions"), tr("Contacts"), tr("Last contact")});
     for (const QString& name : names) {
         const CompanyFigures figures = gatherFigures(session.dataJW(), name, session.today());
-        printLine(QString(onOneLine(name).leftJustified(nameWidth, u' ', true) +
-                          QString::number(figures.positionCount).rightJustified(11) +
-                          QString::number(figures.contactCount).rightJustified(11) +
-                          lastContactText(figures.lastContact).rightJustified(14)));
+        table.row({name, QString::number(figures.positionCount), QString::number(figures.contactCount),
+                   lastContactText(figures.lastContact)});
     }
 }
 
@@ -104,7 +89,7 @@ std::optional<QString> findCompany(const QStringList& names, const QString& want
         printError(tr("There is no company of the name %1.").arg(wanted));
     else
         printError(tr("Several companies are called like that: %1")
-                       .arg(close.mid(0, 10).join(QStringLiteral(", "))));
+                       .arg(onOneLine(close.mid(0, 10).join(QStringLiteral(", ")))));
     return std::nullopt;
 }
 
@@ -119,9 +104,7 @@ int summary(CommandContext& context, const QString& wanted)
     const auto name = findCompany(session->dataJW().getCompanyNames(), text::quoteFix(wanted));
     if (!name)
         return Failed;
-    QString summary =
-        companySummary(gatherFigures(session->dataJW(), *name, session->today()), session->today());
-    printLine(summary.replace(text::crlf.toString(), QStringLiteral("\n")));
+    printLine(companySummary(gatherFigures(session->dataJW(), *name, session->today()), session->today()));
     return Done;
 }
 
@@ -129,19 +112,19 @@ int summary(CommandContext& context, const QString& wanted)
 
 void addWorkbenchCommands(CLI::App& app, Command& chosen)
 {
-    auto* const companiesCommand = app.add_subcommand("companies", "List the companies, one a line");
+    auto* const companiesCommand = app.add_subcommand("companies", help("List the companies, one a line"));
     auto table = std::make_shared<bool>(false);
     auto json = std::make_shared<bool>(false);
-    companiesCommand->add_flag("--long", *table, "With positions, contacts and the last contact");
-    companiesCommand->add_flag("--json", *json, "As JSON, with the same figures and the interactions");
+    companiesCommand->add_flag("--long", *table, help("With positions, contacts and the last contact"));
+    companiesCommand->add_flag("--json", *json, help("As JSON, with the same figures and the interactions"));
     companiesCommand->callback([=, &chosen] {
         chosen = [=](CommandContext& context) { return companies(context, *table, *json); };
     });
 
     auto* const summaryCommand =
-        app.add_subcommand("summary", "Say in sentences where the campaign stands at a company");
+        app.add_subcommand("summary", help("Say in sentences where the campaign stands at a company"));
     auto name = std::make_shared<std::string>();
-    summaryCommand->add_option("NAME", *name, "The company's name, or a part that only one name has")
+    summaryCommand->add_option("NAME", *name, help("The company's name, or a part that only one name has"))
         ->required();
     summaryCommand->callback([=, &chosen] {
         chosen = [=](CommandContext& context) { return summary(context, QString::fromStdString(*name)); };

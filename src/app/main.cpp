@@ -1,4 +1,5 @@
 #include "app/commands.h"
+#include "app/commandtexts.h"
 #include "app/output.h"
 #include "app/workbenchstart.h"
 #include "store/appfolder.h"
@@ -11,6 +12,9 @@
 #include <cstdio>
 #include <iostream>
 #include <langinfo.h>
+
+using commands::help;
+using commands::tr;
 
 namespace {
 
@@ -26,15 +30,15 @@ struct Line
 void describe(CLI::App& app, Line& line)
 {
     app.set_version_flag("--version", std::string("Jobwright ") + JOBWRIGHT_VERSION);
-    app.add_option("--folder", line.folder, "The application folder: database, logs, copies")
+    app.add_option("--folder", line.folder, help("The application folder: database, logs, copies"))
         ->type_name("DIR")
         ->check([](const std::string& folder) {
             // A script's empty variable must not lead to the user's own campaign.
-            return folder.empty() ? std::string("the folder's name is empty") : std::string();
+            return folder.empty() ? help("the folder's name is empty") : std::string();
         });
-    app.add_flag("--no-splash", line.noSplash, "Open the workbench at once");
+    app.add_flag("--no-splash", line.noSplash, help("Open the workbench at once"));
     app.add_flag("--exit-when-shown", line.exitWhenShown,
-                 "Leave again when the window is filled (for timing)")
+                 help("Leave again when the window is filled (for timing)"))
         ->group("");
     app.require_subcommand(0, 1);
     app.fallthrough(); // --folder may stand behind the command too
@@ -45,9 +49,9 @@ void describe(CLI::App& app, Line& line)
     addIntakeCommands(app, line.command);
     addContactCommands(app, line.command);
     addStoreCommands(app, line.command);
-    app.footer("Without a command the workbench opens.\n"
-               "Exit status: 0 done, 1 failed, 2 wrong usage, 3 the database cannot be opened,\n"
-               "4 the folder is in use, 5 the database is damaged.");
+    app.footer(help("Without a command the workbench opens.\n"
+                    "Exit status: 0 done, 1 failed, 2 wrong usage, 3 the database cannot be opened,\n"
+                    "4 the folder is in use, 5 the database is damaged."));
 }
 
 /// A plain "C" locale makes Qt switch to UTF-8 with a warning on every call: choose it before Qt has to.
@@ -71,7 +75,7 @@ int finish(int code)
     const bool written = std::fflush(stdout) == 0 && std::ferror(stdout) == 0 && std::cout.good();
     if (written || code != Done)
         return code;
-    printError(QStringLiteral("The output could not be written."));
+    printError(tr("The output could not be written."));
     return Failed;
 }
 
@@ -81,7 +85,7 @@ int main(int argc, char** argv)
 {
     useUtf8Locale();
     Line line;
-    CLI::App app("Jobwright keeps a whole job campaign in one place.", "jobwright");
+    CLI::App app(help("Jobwright keeps a whole job campaign in one place."), "jobwright");
     describe(app, line);
     try {
         app.parse(argc, argv);
@@ -89,7 +93,7 @@ int main(int argc, char** argv)
         return finish(app.exit(error) == 0 ? Done : WrongUsage);
     }
     if (!line.command && !hasDisplay()) {
-        printError(QStringLiteral(
+        printError(tr(
             "There is no display to open the workbench on. \"jobwright --help\" lists what works without."));
         return Failed;
     }

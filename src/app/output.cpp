@@ -1,5 +1,7 @@
 #include "app/output.h"
 
+#include "base/text.h"
+
 #include <QJsonDocument>
 #include <QJsonObject>
 
@@ -41,16 +43,46 @@ void print(const QString& text)
     write(stdout, text);
 }
 
-void printLine(const QString& line)
+QString plain(QString text)
 {
-    write(stdout, line + u'\n');
+    text.replace(text::crlf.toString(), QStringLiteral("\n"));
+    for (QChar& c : text) {
+        if (c.category() == QChar::Other_Control && c != u'\n' && c != u'\t')
+            c = u' ';
+    }
+    return text;
+}
+
+QString onOneLine(const QString& text)
+{
+    QString line = plain(text);
+    return line.replace(u'\n', u' ').replace(u'\t', u' ');
+}
+
+void printLine(const QString& text)
+{
+    write(stdout, plain(text) + u'\n');
 }
 
 void printError(const QString& message)
 {
     std::fflush(stdout);
-    QString plain = message;
-    write(stderr, u"jobwright: " + plain.replace(QStringLiteral("\r\n"), QStringLiteral("\n")) + u'\n');
+    write(stderr, u"jobwright: " + plain(message) + u'\n');
+}
+
+void Table::row(const QStringList& cells) const
+{
+    QString line;
+    for (qsizetype i = 0; i < m_widths.size(); ++i) {
+        const int width = m_widths.at(i);
+        const QString cell = onOneLine(cells.at(i)).simplified();
+        if (i > 0)
+            line += QString(m_gap, u' ');
+        line += width < 0 ? cell.rightJustified(-width) : cell.leftJustified(width, u' ', width > 0);
+    }
+    while (line.endsWith(u' '))
+        line.chop(1);
+    printLine(line);
 }
 
 void printCsv(RecordSet rows)

@@ -5,14 +5,44 @@
 
 #include <QJsonArray>
 #include <QJsonObject>
+#include <QList>
 #include <QString>
+#include <QStringList>
 
-/// Writes text to standard output as UTF-8. Ends the program quietly when the reader has gone away ("|
-/// head").
+#include <utility>
+
+/// Writes text to standard output as UTF-8, as it is: for what other programs read. Ends the program quietly
+/// when the reader has gone away ("| head").
 void print(const QString& text);
-void printLine(const QString& line);
-/// Writes one message to standard error, behind the program's name.
+
+/// A text as a terminal may get it: what is stored may hold escapes that recolour, rename or rewrite it, so
+/// every control character but line end and tab is a blank.
+QString plain(QString text);
+/// The same on one line: line ends and tabs in it are blanks, too.
+QString onOneLine(const QString& text);
+/// Writes a text for people, in plain, and ends its line.
+void printLine(const QString& text);
+/// Writes one message in plain to standard error, behind the program's name.
 void printError(const QString& message);
+
+/// Prints rows of cells in columns. A cell stays on its line, whatever it holds, and in its column.
+class Table
+{
+public:
+    /// The columns' widths in characters: below 0 for cells at the right of their column, 0 for a last column
+    /// that is as long as its text. Between columns stand @p gap blanks.
+    explicit Table(QList<int> widths, int gap = 2)
+        : m_widths(std::move(widths))
+        , m_gap(gap)
+    {
+    }
+    /// As many cells as there are columns.
+    void row(const QStringList& cells) const;
+
+private:
+    QList<int> m_widths;
+    int m_gap;
+};
 
 /// Rows as CSV (RFC 4180): a header of the column names, line ends CR LF, dates in ISO form, NULL empty.
 void printCsv(RecordSet rows);

@@ -189,13 +189,13 @@ int startWorkbench(int& argc, char** argv, const StartOptions& options)
     DesktopServices desktop;
     const QString folder = applicationFolder(options.folder);
     if (const QString problem = prepareFolder(folder); !problem.isEmpty()) {
-        prompts.msgBox(problem, Buttons::Ok, QStringLiteral("Jobwright Message"));
+        prompts.msgBox(problem, Buttons::Ok, Session::messageTitle.toString());
         return StoreClosed;
     }
     InstanceLock lock(folder);
     if (!lock.acquire()) {
         printError(lock.holder());
-        prompts.msgBox(lock.holder(), Buttons::Ok, QStringLiteral("Jobwright Message"));
+        prompts.msgBox(lock.holder(), Buttons::Ok, Session::messageTitle.toString());
         return lock.isHeldByAnother() ? InUse : StoreClosed;
     }
     Session session(folder, systemClock(), prompts, desktop);

@@ -20,8 +20,6 @@ public:
     virtual Answer msgBox(const QString& text, Buttons buttons, const QString& title) = 0;
     /// A file to open, or empty when the user gave up. @p filters as in "Sound files (*.wav)".
     virtual QString openFile(const QString& title, const QString& folder, const QStringList& filters) = 0;
-    /// A file to write, or empty when the user gave up.
-    virtual QString saveFile(const QString& title, const QString& folder, const QStringList& filters) = 0;
     /// One of @p companies, or empty when the user gave up.
     virtual QString pickCompany(const QString& title, const QStringList& companies) = 0;
 };

@@ -12,7 +12,6 @@ public:
         return buttons == Buttons::Ok ? Answer::Ok : Answer::No;
     }
     QString openFile(const QString&, const QString&, const QStringList&) override { return {}; }
-    QString saveFile(const QString&, const QString&, const QStringList&) override { return {}; }
     QString pickCompany(const QString&, const QStringList&) override { return {}; }
 };
 
@@ -26,4 +25,13 @@ public:
     [[nodiscard]] bool canOpen(const QString&) const override { return false; }
     bool playSound(const QString&) override { return false; }
     bool notify(const QString&, const QString&) override { return false; }
+};
+
+/// Has no screen to open.
+class SilentNavigator : public Navigator
+{
+public:
+    [[nodiscard]] bool hasScreen(const QString&) const override { return false; }
+    void openScreen(const QString&) override {}
+    void openHelp(int) override {}
 };

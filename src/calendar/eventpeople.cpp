@@ -1,6 +1,7 @@
 #include "calendar/eventpeople.h"
 
 #include "store/datajw.h"
+#include "store/names.h"
 
 #include <algorithm>
 #include <set>
@@ -18,21 +19,16 @@ void readNames(DataJW& dataJW, const QString& table, const QString& columns, con
     // The range from the lowest to the highest reads a few rows too many, but each statement by itself costs
     // more than hundreds of rows.
     const QString key = table + u"Key";
-    RecordSet rows = dataJW.getExecQueryRecords(
+    const RecordSet rows = dataJW.getExecQueryRecords(
         u"Select "_s + key + u',' + columns + u" from " + table + u" where " + key + u" between " +
         QString::number(*keys.begin()) + u" and " + QString::number(*keys.rbegin()));
     if (rows.isNothing())
         return;
     for (const Key wanted : keys)
         names.insert(wanted, QString());
-    for (; !rows.atEnd(); rows.next()) {
-        QStringList words;
-        for (int column = 1; column < rows.columnCount(); ++column)
-            words += rows.text(column).simplified();
-        words.removeAll(QString());
-        if (const auto found = toKey(rows.value(0).toLongLong()))
-            names.insert(*found, words.join(u' '));
-    }
+    const QHash<Key, QString> found = names::byKey(rows);
+    for (auto name = found.cbegin(); name != found.cend(); ++name)
+        names.insert(name.key(), name->simplified());
 }
 
 } // namespace

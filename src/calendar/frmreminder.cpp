@@ -5,6 +5,7 @@
 #include "base/fieldtext.h"
 #include "calendar/frmevcal.h"
 #include "store/datajw.h"
+#include "store/steps.h"
 
 #include <QHash>
 
@@ -240,17 +241,10 @@ bool FrmReminder::closeEvent(const RecordSet& event)
 void FrmReminder::writeStep(const QString& event, const QString& date, Key position, Key medium)
 {
     DataJW& dataJW = m_session.dataJW();
-    const QString key = QString::number(position);
-    const QString code = QString::number(medium);
-    if (event == u"Interview") {
-        dataJW.execQuery(u"Update Position set interview="_s + fieldtext::quoted(date) +
-                         u" where positionkey=" + key);
-        dataJW.execQuery(u"Update Position set interviewMedium="_s + code + u" where positionkey=" + key);
-    } else if (event == u"Interview Follow-Up") {
-        dataJW.execQuery(u"Update Position set FollowUp="_s + fieldtext::quoted(date) +
-                         u" where positionKey=" + key);
-        dataJW.execQuery(u"Update Position set FollowUpMedium="_s + code + u" where positionkey=" + key);
-    }
+    if (event == u"Interview")
+        steps::write(dataJW, position, u"interview"_s, date, medium);
+    else if (event == u"Interview Follow-Up")
+        steps::write(dataJW, position, u"FollowUp"_s, date, medium);
 }
 
 void FrmReminder::cmdSnooze()

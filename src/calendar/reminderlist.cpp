@@ -2,6 +2,7 @@
 
 #include "calendar/jwevent.h"
 #include "store/datajw.h"
+#include "store/names.h"
 
 #include <QCoreApplication>
 #include <QHash>
@@ -21,25 +22,14 @@ QString tr(const char* text)
 /// From so many events on the names are read table by table: each name by itself is a statement.
 constexpr size_t manyEvents = 200;
 
-/// The names in a table of all that events belong to, by their keys; of several columns joined with a blank.
-QHash<Key, QString> eventNames(DataJW& dataJW, const QString& table, const QStringList& columns)
+/// The names in a table of all that events belong to, by their keys. Joined, as a campaign may hold many more
+/// names than its events need.
+QHash<Key, QString> eventNames(DataJW& dataJW, const QString& table, const QString& columns)
 {
     const QString key = table + u"Key";
-    QHash<Key, QString> names;
-    RecordSet rows = dataJW.getExecQueryRecords(u"Select Event." + key + u',' + columns.join(u',') +
-                                                u" from Event Inner Join " + table + u" On Event." + key +
-                                                u'=' + table + u'.' + key);
-    names.reserve(rows.rowCount());
-    for (; !rows.atEnd(); rows.next()) {
-        const auto named = toKey(rows.value(0).toLongLong());
-        if (!named || names.contains(*named))
-            continue;
-        QString name = rows.text(1);
-        for (int column = 2; column < rows.columnCount(); ++column)
-            name += u' ' + rows.text(column);
-        names.insert(*named, name);
-    }
-    return names;
+    return names::byKey(dataJW.getExecQueryRecords(u"Select Event." + key + u',' + columns +
+                                                   u" from Event Inner Join " + table + u" On Event." + key +
+                                                   u'=' + table + u'.' + key));
 }
 
 /// Names by key, each asked for once however many events share it.
@@ -175,9 +165,9 @@ private:
     void nameThem()
     {
         if (m_owners.size() >= manyEvents) {
-            m_contacts.know(eventNames(m_dataJW, u"Contact"_s, {u"FirstName"_s, u"LastName"_s}));
-            m_positions.know(eventNames(m_dataJW, u"Position"_s, {u"Title"_s}));
-            m_companies.know(eventNames(m_dataJW, u"Company"_s, {u"Name"_s}));
+            m_contacts.know(eventNames(m_dataJW, u"Contact"_s, u"FirstName,LastName"_s));
+            m_positions.know(eventNames(m_dataJW, u"Position"_s, u"Title"_s));
+            m_companies.know(eventNames(m_dataJW, u"Company"_s, u"Name"_s));
         }
         for (size_t i = 0; i < m_owners.size(); ++i) {
             DueEvent& due = m_found.open[i];

@@ -102,11 +102,6 @@ QString DesktopPrompts::openFile(const QString& title, const QString& folder, co
     return QFileDialog::getOpenFileName(QApplication::activeWindow(), title, folder, filters.join(u";;"_s));
 }
 
-QString DesktopPrompts::saveFile(const QString& title, const QString& folder, const QStringList& filters)
-{
-    return QFileDialog::getSaveFileName(QApplication::activeWindow(), title, folder, filters.join(u";;"_s));
-}
-
 QString DesktopPrompts::pickCompany(const QString& title, const QStringList& companies)
 {
     CompanyPicker picker(title, companies, QApplication::activeWindow());

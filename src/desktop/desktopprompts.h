@@ -10,6 +10,5 @@ class DesktopPrompts : public Prompts
 public:
     Answer msgBox(const QString& text, Buttons buttons, const QString& title) override;
     QString openFile(const QString& title, const QString& folder, const QStringList& filters) override;
-    QString saveFile(const QString& title, const QString& folder, const QStringList& filters) override;
     QString pickCompany(const QString& title, const QStringList& companies) override;
 };

@@ -2,18 +2,11 @@
 
 #include "base/text.h"
 #include "store/datajw.h"
+#include "store/steps.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// Writes the day of a step, then its medium.
-bool writeStep(DataJW& dataJW, const QString& step, const QString& day, Key position)
-{
-    const QString where = u" where PositionKey="_s + QString::number(position);
-    const bool dated = dataJW.execQuery(u"Update position set "_s + step + u"='" + day + u'\'' + where);
-    return dataJW.execQuery(u"Update position set "_s + step + u"Medium=7" + where) && dated;
-}
 
 /// @p rows are the contact's histories in the order of their days.
 bool walk(DataJW& dataJW, RecordSet rows, Key position)
@@ -25,11 +18,11 @@ bool walk(DataJW& dataJW, RecordSet rows, Key position)
         // Whatever comes after a promised follow-up is one, so the last contact decides. The promise by
         // itself is none.
         if (followed)
-            written = writeStep(dataJW, u"InfoFollow"_s, day, position) && written;
+            written = steps::write(dataJW, position, u"InfoFollow"_s, day, steps::Other) && written;
         if (rows.text(u"Return") == u"Follow-up")
             followed = true;
         if (rows.text(u"DocumentXfer").toDouble() == 1)
-            written = writeStep(dataJW, u"SentResume"_s, day, position) && written;
+            written = steps::write(dataJW, position, u"SentResume"_s, day, steps::Other) && written;
     }
     return written;
 }

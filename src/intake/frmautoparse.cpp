@@ -1,10 +1,10 @@
 #include "intake/frmautoparse.h"
 
-#include "base/streetmap.h"
 #include "base/text.h"
 #include "store/datajw.h"
 #include "store/storeerror.h"
-#include "store/webpages.h"
+#include "web/streetmap.h"
+#include "web/webpages.h"
 
 #include <QDir>
 

@@ -6,6 +6,7 @@
 #include "store/session.h"
 
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -73,7 +74,8 @@ class GrowingCopy
 {
 public:
     GrowingCopy(sqlite3* source, const QString& target)
-        : m_target(target)
+        : m_source(source)
+        , m_target(target)
         , m_unfinished(target + u".part")
     {
         QFile::remove(m_unfinished);
@@ -92,15 +94,29 @@ public:
     GrowingCopy(const GrowingCopy&) = delete;
     GrowingCopy& operator=(const GrowingCopy&) = delete;
 
-    /// True while there is more to copy; -1 pages means all.
-    bool step(int pages)
+    enum Progress {
+        More,
+        Held, ///< another program keeps everybody out, so nothing was copied
+        All,
+    };
+
+    /// Copies some pages, all that are left for -1, and waits for nobody.
+    Progress step(int pages)
     {
+        sqlite3_busy_timeout(m_source, 0); // who waits, and for how long, is the caller's to say
         const int code = sqlite3_backup_step(m_backup, pages);
-        if (code == SQLITE_DONE)
-            return false;
-        if (code == SQLITE_OK || code == SQLITE_BUSY || code == SQLITE_LOCKED)
-            return true;
-        throw StoreError(QString::fromUtf8(sqlite3_errstr(code)), code, QStringLiteral("SQLite"));
+        sqlite3_busy_timeout(m_source, engine::busyTimeoutMs);
+        switch (code) {
+        case SQLITE_DONE:
+            return All;
+        case SQLITE_OK:
+            return More;
+        case SQLITE_BUSY:
+        case SQLITE_LOCKED:
+            return Held;
+        default:
+            throw StoreError(QString::fromUtf8(sqlite3_errstr(code)), code, QStringLiteral("SQLite"));
+        }
     }
     /// Checks the whole copy and gives it its name.
     void finish()
@@ -116,11 +132,17 @@ public:
     }
 
 private:
+    sqlite3* m_source;
     QString m_target;
     QString m_unfinished;
     engine::Connection m_connection;
     sqlite3_backup* m_backup = nullptr;
 };
+
+QString heldText()
+{
+    return tr("another program holds the database; please let it finish, or close it, and try again");
+}
 
 void rotate(const QString& folder)
 {
@@ -162,12 +184,16 @@ QString checkFile(const QString& path)
     }
 }
 
-QString copyTo(Database& database, const QString& target)
+QString copyTo(Database& database, const QString& target, std::chrono::milliseconds patience)
 {
     try {
         GrowingCopy copy(database.handle(), target);
-        while (copy.step(-1))
-            QThread::msleep(20); // another process writes: wait for it
+        const QDeadlineTimer deadline(patience);
+        while (copy.step(-1) != GrowingCopy::All) {
+            if (deadline.hasExpired())
+                return heldText();
+            QThread::msleep(20);
+        }
         copy.finish();
         return {};
     } catch (const StoreError& error) {
@@ -175,7 +201,7 @@ QString copyTo(Database& database, const QString& target)
     }
 }
 
-bool copyBefore(Session& session, const QString& reason)
+bool copyBefore(Session& session, const QString& reason, std::chrono::milliseconds patience)
 {
     const QString folder = backupsFolder(session.folder());
     QString failure;
@@ -183,7 +209,8 @@ bool copyBefore(Session& session, const QString& reason)
         if (!QDir().mkpath(folder))
             failure = tr("the folder %1 cannot be made").arg(folder);
         else
-            failure = copyTo(session.dataJW().database(), freePath(folder, copyName(session.now(), reason)));
+            failure = copyTo(session.dataJW().database(), freePath(folder, copyName(session.now(), reason)),
+                             patience);
     } catch (const StoreError& error) {
         failure = error.description();
     }
@@ -200,12 +227,16 @@ bool copyBefore(Session& session, const QString& reason)
 struct DailyCopy::Impl
 {
     Session& session;
+    std::chrono::milliseconds patience;
     std::unique_ptr<GrowingCopy> copy;
     QString failure;
+    QDeadlineTimer deadline{QDeadlineTimer::Forever}; ///< runs while somebody holds the database
+
+    bool goOn();
 };
 
-DailyCopy::DailyCopy(Session& session)
-    : m_impl(new Impl{session, nullptr, {}})
+DailyCopy::DailyCopy(Session& session, std::chrono::milliseconds patience)
+    : m_impl(new Impl{session, patience, nullptr, {}})
 {
     const QString folder = backupsFolder(session.folder());
     const QString target = folder + u'/' + copyName(session.now(), QStringLiteral("daily"));
@@ -223,15 +254,35 @@ DailyCopy::DailyCopy(Session& session)
 
 DailyCopy::~DailyCopy() = default;
 
+/// True when another step is to come.
+bool DailyCopy::Impl::goOn()
+{
+    switch (copy->step(pagesPerStep)) {
+    case GrowingCopy::More:
+        deadline = QDeadlineTimer(QDeadlineTimer::Forever);
+        return true;
+    case GrowingCopy::Held:
+        if (deadline.isForever())
+            deadline = QDeadlineTimer(patience);
+        if (!deadline.hasExpired())
+            return true;
+        session.logError(tr("Today's copy of the database was not made: %1.").arg(heldText()), 1);
+        return false;
+    case GrowingCopy::All:
+        break;
+    }
+    copy->finish();
+    rotate(session.folder());
+    return false;
+}
+
 bool DailyCopy::step()
 {
     if (!m_impl->copy)
         return false;
     try {
-        if (m_impl->copy->step(pagesPerStep))
+        if (m_impl->goOn())
             return true;
-        m_impl->copy->finish();
-        rotate(m_impl->session.folder());
     } catch (const StoreError& error) {
         m_impl->failure = error.description();
     }

@@ -4,6 +4,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <chrono>
 #include <memory>
 
 class Session;
@@ -16,21 +17,26 @@ QStringList listCopies(const QString& folder);
 /// Checks a database file in whole. "" when it is sound, else what was found.
 QString checkFile(const QString& path);
 
+/// How long a copy waits for another program that holds the database.
+inline constexpr std::chrono::milliseconds copyPatience{10'000};
+
 /// Copies the open database into @p target, checks the copy and puts it there under its name only when it is
-/// sound; an existing file of that name is replaced. "" on success, else what went wrong.
-QString copyTo(Database& database, const QString& target);
+/// sound; an existing file of that name is replaced. "" on success, else what went wrong; that another
+/// program holds the database is said after @p patience.
+QString copyTo(Database& database, const QString& target, std::chrono::milliseconds patience = copyPatience);
 
 /// Makes the copy that a step which deletes much ("restore", "reset") takes first. False when it could not be
-/// made: the user has been told, and the step must not go on.
-bool copyBefore(Session& session, const QString& reason);
+/// made: the user has been told, and the step must not go on. Waits as copyTo does.
+bool copyBefore(Session& session, const QString& reason, std::chrono::milliseconds patience = copyPatience);
 
 /// The copy of the day, made in small steps so that the screen stays alive: call step() from a timer until it
 /// answers false. Does nothing when the day has its copy. Afterwards the oldest copies are removed: the last
-/// ten daily ones and the last five of each other kind are kept.
+/// ten daily ones and the last five of each other kind are kept. No step waits for another program that holds
+/// the database; when it holds it longer than the patience, the day goes without a copy, and the log says so.
 class DailyCopy
 {
 public:
-    explicit DailyCopy(Session& session);
+    explicit DailyCopy(Session& session, std::chrono::milliseconds patience = copyPatience);
     ~DailyCopy();
     DailyCopy(const DailyCopy&) = delete;
     DailyCopy& operator=(const DailyCopy&) = delete;

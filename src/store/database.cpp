@@ -10,7 +10,6 @@
 
 namespace {
 
-constexpr int busyTimeoutMs = 2000;
 /// Shapes kept prepared. The program sends some two hundred; a user's own queries push the oldest out.
 constexpr size_t cachedShapes = 256;
 
@@ -152,7 +151,7 @@ Database::Database(const QString& path)
     m_impl->path = path;
     m_impl->connection = engine::open(path, SQLITE_OPEN_READWRITE);
     sqlite3* const handle = m_impl->connection.get();
-    sqlite3_busy_timeout(handle, busyTimeoutMs);
+    sqlite3_busy_timeout(handle, engine::busyTimeoutMs);
     // A committed action must survive a power cut, so every commit waits for the disk.
     engine::execute(handle, "PRAGMA journal_mode=DELETE");
     engine::execute(handle, "PRAGMA synchronous=FULL");

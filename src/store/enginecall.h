@@ -25,6 +25,9 @@ struct FinalizeStatement
 using Connection = std::unique_ptr<sqlite3, CloseConnection>;
 using Statement = std::unique_ptr<sqlite3_stmt, FinalizeStatement>;
 
+/// How long a statement waits for another program that holds the file.
+inline constexpr int busyTimeoutMs = 2000;
+
 /// Opens a file with SQLITE_OPEN_... flags for the use of one thread at a time; throws StoreError.
 Connection open(const QString& path, int flags);
 /// Compiles one statement; throws StoreError.

@@ -49,7 +49,7 @@ void Session::releaseDataJW()
 Answer Session::msgBox(const QString& text, Buttons buttons, const QString& title)
 {
     const BusyScope busy(*this);
-    return m_prompts.msgBox(text, buttons, title.isEmpty() ? QStringLiteral("Jobwright Message") : title);
+    return m_prompts.msgBox(text, buttons, title.isEmpty() ? messageTitle.toString() : title);
 }
 
 void Session::addLog(const QString& message)

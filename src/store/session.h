@@ -47,7 +47,9 @@ public:
     /// The settings store: what the program keeps outside the database.
     [[nodiscard]] RegAccess& settings() { return m_settings; }
 
-    /// The standard message box. An empty title becomes "Jobwright Message"; dialogBusy is up while it is
+    /// The title of a message that has none of its own.
+    static constexpr QStringView messageTitle = u"Jobwright Message";
+    /// The standard message box. An empty title becomes messageTitle; dialogBusy is up while it is
     /// open.
     Answer msgBox(const QString& text, Buttons buttons = Buttons::Ok, const QString& title = {});
 
@@ -81,28 +83,31 @@ public:
     void setStatusLine(const QString& line);
 
     // Plain flags and values of the run.
-    bool debugMode = false;
-    bool splashClosed = false;
-    bool wordAvailable = false;
-    bool outlookAvailable = false;
-    bool autosave = false;
-    bool dialogBusy = false;
-    Key reminderInterval = 0; ///< minutes
+    bool debugMode = false;        ///< trace() writes; the splash screen's picture switches it on
+    bool splashClosed = false;     ///< the splash screen has gone
+    bool wordAvailable = false;    ///< the desktop has a program for ".doc" files
+    bool outlookAvailable = false; ///< the folder has its "exchange" folder
+    bool autosave = false;         ///< a record is saved with every assignment made on its screen
+    bool dialogBusy = false;       ///< a box or a statement is at work: reminders and copies wait
+    Key reminderInterval = 0;      ///< minutes between two looks for reminders
     /// When reminders were looked for last; begins so long ago that the first look is always due.
     QDateTime lastReminderCheck{QDate(1899, 12, 30), QTime(0, 0)};
-    QTime sessionStart;
-    QTime sessionEnd;
-    QString helpDocument;
-    QString acrobatPath;
-    QString lastScreen;
+    QTime sessionStart;   ///< time of day when the workbench came up; set by FrmData
+    QTime sessionEnd;     ///< time of day when it closed
+    QString helpDocument; ///< the documentation, below the folder, with backslashes and one at its beginning
+    QString acrobatPath;  ///< program for PDF files where no viewer is set; "" for the desktop's own choice
+    QString lastScreen;   ///< name of the screen that was closed last, of those that note it; "" for none
 
 signals:
-    /// A restore or import has stored a row; @p done of @p total records are behind it (0 of 0: unknown).
     void statusLineChanged(const QString& line);
+    /// A restore or import has stored a row; @p done of @p total records are behind it (0 of 0: unknown).
     void progressChanged(int done, int total);
 
 private:
     friend class QuietReports;
+
+    /// The sentence about an error log that cannot be written; "" when there is nothing new to say of it.
+    [[nodiscard]] QString lostLogText();
 
     QString m_folder;
     Clock m_clock;
@@ -111,9 +116,6 @@ private:
     RegAccess m_settings;
     std::unique_ptr<DataJW> m_dataJW;
     QString m_statusLine;
-    /// The sentence about an error log that cannot be written; "" when there is nothing new to say of it.
-    [[nodiscard]] QString lostLogText();
-
     bool m_logLost = false;
     bool m_logLossTold = false;
     int m_quiet = 0;

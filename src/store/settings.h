@@ -6,8 +6,7 @@
 #include <QVariant>
 
 /// Keys with named values, in the file "settings.ini" of the application folder. A key is a path with
-/// backslashes
-/// ("Software\\Ferrow Software\\Jobwright") below a hive; hives and keys are groups of the file.
+/// backslashes ("Software\\Ferrow Software\\Jobwright") below a hive; hives and keys are groups of the file.
 class RegAccess
 {
 public:

@@ -115,7 +115,7 @@ FileReport inspectContent(const QString& path)
 {
     try {
         const engine::Connection connection = engine::open(path, SQLITE_OPEN_READWRITE);
-        sqlite3_busy_timeout(connection.get(), 2000);
+        sqlite3_busy_timeout(connection.get(), engine::busyTimeoutMs);
         for (const schema::Table& table : schema::tables()) {
             // Asks for every column by name, so that a missing one is found here and not in the middle of a
             // save.

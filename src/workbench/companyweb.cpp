@@ -1,10 +1,10 @@
 // The doors beside a company: its web pages, the street map, the parsing of a card, the target list.
-#include "base/streetmap.h"
 #include "base/text.h"
 #include "intake/frmautoparse.h"
 #include "store/datajw.h"
 #include "store/storeerror.h"
-#include "store/webpages.h"
+#include "web/streetmap.h"
+#include "web/webpages.h"
 #include "workbench/companyscreen.h"
 #include "workbench/shell.h"
 #include "workbench/stateabbrev.h"

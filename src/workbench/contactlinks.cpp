@@ -2,6 +2,7 @@
 #include "base/fieldtext.h"
 #include "base/text.h"
 #include "store/datajw.h"
+#include "store/steps.h"
 #include "workbench/addressentry.h"
 #include "workbench/contactscreen.h"
 #include "workbench/shell.h"
@@ -136,11 +137,9 @@ bool ContactScreen::writeStep(const QString& step)
     const Key position = m_shell.selection().currentPositionKey;
     if (position <= 0)
         return true;
-    const QString where = u" where positionKey="_s + QString::number(position);
+    // A statement that is refused by itself has been told and stops nothing.
     Action action(dataJW());
-    dataJW().execQuery(u"Update Position set " + step + u"='" + m_shell.session().todayText() + u'\'' +
-                       where);
-    dataJW().execQuery(u"Update Position set " + step + u"Medium=7" + where);
+    steps::write(dataJW(), position, step, m_shell.session().todayText(), steps::Other);
     return action.commit();
 }
 

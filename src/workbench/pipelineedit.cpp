@@ -2,6 +2,7 @@
 // save.
 #include "base/text.h"
 #include "store/datajw.h"
+#include "store/steps.h"
 #include "workbench/pipelinescreen.h"
 #include "workbench/positionform.h"
 #include "workbench/shell.h"
@@ -157,14 +158,8 @@ void PipelineScreen::writeStep(int index)
 {
     DataJW& dataJW = m_shell.session().dataJW();
     const Key key = m_shell.selection().currentPositionKey;
-    const QString where = u" where PositionKey=" + QString::number(key);
-    const int medium = PipelineSteps::getIndexMedium(index, m_form.text(control(u"Image1"_s, index)));
-    Action action(dataJW);
-    const bool dated = dataJW.execQuery(u"Update Position set " + PipelineSteps::getIndexTitle(index) +
-                                        u"='" + dates::mdyyyy(dateOf(index)) + u'\'' + where);
-    const bool coded = dataJW.execQuery(u"Update Position set " + PipelineSteps::getIndexMediumTitle(index) +
-                                        u'=' + QString::number(medium) + where);
-    if (!action.commit() || !dated || !coded) {
+    if (!steps::write(dataJW, key, PipelineSteps::getIndexTitle(index), dates::mdyyyy(dateOf(index)),
+                      PipelineSteps::getIndexMedium(index, m_form.text(control(u"Image1"_s, index))))) {
         // What is shown must be what is kept.
         if (const RecordSet record = dataJW.getPositionByKey(key); !record.isEmpty())
             fillProgForm(record);
@@ -225,9 +220,9 @@ QString PipelineScreen::stepValues() const
             continue;
         }
         // By the picture as it is drawn: six have a place of their own in the list, all else is "other".
-        constexpr int other = 7;
-        int code = 1;
-        while (code < other && PipelineSteps::mediumTag(code) != m_form.text(control(u"Image1"_s, index)))
+        int code = steps::Internet;
+        while (code < steps::Other &&
+               PipelineSteps::mediumTag(code) != m_form.text(control(u"Image1"_s, index)))
             ++code;
         values += u'\'' + dates::mdyyyy(date) + u"','" + QString::number(code) + u"',";
     }

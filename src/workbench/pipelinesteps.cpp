@@ -1,5 +1,7 @@
 #include "workbench/pipelinesteps.h"
 
+#include "store/steps.h"
+
 #include <QCoreApplication>
 
 #include <algorithm>
@@ -88,12 +90,9 @@ int PipelineSteps::getIndexMedium(int index, const QString& tag)
         return code;
     // Research is read, not sent: what came from the internet is filed with the papers, and a medium of no
     // name says nothing about a piece of reading.
-    constexpr int internet = 1;
-    constexpr int post = 4;
-    constexpr int other = 7;
-    if (code == internet)
-        return post;
-    return code == other ? 0 : code;
+    if (code == steps::Internet)
+        return steps::Post;
+    return code == steps::Other ? steps::NoMedium : code;
 }
 
 QString PipelineSteps::mediumTag(int code)

@@ -16,7 +16,7 @@ class PipelineSteps
 public:
     static constexpr int count = 11;
 
-    /// One step: its day and how it was done (a medium code).
+    /// One step: its day and how it was done (a steps::Medium).
     struct Step
     {
         QDate date;     ///< invalid when the row holds none; dates::sentinel for a step not done

@@ -1,6 +1,7 @@
 // The people assigned to a position.
 #include "base/text.h"
 #include "store/datajw.h"
+#include "store/steps.h"
 #include "workbench/pipelinesteps.h"
 #include "workbench/positionscreen.h"
 #include "workbench/shell.h"
@@ -111,12 +112,10 @@ void PositionScreen::writeInfoContact()
     if (key == 0)
         return;
     Session& session = m_shell.session();
-    const QString row = u" where positionKey=" + QString::number(key);
-    Action action(session.dataJW());
-    session.dataJW().execQuery(u"Update Position set InfoContact='" + session.todayText() + u'\'' + row);
-    session.dataJW().execQuery(u"Update Position set InfoContactMedium=6" + row);
-    if (action.commit())
-        m_progress = PipelineSteps(session.dataJW().getPositionByKey(key)).progress();
+    steps::write(session.dataJW(), key, u"InfoContact"_s, session.todayText(), steps::Meeting);
+    // Either half may have failed, so the store says how far the position is.
+    if (const RecordSet record = session.dataJW().getPositionByKey(key); !record.isEmpty())
+        m_progress = PipelineSteps(record).progress();
 }
 
 void PositionScreen::cmdRemoveContactAssign1()

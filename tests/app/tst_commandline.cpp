@@ -133,6 +133,64 @@ private slots:
             QVERIFY(!outcome.error.isEmpty());
     }
 
+    void storedEscapesNeverReachTheTerminal_data()
+    {
+        // lines: how many the command prints when no cell breaks its own
+        columns<QString, int>("command", "lines");
+        const auto row = [](const char* command, int lines) {
+            QTest::newRow(command) << QString::fromLatin1(command) << lines;
+        };
+        row("companies", 2);
+        row("companies|--long", 3);
+        row("contacts", 2);
+        row("contacts|Larch", 2);
+        row("positions", 2);
+        row("pipeline", 1);
+        row("history|Ann", 2);
+        row("agenda|--month|2020-03", 2);
+        row("due", 2);
+        row("status|Tainted", 1);
+        row("summary|Larch", 0); // as many as it has sentences
+        row("summary|a", 1);     // several
+        row("summary|\x1b[31mNobody", 1);
+        row("history|\x1b[31mNobody", 1);
+        row("query|Select No\x1b[31m from Company", 1);
+    }
+    void storedEscapesNeverReachTheTerminal()
+    {
+        QFETCH(QString, command);
+        QFETCH(int, lines);
+        static const QTemporaryDir folder;
+        if (!QFile::exists(folder.filePath(u"Postledger.db"_s))) {
+            const QString evil = u"\x1b[31m\r\n\u009b2J\a\rZ"_s;
+            query(
+                folder.path(),
+                {u"Insert into Company(Name) Values('Larch%1')"_s.arg(evil),
+                 u"Insert into Company(Name) Values('Alder')"_s,
+                 u"Insert into Contact(FirstName,LastName,Title,CompanyKey) Values('Ann%1','Lee','x%1',1)"_s
+                     .arg(evil),
+                 u"Insert into Position(Title,CompanyKey,Source,Expires) Values('Clerk%1',1,'%1','12/31/99')"_s
+                     .arg(evil),
+                 u"Insert into History(HistoryKey,ContactKey,ContactCount,Topic,ContactDate) "
+                 "Values('1-1',1,1,'Fair%1','11/5/26')"_s.arg(evil),
+                 u"Insert into Event(Event,EventDate,EventTime,AMPM,EventDuration,Reminder1,Description,"
+                 "EventType,Complete,CompanyKey,ContactKey) Values('Other%1','3/1/2020','9:00','PM','1','0',"
+                 "'%1','Event','',1,1)"_s.arg(evil),
+                 u"Insert into Status(StatusDescription,StatusValue) Values('Tainted','\x1b[2Jred')"_s});
+        }
+        const Outcome outcome = run(folder.path(), command.split(u'|'));
+        const QString shown = outcome.out + outcome.error;
+        for (const QChar c : shown)
+            QVERIFY2(c.category() != QChar::Other_Control || c == u'\n' || c == u'\t', qPrintable(shown));
+        if (lines > 0)
+            QCOMPARE(shown.count(u'\n'), lines);
+        else
+            QVERIFY(shown.count(u'\n') > 1);
+        // What other programs read stays as it is stored.
+        const QString select = u"Select Name from Company where CompanyKey=1"_s;
+        QVERIFY(run(folder.path(), {u"query"_s, select}).out.contains(u"\x1b[31m\r\n\u009b2J\a\rZ"_s));
+    }
+
     void pipelineSaysWhatTheStepsSay()
     {
         QTemporaryDir folder;

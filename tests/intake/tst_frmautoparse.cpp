@@ -1,35 +1,15 @@
 // The screen Fast Data Parsing: what its buttons do to the fields, and how another screen gets them back.
 #include "intake/frmautoparse.h"
 #include "support/errorlog.h"
+#include "support/screenbench.h"
 #include "support/table.h"
-#include "support/world.h"
 
 #include <QSignalSpy>
 #include <QTest>
 
-#include <functional>
-
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// Opens the screen by doing what its user does.
-class UserAtTheScreen : public Navigator
-{
-public:
-    std::function<void()> act;
-    bool available = true;
-    QStringList opened;
-
-    [[nodiscard]] bool hasScreen(const QString&) const override { return available; }
-    void openScreen(const QString& screen) override
-    {
-        opened.append(screen);
-        if (act)
-            act();
-    }
-    void openHelp(int) override {}
-};
 
 const CardFields entryControls{u"txtEAddress"_s, u"txtECity"_s, u"txtEState"_s, u"txtEZip"_s,
                                u"txtEP1"_s,      u"txtEP2"_s,   u"txtEP3"_s,    u"txtEFax"_s,
@@ -46,7 +26,7 @@ class TestFrmAutoParse : public QObject
     std::unique_ptr<World> m_world;
     std::unique_ptr<FrmAutoParse> m_screen;
     std::unique_ptr<Form> m_entry;
-    UserAtTheScreen m_user;
+    NotedNavigator m_user;
 
     QString shown(const QString& control) { return m_screen->form().text(control); }
     void type(QStringView text) { m_screen->form().edit(u"txtBizCard"_s, text.toString()); }
@@ -98,7 +78,7 @@ private slots:
         m_entry->setText(u"txtEAddress"_s, u"\n"_s);
         m_entry->setText(u"txtECity"_s, u"Akron"_s);
         m_entry->setText(u"txtEFax"_s, u"330-555-0100"_s);
-        m_user.act = [&] {
+        m_user.whileOpen = [&] {
             QCOMPARE(shown(u"txtCurrent"_s),
                      u"\n\r\nAkron,   \r\n\r\n\r\n\r\n330-555-0100\r\n\r\n\r\n\r\n"_s);
             QVERIFY(m_world->session->dialogBusy);
@@ -117,9 +97,9 @@ private slots:
             filled.append(m_entry->text(control));
         QTEST(filled.join(u'|'), "filled");
         // An earlier decision does not count again, nor one without the screen.
-        m_user.act = {};
+        m_user.whileOpen = {};
         QVERIFY(!m_screen->fill(*m_entry, entryControls, {}, m_user));
-        m_user.available = false;
+        m_user.hasAll = false;
         QVERIFY(!m_screen->fill(*m_entry, entryControls, {}, m_user));
         QCOMPARE(m_entry->text(u"txtECity"_s), filled[1]);
     }

@@ -1,12 +1,13 @@
 // Work on a store that tests interrupt, in processes of their own where it must be.
 #pragma once
 
+#include "base/silentports.h"
 #include "store/campaignfile.h"
 
 #include <cstdio>
 
 /// Takes whatever is asked, and tells it on standard output: the messages of a process of its own.
-class Mute : public Prompts, public Desktop
+class Mute : public SilentPrompts, public SilentDesktop
 {
 public:
     Answer msgBox(const QString& text, Buttons, const QString&) override
@@ -14,15 +15,6 @@ public:
         std::puts(qPrintable(text));
         return Answer::Ok;
     }
-    QString openFile(const QString&, const QString&, const QStringList&) override { return {}; }
-    QString saveFile(const QString&, const QString&, const QStringList&) override { return {}; }
-    QString pickCompany(const QString&, const QStringList&) override { return {}; }
-    bool openUrl(const QString&) override { return false; }
-    bool openDocument(const QString&) override { return false; }
-    bool startProgram(const QString&, const QStringList&) override { return false; }
-    [[nodiscard]] bool canOpen(const QString&) const override { return false; }
-    bool playSound(const QString&) override { return false; }
-    bool notify(const QString&, const QString&) override { return false; }
 };
 
 /// A campaign with enough in it that each kind of work can be met in its middle.

@@ -1,9 +1,12 @@
 #include "store/appfolder.h"
 #include "store/copies.h"
+#include "store/enginecall.h"
 #include "store/storecheck.h"
 #include "support/world.h"
 
 #include <QTest>
+
+#include <sqlite3.h>
 
 using namespace Qt::StringLiterals;
 
@@ -75,6 +78,39 @@ private slots:
         QVERIFY(blocker.open(QIODevice::WriteOnly)); // a file where the folder should be
         world.prompts.expect(u"Nothing was changed"_s);
         QVERIFY(!copyBefore(*world.session, u"restore"_s));
+    }
+
+    void copyGivesUpOnADatabaseThatIsHeld_data()
+    {
+        QTest::addColumn<QString>("kind");
+        for (const char* kind : {"wanted", "before a step", "daily"})
+            QTest::newRow(kind) << QString::fromLatin1(kind);
+    }
+    void copyGivesUpOnADatabaseThatIsHeld()
+    {
+        constexpr std::chrono::milliseconds patience{60};
+        const QString held = u"another program holds the database"_s;
+        QFETCH(QString, kind);
+        World world;
+        Database& database = world.data().database();
+        const engine::Connection other = engine::open(database.path(), SQLITE_OPEN_READWRITE);
+        engine::execute(other.get(), "BEGIN EXCLUSIVE");
+        if (kind == u"wanted") {
+            const QString failure = copyTo(database, world.folder.filePath(u"copy.db"_s), patience);
+            QVERIFY2(failure.contains(held), qPrintable(failure));
+        } else if (kind == u"before a step") {
+            world.prompts.expect(held);
+            QVERIFY(!copyBefore(*world.session, u"restore"_s, patience));
+        } else {
+            DailyCopy copy(*world.session, patience);
+            while (copy.step()) {
+            }
+            QCOMPARE(copy.failure(), QString()); // no message while the user works
+            QVERIFY(world.errorLog().contains(held));
+        }
+        QCOMPARE(listCopies(world.folder.path()), QStringList());
+        engine::execute(other.get(), "ROLLBACK");
+        QVERIFY(copyBefore(*world.session, u"restore"_s, patience));
     }
 
     void oneFolderOneProgram()

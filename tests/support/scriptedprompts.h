@@ -50,10 +50,6 @@ public:
     {
         return take(title).path;
     }
-    QString saveFile(const QString& title, const QString&, const QStringList&) override
-    {
-        return take(title).path;
-    }
     QString pickCompany(const QString& title, const QStringList& companies) override
     {
         m_offered = companies;

@@ -76,6 +76,7 @@ struct Expr
     bool ignoreCase = false; ///< a comparison of texts that no column's collation rules
 };
 
+/// One result of a Select: a column, or a count.
 struct SelectItem
 {
     ColumnName column;
@@ -84,12 +85,14 @@ struct SelectItem
     std::optional<Name> alias;
 };
 
+/// One column that the rows are sorted by.
 struct OrderTerm
 {
     ColumnName column;
     bool descending = false;
 };
 
+/// Reads rows of one table, or of two that are joined, or counts them.
 struct Select
 {
     bool allColumns = false;       ///< Select *; the resolver then fills the items
@@ -104,6 +107,7 @@ struct Select
     [[nodiscard]] bool isCount() const { return !items.empty() && items.front().isCount; }
 };
 
+/// Adds one row of values, or the rows that a Select reads.
 struct Insert
 {
     Name table;
@@ -113,12 +117,14 @@ struct Insert
     const schema::Table* target = nullptr;
 };
 
+/// One column that an Update writes, and with what.
 struct Assignment
 {
     ColumnName column;
     ExprPtr value;
 };
 
+/// Writes columns in the rows that fulfil a condition, or in all.
 struct Update
 {
     Name table;
@@ -127,6 +133,7 @@ struct Update
     const schema::Table* target = nullptr;
 };
 
+/// Takes out the rows that fulfil a condition, or all.
 struct Delete
 {
     Name table;

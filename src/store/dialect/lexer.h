@@ -34,6 +34,7 @@ private:
     const Shape& m_shape;
 };
 
+/// A word, a sign or a literal's mark of the shape, and where it stands.
 struct Token
 {
     enum Kind { End, Word, Bracketed, Literal, Symbol };

@@ -9,6 +9,7 @@ namespace {
 /// More than any table has columns; keeps a hostile list from growing.
 constexpr std::size_t maxListed = 255;
 
+/// Takes one statement apart, clause by clause, as the lexer gives its tokens.
 class StatementParser
 {
 public:

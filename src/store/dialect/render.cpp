@@ -11,6 +11,7 @@ using namespace Qt::StringLiterals;
 namespace dialect {
 namespace {
 
+/// Puts one statement together in the engine's SQL, clause by clause, its expressions by ExpressionRenderer.
 class StatementRenderer
 {
 public:

@@ -40,6 +40,8 @@ Domain commonDomain(unsigned values)
     return only(NumberLiteral) ? Domain::Number : Domain::None;
 }
 
+/// Walks over an expression and settles what each part is: its columns, its type, and how its literals are
+/// bound.
 class Typing
 {
 public:

@@ -15,12 +15,11 @@ class QLabel;
 /// table and one widget in the .ui file.
 ///
 /// - Text, enabled and visible state go both ways for line edits, plain text edits, combo boxes, check boxes
-/// and radio
-///   buttons ("1" or "0"), sliders (the number), date edits (ISO date) and labels. Lines end in LF on both
-///   sides; other line ends are taken as such.
+///   and radio buttons ("1" or "0"), sliders (the number), date edits (ISO date) and labels. Lines end in LF
+///   on both sides; other line ends are taken as such.
 /// - A key in a field, a change by the user and leaving the field reach the presenter's fieldKeyDown,
-/// fieldChanged and
-///   fieldLeft where it has them. A box, a menu or another window over the field is not leaving it.
+///   fieldChanged and fieldLeft where it has them. A box, a menu or another window over the field is not
+///   leaving it.
 /// - A click on a button named cmd..., img... or lbl... calls the presenter's slot of that very name.
 /// - Esc in a field of one line gives back what it held when it was entered, and Ctrl+Z takes that back. In a
 ///   box of several lines Esc does nothing to the text, and goes on to the window only while nothing typed

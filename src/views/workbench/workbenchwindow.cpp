@@ -67,8 +67,7 @@ WorkbenchWindow::WorkbenchWindow(FrmData& presenter, QSettings& layout)
 
 WorkbenchWindow::~WorkbenchWindow() = default;
 
-// --- Parts of the window
-// --------------------------------------------------------------------------------------
+// --- Parts of the window ----------------------------------------------------------------------------------
 
 void WorkbenchWindow::buildFrames()
 {
@@ -231,8 +230,7 @@ void WorkbenchWindow::buildShortcuts()
     });
 }
 
-// --- What happens
-// ---------------------------------------------------------------------------------------------
+// --- What happens -----------------------------------------------------------------------------------------
 
 void WorkbenchWindow::connectSelector()
 {
@@ -341,8 +339,7 @@ void WorkbenchWindow::leaveField()
     }
 }
 
-// --- What is shown
-// --------------------------------------------------------------------------------------------
+// --- What is shown ----------------------------------------------------------------------------------------
 
 void WorkbenchWindow::fillSelector()
 {

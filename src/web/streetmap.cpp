@@ -1,4 +1,4 @@
-#include "base/streetmap.h"
+#include "web/streetmap.h"
 
 #include <QUrl>
 

@@ -1,4 +1,4 @@
-#include "store/webpages.h"
+#include "web/webpages.h"
 
 #include "store/session.h"
 
