@@ -3,6 +3,7 @@
 #include "base/text.h"
 #include "store/datajw.h"
 #include "store/session.h"
+#include "store/xmlfile.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -14,7 +15,6 @@
 #include <pugixml.hpp>
 
 #include <algorithm>
-#include <array>
 #include <vector>
 
 #ifdef __GLIBC__
@@ -25,9 +25,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr std::array<QStringView, 12> tables{u"Address",  u"Company",  u"Contact", u"CProfile",
-                                             u"Document", u"Event",    u"History", u"JProfile",
-                                             u"Position", u"Question", u"Target",  u"UProfile"};
 /// The bar's steps for one table; the rows of all tables together are not known before the last is read.
 constexpr int stepsPerTable = 100;
 
@@ -99,16 +96,16 @@ private:
     std::vector<pugi::xml_attribute> m_attributes;
 };
 
-bool writeTable(Session& session, FileWriter& writer, QStringView name, int tablesDone)
+bool writeTable(Session& session, FileWriter& writer, std::string_view name, int tablesDone)
 {
-    const QString table = name.toString();
+    const QString table = QString::fromLatin1(name.data(), static_cast<qsizetype>(name.size()));
     RecordElement record(session.dataJW().getFields(table));
     RecordSet rows = session.dataJW().getExecQueryRecords(u"Select * from "_s + table);
     if (rows.isNothing())
         return false;
     const QByteArray opening = "  <Data Table=\"" + table.toUtf8() + (rows.isEmpty() ? "\" />\n" : "\">\n");
     writer.add(opening);
-    const int total = stepsPerTable * static_cast<int>(tables.size());
+    const int total = stepsPerTable * static_cast<int>(CampaignFile::tables.size());
     int step = -1;
     for (int row = 0; !rows.atEnd(); rows.next(), ++row) {
         record.print(rows, writer);
@@ -128,7 +125,7 @@ bool writeDocument(Session& session, QSaveFile& file, bool restore)
     writer.add("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n");
     writer.add(restore ? "<Jobwright Restore=\"1\">\n" : "<Jobwright>\n");
     int done = 0;
-    for (const QStringView table : tables) {
+    for (const std::string_view table : CampaignFile::tables) {
         // A table that cannot be read is logged and shown by the gateway; half a backup is none.
         if (!writeTable(session, writer, table, done++))
             return false;
