@@ -138,6 +138,10 @@ int verify(CommandContext& context)
             printLine(tr("keys\t%1\t%2 of %3").arg(use.table).arg(use.highest).arg(keyLimit));
         for (const OrphanCount& orphan : check.orphans)
             printLine(tr("points nowhere\t%1\t%2").arg(orphan.column).arg(orphan.rows));
+        for (const OrphanCount& record : check.unowned)
+            printLine(tr("belongs to nobody\t%1\t%2").arg(record.column).arg(record.rows));
+        for (const QString& object : check.foreign)
+            printLine(tr("not made by Jobwright, never run\t%1").arg(object));
         if (const QString warning = keyWarningText(keysRunningOut(session->dataJW().database()));
             !warning.isEmpty())
             printError(warning);
