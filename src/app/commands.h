@@ -9,6 +9,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <string>
 
 namespace CLI {
 class App;
@@ -52,6 +53,13 @@ void addHistoryCommands(CLI::App& app, Command& chosen);
 void addCalendarCommands(CLI::App& app, Command& chosen);
 /// Adds the intake's command: parse-card.
 void addIntakeCommands(CLI::App& app, Command& chosen);
+
+/// Refuses an argument that is empty: a script's empty variable must not stand for the user's own folder, or
+/// for what comes without the argument. @p what is refused: "the file's name".
+inline std::function<std::string(const std::string&)> notEmpty(const std::string& what)
+{
+    return [what](const std::string& text) { return text.empty() ? what + " is empty" : std::string(); };
+}
 
 /// The company that the user means among @p names: the name itself in any case, else the only one that holds
 /// the text. Nothing, with the reason printed, when there is none or no single one.

@@ -226,7 +226,8 @@ void addStoreCommands(CLI::App& app, Command& chosen)
     auto* const exportCommand = add("export", "Write all data as XML");
     auto target = std::make_shared<std::string>();
     auto restore = std::make_shared<bool>(false);
-    exportCommand->add_option("FILE", *target, "Where to; without it the folder's export file");
+    exportCommand->add_option("FILE", *target, "Where to; without it the folder's export file")
+        ->check(notEmpty("the file's name"));
     exportCommand->add_flag("--restore", *restore,
                             "Mark the file as one that replaces the database when read");
     exportCommand->callback([=, &chosen] {
@@ -236,7 +237,7 @@ void addStoreCommands(CLI::App& app, Command& chosen)
     auto* const importCommand = add("import", "Read such a file");
     auto source = std::make_shared<std::string>();
     auto yes = std::make_shared<bool>(false);
-    importCommand->add_option("FILE", *source)->required();
+    importCommand->add_option("FILE", *source)->required()->check(notEmpty("the file's name"));
     importCommand->add_flag("--yes", *yes, "Agree to replace the database when the file asks for it");
     importCommand->callback([=, &chosen] {
         chosen = [=](CommandContext& context) { return importFile(context, qstring(*source), *yes); };
@@ -245,7 +246,7 @@ void addStoreCommands(CLI::App& app, Command& chosen)
     auto* const statusCommand = add("status", "Show or set a setting");
     auto name = std::make_shared<std::optional<std::string>>();
     auto value = std::make_shared<std::optional<std::string>>();
-    statusCommand->add_option("NAME", *name);
+    statusCommand->add_option("NAME", *name)->check(notEmpty("the setting's name"));
     statusCommand->add_option("VALUE", *value);
     statusCommand->callback([=, &chosen] {
         chosen = [=](CommandContext& context) {
@@ -260,7 +261,7 @@ void addStoreCommands(CLI::App& app, Command& chosen)
 
     auto* const copyCommand = add("copy", "Write a verified copy of the database");
     auto copyTarget = std::make_shared<std::string>();
-    copyCommand->add_option("FILE", *copyTarget)->required();
+    copyCommand->add_option("FILE", *copyTarget)->required()->check(notEmpty("the file's name"));
     copyCommand->callback([=, &chosen] {
         chosen = [=](CommandContext& context) { return copy(context, qstring(*copyTarget)); };
     });

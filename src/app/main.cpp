@@ -28,10 +28,7 @@ void describe(CLI::App& app, Line& line)
     app.set_version_flag("--version", std::string("Jobwright ") + JOBWRIGHT_VERSION);
     app.add_option("--folder", line.folder, "The application folder: database, logs, copies")
         ->type_name("DIR")
-        ->check([](const std::string& folder) {
-            // A script's empty variable must not lead to the user's own campaign.
-            return folder.empty() ? std::string("the folder's name is empty") : std::string();
-        });
+        ->check(notEmpty("the folder's name"));
     app.add_flag("--no-splash", line.noSplash, "Open the workbench at once");
     app.add_flag("--exit-when-shown", line.exitWhenShown,
                  "Leave again when the window is filled (for timing)")
@@ -58,6 +55,22 @@ void useUtf8Locale()
         qputenv("LC_ALL", "C.UTF-8");
 }
 
+/// What the command line or the environment names in bytes that are no text here: it would be changed on its
+/// way, and another folder or file be meant. "" when all is well.
+QString unreadableName(int argc, char** argv)
+{
+    const auto isText = [](const QByteArray& bytes) { return QByteArrayView(bytes).isValidUtf8(); };
+    for (int i = 1; i < argc; ++i) {
+        if (!isText(argv[i]))
+            return QStringLiteral("The argument \"%1\" is no valid UTF-8 text.")
+                .arg(QString::fromUtf8(argv[i]));
+    }
+    const QByteArray folder = qgetenv("JOBWRIGHT_FOLDER");
+    return isText(folder) ? QString()
+                          : QStringLiteral("The variable JOBWRIGHT_FOLDER, \"%1\", is no valid UTF-8 text.")
+                                .arg(QString::fromUtf8(folder));
+}
+
 bool hasDisplay()
 {
     return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ||
@@ -80,6 +93,10 @@ int finish(int code)
 int main(int argc, char** argv)
 {
     useUtf8Locale();
+    if (const QString problem = unreadableName(argc, argv); !problem.isEmpty()) {
+        printError(problem);
+        return WrongUsage;
+    }
     Line line;
     CLI::App app("Jobwright keeps a whole job campaign in one place.", "jobwright");
     describe(app, line);
@@ -100,6 +117,10 @@ int main(int argc, char** argv)
     QCoreApplication application(argc, argv);
     CommandContext context;
     context.folder = applicationFolder(QString::fromStdString(line.folder));
+    if (context.folder.isEmpty()) {
+        printError(prepareFolder({}));
+        return StoreClosed;
+    }
     context.version = QStringLiteral(JOBWRIGHT_VERSION);
     return finish(line.command(context));
 }

@@ -1,8 +1,9 @@
 #include "store/xmlcheck.h"
 
+#include "store/xmlplain.h"
+
 #include <QBuffer>
 #include <QCoreApplication>
-#include <QStringDecoder>
 #include <QXmlStreamReader>
 
 #include <algorithm>
@@ -11,9 +12,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// A reference that is longer than this, "&#x0010FFFF;", stands for no character.
-constexpr qsizetype longestReference = 12;
 
 QString say(const char* text)
 {
@@ -25,41 +23,6 @@ bool isBlank(char byte)
     return byte == ' ' || byte == '\t' || byte == '\r' || byte == '\n';
 }
 
-bool isValidUtf8(const QByteArray& bytes)
-{
-    constexpr qsizetype step = qsizetype{1} << 20;
-    QStringDecoder decoder(QStringDecoder::Utf8);
-    for (qsizetype at = 0; at < bytes.size(); at += step) {
-        const QString ignored =
-            decoder.decode(QByteArrayView(bytes).sliced(at, qMin(step, bytes.size() - at)));
-        if (decoder.hasError())
-            return false;
-    }
-    return !bytes.contains('\0');
-}
-
-/// The ranges are those of the production Char in the XML 1.0 recommendation.
-bool isXmlCharacter(uint c)
-{
-    return c == '\t' || c == '\n' || c == '\r' || (c >= 0x20 && c < 0xD800) || (c >= 0xE000 && c < 0xFFFE) ||
-           (c >= 0x10000 && c <= 0x10FFFF);
-}
-
-/// The character that "&#12;" or "&#xC;" at the beginning of the text stands for.
-std::optional<uint> referenced(QByteArrayView text)
-{
-    if (!text.startsWith("&#"))
-        return {};
-    const qsizetype end = text.first(qMin(text.size(), longestReference)).indexOf(';');
-    const bool isHex = text.size() > 2 && text[2] == 'x';
-    const qsizetype digits = isHex ? 3 : 2;
-    if (end <= digits)
-        return {};
-    bool isNumber = false;
-    const uint value = text.sliced(digits, end - digits).toUInt(&isNumber, isHex ? 16 : 10);
-    return isNumber ? std::optional(value) : std::nullopt;
-}
-
 /// The character at the beginning of the text when it is one that XML forbids, as it stands or by reference.
 std::optional<uint> forbidden(QByteArrayView text)
 {
@@ -69,7 +32,7 @@ std::optional<uint> forbidden(QByteArrayView text)
         return 0xFFFE;
     if (text.startsWith("\xEF\xBF\xBF"))
         return 0xFFFF;
-    const std::optional<uint> character = referenced(text);
+    const std::optional<uint> character = referencedCharacter(text);
     return character && !isXmlCharacter(*character) ? character : std::nullopt;
 }
 
@@ -126,12 +89,14 @@ QString notUtf8(const QString& path)
 
 QString checkXml(const QString& path, QByteArray& bytes)
 {
-    if (!isValidUtf8(bytes))
+    if (!QByteArrayView(bytes).isValidUtf8() || bytes.contains('\0'))
         return notUtf8(path);
+    // An empty line on top comes from editors and mails, and harms nothing.
+    const auto blanks = std::find_if_not(bytes.cbegin(), bytes.cend(), isBlank) - bytes.cbegin();
+    if (isPlainXml(bytes, blanks))
+        return {};
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::ReadOnly);
-    // An empty line on top comes from editors and mails, and harms nothing.
-    const auto blanks = std::ranges::find_if_not(bytes, isBlank) - bytes.cbegin();
     buffer.seek(blanks);
     const qint64 linesBefore = QByteArrayView(bytes).first(blanks).count('\n');
     QXmlStreamReader reader(&buffer);

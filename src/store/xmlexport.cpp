@@ -156,23 +156,65 @@ QString readText(const QString& path)
     return text;
 }
 
-/// Why nothing may be written to this path; "" when it may. The file's name is the user's (a setting, an
-/// argument), and writing replaces what is there: never one of the program's own files, nor anything that is
-/// no plain file.
-QString refusalOf(const Session& session, const QString& path)
+/// The file that a path stands for, all links followed; "" when a link leads nowhere.
+QString realPath(const QString& path)
 {
     const QFileInfo target(path);
+    if (target.exists())
+        return target.canonicalFilePath();
+    if (target.isSymLink())
+        return {};
+    const QString folder = QFileInfo(target.absolutePath()).canonicalFilePath();
+    return folder.isEmpty() ? path : QDir(folder).filePath(target.fileName());
+}
+
+/// True for the databases of this and of other campaigns with what the engine keeps beside them, for this
+/// one's copies, logs and settings.
+bool isOwnFile(const Session& session, const QString& real)
+{
+    const QString name = QFileInfo(real).fileName();
+    const QString database = QFileInfo(session.databasePath()).canonicalFilePath();
+    for (const QStringView ending : {u"", u"-journal", u"-wal", u"-shm"}) {
+        if (name.compare(QString(u"Postledger.db" + ending), Qt::CaseInsensitive) == 0 ||
+            (!database.isEmpty() && real == QString(database + ending)))
+            return true;
+    }
+    const QString copies = QFileInfo(session.file(u"backups"_s)).canonicalFilePath();
+    if (!copies.isEmpty() && real.startsWith(QString(copies + u'/')))
+        return true;
+    static const QStringList own{u"ErrorLog.txt"_s, u"OpLog.txt"_s, u"settings.ini"_s, u"jobwright.lock"_s};
+    return own.contains(name, Qt::CaseInsensitive) &&
+           QFileInfo(real).absolutePath() == QFileInfo(session.folder()).canonicalFilePath();
+}
+
+/// False for a file with anything in it that does not begin as XML does.
+bool mayBeXml(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return false;
+    QByteArray start = file.read(4096);
+    if (start.startsWith("\xEF\xBB\xBF"))
+        start.remove(0, 3);
+    return start.isEmpty() || start.trimmed().startsWith('<');
+}
+
+/// Why nothing may be written to this file; "" when it may. Its name is the user's (a setting, an argument),
+/// and writing replaces what is there: never one of the program's own files, nor anything else but XML.
+QString refusalOf(const Session& session, const QString& real)
+{
+    if (real.isEmpty())
+        return QCoreApplication::translate("XmlExport", "it is a link that leads nowhere");
+    const QFileInfo target(real);
     if (target.exists() && !target.isFile())
         return QCoreApplication::translate("XmlExport", "it is no plain file");
-    const bool inFolder = QFileInfo(target.absolutePath()).canonicalFilePath() ==
-                          QFileInfo(session.folder()).canonicalFilePath();
-    static const QStringList own{u"Postledger.db"_s, u"Postledger.db-journal"_s, u"ErrorLog.txt"_s,
-                                 u"OpLog.txt"_s,     u"settings.ini"_s,          u"jobwright.lock"_s};
-    const QString real =
-        target.isSymLink() ? QFileInfo(target.symLinkTarget()).fileName() : target.fileName();
-    if (inFolder &&
-        (own.contains(target.fileName(), Qt::CaseInsensitive) || own.contains(real, Qt::CaseInsensitive)))
+    if (isOwnFile(session, real))
         return QCoreApplication::translate("XmlExport", "it is one of the program's own files");
+    if (target.exists() && !mayBeXml(real))
+        return QCoreApplication::translate(
+            "XmlExport",
+            "it exists already and is no XML file, so it is left as it is; please choose another "
+            "name");
     return {};
 }
 
@@ -181,13 +223,14 @@ QString refusalOf(const Session& session, const QString& path)
 QString xmlexport::write(Session& session, const QString& file, bool restore)
 {
     const QString path = QDir::isAbsolutePath(file) ? file : session.folder() + u'/' + file;
-    if (const QString refusal = refusalOf(session, path); !refusal.isEmpty()) {
+    const QString real = realPath(path);
+    if (const QString refusal = refusalOf(session, real); !refusal.isEmpty()) {
         session.logError(u"DataJW-CreateXML"_s + text::crlf +
                          QCoreApplication::translate("XmlExport", "The file %1 could not be written: %2")
                              .arg(path, refusal));
         return {};
     }
-    QSaveFile target(path);
+    QSaveFile target(real);
     const bool opened = target.open(QIODevice::WriteOnly);
     if (opened && writeDocument(session, target, restore) && target.commit()) {
         releaseRows();

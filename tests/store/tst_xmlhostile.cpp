@@ -1,7 +1,10 @@
 // Files that are broken, foreign or meant to do harm: a clear message, and the store as it was.
 #include "store/campaignfile.h"
+#include "store/xmlplain.h"
 #include "support/campaign.h"
 #include "support/table.h"
+
+#include <QXmlStreamReader>
 
 using namespace Qt::StringLiterals;
 
@@ -95,6 +98,61 @@ private slots:
             .add(u"Company"_s, u"CompanyKey='1' Name='%1'"_s.arg(value))
             .import(world, false);
         QCOMPARE(contentHash(world.data().database()), before);
+    }
+
+    void quickLookPassesOnlyWhatAReaderPasses()
+    {
+        const QByteArray sound =
+            "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<a_b c='1' D-2 = \"x&#xD;&amp;'y\" "
+            ">\n<e/><f></f >\xEF\xBC\xA1</a_b>\n";
+        const QByteArray plain = QByteArray(sound).replace("\xEF\xBC\xA1", "");
+        QVERIFY(isPlainXml(plain, 0));
+        QVERIFY(!isPlainXml(sound, 0)); // a text of its own: left to the reader
+        int passed = 0;
+        for (const QByteArray& text : {plain, plain.trimmed(), plain.mid(plain.indexOf('\n') + 1)}) {
+            for (qsizetype at = 0; at < text.size(); ++at) {
+                for (const char* const piece : {"",
+                                                "<",
+                                                ">",
+                                                "&",
+                                                "\"",
+                                                "'",
+                                                "/",
+                                                "=",
+                                                " ",
+                                                "x",
+                                                "1",
+                                                ";",
+                                                "?",
+                                                "!",
+                                                "-",
+                                                ":",
+                                                "#",
+                                                "\x01",
+                                                "\xEF\xBF\xBE",
+                                                "<a/>",
+                                                "&#0;",
+                                                "&#+9;",
+                                                " c='1'",
+                                                "&lt;",
+                                                "]]>",
+                                                "<!--",
+                                                "\xC3\xA9"}) {
+                    for (const qsizetype taken : {0, 1}) {
+                        const QByteArray changed = QByteArray(text).replace(at, taken, piece);
+                        if (!isPlainXml(changed, 0))
+                            continue;
+                        ++passed;
+                        QXmlStreamReader reader(changed);
+                        reader.setNamespaceProcessing(false);
+                        while (!reader.atEnd())
+                            reader.readNext();
+                        QVERIFY2(!reader.hasError(), changed.constData());
+                    }
+                }
+            }
+        }
+        QVERIFY(passed > 1000);
     }
 
     void restoreWithoutATableIsRefused_data()
