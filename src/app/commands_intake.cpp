@@ -83,7 +83,8 @@ void addIntakeCommands(CLI::App& app, Command& chosen)
     auto* const command =
         app.add_subcommand("parse-card", "Sort the lines of a business card into the fields of an address");
     auto file = std::make_shared<std::string>();
-    command->add_option("FILE", *file, "The card's text; without it, standard input");
+    command->add_option("FILE", *file, "The card's text; without it, standard input")
+        ->check(notEmpty("the file's name"));
     command->callback([=, &chosen] {
         chosen = [=](CommandContext& context) { return parseCard(context, QString::fromStdString(*file)); };
     });

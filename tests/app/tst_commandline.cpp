@@ -59,7 +59,7 @@ QString octal(const QByteArray& bytes)
 {
     QString text;
     for (const char byte : bytes)
-        text += u"\\0%1"_s.arg(static_cast<uchar>(byte), 3, 8, QLatin1Char('0')).remove(1, 1);
+        text += u"\\%1"_s.arg(static_cast<uchar>(byte), 3, 8, QLatin1Char('0'));
     return text;
 }
 
@@ -276,6 +276,7 @@ private slots:
         row("export in another encoding", {"export", latin}, 2, "no valid UTF-8 text");
         row("empty import", {"import", ""}, 2, "file's name is empty");
         row("empty copy", {"copy", ""}, 2, "file's name is empty");
+        row("empty card", {"parse-card", ""}, 2, "file's name is empty");
         row("empty setting", {"status", "", "x"}, 2, "setting's name is empty");
         row("no home", {"paths"}, 3, "No home folder is known");
     }
@@ -390,7 +391,12 @@ private slots:
     void spoiltStoresHaveTheirOwnStatus()
     {
         QTemporaryDir folder;
-        QCOMPARE(run(folder.path(), {u"companies"_s}).status, 0);
+        query(folder.path(), {u"Insert into Contact(ContactKey) Values(32768)"_s});
+        const Outcome outOfReach = run(folder.path(), {u"verify"_s});
+        QCOMPARE(outOfReach.status, 5);
+        QVERIFY2(outOfReach.error.contains(u"1 records of Contact stand under keys"_s) &&
+                     outOfReach.out.contains(u"belongs to nobody\tContact.CompanyKey\t1\n"_s),
+                 qPrintable(outOfReach.out + outOfReach.error));
         const QString path = folder.path() + u"/Postledger.db";
         QVERIFY(QFile::resize(path, QFileInfo(path).size() / 2));
         QCOMPARE(run(folder.path(), {u"companies"_s}).status, 3);
