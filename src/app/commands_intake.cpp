@@ -13,6 +13,7 @@
 #include <cstdio>
 
 using commands::help;
+using commands::notEmpty;
 using commands::tr;
 
 namespace {
@@ -81,7 +82,8 @@ void addIntakeCommands(CLI::App& app, Command& chosen)
     auto* const command = app.add_subcommand(
         "parse-card", help("Sort the lines of a business card into the fields of an address"));
     auto file = std::make_shared<std::string>();
-    command->add_option("FILE", *file, help("The card's text; without it, standard input"));
+    command->add_option("FILE", *file, help("The card's text; without it, standard input"))
+        ->check(notEmpty("the file's name is empty"));
     command->callback([=, &chosen] {
         chosen = [=](CommandContext& context) { return parseCard(context, QString::fromStdString(*file)); };
     });

@@ -18,6 +18,7 @@
 #include <CLI/CLI.hpp>
 
 using commands::help;
+using commands::notEmpty;
 using commands::tr;
 
 namespace {
@@ -136,6 +137,10 @@ int verify(CommandContext& context)
             printLine(tr("keys\t%1\t%2 of %3").arg(use.table).arg(use.highest).arg(keyLimit));
         for (const OrphanCount& orphan : check.orphans)
             printLine(tr("points nowhere\t%1\t%2").arg(orphan.column).arg(orphan.rows));
+        for (const OrphanCount& record : check.unowned)
+            printLine(tr("belongs to nobody\t%1\t%2").arg(record.column).arg(record.rows));
+        for (const QString& object : check.foreign)
+            printLine(tr("not made by Jobwright, never run\t%1").arg(object));
         if (const QString warning = keyWarningText(keysRunningOut(session->dataJW().database()));
             !warning.isEmpty())
             printError(warning);
@@ -220,7 +225,8 @@ void addExport(CLI::App& app, Command& chosen)
     auto* const command = app.add_subcommand("export", help("Write all data as XML"));
     auto target = std::make_shared<std::string>();
     auto restore = std::make_shared<bool>(false);
-    command->add_option("FILE", *target, help("Where to; without it the folder's export file"));
+    command->add_option("FILE", *target, help("Where to; without it the folder's export file"))
+        ->check(notEmpty("the file's name is empty"));
     command->add_flag("--restore", *restore,
                       help("Mark the file as one that replaces the database when read"));
     command->callback([=, &chosen] {
@@ -233,7 +239,7 @@ void addImport(CLI::App& app, Command& chosen)
     auto* const command = app.add_subcommand("import", help("Read such a file"));
     auto source = std::make_shared<std::string>();
     auto yes = std::make_shared<bool>(false);
-    command->add_option("FILE", *source)->required();
+    command->add_option("FILE", *source)->required()->check(notEmpty("the file's name is empty"));
     command->add_flag("--yes", *yes, help("Agree to replace the database when the file asks for it"));
     command->callback([=, &chosen] {
         chosen = [=](CommandContext& context) { return importFile(context, qstring(*source), *yes); };
@@ -245,7 +251,7 @@ void addStatus(CLI::App& app, Command& chosen)
     auto* const command = app.add_subcommand("status", help("Show or set a setting"));
     auto name = std::make_shared<std::optional<std::string>>();
     auto value = std::make_shared<std::optional<std::string>>();
-    command->add_option("NAME", *name);
+    command->add_option("NAME", *name)->check(notEmpty("the setting's name is empty"));
     command->add_option("VALUE", *value);
     command->callback([=, &chosen] {
         chosen = [=](CommandContext& context) {
@@ -261,7 +267,7 @@ void addCopy(CLI::App& app, Command& chosen)
 {
     auto* const command = app.add_subcommand("copy", help("Write a verified copy of the database"));
     auto target = std::make_shared<std::string>();
-    command->add_option("FILE", *target)->required();
+    command->add_option("FILE", *target)->required()->check(notEmpty("the file's name is empty"));
     command->callback(
         [=, &chosen] { chosen = [=](CommandContext& context) { return copy(context, qstring(*target)); }; });
 }

@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 #include <QString>
 
+#include <functional>
 #include <string>
 
 namespace commands {
@@ -17,6 +18,13 @@ inline QString tr(const char* text)
 inline std::string help(const char* text)
 {
     return tr(text).toStdString();
+}
+
+/// Refuses an argument that is empty, in the words of @p refusal: a script's empty variable must not stand
+/// for the user's own folder, or for what comes without the argument.
+inline std::function<std::string(const std::string&)> notEmpty(const char* refusal)
+{
+    return [refusal](const std::string& text) { return text.empty() ? help(refusal) : std::string(); };
 }
 
 } // namespace commands

@@ -14,6 +14,7 @@
 #include <langinfo.h>
 
 using commands::help;
+using commands::notEmpty;
 using commands::tr;
 
 namespace {
@@ -32,10 +33,7 @@ void describe(CLI::App& app, Line& line)
     app.set_version_flag("--version", std::string("Jobwright ") + JOBWRIGHT_VERSION);
     app.add_option("--folder", line.folder, help("The application folder: database, logs, copies"))
         ->type_name("DIR")
-        ->check([](const std::string& folder) {
-            // A script's empty variable must not lead to the user's own campaign.
-            return folder.empty() ? help("the folder's name is empty") : std::string();
-        });
+        ->check(notEmpty("the folder's name is empty"));
     app.add_flag("--no-splash", line.noSplash, help("Open the workbench at once"));
     app.add_flag("--exit-when-shown", line.exitWhenShown,
                  help("Leave again when the window is filled (for timing)"))
@@ -62,6 +60,22 @@ void useUtf8Locale()
         qputenv("LC_ALL", "C.UTF-8");
 }
 
+/// What the command line or the environment names in bytes that are no text here: it would be changed on its
+/// way, and another folder or file be meant. "" when all is well.
+QString unreadableName(int argc, char** argv)
+{
+    const auto isText = [](const QByteArray& bytes) { return QByteArrayView(bytes).isValidUtf8(); };
+    for (int i = 1; i < argc; ++i) {
+        if (!isText(argv[i]))
+            return QStringLiteral("The argument \"%1\" is no valid UTF-8 text.")
+                .arg(QString::fromUtf8(argv[i]));
+    }
+    const QByteArray folder = qgetenv("JOBWRIGHT_FOLDER");
+    return isText(folder) ? QString()
+                          : QStringLiteral("The variable JOBWRIGHT_FOLDER, \"%1\", is no valid UTF-8 text.")
+                                .arg(QString::fromUtf8(folder));
+}
+
 bool hasDisplay()
 {
     return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ||
@@ -84,6 +98,10 @@ int finish(int code)
 int main(int argc, char** argv)
 {
     useUtf8Locale();
+    if (const QString problem = unreadableName(argc, argv); !problem.isEmpty()) {
+        printError(problem);
+        return WrongUsage;
+    }
     Line line;
     CLI::App app(help("Jobwright keeps a whole job campaign in one place."), "jobwright");
     describe(app, line);
@@ -104,6 +122,10 @@ int main(int argc, char** argv)
     QCoreApplication application(argc, argv);
     CommandContext context;
     context.folder = applicationFolder(QString::fromStdString(line.folder));
+    if (context.folder.isEmpty()) {
+        printError(prepareFolder({}));
+        return StoreClosed;
+    }
     context.version = QStringLiteral(JOBWRIGHT_VERSION);
     return finish(line.command(context));
 }

@@ -8,6 +8,7 @@
 #include <QFileInfo>
 #include <QLockFile>
 #include <QStandardPaths>
+#include <QSysInfo>
 
 namespace {
 
@@ -15,6 +16,9 @@ QString tr(const char* text)
 {
     return QCoreApplication::translate("AppFolder", text);
 }
+
+/// How old a lock that cannot be read must be before it counts as left behind.
+constexpr int unreadableMs = 5000;
 
 const QString programKey = QStringLiteral("Software\\Ferrow Software\\Jobwright");
 
@@ -97,6 +101,16 @@ void copyDeliveredFiles(const QString& folder)
     }
 }
 
+/// The program's folder among the user's data. Without a home folder the system would name the root of all
+/// files instead.
+QString dataFolder()
+{
+    const bool isNamed = QDir::isAbsolutePath(qEnvironmentVariable("XDG_DATA_HOME"));
+    if (!isNamed && qEnvironmentVariableIsEmpty("HOME"))
+        return {};
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/jobwright";
+}
+
 } // namespace
 
 QString applicationFolder(const QString& named)
@@ -107,7 +121,9 @@ QString applicationFolder(const QString& named)
     if (folder.isEmpty() && QFileInfo::exists(QCoreApplication::applicationDirPath() + u"/Postledger.db"))
         folder = QCoreApplication::applicationDirPath();
     if (folder.isEmpty())
-        folder = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/jobwright";
+        folder = dataFolder();
+    if (folder.isEmpty())
+        return {};
     return QDir::cleanPath(QFileInfo(folder).absoluteFilePath());
 }
 
@@ -125,6 +141,9 @@ QString deliveredFolder()
 
 QString prepareFolder(const QString& folder)
 {
+    if (folder.isEmpty())
+        return tr("No home folder is known (the variable HOME is not set), so there is no place for the "
+                  "application folder. Please name one with --folder.");
     const QFileInfo info(folder);
     if (info.exists() && !info.isDir())
         return tr("%1 is a file, not a folder.").arg(QDir::toNativeSeparators(folder));
@@ -135,7 +154,8 @@ QString prepareFolder(const QString& folder)
 }
 
 InstanceLock::InstanceLock(const QString& folder)
-    : m_file(std::make_unique<QLockFile>(folder + u"/jobwright.lock"))
+    : m_path(folder + u"/jobwright.lock")
+    , m_file(std::make_unique<QLockFile>(m_path))
 {
     // A lock never grows stale by age: a campaign stays open for days. One whose process is gone is taken
     // over.
@@ -146,7 +166,18 @@ InstanceLock::~InstanceLock() = default;
 
 bool InstanceLock::acquire()
 {
-    return m_file->tryLock(0);
+    if (m_file->tryLock(0))
+        return true;
+    qint64 process = 0;
+    QString host;
+    QString program;
+    if (!isHeldByAnother() || m_file->getLockInfo(&process, &host, &program))
+        return false;
+    // Whoever takes the lock first between the two tries has made it anew, so that it is young again.
+    m_file->setStaleLockTime(unreadableMs);
+    const bool taken = m_file->tryLock(0);
+    m_file->setStaleLockTime(0);
+    return taken;
 }
 
 void InstanceLock::release()
@@ -164,12 +195,20 @@ QString InstanceLock::holder() const
     if (!isHeldByAnother())
         return tr(
             "The folder cannot be written: either the disk is full, or you lack the right to write there.");
+    const QString file = QDir::toNativeSeparators(m_path);
     qint64 process = 0;
     QString host;
     QString program;
     if (!m_file->getLockInfo(&process, &host, &program))
-        return tr("Jobwright is open already on this folder.");
-    return tr("Jobwright is open already on this folder (process %1 on %2).").arg(process).arg(host);
+        return tr("The lock of this folder, %1, does not say who holds it. Please try again in some seconds. "
+                  "If it stays so and no Jobwright is open on this folder, remove that file.")
+            .arg(file);
+    if (!host.isEmpty() && host != QSysInfo::machineHostName())
+        return tr("Jobwright is open on this folder on another computer, %1 (process %2). Please close it "
+                  "there. If it does not run there any more, remove the file %3 and start again.")
+            .arg(host, QString::number(process), file);
+    return tr("Jobwright is open already on this folder (process %1 on %2).")
+        .arg(QString::number(process), host);
 }
 
 bool isFirstRun(Session& session)

@@ -10,14 +10,15 @@ class Session;
 
 /// The application folder: @p named (the --folder option), else JOBWRIGHT_FOLDER, else the program's own
 /// folder when a Postledger.db lies there (portable use), else jobwright in the user's data folder
-/// (XDG_DATA_HOME).
+/// (XDG_DATA_HOME, else in the home folder). "" when none of them is known.
 QString applicationFolder(const QString& named);
 
 /// The folder of the files that the program is delivered with: share/jobwright beside an installed program,
 /// data in a source tree. Empty when there is none.
 QString deliveredFolder();
 
-/// Makes the folder when it is missing. "" on success, else why it cannot be used.
+/// Makes the folder when it is missing. "" on success, else why it cannot be used; an empty name is that of a
+/// user without a home folder.
 QString prepareFolder(const QString& folder);
 
 /// Keeps a second start away from a folder that is in use.
@@ -28,16 +29,19 @@ public:
     ~InstanceLock();
     InstanceLock(const InstanceLock&) = delete;
     InstanceLock& operator=(const InstanceLock&) = delete;
-    /// False when another running program holds the folder. A lock that a dead program left is taken over.
+    /// False when another running program holds the folder. A lock that a dead program of this computer left
+    /// is taken over, and one that cannot be read once it is some seconds old: a program that has just made
+    /// its lock is about to write its name into it.
     bool acquire();
     void release();
     /// After acquire() failed: true when another program holds the folder, false when the lock cannot be
     /// written.
     [[nodiscard]] bool isHeldByAnother() const;
-    /// After acquire() failed: why, in plain words.
+    /// After acquire() failed: why, in plain words, and what can be done.
     [[nodiscard]] QString holder() const;
 
 private:
+    QString m_path;
     std::unique_ptr<QLockFile> m_file;
 };
 

@@ -3,6 +3,7 @@
 #include "base/dates.h"
 #include "base/text.h"
 
+#include <QCoreApplication>
 #include <QFile>
 
 namespace {
@@ -14,6 +15,17 @@ bool append(const QString& path, const QString& entry)
     const QByteArray bytes = entry.toUtf8();
     return file.open(QIODevice::WriteOnly | QIODevice::Append) && file.write(bytes) == bytes.size() &&
            file.flush();
+}
+
+/// A statement with a pasted book in it says no more in the log for standing there in whole.
+constexpr qsizetype longestText = 16384;
+
+QString shortened(const QString& text)
+{
+    if (text.size() <= longestText)
+        return text;
+    return text.left(longestText) + text::crlf +
+           QCoreApplication::translate("ErrLogger", "(cut here; it has %1 characters)").arg(text.size());
 }
 
 } // namespace
@@ -44,6 +56,6 @@ bool ErrLogger::addLog(const QString& message, int level, const QDateTime& now) 
 QString ErrLogger::compose(const QString& description, int number, const QString& source, const QString& text)
 {
     // The line of hyphens closes an entry: the log's viewer counts by it.
-    return description + text::crlf + QString::number(number) + text::crlf + source + text::crlf + text +
-           text::crlf + u"-------";
+    return shortened(description) + text::crlf + QString::number(number) + text::crlf + source + text::crlf +
+           shortened(text) + text::crlf + u"-------";
 }

@@ -25,7 +25,7 @@ public:
     bool addLog(const QString& message, int level, const QDateTime& now) const;
 
     /// The message of an entry: description, number, source, the caller's text, and the closing line, each on
-    /// its own.
+    /// its own. Of a description or a text longer than 16 kB the beginning, and how long it was.
     static QString compose(const QString& description, int number, const QString& source,
                            const QString& text);
 

@@ -25,9 +25,15 @@ struct OrphanCount
 
 struct StoreCheck
 {
-    QString damage; ///< "" when the file is sound, else what the engine found
+    /// "" when the file is sound, else what the engine found, or the records that stand under keys which the
+    /// program cannot work with.
+    QString damage;
     std::vector<KeyUse> keys;
     std::vector<OrphanCount> orphans;
+    /// Contacts, positions and histories that name no owner: no screen comes by them.
+    std::vector<OrphanCount> unowned;
+    /// Triggers and views, "trigger NAME": the program makes none, and none is ever run.
+    QStringList foreign;
 };
 
 /// Keys end at 32767; from here on the user is warned.
@@ -36,6 +42,9 @@ inline constexpr qint64 keyLimit = 32767;
 
 /// Checks the whole store; throws StoreError when it cannot even be read.
 StoreCheck checkStore(Database& database);
+
+/// The highest key that the table has given out or holds, whichever is more; 0 for a table without such keys.
+qint64 highestKey(Database& database, const QString& table);
 
 /// The tables whose keys have passed keyWarning; quick, for every start.
 std::vector<KeyUse> keysRunningOut(Database& database);

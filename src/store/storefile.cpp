@@ -111,12 +111,25 @@ FileReport inspectHeader(const QString& path)
     return {};
 }
 
+/// What stands in the place of a table when it is none: "view" or "virtual table".
+QString standInFor(sqlite3* connection, const QString& table)
+{
+    const QString sql = u"SELECT CASE type WHEN 'view' THEN type ELSE 'virtual table' END FROM sqlite_schema "
+                        u"WHERE name = '" +
+                        table + u"' COLLATE NOCASE AND type IN ('table', 'view') AND rootpage = 0";
+    return engine::value(connection, sql.toUtf8());
+}
+
 FileReport inspectContent(const QString& path)
 {
     try {
         const engine::Connection connection = engine::open(path, SQLITE_OPEN_READWRITE);
         sqlite3_busy_timeout(connection.get(), engine::busyTimeoutMs);
         for (const schema::Table& table : schema::tables()) {
+            // What is no table can show other rows than were ever stored, and takes none.
+            const QString kind = standInFor(connection.get(), table.name);
+            if (!kind.isEmpty())
+                return report(FileState::Damaged, path, tr("%1 is a %2 and no table").arg(table.name, kind));
             // Asks for every column by name, so that a missing one is found here and not in the middle of a
             // save.
             QStringList columns;

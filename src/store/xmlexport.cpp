@@ -3,6 +3,7 @@
 #include "base/text.h"
 #include "store/datajw.h"
 #include "store/session.h"
+#include "store/xmlfile.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -14,7 +15,6 @@
 #include <pugixml.hpp>
 
 #include <algorithm>
-#include <array>
 #include <vector>
 
 #ifdef __GLIBC__
@@ -25,9 +25,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr std::array<QStringView, 12> tables{u"Address",  u"Company",  u"Contact", u"CProfile",
-                                             u"Document", u"Event",    u"History", u"JProfile",
-                                             u"Position", u"Question", u"Target",  u"UProfile"};
 /// The bar's steps for one table; the rows of all tables together are not known before the last is read.
 constexpr int stepsPerTable = 100;
 
@@ -99,16 +96,16 @@ private:
     std::vector<pugi::xml_attribute> m_attributes;
 };
 
-bool writeTable(Session& session, FileWriter& writer, QStringView name, int tablesDone)
+bool writeTable(Session& session, FileWriter& writer, std::string_view name, int tablesDone)
 {
-    const QString table = name.toString();
+    const QString table = QString::fromLatin1(name.data(), static_cast<qsizetype>(name.size()));
     RecordElement record(session.dataJW().getFields(table));
     RecordSet rows = session.dataJW().getExecQueryRecords(u"Select * from "_s + table);
     if (rows.isNothing())
         return false;
     const QByteArray opening = "  <Data Table=\"" + table.toUtf8() + (rows.isEmpty() ? "\" />\n" : "\">\n");
     writer.add(opening);
-    const int total = stepsPerTable * static_cast<int>(tables.size());
+    const int total = stepsPerTable * static_cast<int>(CampaignFile::tables.size());
     int step = -1;
     for (int row = 0; !rows.atEnd(); rows.next(), ++row) {
         record.print(rows, writer);
@@ -128,7 +125,7 @@ bool writeDocument(Session& session, QSaveFile& file, bool restore)
     writer.add("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n");
     writer.add(restore ? "<Jobwright Restore=\"1\">\n" : "<Jobwright>\n");
     int done = 0;
-    for (const QStringView table : tables) {
+    for (const std::string_view table : CampaignFile::tables) {
         // A table that cannot be read is logged and shown by the gateway; half a backup is none.
         if (!writeTable(session, writer, table, done++))
             return false;
@@ -159,23 +156,65 @@ QString readText(const QString& path)
     return text;
 }
 
-/// Why nothing may be written to this path; "" when it may. The file's name is the user's (a setting, an
-/// argument), and writing replaces what is there: never one of the program's own files, nor anything that is
-/// no plain file.
-QString refusalOf(const Session& session, const QString& path)
+/// The file that a path stands for, all links followed; "" when a link leads nowhere.
+QString realPath(const QString& path)
 {
     const QFileInfo target(path);
+    if (target.exists())
+        return target.canonicalFilePath();
+    if (target.isSymLink())
+        return {};
+    const QString folder = QFileInfo(target.absolutePath()).canonicalFilePath();
+    return folder.isEmpty() ? path : QDir(folder).filePath(target.fileName());
+}
+
+/// True for the databases of this and of other campaigns with what the engine keeps beside them, for this
+/// one's copies, logs and settings.
+bool isOwnFile(const Session& session, const QString& real)
+{
+    const QString name = QFileInfo(real).fileName();
+    const QString database = QFileInfo(session.databasePath()).canonicalFilePath();
+    for (const QStringView ending : {u"", u"-journal", u"-wal", u"-shm"}) {
+        if (name.compare(QString(u"Postledger.db" + ending), Qt::CaseInsensitive) == 0 ||
+            (!database.isEmpty() && real == QString(database + ending)))
+            return true;
+    }
+    const QString copies = QFileInfo(session.file(u"backups"_s)).canonicalFilePath();
+    if (!copies.isEmpty() && real.startsWith(QString(copies + u'/')))
+        return true;
+    static const QStringList own{u"ErrorLog.txt"_s, u"OpLog.txt"_s, u"settings.ini"_s, u"jobwright.lock"_s};
+    return own.contains(name, Qt::CaseInsensitive) &&
+           QFileInfo(real).absolutePath() == QFileInfo(session.folder()).canonicalFilePath();
+}
+
+/// False for a file with anything in it that does not begin as XML does.
+bool mayBeXml(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return false;
+    QByteArray start = file.read(4096);
+    if (start.startsWith("\xEF\xBB\xBF"))
+        start.remove(0, 3);
+    return start.isEmpty() || start.trimmed().startsWith('<');
+}
+
+/// Why nothing may be written to this file; "" when it may. Its name is the user's (a setting, an argument),
+/// and writing replaces what is there: never one of the program's own files, nor anything else but XML.
+QString refusalOf(const Session& session, const QString& real)
+{
+    if (real.isEmpty())
+        return QCoreApplication::translate("XmlExport", "it is a link that leads nowhere");
+    const QFileInfo target(real);
     if (target.exists() && !target.isFile())
         return QCoreApplication::translate("XmlExport", "it is no plain file");
-    const bool inFolder = QFileInfo(target.absolutePath()).canonicalFilePath() ==
-                          QFileInfo(session.folder()).canonicalFilePath();
-    static const QStringList own{u"Postledger.db"_s, u"Postledger.db-journal"_s, u"ErrorLog.txt"_s,
-                                 u"OpLog.txt"_s,     u"settings.ini"_s,          u"jobwright.lock"_s};
-    const QString real =
-        target.isSymLink() ? QFileInfo(target.symLinkTarget()).fileName() : target.fileName();
-    if (inFolder &&
-        (own.contains(target.fileName(), Qt::CaseInsensitive) || own.contains(real, Qt::CaseInsensitive)))
+    if (isOwnFile(session, real))
         return QCoreApplication::translate("XmlExport", "it is one of the program's own files");
+    if (target.exists() && !mayBeXml(real))
+        return QCoreApplication::translate(
+            "XmlExport",
+            "it exists already and is no XML file, so it is left as it is; please choose another "
+            "name");
     return {};
 }
 
@@ -184,13 +223,14 @@ QString refusalOf(const Session& session, const QString& path)
 QString xmlexport::write(Session& session, const QString& file, bool restore)
 {
     const QString path = QDir::isAbsolutePath(file) ? file : session.folder() + u'/' + file;
-    if (const QString refusal = refusalOf(session, path); !refusal.isEmpty()) {
+    const QString real = realPath(path);
+    if (const QString refusal = refusalOf(session, real); !refusal.isEmpty()) {
         session.logError(u"DataJW-CreateXML"_s + text::crlf +
                          QCoreApplication::translate("XmlExport", "The file %1 could not be written: %2")
                              .arg(path, refusal));
         return {};
     }
-    QSaveFile target(path);
+    QSaveFile target(real);
     const bool opened = target.open(QIODevice::WriteOnly);
     if (opened && writeDocument(session, target, restore) && target.commit()) {
         releaseRows();

@@ -1,9 +1,10 @@
 #include "store/xmlfile.h"
 
+#include "store/xmlcheck.h"
+
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
-#include <QStringDecoder>
 
 #include <algorithm>
 #include <unordered_set>
@@ -15,6 +16,9 @@ namespace {
 /// Ten times what the fullest campaign with 16-bit keys comes to; more is no campaign.
 constexpr qint64 largestFile = qint64{1} << 30;
 
+/// Places of strays that are told apart; a file that is made to hold thousands would fill the log.
+constexpr size_t mostPlaces = 50;
+
 const CampaignFile::Records noRecords;
 
 QString say(const char* text)
@@ -22,27 +26,10 @@ QString say(const char* text)
     return QCoreApplication::translate("CampaignFile", text);
 }
 
-/// pugixml takes any bytes as UTF-8; they would come in as question marks, so they are looked at first.
-bool isValidUtf8(const QByteArray& bytes)
+/// A name of the file for a message.
+QString shortText(std::string_view name)
 {
-    constexpr qsizetype step = qsizetype{1} << 20;
-    QStringDecoder decoder(QStringDecoder::Utf8);
-    for (qsizetype at = 0; at < bytes.size(); at += step) {
-        const QString ignored =
-            decoder.decode(QByteArrayView(bytes).sliced(at, qMin(step, bytes.size() - at)));
-        if (decoder.hasError())
-            return false;
-    }
-    return !bytes.contains('\0');
-}
-
-/// The line of a byte; read anew because the parser works in the buffer and moves its line ends.
-qsizetype lineOf(const QString& path, ptrdiff_t offset)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return 1;
-    return file.read(offset).count('\n') + 1;
+    return QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())).left(100);
 }
 
 QString readBytes(const QString& path, QByteArray& bytes)
@@ -65,37 +52,6 @@ QString readBytes(const QString& path, QByteArray& bytes)
     return {};
 }
 
-/// Looks for an element that has an attribute twice, which XML forbids: the parser keeps both, and the import
-/// would take the first for the whole.
-class DoubledAttribute : public pugi::xml_tree_walker
-{
-public:
-    bool for_each(pugi::xml_node& node) override
-    {
-        // The records of a table all have the same names in the same order, which need not be looked at anew.
-        m_names.clear();
-        for (const pugi::xml_attribute& attribute : node.attributes())
-            m_names.emplace_back(attribute.name());
-        if (m_names == m_seen)
-            return true;
-        m_seen = m_names;
-        std::ranges::sort(m_names);
-        const auto twice = std::ranges::adjacent_find(m_names);
-        if (twice == m_names.end())
-            return true;
-        found = node;
-        name = *twice;
-        return false;
-    }
-
-    pugi::xml_node found; ///< null when every attribute stands once
-    std::string_view name;
-
-private:
-    std::vector<std::string_view> m_names;
-    std::vector<std::string_view> m_seen;
-};
-
 const CampaignFile::Records& found(const std::unordered_map<std::string_view, CampaignFile::Records>& index,
                                    std::string_view key)
 {
@@ -109,11 +65,11 @@ QString CampaignFile::load(const QString& path)
 {
     QString refusal = readBytes(path, m_bytes);
     if (refusal.isEmpty())
-        refusal = parse(path, isValidUtf8(m_bytes));
+        refusal = checkXml(path, m_bytes);
     if (refusal.isEmpty())
-        refusal = checkAttributes(path);
+        refusal = parse(path);
     if (refusal.isEmpty())
-        refusal = checkShape();
+        refusal = checkShape(path);
     if (!refusal.isEmpty())
         return refusal;
     for (const pugi::xml_node& record : records("Address"))
@@ -124,34 +80,12 @@ QString CampaignFile::load(const QString& path)
     return {};
 }
 
-QString CampaignFile::parse(const QString& path, bool isUtf8)
+QString CampaignFile::parse(const QString& path)
 {
-    // The document type and text beside the root are asked for only to be refused: a campaign file has none,
-    // and entities of its own are a way to make a small file grow without bound.
-    const pugi::xml_parse_result result =
-        m_document.load_buffer_inplace(m_bytes.data(), static_cast<size_t>(m_bytes.size()),
-                                       pugi::parse_default | pugi::parse_doctype | pugi::parse_fragment);
-    if (result.encoding != pugi::encoding_utf8 || !isUtf8)
-        return say("The file %1 holds bytes that are no UTF-8 text. Save it again in the UTF-8 encoding.")
-            .arg(path);
+    const pugi::xml_parse_result result = m_document.load_buffer_inplace(
+        m_bytes.data(), static_cast<size_t>(m_bytes.size()), pugi::parse_default, pugi::encoding_utf8);
     if (!result)
-        return say("The file %1 is no well-formed XML: %2 (line %3).")
-            .arg(path, QString::fromLatin1(result.description()))
-            .arg(lineOf(path, result.offset));
-    int roots = 0;
-    for (const pugi::xml_node& node : m_document.children()) {
-        roots += node.type() == pugi::node_element ? 1 : 0;
-        if (node.type() == pugi::node_pcdata || node.type() == pugi::node_cdata)
-            return say("The file %1 is no well-formed XML: it has text outside of its root.").arg(path);
-        if (node.type() == pugi::node_doctype)
-            return say("The file %1 has a document type declaration, which a Jobwright file never has. "
-                       "It was not read.")
-                .arg(path);
-    }
-    if (roots != 1)
-        return say(roots == 0 ? "The file %1 is no well-formed XML: it has no root."
-                              : "The file %1 is no well-formed XML: it has more than one root.")
-            .arg(path);
+        return say("The file %1 could not be read: %2").arg(path, QString::fromLatin1(result.description()));
     if (std::string_view(root().name()) != "Jobwright")
         return say("The file %1 is not a Jobwright file: its root is \"%2\" and not \"Jobwright\".")
             .arg(path, QString::fromUtf8(root().name()));
@@ -160,29 +94,47 @@ QString CampaignFile::parse(const QString& path, bool isUtf8)
     return {};
 }
 
-QString CampaignFile::checkAttributes(const QString& path)
+QString CampaignFile::checkShape(const QString& path)
 {
-    DoubledAttribute doubled;
-    m_document.traverse(doubled);
-    if (!doubled.found)
-        return {};
-    return say("The file %1 is no well-formed XML: an element %2 has the attribute %3 twice (line %4). It "
-               "was not "
-               "read.")
-        .arg(path, QString::fromUtf8(doubled.found.name()),
-             QString::fromUtf8(doubled.name.data(), static_cast<qsizetype>(doubled.name.size())))
-        .arg(lineOf(path, doubled.found.offset_debug()));
-}
-
-QString CampaignFile::checkShape()
-{
-    for (const pugi::xml_node& data : root().children("Data")) {
-        Records& table = m_tables[data.attribute("Table").value()];
-        for (const pugi::xml_node& record : data.children("Record"))
-            table.push_back(record);
+    bool isKnown = false;
+    for (const pugi::xml_node& child : root().children()) {
+        if (child.type() != pugi::node_element)
+            continue;
+        if (std::string_view(child.name()) != "Data")
+            noteStray(say("as <%1> outside of every table").arg(shortText(child.name())));
+        else
+            isKnown = readTable(child) || isKnown;
     }
+    // Without this a file with its names misspelt would empty the database and bring nothing.
+    if (isRestore() && !isKnown)
+        return say("The file %1 would replace the database and holds no table that Jobwright knows. It was "
+                   "not read.")
+            .arg(path);
     const QString refusal = findDouble("Company", "CompanyKey");
     return refusal.isEmpty() ? findDouble("Contact", "ContactKey") : refusal;
+}
+
+bool CampaignFile::readTable(pugi::xml_node data)
+{
+    const std::string_view name = data.attribute("Table").value();
+    const bool isKnown = std::ranges::find(tables, name) != tables.end();
+    for (const pugi::xml_node& child : data.children()) {
+        if (child.type() != pugi::node_element)
+            continue;
+        if (!isKnown)
+            noteStray(say("in a table \"%1\", which Jobwright does not know").arg(shortText(name)));
+        else if (std::string_view(child.name()) == "Record")
+            m_tables[name].push_back(child);
+        else
+            noteStray(say("as <%1> in the table %2").arg(shortText(child.name()), shortText(name)));
+    }
+    return isKnown;
+}
+
+void CampaignFile::noteStray(const QString& place)
+{
+    const bool isRoom = m_strays.size() < mostPlaces || m_strays.contains(place);
+    ++m_strays[isRoom ? place : say("in still other places")];
 }
 
 // Contacts, positions and histories say by these keys whom they belong to; with a key given twice nobody can

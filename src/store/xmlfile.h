@@ -6,6 +6,8 @@
 
 #include <pugixml.hpp>
 
+#include <array>
+#include <map>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
@@ -18,10 +20,15 @@ class CampaignFile
 public:
     using Records = std::vector<pugi::xml_node>;
 
+    /// The tables that a file holds, in their order there. Names count to the letter.
+    static constexpr std::array<std::string_view, 12> tables{"Address",  "Company",  "Contact", "CProfile",
+                                                             "Document", "Event",    "History", "JProfile",
+                                                             "Position", "Question", "Target",  "UProfile"};
+
     /// Reads the file and checks all that can be known before a first row is written: that it is well-formed
-    /// XML of a sane size and encoding without a document type, that its root is the program's own, and that
-    /// no two companies or contacts share a key, nor two attributes of an element a name. Answers "" or, in
-    /// words for the user, why the file cannot be used.
+    /// XML of a sane size and encoding without a document type, that its root is the program's own, that a
+    /// file which replaces the store has a table to replace it with, and that no two companies or contacts
+    /// share a key. Answers "" or, in words for the user, why the file cannot be used.
     [[nodiscard]] QString load(const QString& path);
 
     /// True when the file replaces the store's contents; otherwise it is merged into them.
@@ -38,19 +45,24 @@ public:
     /// in
     /// @p ownerKey: the walk from owner to owner never meets them.
     [[nodiscard]] int orphans(std::string_view table, std::string_view owner, const char* ownerKey) const;
+    /// How many elements stand where nothing is read, by the place in words: "in a table ...".
+    [[nodiscard]] const std::map<QString, int>& strays() const { return m_strays; }
 
 private:
     using Index = std::unordered_map<std::string_view, Records>;
 
-    [[nodiscard]] QString parse(const QString& path, bool isUtf8);
-    [[nodiscard]] QString checkAttributes(const QString& path);
-    [[nodiscard]] QString checkShape();
+    [[nodiscard]] QString parse(const QString& path);
+    [[nodiscard]] QString checkShape(const QString& path);
+    /// Takes in what stands below a Data element; true when its table is a known one.
+    [[nodiscard]] bool readTable(pugi::xml_node data);
+    void noteStray(const QString& place);
     [[nodiscard]] QString findDouble(std::string_view table, const char* keyColumn) const;
     [[nodiscard]] Index index(std::string_view table, const char* column) const;
 
     QByteArray m_bytes; // the document's texts lie in here
     pugi::xml_document m_document;
     Index m_tables;
+    std::map<QString, int> m_strays;
     std::unordered_map<std::string_view, pugi::xml_node> m_addresses;
     Index m_contacts;
     Index m_positions;

@@ -87,6 +87,7 @@ void XmlImport::run()
     readDocuments();
     renewLists();
     countOrphans();
+    countStrays();
     show(u"Import Complete"_s);
     if (m_file.isRestore())
         readFurtherTables();
@@ -259,6 +260,19 @@ void XmlImport::countOrphans()
                                                     "belong to no record of %3 in it and did not come in.")
                             .arg(orphans)
                             .arg(QLatin1String(each.table), QLatin1String(each.owner)),
+                        1);
+    }
+}
+
+void XmlImport::countStrays()
+{
+    for (const auto& [place, count] : m_file.strays()) {
+        m_lost += count;
+        m_data.logError(QCoreApplication::translate("XmlImport",
+                                                    "DataJW-ImportXML: %1 elements of the file stand %2 and "
+                                                    "did not come in.")
+                            .arg(count)
+                            .arg(place),
                         1);
     }
 }

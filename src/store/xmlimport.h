@@ -61,6 +61,7 @@ private:
     void readDocuments();
     void renewLists();
     void countOrphans();
+    void countStrays();
     void noteKnown(const char* table, const QString& name);
     /// The six tables that only a restore brings.
     void readFurtherTables();

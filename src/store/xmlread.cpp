@@ -3,8 +3,8 @@
 #include "store/datajw.h"
 #include "store/enginecall.h"
 #include "store/session.h"
-#include "store/storecheck.h"
 #include "store/xmlimport.h"
+#include "store/xmlkeys.h"
 
 #include <QCoreApplication>
 
@@ -26,41 +26,11 @@ void report(Session& session, const QString& reason)
     session.msgBox(reason);
 }
 
-/// A restore numbers every record anew and the store never uses a number twice, so it can run out of keys
-/// with its work half done. Known beforehand, it is refused while everything is still there. "" when the keys
-/// will do.
-QString checkKeys(Session& session, const CampaignFile& file)
-{
-    struct Need
-    {
-        const char* table;
-        size_t rows;
-    };
-    const size_t companies = file.records("Company").size();
-    const size_t contacts = file.records("Contact").size();
-    for (const Need& need : {Need{"Address", companies + contacts}, Need{"Company", companies},
-                             Need{"Contact", contacts}, Need{"Position", file.records("Position").size()},
-                             Need{"Document", file.records("Document").size()}}) {
-        const QString used =
-            engine::value(session.dataJW().database().handle(),
-                          QByteArray("SELECT seq FROM sqlite_sequence WHERE name='") + need.table + "'");
-        if (used.toLongLong() + static_cast<qint64>(need.rows) > keyLimit)
-            return say("This database has given out %1 keys of the table %2 and has none left for %3 more "
-                       "records. "
-                       "Nothing was changed. Restore the file into a new, empty folder instead.")
-                .arg(used.isEmpty() ? u"0"_s : used, QLatin1String(need.table))
-                .arg(need.rows);
-    }
-    return {};
-}
-
 /// "" when the walk may begin.
 QString prepare(Session& session, CampaignFile& file, const QString& path)
 {
     const QString refusal = file.load(path);
-    if (!refusal.isEmpty() || !file.isRestore())
-        return refusal;
-    return checkKeys(session, file);
+    return refusal.isEmpty() ? checkKeys(session.dataJW(), file) : refusal;
 }
 
 /// A walk writes all over the indexes of a store that grows under it; with the everyday cache the engine

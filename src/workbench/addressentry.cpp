@@ -5,7 +5,7 @@
 #include "base/text.h"
 #include "intake/frmautoparse.h"
 #include "store/datajw.h"
-#include "store/webpages.h"
+#include "web/webpages.h"
 #include "workbench/shell.h"
 #include "workbench/wholerecord.h"
 

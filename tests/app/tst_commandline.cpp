@@ -54,6 +54,15 @@ void query(const QString& folder, const QStringList& statements)
         QCOMPARE(run(folder, {u"query"_s, statement}).status, 0);
 }
 
+/// Bytes as printf(1) takes them.
+QString octal(const QByteArray& bytes)
+{
+    QString text;
+    for (const char byte : bytes)
+        text += u"\\%1"_s.arg(static_cast<uchar>(byte), 3, 8, QLatin1Char('0'));
+    return text;
+}
+
 QByteArray content(const QString& path)
 {
     QFile file(path);
@@ -314,11 +323,41 @@ private slots:
         QCOMPARE(run(fresh, {u"companies"_s}).out, companies);
     }
 
-    void folderWithoutANameIsNotTheUsersOwn()
+    void nameThatIsNoneIsRefused_data()
     {
-        const Outcome outcome = run(QString(), {u"paths"_s});
-        QCOMPARE(outcome.status, 2);
-        QVERIFY(outcome.error.contains(u"name is empty"));
+        columns<QByteArrayList, int, QString>("words", "status", "message");
+        const auto row = [](const char* name, const QByteArrayList& words, int status, const char* message) {
+            QTest::newRow(name) << words << status << QString::fromLatin1(message);
+        };
+        const QByteArray latin = "/tmp/caf\xE9";
+        row("empty folder", {"--folder", "", "paths"}, 2, "folder's name is empty");
+        row("folder in another encoding", {"--folder", latin, "paths"}, 2, "no valid UTF-8 text");
+        row("empty export", {"export", ""}, 2, "file's name is empty");
+        row("export in another encoding", {"export", latin}, 2, "no valid UTF-8 text");
+        row("empty import", {"import", ""}, 2, "file's name is empty");
+        row("empty copy", {"copy", ""}, 2, "file's name is empty");
+        row("empty card", {"parse-card", ""}, 2, "file's name is empty");
+        row("empty setting", {"status", "", "x"}, 2, "setting's name is empty");
+        row("no home", {"paths"}, 3, "No home folder is known");
+    }
+    void nameThatIsNoneIsRefused()
+    {
+        QFETCH(QByteArrayList, words);
+        QFETCH(int, status);
+        QFETCH(QString, message);
+        QTemporaryDir there;
+        // By the system's own shell, as QProcess would turn the words into text before.
+        QString line = u"unset HOME XDG_DATA_HOME JOBWRIGHT_FOLDER; exec \"$0\""_s;
+        for (const QByteArray& word : words)
+            line += u" \"$(printf '%1')\""_s.arg(octal(word));
+        QProcess process;
+        process.setWorkingDirectory(there.path());
+        process.start(u"/bin/sh"_s, {u"-c"_s, line, QStringLiteral(JOBWRIGHT_PROGRAM)});
+        QVERIFY(process.waitForFinished(60000));
+        const QString error = QString::fromUtf8(process.readAllStandardError());
+        QVERIFY2(error.contains(message), qPrintable(error));
+        QCOMPARE(process.exitCode(), status);
+        QVERIFY(QDir(there.path()).isEmpty());
     }
 
     void outputThatDoesNotArriveIsAFailure()
@@ -412,7 +451,12 @@ private slots:
     void spoiltStoresHaveTheirOwnStatus()
     {
         QTemporaryDir folder;
-        QCOMPARE(run(folder.path(), {u"companies"_s}).status, 0);
+        query(folder.path(), {u"Insert into Contact(ContactKey) Values(32768)"_s});
+        const Outcome outOfReach = run(folder.path(), {u"verify"_s});
+        QCOMPARE(outOfReach.status, 5);
+        QVERIFY2(outOfReach.error.contains(u"1 records of Contact stand under keys"_s) &&
+                     outOfReach.out.contains(u"belongs to nobody\tContact.CompanyKey\t1\n"_s),
+                 qPrintable(outOfReach.out + outOfReach.error));
         const QString path = folder.path() + u"/Postledger.db";
         QVERIFY(QFile::resize(path, QFileInfo(path).size() / 2));
         QCOMPARE(run(folder.path(), {u"companies"_s}).status, 3);

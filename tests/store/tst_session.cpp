@@ -3,7 +3,11 @@
 #include "support/table.h"
 #include "support/world.h"
 
+#include <QSysInfo>
 #include <QTest>
+
+#include <atomic>
+#include <thread>
 
 using namespace Qt::StringLiterals;
 
@@ -37,6 +41,23 @@ private slots:
         QVERIFY(world.prompts.done());
         if (shown)
             QCOMPARE(world.prompts.lastTitle(), u"Jobwright Message"_s);
+    }
+
+    void longStatementIsCutInTheLog_data()
+    {
+        columns<int, QString>("length", "end");
+        QTest::newRow("just fits") << 16384 << u"x\r\n-------11/22"_s;
+        QTest::newRow("one too many")
+            << 16385 << u"x\r\n(cut here; it has 16385 characters)\r\n-------11/22"_s;
+    }
+    void longStatementIsCutInTheLog()
+    {
+        QFETCH(int, length);
+        QFETCH(QString, end);
+        World world;
+        world.session->logError(QString(length, u'x'), 1);
+        QCOMPARE(world.errorLog().count(u'x'), 16384);
+        QVERIFY2(world.errorLog().contains(end), qPrintable(world.errorLog().right(100)));
     }
 
     void aLongWalkIsNotInterrupted()
@@ -93,10 +114,84 @@ private slots:
         qunsetenv("JOBWRIGHT_FOLDER");
         qputenv("XDG_DATA_HOME", named.path().toUtf8());
         QCOMPARE(applicationFolder({}), QString(named.path() + u"/jobwright"));
+        qunsetenv("XDG_DATA_HOME");
+        const QByteArray home = qgetenv("HOME");
+        qunsetenv("HOME");
+        QCOMPARE(applicationFolder({}), QString()); // and not below the root of all files
+        QVERIFY(prepareFolder({}).contains(u"--folder"_s));
+        qputenv("HOME", home);
         QFile file(named.path() + u"/occupied");
         QVERIFY(file.open(QIODevice::WriteOnly));
         QVERIFY(prepareFolder(file.fileName()).contains(u"is a file"_s));
         QCOMPARE(prepareFolder(named.path() + u"/new/deep"), QString());
+    }
+
+    void lockOfNobodyIsTakenOver_data()
+    {
+        // lock: its lines; %1 is this process, %2 its name, %3 this computer
+        columns<QString, int, QString>("lock", "age", "message");
+        const auto row = [](const char* name, const QString& lock, int age, const QString& message) {
+            QTest::newRow(name) << lock << age << message;
+        };
+        const QString unreadable = u"does not say who holds it"_s;
+        row("empty and old", {}, 60, {});
+        row("empty, as one that is being made", {}, 0, unreadable);
+        row("garbled and old", u"\x01nonsense\n\n"_s, 60, {});
+        row("garbled and new", u"\x01nonsense\n\n"_s, 0, unreadable);
+        row("of a dead process", u"99999999\njobwright\n%3\n"_s, 0, {});
+        row("of another program that got the number", u"%1\nsomethingelse\n%3\n"_s, 0, {});
+        row("of this process, days old", u"%1\n%2\n%3\n"_s, 400000,
+            u"open already on this folder (process"_s);
+        row("of another computer", u"99999999\njobwright\nelsewhere\n"_s, 400000,
+            u"on another computer, elsewhere (process 99999999)"_s);
+    }
+    void lockOfNobodyIsTakenOver()
+    {
+        QFETCH(QString, lock);
+        QFETCH(int, age);
+        QFETCH(QString, message);
+        QTemporaryDir folder;
+        QFile file(folder.path() + u"/jobwright.lock");
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(lock.replace(u"%1"_s, QString::number(QCoreApplication::applicationPid()))
+                       .replace(u"%2"_s, QCoreApplication::applicationName())
+                       .replace(u"%3"_s, QSysInfo::machineHostName())
+                       .toUtf8());
+        QVERIFY(file.flush() && file.setFileTime(QDateTime::currentDateTime().addSecs(-age),
+                                                 QFileDevice::FileModificationTime));
+        file.close();
+        InstanceLock first(folder.path());
+        QCOMPARE(first.acquire(), message.isEmpty());
+        if (message.isEmpty()) {
+            InstanceLock second(folder.path());
+            QVERIFY(!second.acquire());
+        } else {
+            QVERIFY2(first.holder().contains(message), qPrintable(first.holder()));
+            QVERIFY(first.isHeldByAnother() && QFile::exists(file.fileName()));
+        }
+    }
+
+    void lockLeftBehindIsTakenOverByOneOnly()
+    {
+        QTemporaryDir folder;
+        for (int round = 0; round < 50; ++round) {
+            QFile file(folder.path() + u"/jobwright.lock");
+            QVERIFY(file.open(QIODevice::WriteOnly) && file.write("?") == 1 && file.flush());
+            QVERIFY(file.setFileTime(QDateTime::currentDateTime().addSecs(-60),
+                                     QFileDevice::FileModificationTime));
+            file.close();
+            std::atomic<int> taken = 0;
+            std::vector<std::unique_ptr<InstanceLock>> locks;
+            std::vector<std::jthread> threads;
+            for (int i = 0; i < 8; ++i)
+                locks.push_back(std::make_unique<InstanceLock>(folder.path()));
+            for (const auto& lock : locks)
+                threads.emplace_back([&] { taken += lock->acquire() ? 1 : 0; });
+            threads.clear();
+            QVERIFY2(taken <= 1, "two got in");
+            // Those that met may all have stepped back; whoever comes next gets it.
+            QVERIFY(taken == 1 || locks[0]->acquire());
+        }
     }
 };
 

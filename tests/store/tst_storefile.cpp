@@ -2,6 +2,7 @@
 #include "store/copies.h"
 #include "store/database.h"
 #include "store/enginecall.h"
+#include "store/storecheck.h"
 #include "store/storefile.h"
 #include "support/table.h"
 #include "support/world.h"
@@ -66,6 +67,8 @@ private slots:
         row("sql PRAGMA user_version=99", FileState::Newer, "later version");
         row("sql DROP TABLE History", FileState::Damaged, "no such table");
         row("sql ALTER TABLE History DROP COLUMN Topic", FileState::Damaged, "Topic");
+        row("sql DROP TABLE Event; CREATE VIEW Event AS SELECT * FROM EventRecovery", FileState::Damaged,
+            "Event is a view and no table");
         row("locked", FileState::ReadOnly, "may not be written");
         row("gone folder", FileState::Foreign, "no file");
     }
@@ -111,6 +114,81 @@ private slots:
         const QStringList copies = listCopies(world.folder.path());
         QCOMPARE(copies.size(), 1);
         QVERIFY(inspectStore(world.session->databasePath()).message.contains(copies.first()));
+    }
+
+    void fullLookNamesWhatItFinds_data()
+    {
+        table({"sql", "found"},
+              {{"nothing", "SELECT 1", ""},
+               {"a key too high to reach", "INSERT INTO Contact(ContactKey, CompanyKey) VALUES(32768, 1)",
+                "1 records of Contact stand under keys outside of 1 to 32767, where the program cannot reach "
+                "them|points nowhere Contact.CompanyKey 1"},
+               {"a key below all", "INSERT INTO Event(EventKey) VALUES(-1)",
+                "1 records of Event stand under keys outside of 1 to 32767, where the program cannot reach "
+                "them"},
+               {"a company below all", "INSERT INTO Target(CompanyKey) VALUES(-5)",
+                "points nowhere Target.CompanyKey 1"},
+               {"no owner",
+                "INSERT INTO Contact(CompanyKey) VALUES(0); INSERT INTO History(HistoryKey) VALUES('1')",
+                "nobody's Contact.CompanyKey 1|nobody's History.ContactKey 1"},
+               {"a trigger and a view",
+                "CREATE TRIGGER t AFTER INSERT ON Company BEGIN DELETE FROM Contact; END; "
+                "CREATE VIEW v AS SELECT 1",
+                "trigger t|view v"}});
+    }
+    void fullLookNamesWhatItFinds()
+    {
+        FETCH(QString, sql, found);
+        World world;
+        sqlite3* const store = world.data().database().handle();
+        engine::execute(store, sql.toUtf8());
+        const StoreCheck check = checkStore(world.data().database());
+        QStringList all{check.damage};
+        for (const OrphanCount& orphan : check.orphans)
+            all.append(u"points nowhere %1 %2"_s.arg(orphan.column).arg(orphan.rows));
+        for (const OrphanCount& orphan : check.unowned)
+            all.append(u"nobody's %1 %2"_s.arg(orphan.column).arg(orphan.rows));
+        all += check.foreign;
+        all.removeAll(QString());
+        QCOMPARE(all.join(u'|'), found);
+    }
+
+    void triggerOfAnotherHandNeverRuns()
+    {
+        World world;
+        engine::execute(
+            engine::open(world.session->databasePath(), SQLITE_OPEN_READWRITE).get(),
+            "INSERT INTO Contact(FirstName) VALUES('Ann'); CREATE TRIGGER t AFTER INSERT ON Company "
+            "BEGIN DELETE FROM Contact; END");
+        QVERIFY(world.data().execQuery(u"Insert into Company(Name) VALUES('Acme')"_s));
+        QCOMPARE(world.cells(u"Select FirstName from Contact"_s), u"Ann"_s);
+    }
+
+    void fileThatGoesAwayUnderTheProgramIsNamed_data()
+    {
+        QTest::addColumn<bool>("replaced");
+        QTest::newRow("deleted") << false;
+        QTest::newRow("replaced") << true;
+    }
+    void fileThatGoesAwayUnderTheProgramIsNamed()
+    {
+        QFETCH(bool, replaced);
+        World world;
+        const QString path = world.session->databasePath();
+        QVERIFY(world.data().isConnected() && QFile::rename(path, path + u".old"));
+        if (replaced)
+            QVERIFY(QFile::copy(path + u".old", path));
+        world.prompts.expect(path + u" was replaced, moved or deleted while it was open");
+        QVERIFY(!world.data().execQuery(u"Insert into Company(Name) VALUES('Acme')"_s));
+        QVERIFY(world.errorLog().contains(u"\r\n1032\r\nSQLite"));
+    }
+
+    void fileThatCannotBeOpenedIsNamedWithTheReason()
+    {
+        World world;
+        const QString failure = copyTo(world.data().database(), world.folder.path() + u"/nowhere/copy.db");
+        QVERIFY2(failure.contains(u"/nowhere/copy.db.part cannot be opened: No such file"_s),
+                 qPrintable(failure));
     }
 
     void newStoreHasEverySettingOnce()

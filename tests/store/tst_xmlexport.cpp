@@ -1,13 +1,31 @@
 // What a written campaign file looks like, and that it brings back what was stored.
 #include "store/campaignfile.h"
+#include "store/enginecall.h"
 #include "store/storefile.h"
 #include "support/table.h"
 
+#include <QDirIterator>
+
 #include <pugixml.hpp>
+#include <sqlite3.h>
 
 #include <sstream>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+QStringList filesBelow(const QString& folder)
+{
+    QStringList found;
+    for (QDirIterator files(folder, QDir::Files | QDir::System, QDirIterator::Subdirectories);
+         files.hasNext();)
+        found.append(files.next());
+    found.sort();
+    return found;
+}
+
+} // namespace
 
 class TestXmlExport : public QObject
 {
@@ -34,11 +52,35 @@ private slots:
         QCOMPARE(target.data().getCompany(u"A"_s).text(u"Notes"), value);
     }
 
-    void controlCharactersAreLeftOut()
+    void textsThatXmlCannotHoldStillComeBack_data()
     {
-        World world;
-        world.data().execQuery(u"Insert into Company(Name,Notes) VALUES('A','x\x01y\x1bz\uFFFEw')"_s);
-        QVERIFY(world.data().createXML(u"out.xml"_s, false).contains(u"Notes=\"xyzw\""));
+        columns<QByteArray, QString>("stored", "back");
+        QTest::newRow("control characters are left out") << QByteArray("x\x01y\x1bz\fw\v\x1f\b") << u"xyzw"_s;
+        QTest::newRow("noncharacters are left out") << QByteArray("a\xEF\xBF\xBE\xEF\xBF\xBF") << u"a"_s;
+        QTest::newRow("half of a pair and other broken bytes become the mark for them")
+            << QByteArray("a\xED\xA0\x80z\xFF") << u"a\uFFFD\uFFFD\uFFFDz\uFFFD"_s;
+        QTest::newRow("a text ends at its zero byte") << QByteArray("a\0b", 3) << u"ab"_s;
+        QTest::newRow("what only looks forbidden stays")
+            << QByteArray("\x7f\xC2\x85 &#12; \xF0\x9F\xBF\xBE")
+            << QString::fromUtf8("\x7f\xC2\x85 &#12; \xF0\x9F\xBF\xBE");
+    }
+    void textsThatXmlCannotHoldStillComeBack()
+    {
+        QFETCH(QByteArray, stored);
+        QFETCH(QString, back);
+        World source;
+        // Past the gateway, as another program may have written it.
+        const engine::Statement insert =
+            engine::prepare(source.data().database().handle(),
+                            "INSERT INTO Company(Name,Notes) VALUES('A',CAST(?1 AS TEXT))");
+        sqlite3_bind_blob(insert.get(), 1, stored.constData(), static_cast<int>(stored.size()),
+                          SQLITE_STATIC);
+        QCOMPARE(sqlite3_step(insert.get()), SQLITE_DONE);
+        QVERIFY(!source.data().createXML(u"out.xml"_s, false).isEmpty());
+        World target;
+        target.data().importXML(source.session->file(u"out.xml"_s));
+        QCOMPARE(target.session->statusLine(), u"Import Complete"_s);
+        QCOMPARE(target.data().getCompany(u"A"_s).text(u"Notes"), back);
     }
 
     void fileIsWholeOrNotThere()
@@ -56,24 +98,71 @@ private slots:
         QCOMPARE(world.fileText(u"out.xml"_s), before);
     }
 
-    void ownFilesAreNeverWrittenOver_data()
+    void otherFilesAreNeverWrittenOver_data()
     {
-        QTest::addColumn<QString>("name");
-        for (const char* name :
-             {"POSTLEDGER.DB", "ErrorLog.txt", "settings.ini", "./Postledger.db", "alias.xml", "folder"})
-            QTest::newRow(name) << QString::fromLatin1(name);
+        // The database lies at real.db, and Postledger.db is a link to it.
+        table({"name", "reason"}, {{"the database", "./POSTLEDGER.DB", "own files"},
+                                   {"the database by its link", "Postledger.db", "own files"},
+                                   {"the file behind that link", "real.db", "own files"},
+                                   {"a link to the database", "alias.xml", "own files"},
+                                   {"a link to that link", "alias2.xml", "own files"},
+                                   {"what stands beside the database", "Postledger.db-wal", "own files"},
+                                   {"what stands beside the real file", "real.db-journal", "own files"},
+                                   {"another campaign's database", "folder/Postledger.db", "own files"},
+                                   {"a copy's place", "backups/new.xml", "own files"},
+                                   {"the log", "ErrorLog.txt", "own files"},
+                                   {"the settings", "settings.ini", "own files"},
+                                   {"a user's file", "notes.txt", "is no XML file"},
+                                   {"a renamed copy", "copy.xml", "is no XML file"},
+                                   {"a link to nothing", "lost.xml", "leads nowhere"},
+                                   {"a folder", "folder", "no plain file"}});
     }
-    void ownFilesAreNeverWrittenOver()
+    void otherFilesAreNeverWrittenOver()
     {
-        QFETCH(QString, name);
+        FETCH(QString, name, reason);
         World world;
+        const QString folder = world.folder.path() + u'/';
+        QVERIFY(QFile::rename(folder + u"Postledger.db", folder + u"real.db"));
+        for (const auto& [link, to] : {std::pair{u"Postledger.db", u"real.db"},
+                                       {u"alias.xml", u"Postledger.db"},
+                                       {u"alias2.xml", u"alias.xml"},
+                                       {u"lost.xml", u"gone.xml"}})
+            QVERIFY(QFile::link(folder + to, folder + link));
+        QVERIFY(QDir(folder).mkdir(u"folder"_s) && QDir(folder).mkdir(u"backups"_s));
+        QVERIFY(QFile::copy(folder + u"real.db", folder + u"copy.xml"));
+        QFile notes(folder + u"notes.txt");
+        QVERIFY(notes.open(QIODevice::WriteOnly) && notes.write("\n call <Ann>") > 0);
+        notes.close();
         world.data().execQuery(u"INSERT INTO Company (Name) VALUES ('Acme')"_s);
-        QVERIFY(QDir(world.folder.path()).mkdir(u"folder"_s));
-        QVERIFY(QFile::link(world.session->databasePath(), world.folder.path() + u"/alias.xml"));
-        world.prompts.expect(u"could not be written"_s);
+        const QStringList before = filesBelow(folder);
+        world.prompts.expect(reason);
         QCOMPARE(world.data().createXML(name, false), QString());
         QCOMPARE(inspectStore(world.session->databasePath()).state, FileState::Good);
         QCOMPARE(world.data().getCompanyNames(), QStringList{u"Acme"_s});
+        QStringList after = filesBelow(folder);
+        after.removeOne(folder + u"ErrorLog.txt");
+        QCOMPARE(after, before);
+        QCOMPARE(world.fileText(u"notes.txt"_s), u"\n call <Ann>"_s);
+    }
+
+    void olderExportIsWrittenOver_data()
+    {
+        QTest::addColumn<QByteArray>("old");
+        QTest::newRow("with a mark and a blank line") << QByteArray("\xEF\xBB\xBF\r\n<Jobwright/>");
+        QTest::newRow("empty, as made for it") << QByteArray();
+    }
+    void olderExportIsWrittenOver()
+    {
+        QFETCH(QByteArray, old);
+        World world;
+        QFile file(world.session->file(u"real.xml"_s));
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(old) == old.size());
+        file.close();
+        QVERIFY(QFile::link(file.fileName(), world.session->file(u"out.xml"_s)));
+        QVERIFY(!world.data().createXML(u"out.xml"_s, false).isEmpty());
+        // Through the link, which stays.
+        QVERIFY(world.fileText(u"real.xml"_s).contains(u"Data Table="));
+        QVERIFY(QFileInfo(world.session->file(u"out.xml"_s)).isSymLink());
     }
 
     void restoredStoreWritesTheSameFile()

@@ -1,7 +1,7 @@
 // The Company screen: showing, leaving a field, the tree, the figures, and the ways out into the web.
 #include "base/statecodes.h"
-#include "store/webpages.h"
 #include "support/table.h"
+#include "web/webpages.h"
 #include "workbench/bench.h"
 #include "workbench/stateabbrev.h"
 

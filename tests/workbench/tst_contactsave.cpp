@@ -1,7 +1,7 @@
 // Saving and removing a whole contact, the name and the address that go with it.
 #include "intake/frmautoparse.h"
-#include "store/webpages.h"
 #include "support/table.h"
+#include "web/webpages.h"
 #include "workbench/contactbench.h"
 #include "workbench/contactname.h"
 
