@@ -168,6 +168,11 @@ QString realPath(const QString& path)
     return folder.isEmpty() ? path : QDir(folder).filePath(target.fileName());
 }
 
+bool isInFolder(const Session& session, const QString& real)
+{
+    return QFileInfo(real).absolutePath() == QFileInfo(session.folder()).canonicalFilePath();
+}
+
 /// True for the databases of this and of other campaigns with what the engine keeps beside them, for this
 /// one's copies, logs and settings.
 bool isOwnFile(const Session& session, const QString& real)
@@ -183,8 +188,15 @@ bool isOwnFile(const Session& session, const QString& real)
     if (!copies.isEmpty() && real.startsWith(QString(copies + u'/')))
         return true;
     static const QStringList own{u"ErrorLog.txt"_s, u"OpLog.txt"_s, u"settings.ini"_s, u"jobwright.lock"_s};
-    return own.contains(name, Qt::CaseInsensitive) &&
-           QFileInfo(real).absolutePath() == QFileInfo(session.folder()).canonicalFilePath();
+    return own.contains(name, Qt::CaseInsensitive) && isInFolder(session, real);
+}
+
+/// True for the files that are the program's to write: a restore file that the user has agreed to replace is
+/// replaced, also when a crash has made rubbish of it.
+bool isToBeReplaced(const Session& session, const QString& real)
+{
+    const QString name = QFileInfo(real).fileName();
+    return (name == u"restore.xml" || name == u"backup.xml") && isInFolder(session, real);
 }
 
 /// False for a file with anything in it that does not begin as XML does.
@@ -210,7 +222,7 @@ QString refusalOf(const Session& session, const QString& real)
         return QCoreApplication::translate("XmlExport", "it is no plain file");
     if (isOwnFile(session, real))
         return QCoreApplication::translate("XmlExport", "it is one of the program's own files");
-    if (target.exists() && !mayBeXml(real))
+    if (target.exists() && !isToBeReplaced(session, real) && !mayBeXml(real))
         return QCoreApplication::translate(
             "XmlExport",
             "it exists already and is no XML file, so it is left as it is; please choose another "

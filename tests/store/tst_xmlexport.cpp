@@ -114,6 +114,7 @@ private slots:
                                    {"the settings", "settings.ini", "own files"},
                                    {"a user's file", "notes.txt", "is no XML file"},
                                    {"a renamed copy", "copy.xml", "is no XML file"},
+                                   {"a restore file that is a link to one", "restore.xml", "is no XML file"},
                                    {"a link to nothing", "lost.xml", "leads nowhere"},
                                    {"a folder", "folder", "no plain file"}});
     }
@@ -126,7 +127,8 @@ private slots:
         for (const auto& [link, to] : {std::pair{u"Postledger.db", u"real.db"},
                                        {u"alias.xml", u"Postledger.db"},
                                        {u"alias2.xml", u"alias.xml"},
-                                       {u"lost.xml", u"gone.xml"}})
+                                       {u"lost.xml", u"gone.xml"},
+                                       {u"restore.xml", u"notes.txt"}})
             QVERIFY(QFile::link(folder + to, folder + link));
         QVERIFY(QDir(folder).mkdir(u"folder"_s) && QDir(folder).mkdir(u"backups"_s));
         QVERIFY(QFile::copy(folder + u"real.db", folder + u"copy.xml"));
