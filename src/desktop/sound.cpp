@@ -1,10 +1,11 @@
 #include "desktop/sound.h"
 
-#include <QAudioDevice>
+#include "desktop/waveplayer.h"
+
+#include <QCoreApplication>
 #include <QFile>
-#include <QMediaDevices>
-#include <QSoundEffect>
-#include <QUrl>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -22,17 +23,17 @@ bool isWaveFile(const QString& path)
 
 } // namespace
 
-Sound::Sound() = default;
-
-Sound::~Sound() = default;
+Sound::Sound()
+{
+    // Beside the program, as it was built and as it is installed.
+    m_module.setFileName(QCoreApplication::applicationDirPath() + u"/../" JOBWRIGHT_MODULES
+                                                                  "/jobwright_wave");
+}
 
 bool Sound::play(const QString& path)
 {
-    if (!isWaveFile(path) || QMediaDevices::defaultAudioOutput().isNull())
+    if (!isWaveFile(path))
         return false;
-    // Made anew for each sound: a device that was plugged in since is found.
-    m_effect = std::make_unique<QSoundEffect>();
-    m_effect->setSource(QUrl::fromLocalFile(path));
-    m_effect->play();
-    return true;
+    auto* const player = qobject_cast<WavePlayer*>(m_module.instance());
+    return player && player->play(path);
 }

@@ -1,11 +1,8 @@
 // Sounds of the program.
 #pragma once
 
+#include <QPluginLoader>
 #include <QString>
-
-#include <memory>
-
-class QSoundEffect;
 
 /// Plays wave files, one at a time, beside the program's own work. The sound system is first touched when
 /// there is something to play.
@@ -13,12 +10,13 @@ class Sound
 {
 public:
     Sound();
-    ~Sound();
 
     /// Plays a file once, from its beginning. False when it is no wave file or when there is nothing to hear
     /// it with.
     bool play(const QString& path);
+    /// True when the module that plays is there and fits this program.
+    [[nodiscard]] bool hasPlayer() { return m_module.instance() != nullptr; }
 
 private:
-    std::unique_ptr<QSoundEffect> m_effect;
+    QPluginLoader m_module;
 };

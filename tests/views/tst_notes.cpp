@@ -104,6 +104,7 @@ void TestNotes::soundNeedsAWaveFileAndADevice()
     };
     const bool canBeHeard = !QMediaDevices::defaultAudioOutput().isNull();
     Sound sound;
+    QVERIFY(sound.hasPlayer());
     QVERIFY(!sound.play(m_folder.filePath(u"missing.wav"_s)));
     QVERIFY(!sound.play(m_folder.path()));
     QVERIFY(!sound.play(write(u"text.wav"_s, "a letter, not a sound")));
