@@ -147,7 +147,9 @@ StoreCheck checkStore(Database& database)
 qint64 highestKey(Database& database, const QString& table)
 {
     const schema::Table* const known = schema::findTable(table);
-    const QString key = known ? keyColumn(*known) : QString();
+    if (!known)
+        return 0;
+    const QString key = keyColumn(*known);
     if (key.isEmpty())
         return 0;
     // The counter stands above the highest row that was ever there; both are asked, as a file that other

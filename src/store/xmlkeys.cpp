@@ -36,7 +36,7 @@ qint64 rowsOf(const CampaignFile& file, const char* table)
 }
 
 /// Names as the store compares them: without regard to the case of A to Z.
-QString identity(QStringList names)
+QString identity(const QStringList& names)
 {
     QString joined = names.join(QChar(u'\0')); // no text of a file holds one
     for (QChar& c : joined) {

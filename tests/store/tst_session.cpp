@@ -6,6 +6,7 @@
 #include <QSysInfo>
 #include <QTest>
 
+#include <array>
 #include <atomic>
 #include <thread>
 
@@ -181,13 +182,14 @@ private slots:
                                      QFileDevice::FileModificationTime));
             file.close();
             std::atomic<int> taken = 0;
-            std::vector<std::unique_ptr<InstanceLock>> locks;
-            std::vector<std::jthread> threads;
-            for (int i = 0; i < 8; ++i)
-                locks.push_back(std::make_unique<InstanceLock>(folder.path()));
-            for (const auto& lock : locks)
-                threads.emplace_back([&] { taken += lock->acquire() ? 1 : 0; });
-            threads.clear();
+            std::array<std::unique_ptr<InstanceLock>, 8> locks;
+            for (auto& lock : locks)
+                lock = std::make_unique<InstanceLock>(folder.path());
+            {
+                std::array<std::jthread, locks.size()> threads;
+                for (size_t i = 0; i < locks.size(); ++i)
+                    threads[i] = std::jthread([&, i] { taken += locks[i]->acquire() ? 1 : 0; });
+            }
             QVERIFY2(taken <= 1, "two got in");
             // Those that met may all have stepped back; whoever comes next gets it.
             QVERIFY(taken == 1 || locks[0]->acquire());

@@ -36,6 +36,7 @@ std::vector<ChoiceButton::Choice> withPictures(const std::vector<EventChoice>& c
                                                bool canBeNone = false)
 {
     std::vector<ChoiceButton::Choice> pictured;
+    pictured.reserve(choices.size() + 1);
     for (const EventChoice& choice : choices)
         pictured.push_back({choice.text, eventicons::named(choice.icon)});
     if (canBeNone)

@@ -150,7 +150,7 @@ void ReminderListView::spreadColumns()
     }
     // What is late and by how much can always be read; the names make the room for it on a small screen.
     const int over = wanted - viewport()->width();
-    for (int column = 0; over > 0 && column < header()->count(); ++column) {
+    for (int column = 0; over > 0 && names > 0 && column < header()->count(); ++column) {
         if (isName(column))
             setColumnWidth(column, std::max(header()->sectionSizeHint(column),
                                             columnWidth(column) - over * columnWidth(column) / names));
