@@ -20,6 +20,7 @@
 
 using namespace Qt::StringLiterals;
 using commands::help;
+using commands::notEmpty;
 using commands::tr;
 
 namespace {
@@ -184,7 +185,7 @@ QString whenText(const DueEvent& due)
 
 void printDue(const std::vector<DueEvent>& events)
 {
-    const Table table({7, 9, 16, 20, 28, 20, 0});
+    const Table table({7, 12, 16, 20, 28, 20, 0});
     table.row({tr("Urgency"), tr("Time left"), tr("When"), tr("Event"), tr("Company"), tr("Contact"),
                tr("Description")});
     for (const DueEvent& each : events)
@@ -219,7 +220,8 @@ void addCalendarCommands(CLI::App& app, Command& chosen)
     auto* const agendaCommand = app.add_subcommand("agenda", help("List the events and tasks of a month"));
     auto options = std::make_shared<AgendaOptions>();
     agendaCommand->add_option("--month", options->month, help("The month; without it the present one"))
-        ->type_name("YYYY-MM");
+        ->type_name("YYYY-MM")
+        ->check(notEmpty("the month is empty"));
     auto* const ics = agendaCommand->add_flag("--ics", options->ics,
                                               help("As an iCalendar file for other calendar programs"));
     agendaCommand->add_flag("--json", options->json, help("The same as JSON"))->excludes(ics);

@@ -148,10 +148,11 @@ private:
 
     [[nodiscard]] dates::Moment when(const ReminderVerdict& verdict) const
     {
-        if (text(EventTime) != u"Nodate")
-            return {verdict.moment.date(), verdict.moment.time()};
         const auto own = dates::parse(text(EventDate));
-        return {own && dates::isDay(own->date) ? own->date : QDate(), {}};
+        if (!own || !dates::isDay(own->date))
+            return {};
+        return text(EventTime) == u"Nodate" ? dates::Moment{own->date, {}}
+                                            : dates::Moment{verdict.moment.date(), verdict.moment.time()};
     }
 
     void list(Key eventKey, const ReminderVerdict& verdict)

@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QFileInfo>
 
 using namespace Qt::StringLiterals;
 
@@ -15,7 +16,8 @@ bool isWaveFile(const QString& path)
 {
     constexpr qint64 headSize = 12;
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    // A pipe that nobody writes to would be waited for without end.
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
         return false;
     const QByteArray head = file.read(headSize);
     return head.size() == headSize && head.startsWith("RIFF") && head.endsWith("WAVE");

@@ -284,8 +284,11 @@ bool FrmHistory::close()
                     << tr("and %1 more").arg(outcome.unwritten.size() - mostNamed);
         what = lines.join(u'\n');
     }
+    // Asked so that Esc, and whoever ends the program, keeps the screen and all that is on it.
     const QString question =
-        tr("All that you entered is still on this screen. Would you like to keep it open, so "
-           "that you can try again? The reasons stand in ErrorLog.txt.");
-    return m_session.msgBox(what + u"\n\n" + question, Buttons::YesNo, tr("Contact History")) != Answer::Yes;
+        tr("All that you entered is still on this screen, so that you can try again. The reasons stand in "
+           "ErrorLog.txt. Would you like to close the screen all the same, and lose what could not be "
+           "written?");
+    return m_session.msgBox(what + u"\n\n" + question, Buttons::YesNoDefaultNo, tr("Contact History")) ==
+           Answer::Yes;
 }

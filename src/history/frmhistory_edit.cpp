@@ -119,9 +119,9 @@ void FrmHistory::refuseFurther(bool unstored)
     const StoreError failure(tr("Subscript out of range"), outOfRange, u"Jobwright"_s);
     m_session.logError(
         u"frmHistory - cmdAddHistory"_s + text::crlf +
-            tr("A contact can have %1 histories, and this one has them all. What you typed is "
-               "still in the fields; the other histories are stored. Remove one that you no longer "
-               "need, or put this into one that is there.")
+            tr("A contact can have %1 histories, and this one has them all. They are stored. What you typed "
+               "is still in the fields, but only until you choose a history: copy it from there before you "
+               "remove one that you no longer need, or add it to one that is there.")
                 .arg(HistoryEntries::bound),
         0, &failure);
 }

@@ -33,7 +33,7 @@ private slots:
         int steps = 0;
         for (;; ++steps) {
             EditedHistory bench;
-            bench.world.prompts.acceptAll(Answer::Yes);
+            bench.world.prompts.acceptAll(Answer::No);
             bool closed = false;
             const QString failed = bench.failing(steps, [&] { closed = bench.history.unload(); });
             if (failed.isEmpty())
@@ -56,7 +56,7 @@ private slots:
     void entryThatWasRefusedIsNamedAndTheOthersAreStored()
     {
         EditedHistory bench;
-        bench.world.prompts.expect(u"Talk 2"_s, Answer::No);
+        bench.world.prompts.expect(u"Talk 2"_s, Answer::Yes);
         bench.failing(
             [](int, QStringView statement) {
                 return statement.startsWith(u"INSERT") && statement.contains(u"Talk 2");
@@ -77,7 +77,7 @@ private slots:
         const QString before = bench.state();
         bench.setDiskFull(true);
         bench.world.prompts.expect(u"The change was not saved"_s);
-        bench.world.prompts.expect(u"try again"_s, Answer::Yes);
+        bench.world.prompts.expect(u"try again"_s, Answer::No);
         QVERIFY(!bench.history.unload());
         QCOMPARE(bench.state(), before);
         QVERIFY(bench.history.historyDirty());

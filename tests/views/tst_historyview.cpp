@@ -232,7 +232,7 @@ private slots:
                 if (statement.startsWith(u"INSERT"))
                     throw StoreError(u"failed on purpose"_s, 1, u"test"_s);
             });
-            bench.world.prompts.expect(u"Hard won"_s, Answer::Yes);
+            bench.world.prompts.expect(u"Hard won"_s, Answer::No);
             bench.press(Qt::Key_Escape);
             QVERIFY(bench.front->isVisible());
             bench.data().database().setInterceptor({});

@@ -62,6 +62,9 @@ private slots:
         PipelineWindow bench;
         bench.line(u"txtFind"_s)->setFocus();
         bench.type(u"PLAN"_s);
+        bench.press(Qt::Key_Return);
+        QCOMPARE(bench.text(u"txtPosition"_s), u"Planner"_s);
+        bench.line(u"txtFind"_s)->setFocus();
         bench.press(Qt::Key_Tab);
         QCOMPARE(QApplication::focusWidget()->objectName(), u"tvwHire"_s);
         for (const Qt::Key key : {Qt::Key_Home, Qt::Key_Down, Qt::Key_Down})

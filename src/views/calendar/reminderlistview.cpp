@@ -10,6 +10,7 @@
 #include <QIcon>
 #include <QKeyEvent>
 #include <QPalette>
+#include <QtMath>
 
 #include <algorithm>
 
@@ -137,13 +138,19 @@ void ReminderListView::spreadColumns()
     constexpr int most = 26;    // characters
     constexpr int asNamed = 24; // characters, for the description
     const int letter = fontMetrics().averageCharWidth();
+    // The selected row is bold, whichever it will be.
+    QFont bold = font();
+    bold.setBold(true);
+    const QString sample = u"Overdue, 11/21/2026 8:00:00 AM"_s;
+    const double wider = static_cast<double>(QFontMetrics(bold).horizontalAdvance(sample)) /
+                         fontMetrics().horizontalAdvance(sample);
     int wanted = asNamed * letter;
     int names = 0;
     for (int column = 0; column < header()->count(); ++column) {
         if (column == description)
             continue;
         resizeColumnToContents(column);
-        setColumnWidth(column, std::min(columnWidth(column), most * letter));
+        setColumnWidth(column, std::min(qCeil(columnWidth(column) * wider), most * letter));
         wanted += columnWidth(column);
         if (isName(column))
             names += columnWidth(column);

@@ -41,7 +41,7 @@ ReminderView::ReminderView(FrmReminder& presenter, QSettings& layout, QWidget* p
     m_timer1.setParent(this);
     m_timer1.setObjectName(u"Timer1"_s);
     m_timer1.setInterval(FrmReminder::timer1Interval);
-    connect(&m_timer1, &QTimer::timeout, &m_presenter, &FrmReminder::tick);
+    connect(&m_timer1, &QTimer::timeout, this, &ReminderView::tick);
     connect(&m_presenter, &FrmReminder::changed, this, &ReminderView::follow);
     connect(&m_presenter, &FrmReminder::cameForward, this, &ReminderView::comeForward);
     follow();
@@ -76,6 +76,18 @@ void ReminderView::setUpList()
 void ReminderView::followRows()
 {
     m_ui->lvwRemind->showSelected(m_presenter.selectedRow());
+}
+
+void ReminderView::tick()
+{
+    // A window that comes up would close the menu in which somebody is just choosing.
+    constexpr int patience = 1000; // milliseconds
+    if (QApplication::activePopupWidget()) {
+        m_timer1.start(patience);
+        return;
+    }
+    m_timer1.setInterval(FrmReminder::timer1Interval);
+    m_presenter.tick();
 }
 
 void ReminderView::follow()

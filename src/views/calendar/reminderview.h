@@ -35,6 +35,7 @@ protected:
 
 private:
     void setUpList();
+    void tick();
     void follow();
     void followRows();
     void comeForward(bool byUser);

@@ -29,9 +29,10 @@ void fitOntoScreen(QWidget& window)
     const QPoint last = room.bottomRight() - QPoint(window.width() - 1, window.height() - 1);
     const QPoint place(std::clamp(window.x(), room.left(), std::max(room.left(), last.x())),
                        std::clamp(window.y(), room.top(), std::max(room.top(), last.y())));
-    // A window that has no place yet gets its place from the desktop.
+    // A window that has no place yet gets its place from the desktop. The place is that of the window without
+    // its frame: taken for the frame's, it would be one title lower at each start.
     if (window.testAttribute(Qt::WA_Moved) && place != window.pos())
-        window.move(place);
+        window.setGeometry(QRect(place, window.size()));
 }
 
 } // namespace

@@ -176,6 +176,7 @@ void PipelineView::buildTree()
             m_presenter.tvwHireClick(index);
     });
     connect(&tree, &KindTree::opened, &m_presenter, &PipelineScreen::tvwHireDblClick);
+    connect(m_ui->txtFind, &QLineEdit::returnPressed, this, &PipelineView::enterFirstMatch);
     openMatches();
 }
 
@@ -217,6 +218,21 @@ void PipelineView::choose(const QModelIndex& index, bool alone)
     }
     tree.setCurrentIndex(index);
     tree.scrollTo(index);
+}
+
+/// Enter in the search leads to the first position that it has left.
+void PipelineView::enterFirstMatch()
+{
+    const PipelineTree& model = m_presenter.tvwHire();
+    const QModelIndex root = model.index(0, 0);
+    for (int row = 0; !model.filter().isEmpty() && row < model.rowCount(root); ++row) {
+        const QModelIndex position = model.index(0, 0, model.index(row, 0, root));
+        if (!position.isValid())
+            continue;
+        m_ui->tvwHire->setFocus();
+        m_ui->tvwHire->setCurrentIndex(position);
+        return;
+    }
 }
 
 void PipelineView::openMatches()

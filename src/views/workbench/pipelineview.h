@@ -52,6 +52,7 @@ private:
     void orderTabs();
     void dressTexts();
     void choose(const QModelIndex& index, bool alone);
+    void enterFirstMatch();
     void openMatches();
     void showMedium(int index);
     void render();
