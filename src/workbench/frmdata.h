@@ -83,7 +83,7 @@ public:
     // --- Screens ------------------------------------------------------------------------------------------
     /// False when the user stays where a text could not be saved.
     bool tabStrip1Click(const QString& tabKey);
-    /// Before another record, screen or the end: whether nothing typed is lost, or the user agrees to it.
+    /// Before another screen, a restore or the end: whether nothing typed is lost, or the user agrees to it.
     bool mayLeave();
     void clearStrip();
     [[nodiscard]] bool isOpen(const QString& screen) const override;
@@ -158,6 +158,7 @@ private:
     void setNewButton(const QString& toolTip, const QString& image);
     void readSettings();
     void startNewCompany();
+    [[nodiscard]] bool mayLeaveCompany(); ///< as mayLeave(), with the document left as it is
     void newRecord();
     void openTool(const QString& key, bool fromMenu);
     void checkReminders();

@@ -195,6 +195,7 @@ private slots:
         const QPoint place = tree->visualRect(contact).center();
         QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, place);
         QCOMPARE(bench.tab(), u"Company"_s);
+        bench.world.prompts.expect(u"have not been saved"_s, Answer::No); // the address that was only tried
         QTest::mouseDClick(tree->viewport(), Qt::LeftButton, {}, place);
         QCOMPARE(bench.tab(), u"Contact"_s);
     }
@@ -226,6 +227,36 @@ private slots:
         bench.world.restart();
         QCOMPARE(bench.industry(), u"Rails"_s);
         QVERIFY(!bench.cells(u"Select StatusValue from Status where StatusDescription='MinLog'"_s).isEmpty());
+    }
+
+    void closingAsksForWhatWaitsForTheSave()
+    {
+        AcmeWindow bench;
+        bench.enter(u"txtCity"_s, u"Rome"_s);
+        for (const Answer answer : {Answer::Cancel, Answer::Yes}) {
+            QVERIFY(bench.window->isVisible());
+            QCOMPARE(bench.text(u"txtCity"_s), u"Rome"_s);
+            bench.world.prompts.expect(u"The changes to the company \"Acme\" have not been saved."_s, answer);
+            bench.press(Qt::Key_Q, Qt::ControlModifier);
+        }
+        QVERIFY(!bench.window->isVisible());
+        bench.window.reset();
+        bench.presenters.reset();
+        bench.world.restart();
+        QCOMPARE(bench.cells(u"Select City from Address where City='Rome'"_s), u"Rome"_s);
+    }
+
+    void stayingKeepsSelectorAndTabWhereTheyWere()
+    {
+        AcmeWindow bench;
+        bench.enter(u"txtCity"_s, u"Rome"_s);
+        bench.world.prompts.acceptAll(Answer::Cancel);
+        bench.press(Qt::Key_2, Qt::ControlModifier);
+        QCOMPARE(bench.tab(), u"Company"_s);
+        QCOMPARE(QApplication::focusWidget(), bench.find(u"txtCity"_s));
+        bench.find(u"new"_s, Qt::Key_Return);
+        QCOMPARE(bench.selector()->currentText(), u"Acme"_s);
+        QCOMPARE(bench.text(u"txtCity"_s), u"Rome"_s);
     }
 
     void endFromTheSystemStoresTheFieldBeingTyped()
