@@ -34,7 +34,7 @@ bool ContactScreen::cutFromList(const QString& column, const QString& written, K
     const RecordSet contact = dataJW().getContactDataByKey(key);
     if (contact.isEmpty())
         return false; // the gateway has said so, and a list that was not read must not be written
-    QStringList keys = text::csvParse(contact.text(column));
+    QStringList keys = m_shell.csvParse(contact.text(column));
     keys.removeAll(QString::number(cut));
     return dataJW().execQuery(u"Update Contact set " + written + u"='" + keys.join(u',') +
                               u"' where contactkey=" + QString::number(key));

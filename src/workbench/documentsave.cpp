@@ -187,7 +187,7 @@ std::optional<QSet<Key>> DocumentScreen::keysAtContacts()
         return std::nullopt;
     QSet<Key> keys;
     for (; !lists.atEnd(); lists.next()) {
-        for (const QString& key : text::csvParse(lists.text(u"DocumentList")))
+        for (const QString& key : m_shell.csvParse(lists.text(u"DocumentList")))
             keys.insert(key.toShort());
     }
     return keys;
