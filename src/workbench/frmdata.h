@@ -57,10 +57,10 @@ public:
     /// The items that belong to the category of this name, in their order; all of them for an empty one.
     [[nodiscard]] QStringList companiesOf(const QString& category) const;
     [[nodiscard]] QString caption() const { return m_caption; }
-    [[nodiscard]] QString versionPanel() const; ///< first panel of the status bar
+    [[nodiscard]] QString versionPanel() const; ///< last panel of the status bar, at its right end
     [[nodiscard]] QString procText() const override { return m_procText; }
     [[nodiscard]] bool procVisible() const { return m_procVisible; }
-    /// Third panel of the status bar: the state of the position shown ("Position EXPIRED"); empty: hidden.
+    /// The status bar's panel for the state of the position shown ("Position EXPIRED"); empty: hidden.
     [[nodiscard]] QString positionPanel() const { return m_positionPanel; }
     [[nodiscard]] QString currentTab() const { return m_currentTab; } ///< tab key of TabStrip1
     [[nodiscard]] QString newToolTip() const
