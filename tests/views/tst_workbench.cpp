@@ -152,6 +152,28 @@ private slots:
         QVERIFY(!bench.find(u"proc"_s)->isVisible());
     }
 
+    void pictureSaysWhatANewRecordWillBeAndThatTheFlagIsPressed()
+    {
+        AcmeWindow bench;
+        const auto image = [](const QIcon& icon) { return icon.pixmap(44, 44).toImage(); };
+        QList<QImage> seen{image(bench.find<QAction>(u"tbar_document"_s)->icon())};
+        for (const Qt::Key tab : {Qt::Key_1, Qt::Key_2, Qt::Key_3}) {
+            bench.press(tab, Qt::ControlModifier);
+            const QImage now = image(bench.find<QAction>(u"tbar_new"_s)->icon());
+            QVERIFY(!seen.contains(now));
+            seen.append(now);
+        }
+        bench.run(u"Insert into Target(Name,CompanyKey) Values('Acme',1)"_s);
+        bench.press(Qt::Key_1, Qt::ControlModifier);
+        auto* flag = bench.find<QAbstractButton>(u"imgTgt"_s);
+        const QImage up = image(flag->icon());
+        QTest::mousePress(flag, Qt::LeftButton);
+        QVERIFY(image(flag->icon()) != up);
+        QTest::mouseRelease(flag, Qt::LeftButton);
+        QCOMPARE(image(flag->icon()), up);
+        QCOMPARE(bench.navigator.opened, QStringList{u"FrmTargets"_s});
+    }
+
     void missingToolsAreDisabledAndSayWhy()
     {
         WindowBench bench;

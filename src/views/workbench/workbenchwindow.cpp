@@ -356,6 +356,10 @@ void WorkbenchWindow::render()
 {
     setWindowTitle(m_presenter.caption());
     m_new->setToolTip(tr("%1 (Ctrl+N)").arg(m_presenter.newToolTip()));
+    if (const QString picture = workbenchtools::newPicture(m_presenter.newImage()); picture != m_newPicture) {
+        m_newPicture = picture;
+        m_new->setIcon(icons::forNew(picture));
+    }
     m_proc->setText(m_presenter.procText());
     m_proc->setVisible(m_presenter.procVisible());
     m_position->setText(m_presenter.positionPanel());
