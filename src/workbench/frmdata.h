@@ -21,7 +21,7 @@ class PositionScreen;
 /// How the label beside the company selector looks.
 enum class CompanyLabel {
     Company,           ///< the normal text colour, transparent
-    CompanyOnGraphics, ///< white, as it stands on the background graphics
+    CompanyOnGraphics, ///< the user wants graphics behind it: white, on a ground of its own
     Category,          ///< white on an opaque back
 };
 

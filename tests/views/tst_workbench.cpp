@@ -1,6 +1,7 @@
 // The workbench's window with keys and mouse on a real store.
 #include "desktop/endrequests.h"
 #include "support/table.h"
+#include "views/palettes.h"
 #include "views/windowbench.h"
 
 #include <QProgressBar>
@@ -172,6 +173,23 @@ private slots:
         QTest::mouseRelease(flag, Qt::LeftButton);
         QCOMPARE(image(flag->icon()), up);
         QCOMPARE(bench.navigator.opened, QStringList{u"FrmTargets"_s});
+    }
+
+    void labelOverGraphicsIsWhiteWhereItCanBeRead()
+    {
+        for (const QPalette& palette : {palettes::light(), palettes::dark()}) {
+            QApplication::setPalette(palette);
+            AcmeWindow bench;
+            bench.data().writeStatus(u"ScreenGraphics"_s, u"1"_s, true);
+            bench.frm->selectCategory();
+            const QImage label = bench.find(u"Label45"_s)->grab().toImage();
+            int brightest = 0;
+            for (int x = 0; x < label.width(); ++x)
+                brightest = std::max(brightest, qGray(label.pixel(x, label.height() / 2)));
+            QVERIFY(brightest > 230);
+            QVERIFY(qGray(label.pixel(1, 1)) < 140);
+        }
+        QApplication::setPalette({});
     }
 
     void missingToolsAreDisabledAndSayWhy()

@@ -378,11 +378,13 @@ void WorkbenchWindow::render()
 
 void WorkbenchWindow::renderCompanyLabel()
 {
-    const bool category = m_presenter.companyLabel() == CompanyLabel::Category;
-    m_ui->Label45->setAutoFillBackground(category);
-    m_ui->Label45->setAlignment(category ? Qt::AlignCenter : Qt::AlignLeft | Qt::AlignVCenter);
-    m_ui->Label45->setBackgroundRole(category ? QPalette::Highlight : QPalette::NoRole);
-    m_ui->Label45->setForegroundRole(category ? QPalette::HighlightedText : QPalette::NoRole);
+    // White is lost on a light window, and there are no graphics behind the label to stand out from: whenever
+    // it is white it lies on the accent. The word tells a category from a company.
+    const bool white = m_presenter.companyLabel() != CompanyLabel::Company;
+    m_ui->Label45->setAutoFillBackground(white);
+    m_ui->Label45->setAlignment(white ? Qt::AlignCenter : Qt::AlignLeft | Qt::AlignVCenter);
+    m_ui->Label45->setBackgroundRole(white ? QPalette::Highlight : QPalette::NoRole);
+    m_ui->Label45->setForegroundRole(white ? QPalette::HighlightedText : QPalette::NoRole);
 }
 
 ScreenView& WorkbenchWindow::openScreen() const
