@@ -152,6 +152,9 @@ int runWorkbench(Session& session, InstanceLock& lock, const StartOptions& optio
     Screens screens;
     Presenters presenters(session, screens);
     FrmData& workbench = presenters.workbench;
+    // The load begins before the splash, and only there the trace can be switched on: this line shows in a
+    // log once a session begins with the trace on.
+    session.trace(QStringLiteral("frmData - Form_Load"));
     showSplash(session, options.noSplash);
     if (!workbench.load())
         return Failed;

@@ -1,5 +1,7 @@
 #include "base/form.h"
 
+#include "base/fieldtext.h"
+
 #include <algorithm>
 
 Form::Form(std::vector<FieldRow> rows, QObject* parent)
@@ -32,7 +34,7 @@ bool Form::isVisible(const QString& control) const
 bool Form::isDirty(const QString& control) const
 {
     const State state = m_states.value(control);
-    return state.text != state.clean;
+    return state.text != state.clean && fieldtext::toStored(state.text) != fieldtext::toStored(state.clean);
 }
 
 void Form::setText(const QString& control, const QString& text)
@@ -48,6 +50,20 @@ void Form::setText(const QString& control, const QString& text)
 void Form::edit(const QString& control, const QString& text)
 {
     m_states[control].text = text;
+}
+
+void Form::amend(const QString& control, const QString& text)
+{
+    State& state = m_states[control];
+    if (state.text == text)
+        return;
+    state.text = text;
+    emit controlChanged(control);
+}
+
+void Form::revert(const QString& control)
+{
+    setText(control, QString(m_states.value(control).clean));
 }
 
 void Form::setEnabled(const QString& control, bool enabled)

@@ -40,13 +40,19 @@ public:
     [[nodiscard]] QString text(const QString& control) const;
     [[nodiscard]] bool isEnabled(const QString& control) const;
     [[nodiscard]] bool isVisible(const QString& control) const;
-    /// True while the control holds another text, by the user, than at the last setText() or markClean().
+    /// True while the control holds another text, by the user, than at the last setText() or markClean(): one
+    /// that would be stored differently.
     [[nodiscard]] bool isDirty(const QString& control) const;
 
     /// The program fills a control: not a change by the user.
     void setText(const QString& control, const QString& text);
     /// The user typed: the value is kept and the control counts as changed.
     void edit(const QString& control, const QString& text);
+    /// The program changes a text on the user's behalf (a card's field, blanks taken away): the view shows it
+    /// again, and it is the user's change all the same.
+    void amend(const QString& control, const QString& text);
+    /// Takes the user's change of a control back.
+    void revert(const QString& control);
     void setEnabled(const QString& control, bool enabled);
     void setVisible(const QString& control, bool visible);
     void markClean(const QString& control);

@@ -88,7 +88,7 @@ bool FrmAutoParse::fill(Form& target, const CardFields& controls, const QString&
         const QString& control = controls[field];
         // A street box may hold the line break between its two stored lines and nothing else: that is empty.
         if (m_mode == Save || target.text(control).trimmed().isEmpty())
-            target.setText(control, m_form.text(cardControls()[field]));
+            target.amend(control, m_form.text(cardControls()[field]));
     }
     return true;
 }

@@ -28,7 +28,8 @@ struct Dox
     QString docName;
 };
 
-/// One interaction with a contact.
+/// One interaction with a contact. There is no LoadData() with a text for every field: ten of them in a row
+/// would be mixed up unseen. What fills a record otherwise than from the store names the fields it sets.
 struct History
 {
     QString HistKey;

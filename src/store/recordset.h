@@ -52,7 +52,8 @@ public:
     [[nodiscard]] QVariant value(int column) const;
     [[nodiscard]] QVariant value(QStringView name) const { return value(columnIndex(name)); }
     [[nodiscard]] bool isNull(QStringView name) const { return value(name).isNull(); }
-    /// The cell as text: "" for NULL, a date in the program's own form ("11/5/2026").
+    /// The cell as text: "" for NULL, a date in the program's own form ("11/5/2026"). Every text that a form
+    /// shows comes through here, so that no screen needs a nullToEmpty() of its own.
     [[nodiscard]] QString text(int column) const;
     [[nodiscard]] QString text(QStringView name) const { return text(columnIndex(name)); }
     /// The cell as a 16-bit number, texts read as the number they are; nothing when it is NULL, no number or

@@ -56,23 +56,26 @@ bool CompanyScreen::replacementAgreed(Key oldKey, const QString& title)
     return false;
 }
 
-void CompanyScreen::cmdUpdate1()
+bool CompanyScreen::cmdUpdate1()
 {
     Session& session = m_shell.session();
     session.trace(u"Update Company"_s);
     const QString title = m_form.text(u"txtTitle"_s);
     if (!mayBeSaved(title))
-        return;
+        return false;
     const Key oldKey = keyToReplace(title);
     if (!replacementAgreed(oldKey, title))
-        return;
+        return false;
     Action action(session.dataJW());
     const bool inserted = insertRecord(oldKey, title);
     const Key newKey = takeOver(oldKey, title);
     // Without its end on the disk the store is as it was, and what was typed stays in the form for another
     // try.
-    if (action.commit())
-        showAfterSave(newKey, text::quoteFix(title), inserted && newKey > 0 && newKey != oldKey);
+    if (!action.commit())
+        return false;
+    const bool complete = inserted && newKey > 0 && newKey != oldKey;
+    showAfterSave(newKey, text::quoteFix(title), complete);
+    return complete;
 }
 
 bool CompanyScreen::insertRecord(Key oldKey, const QString& title)
@@ -129,6 +132,7 @@ void CompanyScreen::showAfterSave(Key newKey, const QString& name, bool complete
     m_shell.selectCategory();
     m_shell.savedSbar();
     m_shell.selection().currentCompanyKey = newKey;
+    m_cutShort = !complete;
     if (complete)
         loadCompanySelection(name);
     m_shell.updateCounts();

@@ -137,6 +137,7 @@ void CompanyScreen::fillForm(const RecordSet& record)
     m_shell.selection().currentCompanyKey =
         keyOrReport(session, record, u"CompanyKey", u"frmData - FillForm (Company)"_s);
     const RecordSet address = session.dataJW().getAddress(record.key(u"AddressKey").value_or(0));
+    m_cutShort = false;
     for (const FieldRow& row : m_form.rows()) {
         if (row.column.isEmpty())
             continue;
@@ -153,6 +154,7 @@ void CompanyScreen::clearCompanyForm()
     m_form.clear();
     m_tree.clear();
     m_daysSinceContact = -1;
+    m_cutShort = false;
 }
 
 void CompanyScreen::showFigures(const CompanyFigures& figures, const RecordSet& company)
@@ -249,6 +251,9 @@ void CompanyScreen::fieldChanged(const QString&)
 void CompanyScreen::fieldLeft(const QString& control)
 {
     const FieldRow* row = m_form.row(control);
+    // A text that was changed back leaves nothing to update.
+    if (!fieldleaving::hasUnsaved(m_form))
+        m_shell.savedSbar();
     // A field that holds what is stored has nothing to write: walking through the form with the tab key costs
     // nothing.
     if (!row || row->save != SaveOn::Leave || !m_form.isDirty(control))
@@ -268,10 +273,29 @@ void CompanyScreen::fieldLeft(const QString& control)
     m_shell.savedSbar();
 }
 
+QString CompanyScreen::recordName() const
+{
+    const QString selected = m_shell.selection().selectedCompanyName();
+    if (!text::isUnsaved(selected))
+        return tr("the company \"%1\"").arg(selected);
+    const QString title = m_form.text(u"txtTitle"_s).trimmed();
+    return title.isEmpty() ? tr("the new company") : tr("the new company \"%1\"").arg(title);
+}
+
 bool CompanyScreen::mayLeave()
 {
     const QString selected = m_shell.selection().selectedCompanyName();
-    return fieldleaving::mayLeave(
-        m_shell.session(), m_form, [this](const QString& control) { fieldLeft(control); },
-        !text::isUnsaved(selected) && !text::isCategory(selected));
+    const bool isCategory = text::isCategory(selected);
+    OpenRecord record{.name = recordName(),
+                      .isStored = !text::isUnsaved(selected) && !isCategory && !m_cutShort,
+                      .hasMore = m_cutShort,
+                      .leave = [this](const QString& control) { fieldLeft(control); },
+                      .save = [this] { return cmdUpdate1(); }};
+    // The save refuses a category, so there is no use in offering it.
+    if (isCategory)
+        record.save = nullptr;
+    if (!fieldleaving::mayLeave(m_shell.session(), m_form, record))
+        return false;
+    m_cutShort = false;
+    return true;
 }

@@ -43,12 +43,11 @@ public:
     void fieldKeyDown(const QString& control);
     void fieldChanged(const QString& control);
     void fieldLeft(const QString& control);
-    /// Before the form takes another record: tries once more what could not be written when its field was
-    /// left. False when the user would rather stay with a text that still cannot be written.
+    /// Before the form takes another record: false when the user stays with what is not in the store yet.
     bool mayLeave();
 
 public slots:
-    void cmdUpdate1();
+    bool cmdUpdate1(); ///< true when all of it is stored
     void cmdRemove1();
     void imgContact();
     void imgPosition();
@@ -75,6 +74,7 @@ private:
     [[nodiscard]] QString entryDate(Key oldKey);
     Key takeOver(Key oldKey, const QString& title);
     void showAfterSave(Key newKey, const QString& name, bool complete);
+    [[nodiscard]] QString recordName() const;
     bool removeRecords(const QString& name);
 
     Shell& m_shell;
@@ -84,4 +84,5 @@ private:
     double m_pointerPlace = 0;
     bool m_pointerLit = false;
     int m_daysSinceContact = -1;
+    bool m_cutShort = false; ///< the last save left a part of what is shown out of the store
 };

@@ -25,16 +25,19 @@ void ContactScreen::saveIfAutomatic()
 }
 
 /// Takes a key out of one of the lists of the contact shown.
-void ContactScreen::cutFromList(const QString& column, const QString& written, Key cut)
+bool ContactScreen::cutFromList(const QString& column, const QString& written, Key cut)
 {
     const Key key = keyShown();
     if (key <= 0 || cut <= 0)
-        return;
+        return false;
     // Item by item: cut as a text, key 3 would turn 13 into 1. Rejoined, the list has no stray commas either.
-    QStringList keys = text::csvParse(dataJW().getContactDataByKey(key).text(column));
+    const RecordSet contact = dataJW().getContactDataByKey(key);
+    if (contact.isEmpty())
+        return false; // the gateway has said so, and a list that was not read must not be written
+    QStringList keys = m_shell.csvParse(contact.text(column));
     keys.removeAll(QString::number(cut));
-    dataJW().execQuery(u"Update Contact set " + written + u"='" + keys.join(u',') + u"' where contactkey=" +
-                       QString::number(key));
+    return dataJW().execQuery(u"Update Contact set " + written + u"='" + keys.join(u',') +
+                              u"' where contactkey=" + QString::number(key));
 }
 
 // --- Other contacts ---------------------------------------------------------------------------------------
@@ -70,8 +73,10 @@ void ContactScreen::cmdRemoveOther1()
     const Key key = otherKey(node);
     if (key <= 0)
         m_shell.session().logError(u"Form:  Contact, attempting to remove 'Other' name not found."_s, 1);
+    const QString name = m_others.text(node);
     m_others.remove(node);
-    cutFromList(u"ContactList"_s, u"contactList"_s, key);
+    if (cutFromList(u"ContactList"_s, u"contactList"_s, key))
+        m_storedOthers.removeOne(name);
     saveIfAutomatic();
 }
 
@@ -151,9 +156,11 @@ void ContactScreen::cmdRemoveDocContact1()
         m_shell.showMessage(tr("Please select a document to remove."));
         return;
     }
-    const Key key = dataJW().getDocumentKey(text::quoteFix(m_documents.text(node)));
+    const QString name = m_documents.text(node);
+    const Key key = dataJW().getDocumentKey(text::quoteFix(name));
     m_documents.remove(node);
-    cutFromList(u"DocumentList"_s, u"DocumentList"_s, key);
+    if (cutFromList(u"DocumentList"_s, u"DocumentList"_s, key))
+        m_storedDocuments.removeOne(name);
     saveIfAutomatic();
 }
 
@@ -171,12 +178,15 @@ void ContactScreen::tvwDocumentDblClick(const QModelIndex& index)
 
 void ContactScreen::cmdReassign1()
 {
-    const QString name = contactShown();
-    const Key key = keyShown();
-    if (key <= 0) {
+    if (keyShown() <= 0) {
         m_shell.showMessage(tr("Please select a contact to reassign to another company."));
         return;
     }
+    // Now and not on the way out: a save there would bring the contact back to the company that it leaves.
+    if (!mayLeave())
+        return;
+    const QString name = contactShown();
+    const Key key = keyShown();
     const QString question = tr("Are you certain you want to reassign this contact to a different company?");
     if (m_shell.showMessage(question, Buttons::YesNoDefaultNo) != Answer::Yes)
         return;
@@ -203,14 +213,13 @@ void ContactScreen::cmdHistory1()
     }
     if (!historyAvailable())
         return;
-    const Key key = keyShown();
     m_shell.navigator().openScreen(u"FrmHistory"_s);
-    // As a click on the box shows its contact anew, a field that could not be saved is asked about first. By
-    // the key and not the name, which a namesake may have too.
+    // Before anything is saved, which writes the day of the last contact too.
+    showReached(dataJW().getContactDataByKey(keyShown()));
+    // As a click on the box shows its contact anew, what is not stored yet is asked about first. By the key
+    // and not the name, which a namesake may have too.
     if (mayLeave())
-        show(key);
-    else
-        showReached(dataJW().getContactDataByKey(key));
+        show(keyShown());
 }
 
 void ContactScreen::cmdAddress1()

@@ -27,14 +27,14 @@ bool ContactScreen::mayBeSaved(const ContactName& name)
     return wholerecord::mayBeStored(m_shell.session(), m_form, {u"Contact"_s, u"Address"_s});
 }
 
-void ContactScreen::cmdUpdateContact1()
+bool ContactScreen::cmdUpdateContact1()
 {
     m_shell.session().trace(u"Update Contact"_s);
     const ContactName typed{m_form.text(u"txtFirst"_s), m_form.text(u"txtMiddle"_s),
                             m_form.text(u"txtLast"_s)};
     const ContactName name = normalisedName(completedName(typed));
     if (!mayBeSaved(name))
-        return;
+        return false;
     const bool isNew = text::isUnsaved(contactShown());
     const Key oldKey = keyShown();
     const Key companyKey = dataJW().getCompanyKey(text::quoteFix(company()));
@@ -63,8 +63,12 @@ void ContactScreen::cmdUpdateContact1()
     }
     // When a part of the record did not get into the store, the form keeps what was typed, so that another
     // save can bring it in.
-    if (action.commit() && complete)
+    if (!action.commit())
+        return false;
+    m_cutShort = !complete;
+    if (complete)
         showAfterSave(newKey, name);
+    return complete;
 }
 
 /// Gives a contact without an address of its own one that begins as a copy of the company's; false when that

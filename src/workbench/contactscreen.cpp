@@ -172,11 +172,34 @@ Key ContactScreen::keyShown() const
     return findContact(contactShown(), company());
 }
 
+QString ContactScreen::recordName() const
+{
+    if (!text::isUnsaved(contactShown()))
+        return tr("the contact \"%1\"").arg(contactShown());
+    const QString name = QString(m_form.text(u"txtFirst"_s) + u' ' + m_form.text(u"txtLast"_s)).simplified();
+    return name.isEmpty() ? tr("the new contact") : tr("the new contact \"%1\"").arg(name);
+}
+
+bool ContactScreen::hasMoreToSave() const
+{
+    return m_cutShort || m_others.texts(m_others.index(0, 0)) != m_storedOthers ||
+           m_documents.texts(m_documents.index(0, 0)) != m_storedDocuments;
+}
+
 bool ContactScreen::mayLeave()
 {
-    return fieldleaving::mayLeave(
-        m_shell.session(), m_form, [this](const QString& control) { fieldLeft(control); },
-        !text::isUnsaved(contactShown()));
+    if (!fieldleaving::mayLeave(m_shell.session(), m_form,
+                                {.name = recordName(),
+                                 .isStored = !text::isUnsaved(contactShown()) && !m_cutShort,
+                                 .hasMore = hasMoreToSave(),
+                                 .leave = [this](const QString& control) { fieldLeft(control); },
+                                 .save = [this] { return cmdUpdateContact1(); }}))
+        return false;
+    m_cutShort = false;
+    m_storedOthers = m_others.texts(m_others.index(0, 0));
+    m_storedDocuments = m_documents.texts(m_documents.index(0, 0));
+    labelRatings(!text::isUnsaved(contactShown()));
+    return true;
 }
 
 void ContactScreen::cmbContactsClick(const QString& name)
@@ -222,6 +245,7 @@ void ContactScreen::fillContactForm(const RecordSet& record)
     m_shell.selection().currentContactKey =
         keyOrReport(session, record, u"ContactKey", u"frmData - fillContactForm (Contact)"_s);
     m_addressKey = record.key(u"AddressKey").value_or(0);
+    m_cutShort = false;
     for (const FieldRow& row : m_form.rows()) {
         if (isFlag(row.control)) {
             const int number = row.control.mid(3).toInt();
@@ -253,8 +277,12 @@ void ContactScreen::showReached(const RecordSet& record)
 void ContactScreen::clearContactForm()
 {
     m_form.clear();
+    // As the boxes say it: one ticked and cleared again is no change.
+    for (int number = firstFlag; number <= lastMedium; ++number)
+        m_form.setText(box(number), u"0"_s);
     m_shell.selection().currentContactKey = 0;
     m_addressKey = 0;
+    m_cutShort = false;
     m_lastContact.clear();
     showRatings(0);
     labelRatings(false);
@@ -278,6 +306,7 @@ void ContactScreen::showOthers(const QString& keyList)
         if (!name.trimmed().isEmpty())
             m_others.add(root, name, u'A' + key, u"contact"_s);
     }
+    m_storedOthers = m_others.texts(root);
 }
 
 void ContactScreen::showDocuments(const QString& keyList)
@@ -289,6 +318,7 @@ void ContactScreen::showDocuments(const QString& keyList)
         if (!name.isEmpty())
             m_documents.add(root, name, u'D' + key, u"document"_s);
     }
+    m_storedDocuments = m_documents.texts(root);
 }
 
 // --- Ratings ----------------------------------------------------------------------------------------------
@@ -355,8 +385,10 @@ bool ContactScreen::update(const QString& column, const QString& value)
 void ContactScreen::saveRatings()
 {
     labelRatings(true);
-    if (!text::isUnsaved(contactShown()))
-        update(u"ContactLevel"_s, level());
+    if (text::isUnsaved(contactShown()) || !update(u"ContactLevel"_s, level()))
+        return;
+    for (const QString& slider : {u"sldrQuality"_s, u"sldrInfluence"_s})
+        m_form.markClean(slider);
 }
 
 void ContactScreen::saveFlags(const QString& control)
@@ -373,8 +405,15 @@ void ContactScreen::saveFlags(const QString& control)
 void ContactScreen::fieldLeft(const QString& control)
 {
     const FieldRow* row = m_form.row(control);
-    if (!row || row->save != SaveOn::Leave || !m_form.isDirty(control) || text::isUnsaved(contactShown()))
+    // A text that was changed back leaves nothing to update.
+    if (!fieldleaving::hasUnsaved(m_form) && !hasMoreToSave())
+        m_shell.savedSbar();
+    if (!row || row->save == SaveOn::Never || !m_form.isDirty(control) || text::isUnsaved(contactShown()))
         return;
+    if (isRating(control)) {
+        saveRatings();
+        return;
+    }
     if (isFlag(control)) {
         saveFlags(control);
         return;

@@ -60,12 +60,11 @@ public:
     void fieldKeyDown(const QString& control);
     void fieldChanged(const QString& control);
     void fieldLeft(const QString& control);
-    /// Before the form takes another record: tries once more what could not be written when its field was
-    /// left. False when the user would rather stay with a text that still cannot be written.
+    /// Before the form takes another record: false when the user stays with what is not in the store yet.
     bool mayLeave();
 
 public slots:
-    void cmdUpdateContact1();
+    bool cmdUpdateContact1(); ///< true when all of it is stored
     void cmdRemoveContact1();
     void cmdReassign1();
     void cmdHistory1();
@@ -101,6 +100,8 @@ private:
     void saveFlags(const QString& control);
     void saveRatings();
     void reselect(Key key);
+    [[nodiscard]] QString recordName() const;
+    [[nodiscard]] bool hasMoreToSave() const;
 
     [[nodiscard]] bool mayBeSaved(const ContactName& name);
     [[nodiscard]] QString flags(int from, int to) const;
@@ -115,7 +116,8 @@ private:
     bool removeRecords(Key key);
 
     [[nodiscard]] bool writeStep(const QString& step);
-    void cutFromList(const QString& column, const QString& written, Key cut);
+    /// True when it is out of the store.
+    bool cutFromList(const QString& column, const QString& written, Key cut);
     void saveIfAutomatic();
 
     Shell& m_shell;
@@ -123,6 +125,8 @@ private:
     Form m_form;
     TreeModel m_others;
     TreeModel m_documents;
+    QStringList m_storedOthers; ///< the names in the two trees as the store has them
+    QStringList m_storedDocuments;
     QPersistentModelIndex m_selectedOther;
     QPersistentModelIndex m_selectedDocument;
     std::unique_ptr<FrmAddressEntry> m_addressEntry;
@@ -130,4 +134,5 @@ private:
     QString m_otherCompany;                  ///< whose contacts they are, empty for all
     Key m_addressKey = 0;                    ///< of the contact shown
     QString m_lastContact;                   ///< as stored, behind what txtDTPicker1 shows
+    bool m_cutShort = false;                 ///< the last save left a part of what is shown out of the store
 };

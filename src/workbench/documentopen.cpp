@@ -59,8 +59,15 @@ QDate creationDate(const QFileInfo& file)
 
 void DocumentScreen::cmdLoadDocument()
 {
-    Session& session = m_shell.session();
+    if (!mayLeave())
+        return;
     clearDocumentForm();
+    chooseFile();
+}
+
+void DocumentScreen::chooseFile()
+{
+    Session& session = m_shell.session();
     QString folder = session.dataJW().getStatusValue(u"DocumentDirectory"_s, true);
     if (folder.isEmpty())
         folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
@@ -77,6 +84,8 @@ void DocumentScreen::filesDropped(const QStringList& paths)
         m_shell.showMessage(tr("Please drop one file at a time, and no folder."));
         return;
     }
+    if (!mayLeave())
+        return;
     clearDocumentForm();
     takeFile(paths.first());
 }
@@ -92,7 +101,7 @@ void DocumentScreen::takeFile(const QString& path)
     m_form.setText(u"txtFileName"_s, file.fileName());
     m_form.setText(u"txtPath"_s, file.absoluteFilePath());
     const QDate made = creationDate(file);
-    if (made.isValid())
+    if (made.isValid() && !m_form.isDirty(u"dtpEntry"_s))
         m_form.setText(u"dtpEntry"_s, made.toString(Qt::ISODate));
     emit changed();
 }

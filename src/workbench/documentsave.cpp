@@ -49,7 +49,7 @@ QString DocumentScreen::defaultName() const
     return (type ? type->tag : documentTypes.front().tag).toString() + date.toString(u"yyyyMMdd"_s) + u".jwd";
 }
 
-void DocumentScreen::cmdAddDoc1()
+bool DocumentScreen::cmdAddDoc1()
 {
     Session& session = m_shell.session();
     QString& type = m_shell.selection().selectedDocType;
@@ -60,13 +60,14 @@ void DocumentScreen::cmdAddDoc1()
     session.trace(defaultName());
     if (m_form.text(u"txtFileName"_s).isEmpty()) {
         m_shell.showMessage(tr("Please select a file to add to the global document list."));
-        cmdLoadDocument();
+        // What is typed by now is about the file that is missing, and stays.
+        chooseFile();
         if (m_form.text(u"txtFileName"_s).isEmpty())
-            return;
+            return false;
     }
     if (rowOf(fieldtext::toStored(m_form.text(u"txtFileName"_s))) >= 0) {
         m_shell.showMessage(tr("Document already in list."));
-        return;
+        return false;
     }
     const std::vector<Dox> before = m_documents;
     // The type is the option clicked last, though a newly chosen file has cleared the options.
@@ -75,17 +76,18 @@ void DocumentScreen::cmdAddDoc1()
     m_documents.push_back(added);
     if (!updateDocumentList()) {
         m_documents = before;
-        return;
+        return false;
     }
     fillTree();
     select(static_cast<int>(m_documents.size()) - 1);
+    return true;
 }
 
-void DocumentScreen::cmdUpdateDoc1()
+bool DocumentScreen::cmdUpdateDoc1()
 {
     if (!selectedDocument()) {
         m_shell.showMessage(tr("Existing document not selected.  No update."));
-        return;
+        return false;
     }
     const std::vector<Dox> before = m_documents;
     const int row = m_selected;
@@ -94,11 +96,12 @@ void DocumentScreen::cmdUpdateDoc1()
     if (!updateDocumentList()) {
         // What was typed stays in the form for another try.
         m_documents = before;
-        return;
+        return false;
     }
     fillTree();
     select(row);
     m_shell.setSimpleText(selectedDocument()->docName + tr(" has been updated"));
+    return true;
 }
 
 void DocumentScreen::cmdRemoveDoc1()
@@ -184,7 +187,7 @@ std::optional<QSet<Key>> DocumentScreen::keysAtContacts()
         return std::nullopt;
     QSet<Key> keys;
     for (; !lists.atEnd(); lists.next()) {
-        for (const QString& key : text::csvParse(lists.text(u"DocumentList")))
+        for (const QString& key : m_shell.csvParse(lists.text(u"DocumentList")))
             keys.insert(key.toShort());
     }
     return keys;

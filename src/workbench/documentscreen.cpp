@@ -4,6 +4,7 @@
 #include "base/text.h"
 #include "store/datajw.h"
 #include "workbench/documenttypes.h"
+#include "workbench/fieldleaving.h"
 #include "workbench/shell.h"
 
 #include <algorithm>
@@ -113,12 +114,18 @@ void DocumentScreen::tvwDocsClick(const QModelIndex& index)
     // but not added yet is in it.
     if (!index.isValid() || index == selectedNode() || (!index.parent().isValid() && m_selected < 0))
         return;
-    select(index.parent().isValid() ? index.row() : -1);
+    const int row = index.parent().isValid() ? index.row() : -1;
+    // A save on the way fills the tree anew, and the index with it goes; the place stays.
+    if (mayLeave())
+        select(row);
+    else
+        emit changed();
 }
 
 void DocumentScreen::showDocument(const QString& name)
 {
-    select(rowOf(fieldtext::toStored(name)));
+    if (mayLeave())
+        select(rowOf(fieldtext::toStored(name)));
 }
 
 void DocumentScreen::select(int row)
@@ -187,6 +194,8 @@ void DocumentScreen::lstContactsSentDblClick(const QModelIndex& index)
         m_shell.showMessage(tr("%1 belongs to a company that is no longer in the database.").arg(name));
         return;
     }
+    if (!mayLeave())
+        return;
     if (company != m_shell.selection().selectedCompanyName())
         m_shell.cmbSelectionClick(company);
     m_shell.showOn(u"Contact"_s, name);
@@ -237,6 +246,9 @@ void DocumentScreen::fieldChanged(const QString& control)
         styleClicked();
     else if (m_form.text(control) == u"1") // the option that another one has put out says nothing
         typeClicked(control);
+    // A click has been acted on, and waits for nothing: the next new document has the type clicked last too.
+    if (row->save == SaveOn::Change)
+        m_form.markClean(control);
 }
 
 void DocumentScreen::typeClicked(const QString& control)
@@ -262,6 +274,9 @@ void DocumentScreen::styleClicked()
 void DocumentScreen::fieldLeft(const QString& control)
 {
     const FieldRow* row = m_form.row(control);
+    // A text that was changed back leaves nothing to update.
+    if (!fieldleaving::hasUnsaved(m_form))
+        m_shell.savedSbar();
     // A field that holds what is stored has nothing to write.
     if (!row || row->save != SaveOn::Leave || !m_form.isDirty(control))
         return;
@@ -272,6 +287,25 @@ void DocumentScreen::fieldLeft(const QString& control)
     savedText(m_documents[static_cast<size_t>(m_selected)], control) = value;
     m_form.markClean(control);
     m_shell.savedSbar();
+}
+
+QString DocumentScreen::recordName() const
+{
+    if (const Dox* dox = selectedDocument())
+        return tr("the document \"%1\"").arg(dox->docName);
+    const QString file = m_form.text(u"txtFileName"_s);
+    return file.isEmpty() ? tr("the new document") : tr("the new document \"%1\"").arg(file);
+}
+
+bool DocumentScreen::mayLeave()
+{
+    return fieldleaving::mayLeave(
+        m_shell.session(), m_form,
+        {.name = recordName(),
+         .isStored = selectedDocument() != nullptr,
+         .hasMore = false,
+         .leave = [this](const QString& control) { fieldLeft(control); },
+         .save = [this] { return selectedDocument() ? cmdUpdateDoc1() : cmdAddDoc1(); }});
 }
 
 bool DocumentScreen::updateColumn(const QString& column, const QString& value)

@@ -53,11 +53,13 @@ public:
     void fieldKeyDown(const QString& control);
     void fieldChanged(const QString& control);
     void fieldLeft(const QString& control);
+    /// Before the form takes another document: false when the user stays with what is not in the store yet.
+    bool mayLeave();
 
 public slots:
     void cmdLoadDocument();
-    void cmdAddDoc1();
-    void cmdUpdateDoc1(); ///< updates the selected document
+    bool cmdAddDoc1();    ///< true when the document is stored
+    bool cmdUpdateDoc1(); ///< updates the selected document; true when all of it is stored
     void cmdRemoveDoc1();
     void cmdViewDoc1();
     void tvwDocsClick(const QModelIndex& index);
@@ -76,6 +78,8 @@ private:
     void styleClicked();
     /// One column of the selected document's row; false when nothing was written.
     bool updateColumn(const QString& column, const QString& value);
+    [[nodiscard]] QString recordName() const;
+    void chooseFile();
     void takeFile(const QString& path);
     [[nodiscard]] int rowOf(const QString& name) const;
     [[nodiscard]] Dox fromControls(Dox dox) const;

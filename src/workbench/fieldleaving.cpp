@@ -4,46 +4,85 @@
 #include "store/session.h"
 
 #include <QCoreApplication>
-#include <QStringList>
+
+#include <algorithm>
 
 namespace {
-
-/// The fields that save themselves and are not in the store as they are shown.
-QStringList unsavedFields(const Form& form)
-{
-    QStringList controls;
-    for (const FieldRow& row : form.rows()) {
-        if (row.save == SaveOn::Leave && form.isDirty(row.control))
-            controls.append(row.control);
-    }
-    return controls;
-}
 
 QString say(const char* text)
 {
     return QCoreApplication::translate("FieldLeaving", text);
 }
 
+bool savesItself(const FieldRow& row)
+{
+    return row.save == SaveOn::Leave || row.save == SaveOn::Change;
+}
+
+bool isUnsaved(const Form& form, const FieldRow& row)
+{
+    return row.save != SaveOn::Never && form.isDirty(row.control);
+}
+
+void leaveFields(const Form& form, const OpenRecord& record)
+{
+    for (const FieldRow& row : form.rows()) {
+        if (savesItself(row) && form.isDirty(row.control)) // one leaving may have written several
+            record.leave(row.control);
+    }
+}
+
+/// True when the record's save is what would bring the rest into the store; a field that saves itself has
+/// been tried already.
+bool waitsForSave(const Form& form, const OpenRecord& record)
+{
+    return !record.isStored || record.hasMore || std::ranges::any_of(form.rows(), [&](const FieldRow& row) {
+        return row.save == SaveOn::Record && form.isDirty(row.control);
+    });
+}
+
+Answer askWhetherToSave(Session& session, const OpenRecord& record)
+{
+    return session.msgBox(say("The changes to %1 have not been saved. Save them?").arg(record.name),
+                          Buttons::YesNoCancel, say("Changes not saved"));
+}
+
+Answer askWhetherToLose(Session& session)
+{
+    return session.msgBox(say("A change on this screen could not be saved. Leave it and lose the change?"),
+                          Buttons::YesNoDefaultNo, say("Change not saved"));
+}
+
+void giveUp(Form& form)
+{
+    for (const FieldRow& row : form.rows()) {
+        if (isUnsaved(form, row))
+            form.revert(row.control);
+    }
+}
+
 } // namespace
 
-bool fieldleaving::mayLeave(Session& session, Form& form, const std::function<void(const QString&)>& leave,
-                            bool isStored)
+bool fieldleaving::hasUnsaved(const Form& form)
 {
-    if (!isStored)
+    return std::ranges::any_of(form.rows(), [&](const FieldRow& row) { return isUnsaved(form, row); });
+}
+
+bool fieldleaving::mayLeave(Session& session, Form& form, const OpenRecord& record)
+{
+    if (record.isStored)
+        leaveFields(form, record);
+    if (!hasUnsaved(form) && !record.hasMore)
         return true;
-    for (const QString& control : unsavedFields(form)) {
-        if (form.isDirty(control)) // one leaving may have written several
-            leave(control);
-    }
-    const QStringList lost = unsavedFields(form);
-    if (lost.isEmpty())
-        return true;
-    const Answer answer =
-        session.msgBox(say("A change on this screen could not be saved. Leave it and lose the change?"),
-                       Buttons::YesNoDefaultNo, say("Change not saved"));
-    if (answer != Answer::Yes)
+    if (waitsForSave(form, record) && record.save) {
+        const Answer answer = askWhetherToSave(session, record);
+        if (answer == Answer::Yes)
+            return record.save();
+        if (answer != Answer::No)
+            return false;
+    } else if (askWhetherToLose(session) != Answer::Yes) {
         return false;
-    for (const QString& control : lost)
-        form.markClean(control);
+    }
+    giveUp(form);
     return true;
 }

@@ -15,6 +15,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -88,7 +89,8 @@ void FrmData::sbarVis()
 
 void FrmData::savedSbar()
 {
-    m_procVisible = false;
+    if (!std::exchange(m_procVisible, false))
+        return;
     emit changed();
 }
 
@@ -191,17 +193,18 @@ void FrmData::selectCategory()
 
 void FrmData::cmbSelectionClick(const QString& text)
 {
-    if (!mayLeave()) {
+    // A category has no positions, and a company that does not exist yet can be entered on its own screen
+    // only.
+    const bool toCompanyScreen = (text::isCategory(text) && m_form.isVisible(u"frmePosition"_s)) ||
+                                 (text == text::newEntry && !m_form.isVisible(u"frmeCompany"_s));
+    if (toCompanyScreen ? !mayLeave() : !mayLeaveCompany()) {
         m_form.setText(u"cmbSelection"_s, m_selection.selectedCompanyName());
         return;
     }
     clearPipeBoxes();
     setSelection(text);
     selectCategory();
-    // A category has no positions, and a company that does not exist yet can be entered on its own screen
-    // only.
-    if ((text::isCategory(text) && m_form.isVisible(u"frmePosition"_s)) ||
-        (text == text::newEntry && !m_form.isVisible(u"frmeCompany"_s))) {
+    if (toCompanyScreen) {
         startNewCompany();
         return;
     }

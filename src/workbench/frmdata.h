@@ -21,7 +21,7 @@ class PositionScreen;
 /// How the label beside the company selector looks.
 enum class CompanyLabel {
     Company,           ///< the normal text colour, transparent
-    CompanyOnGraphics, ///< white, as it stands on the background graphics
+    CompanyOnGraphics, ///< the user wants graphics behind it: white, on a ground of its own
     Category,          ///< white on an opaque back
 };
 
@@ -57,10 +57,10 @@ public:
     /// The items that belong to the category of this name, in their order; all of them for an empty one.
     [[nodiscard]] QStringList companiesOf(const QString& category) const;
     [[nodiscard]] QString caption() const { return m_caption; }
-    [[nodiscard]] QString versionPanel() const; ///< first panel of the status bar
+    [[nodiscard]] QString versionPanel() const; ///< last panel of the status bar, at its right end
     [[nodiscard]] QString procText() const override { return m_procText; }
     [[nodiscard]] bool procVisible() const { return m_procVisible; }
-    /// Third panel of the status bar: the state of the position shown ("Position EXPIRED"); empty: hidden.
+    /// The status bar's panel for the state of the position shown ("Position EXPIRED"); empty: hidden.
     [[nodiscard]] QString positionPanel() const { return m_positionPanel; }
     [[nodiscard]] QString currentTab() const { return m_currentTab; } ///< tab key of TabStrip1
     [[nodiscard]] QString newToolTip() const
@@ -83,7 +83,7 @@ public:
     // --- Screens ------------------------------------------------------------------------------------------
     /// False when the user stays where a text could not be saved.
     bool tabStrip1Click(const QString& tabKey);
-    /// Before another record, screen or the end: whether nothing typed is lost, or the user agrees to it.
+    /// Before another screen, a restore or the end: whether nothing typed is lost, or the user agrees to it.
     bool mayLeave();
     void clearStrip();
     [[nodiscard]] bool isOpen(const QString& screen) const override;
@@ -158,6 +158,7 @@ private:
     void setNewButton(const QString& toolTip, const QString& image);
     void readSettings();
     void startNewCompany();
+    [[nodiscard]] bool mayLeaveCompany(); ///< as mayLeave(), with the document left as it is
     void newRecord();
     void openTool(const QString& key, bool fromMenu);
     void checkReminders();

@@ -10,9 +10,14 @@
 
 using namespace Qt::StringLiterals;
 
-bool FrmData::mayLeave()
+bool FrmData::mayLeaveCompany()
 {
     return m_company->mayLeave() && m_position->mayLeave() && m_contact->mayLeave();
+}
+
+bool FrmData::mayLeave()
+{
+    return mayLeaveCompany() && m_document->mayLeave();
 }
 
 bool FrmData::tabStrip1Click(const QString& tabKey)

@@ -53,7 +53,6 @@ FrmData::~FrmData()
 
 bool FrmData::load()
 try {
-    m_session.trace(u"frmData - Form_Load"_s);
     m_reminder.load();
     m_session.helpDocument = u"\\JWHelp\\Jobwright-Dox.pdf"_s;
     m_session.trace(u"Acro File Check"_s);

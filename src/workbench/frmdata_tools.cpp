@@ -166,6 +166,9 @@ void FrmData::fileExport()
 
 void FrmData::restoreData()
 {
+    // What is typed belongs to the database that may go, and to the file that may be written.
+    if (!mayLeave())
+        return;
     const QString name = u"restore.xml"_s;
     const QString path = m_session.file(name);
     if (!QFileInfo::exists(path)) {

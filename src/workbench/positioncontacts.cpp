@@ -28,6 +28,7 @@ void PositionScreen::clearContacts()
 {
     m_contacts.clear();
     m_contacts.add({}, tr("Contacts"), nodeKey(0), u"contact"_s);
+    m_storedContacts.clear();
 }
 
 void PositionScreen::fillContacts(const QString& keyList)
@@ -41,6 +42,7 @@ void PositionScreen::fillContacts(const QString& keyList)
         if (!name.isEmpty())
             m_contacts.add(root, name, nodeKey(key), u"contact"_s);
     }
+    m_storedContacts = m_contacts.texts(root);
 }
 
 void PositionScreen::listAssignable()

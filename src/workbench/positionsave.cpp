@@ -36,12 +36,12 @@ QString storedSteps(const RecordSet& position)
 
 } // namespace
 
-void PositionScreen::cmdUpdatePos1()
+bool PositionScreen::cmdUpdatePos1()
 {
     m_shell.session().trace(u"Update Position"_s);
     trimTitle();
     if (!mayBeSaved())
-        return;
+        return false;
     const Key key = m_shell.selection().currentPositionKey;
     bool saved = false;
     if (m_lost) {
@@ -58,6 +58,7 @@ void PositionScreen::cmdUpdatePos1()
     if (saved)
         emit stored();
     emit changed();
+    return saved;
 }
 
 bool PositionScreen::mayBeSaved()

@@ -177,7 +177,7 @@ void PositionScreen::forgetFailedSave()
 
 void PositionScreen::trimTitle()
 {
-    m_form.setText(u"txtPosTitle"_s, m_form.text(u"txtPosTitle"_s).trimmed());
+    m_form.amend(u"txtPosTitle"_s, m_form.text(u"txtPosTitle"_s).trimmed());
 }
 
 // --- Expiry -----------------------------------------------------------------------------------------------
@@ -190,6 +190,11 @@ bool PositionScreen::hasExpiry() const
 void PositionScreen::showExpires(QDate date)
 {
     m_form.setText(u"dtpExpires"_s, date.toString(Qt::ISODate));
+    expiryShown(date);
+}
+
+void PositionScreen::expiryShown(QDate date)
+{
     m_form.setEnabled(u"dtpExpires"_s, hasExpiry());
     checkExpiry(date);
 }
@@ -215,10 +220,13 @@ void PositionScreen::tickExpires(bool ticked)
 
 void PositionScreen::expiresEdited(QDate date)
 {
-    showExpires(date);
+    m_form.amend(u"dtpExpires"_s, date.toString(Qt::ISODate));
+    expiryShown(date);
     m_shell.sbarVis();
-    if (writeColumn(u"Expires"_s, u'\'' + dates::mdyyyy(date) + u'\''))
+    if (writeColumn(u"Expires"_s, u'\'' + dates::mdyyyy(date) + u'\'')) {
+        m_form.markClean(u"dtpExpires"_s);
         m_shell.savedSbar();
+    }
     emit changed();
 }
 
@@ -245,8 +253,15 @@ void PositionScreen::fieldLeft(const QString& control)
     const FieldRow* row = m_form.row(control);
     if (row && row->save == SaveOn::Record)
         trimTitle();
+    // A text that was changed back leaves nothing to update.
+    if (!fieldleaving::hasUnsaved(m_form) && !hasMoreToSave())
+        m_shell.savedSbar();
     // A field that holds what is stored has nothing to write.
-    if (!row || row->save != SaveOn::Leave || !m_form.isDirty(control))
+    if (!row || !m_form.isDirty(control))
+        return;
+    if (row->save == SaveOn::Change)
+        expiresEdited(QDate::fromString(m_form.text(control), Qt::ISODate));
+    if (row->save != SaveOn::Leave)
         return;
     // What was not written stays marked as changed, and the next leaving of the field tries again.
     if (!writeColumn(row->column, fieldtext::quoted(m_form.text(control))))
@@ -255,10 +270,35 @@ void PositionScreen::fieldLeft(const QString& control)
     m_shell.savedSbar();
 }
 
+QString PositionScreen::recordName() const
+{
+    const QString selected = m_form.text(u"cmbPosSelection"_s);
+    if (!text::isUnsaved(selected))
+        return tr("the position \"%1\"").arg(selected);
+    const QString title = m_form.text(u"txtPosTitle"_s).trimmed();
+    return title.isEmpty() ? tr("the new position") : tr("the new position \"%1\"").arg(title);
+}
+
+bool PositionScreen::hasMoreToSave() const
+{
+    return m_lost || m_twin != 0 || m_contacts.texts(m_contacts.index(0, 0)) != m_storedContacts;
+}
+
 bool PositionScreen::mayLeave()
 {
-    return fieldleaving::mayLeave(
-        m_shell.session(), m_form, [this](const QString& control) { fieldLeft(control); }, showsStored());
+    const bool expiryWaits = m_form.isDirty(u"dtpExpires"_s);
+    if (!fieldleaving::mayLeave(m_shell.session(), m_form,
+                                {.name = recordName(),
+                                 .isStored = showsStored() && !m_lost,
+                                 .hasMore = hasMoreToSave(),
+                                 .leave = [this](const QString& control) { fieldLeft(control); },
+                                 .save = [this] { return cmdUpdatePos1(); }}))
+        return false;
+    forgetFailedSave();
+    m_storedContacts = m_contacts.texts(m_contacts.index(0, 0));
+    if (expiryWaits)
+        expiryShown(QDate::fromString(m_form.text(u"dtpExpires"_s), Qt::ISODate));
+    return true;
 }
 
 bool PositionScreen::showsStored() const

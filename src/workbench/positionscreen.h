@@ -62,15 +62,14 @@ public:
     void fieldKeyDown(const QString& control);
     void fieldChanged(const QString& control);
     void fieldLeft(const QString& control);
-    /// Before the form takes another record: tries once more what could not be written when its field was
-    /// left. False when the user would rather stay with a text that still cannot be written.
+    /// Before the form takes another record: false when the user stays with what is not in the store yet.
     bool mayLeave();
     void tickExpires(bool ticked);                ///< the picker's own tick
     void selectContact(const QModelIndex& index); ///< the node selected in tvwContacts; invalid for none
     void tvwContactsDblClick(const QModelIndex& index);
 
 public slots:
-    void cmdUpdatePos1();
+    bool cmdUpdatePos1(); ///< true when all of it is stored
     void cmdRemovePos1();
     void cmdAssign1();
     void cmdRemoveContactAssign1();
@@ -102,7 +101,10 @@ private:
     /// True when the form shows a position of the store and not a new or a renamed one.
     [[nodiscard]] bool showsStored() const;
     bool writeColumn(const QString& column, const QString& value);
+    [[nodiscard]] QString recordName() const;
+    [[nodiscard]] bool hasMoreToSave() const;
     void showExpires(QDate date);
+    void expiryShown(QDate date);
     void expiresEdited(QDate date);
     void checkExpiry(QDate expires);
     [[nodiscard]] double place(bool position, Key key, double before);
@@ -129,6 +131,7 @@ private:
     Shell& m_shell;
     Form m_form;
     TreeModel m_contacts;
+    QStringList m_storedContacts; ///< the names in tvwContacts as the position was read
     QPersistentModelIndex m_selectedContact;
     std::optional<LostRow> m_lost;
     Key m_twin = 0; ///< the row that a save added beside the one it could not delete

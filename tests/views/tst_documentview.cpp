@@ -63,6 +63,28 @@ class TestDocumentView : public QObject
     Q_OBJECT
 
 private slots:
+    void listMarksTheDocumentThatTheUserStaysWith()
+    {
+        DocumentWindow bench({u"a.pdf"_s, u"b.pdf"_s});
+        bench.choose(0);
+        const auto marked = [&] {
+            const QModelIndexList rows = bench.tree()->selectionModel()->selectedIndexes();
+            return rows.isEmpty() ? QString() : rows.first().data().toString();
+        };
+        const auto saved = [&] { return bench.cells(u"Select Path from Document order by ResumeKey"_s); };
+        bench.enter(u"txtPath"_s, u"/moved"_s);
+        bench.world.prompts.expect(u"The changes to the document \"a.pdf\""_s, Answer::Cancel);
+        bench.choose(1);
+        QTRY_COMPARE(marked(), u"a.pdf"_s);
+        QCOMPARE(bench.text(u"txtPath"_s), u"/moved"_s);
+        // A save writes the whole list anew under the click.
+        bench.world.prompts.expect(u"The changes to the document \"a.pdf\""_s, Answer::Yes);
+        bench.choose(1);
+        QTRY_COMPARE(marked(), u"b.pdf"_s);
+        QCOMPARE(bench.text(u"txtFileName"_s), u"b.pdf"_s);
+        QCOMPARE(saved(), u"/moved;/files/b.pdf"_s);
+    }
+
     void chosenFileIsAddedOnceViewedAndNeverTouched()
     {
         DocumentWindow bench({u"a.pdf"_s});

@@ -1,6 +1,7 @@
 // The workbench's window with keys and mouse on a real store.
 #include "desktop/endrequests.h"
 #include "support/table.h"
+#include "views/palettes.h"
 #include "views/windowbench.h"
 
 #include <QProgressBar>
@@ -152,6 +153,45 @@ private slots:
         QVERIFY(!bench.find(u"proc"_s)->isVisible());
     }
 
+    void pictureSaysWhatANewRecordWillBeAndThatTheFlagIsPressed()
+    {
+        AcmeWindow bench;
+        const auto image = [](const QIcon& icon) { return icon.pixmap(44, 44).toImage(); };
+        QList<QImage> seen{image(bench.find<QAction>(u"tbar_document"_s)->icon())};
+        for (const Qt::Key tab : {Qt::Key_1, Qt::Key_2, Qt::Key_3}) {
+            bench.press(tab, Qt::ControlModifier);
+            const QImage now = image(bench.find<QAction>(u"tbar_new"_s)->icon());
+            QVERIFY(!seen.contains(now));
+            seen.append(now);
+        }
+        bench.run(u"Insert into Target(Name,CompanyKey) Values('Acme',1)"_s);
+        bench.press(Qt::Key_1, Qt::ControlModifier);
+        auto* flag = bench.find<QAbstractButton>(u"imgTgt"_s);
+        const QImage up = image(flag->icon());
+        QTest::mousePress(flag, Qt::LeftButton);
+        QVERIFY(image(flag->icon()) != up);
+        QTest::mouseRelease(flag, Qt::LeftButton);
+        QCOMPARE(image(flag->icon()), up);
+        QCOMPARE(bench.navigator.opened, QStringList{u"FrmTargets"_s});
+    }
+
+    void labelOverGraphicsIsWhiteWhereItCanBeRead()
+    {
+        for (const QPalette& palette : {palettes::light(), palettes::dark()}) {
+            QApplication::setPalette(palette);
+            AcmeWindow bench;
+            bench.data().writeStatus(u"ScreenGraphics"_s, u"1"_s, true);
+            bench.frm->selectCategory();
+            const QImage label = bench.find(u"Label45"_s)->grab().toImage();
+            int brightest = 0;
+            for (int x = 0; x < label.width(); ++x)
+                brightest = std::max(brightest, qGray(label.pixel(x, label.height() / 2)));
+            QVERIFY(brightest > 230);
+            QVERIFY(qGray(label.pixel(1, 1)) < 140);
+        }
+        QApplication::setPalette({});
+    }
+
     void missingToolsAreDisabledAndSayWhy()
     {
         WindowBench bench;
@@ -195,6 +235,7 @@ private slots:
         const QPoint place = tree->visualRect(contact).center();
         QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, place);
         QCOMPARE(bench.tab(), u"Company"_s);
+        bench.world.prompts.expect(u"have not been saved"_s, Answer::No); // the address that was only tried
         QTest::mouseDClick(tree->viewport(), Qt::LeftButton, {}, place);
         QCOMPARE(bench.tab(), u"Contact"_s);
     }
@@ -226,6 +267,36 @@ private slots:
         bench.world.restart();
         QCOMPARE(bench.industry(), u"Rails"_s);
         QVERIFY(!bench.cells(u"Select StatusValue from Status where StatusDescription='MinLog'"_s).isEmpty());
+    }
+
+    void closingAsksForWhatWaitsForTheSave()
+    {
+        AcmeWindow bench;
+        bench.enter(u"txtCity"_s, u"Rome"_s);
+        for (const Answer answer : {Answer::Cancel, Answer::Yes}) {
+            QVERIFY(bench.window->isVisible());
+            QCOMPARE(bench.text(u"txtCity"_s), u"Rome"_s);
+            bench.world.prompts.expect(u"The changes to the company \"Acme\" have not been saved."_s, answer);
+            bench.press(Qt::Key_Q, Qt::ControlModifier);
+        }
+        QVERIFY(!bench.window->isVisible());
+        bench.window.reset();
+        bench.presenters.reset();
+        bench.world.restart();
+        QCOMPARE(bench.cells(u"Select City from Address where City='Rome'"_s), u"Rome"_s);
+    }
+
+    void stayingKeepsSelectorAndTabWhereTheyWere()
+    {
+        AcmeWindow bench;
+        bench.enter(u"txtCity"_s, u"Rome"_s);
+        bench.world.prompts.acceptAll(Answer::Cancel);
+        bench.press(Qt::Key_2, Qt::ControlModifier);
+        QCOMPARE(bench.tab(), u"Company"_s);
+        QCOMPARE(QApplication::focusWidget(), bench.find(u"txtCity"_s));
+        bench.find(u"new"_s, Qt::Key_Return);
+        QCOMPARE(bench.selector()->currentText(), u"Acme"_s);
+        QCOMPARE(bench.text(u"txtCity"_s), u"Rome"_s);
     }
 
     void endFromTheSystemStoresTheFieldBeingTyped()

@@ -79,6 +79,8 @@ private slots:
         // it is found.
         for (const Answer answer : {Answer::No, Answer::Yes}) {
             QCOMPARE(bench.companies(), u"2|Bolt|Tools|11/1/2026;3|O`Hara & Sons|Tools|3/5/2024"_s);
+            if (answer == Answer::Yes) // what was not saved before
+                bench.expect(u"have not been saved"_s, Answer::No);
             bench.expect(u"\"O'HARA & SONS\" is in the database already"_s, answer);
             bench.save(u"<New>"_s, u"O'HARA & SONS"_s);
         }

@@ -125,10 +125,13 @@ private slots:
         for (const QString& each :
              {u"Acme=txtTitle"_s, u"<New>=txtShort"_s, u"~ Local ~=txtCompanyNotes"_s}) {
             bench.choose(each.section(u'=', 0, 0));
+            bench.expect(each.startsWith(u'~') ? u"could not be saved"_s : u"have not been saved"_s,
+                         each.startsWith(u'~') ? Answer::Yes : Answer::No);
             bench.type(each.section(u'=', 1), u"new"_s);
             QCOMPARE(bench.statements([&] { bench.company().fieldLeft(each.section(u'=', 1)); }),
                      QStringList());
             QVERIFY2(bench.frm->procVisible(), qPrintable(each));
+            QVERIFY(bench.frm->mayLeave());
         }
         QCOMPARE(bench.cells(u"Select ShortName,Industry,Notes from Company where CompanyKey > 1"_s),
                  u"Bo|Tools|old notes;~ |Tools|old notes"_s);

@@ -47,7 +47,7 @@ private slots:
         QVERIFY(bench.shownContact(u"txtDTPicker1"_s).contains(u"2026"_s));
         bench.contact().cmbContactsClick(u"<New>"_s);
         QCOMPARE(bench.current(), Key(0));
-        QCOMPARE(bench.shownContact(u"txtFirst chk1 sldrQuality lblQuality"_s), u"||0|Quality:"_s);
+        QCOMPARE(bench.shownContact(u"txtFirst chk1 sldrQuality lblQuality"_s), u"|0|0|Quality:"_s);
         QVERIFY(bench.others().isEmpty() && bench.documents().isEmpty());
     }
 

@@ -272,8 +272,8 @@ private slots:
             save.furnish(bench);
             bench.failing(9, [&] { bench.position().cmdUpdatePos1(); });
             QCOMPARE(bench.currentKey(), Key(0));
-            if (another) { // another choice forgets the lost row
-                bench.world.prompts.acceptAll(Answer::Yes);
+            if (another) { // another choice forgets the lost row, when the user gives it up
+                bench.world.prompts.acceptAll(Answer::No);
                 bench.position().cmbPosSelectionClick(u"<New>"_s);
                 bench.edit(u"txtPosTitle"_s, u"Welder"_s);
             }
@@ -295,16 +295,22 @@ private slots:
                 }
             };
             const auto act = [&](DocumentBench& bench) {
-                adds ? bench.screen().cmdAddDoc1() : bench.screen().cmdRemoveDoc1();
+                if (adds)
+                    bench.screen().cmdAddDoc1();
+                else
+                    bench.screen().cmdRemoveDoc1();
             };
             anyStep<DocumentBench>(furnish, act, [&](DocumentBench& bench, const QString&) {
                 // Not carried out, it is there for the same button; carried out, the update writes it.
                 const bool done = bench.listed().contains(adds ? u"new.pdf"_s : u"cv.pdf"_s) == adds;
                 if (!adds)
                     bench.screen().showDocument(done ? u"note.txt"_s : u"cv.pdf"_s);
-                done ? bench.screen().cmdUpdateDoc1() : act(bench);
+                if (done)
+                    bench.screen().cmdUpdateDoc1();
+                else
+                    act(bench);
                 QCOMPARE(documents(bench),
-                         adds ? u"cv.pdf|1.0;note.txt|1.0;new.pdf|7 - Ann: cv.pdf, Bob: note.txt"_s
+                         adds ? u"cv.pdf|2.0;note.txt|1.0;new.pdf|7 - Ann: cv.pdf, Bob: note.txt"_s
                               : u"note.txt|1.0 - Ann: , Bob: note.txt"_s);
             });
         }

@@ -8,6 +8,8 @@
 #include <QPalette>
 #include <QPixmap>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 // Outside of any namespace, as the resource compiler's symbol is: a static library's resources are otherwise
@@ -19,9 +21,14 @@ static void loadPackagedIcons()
 
 namespace {
 
-QColor inkFor(QIcon::Mode mode)
+/// What is made of a picture. Drawn and not packaged as further pictures, which no theme would have.
+enum class Variant { Plain, New, Pressed };
+
+QColor inkFor(QIcon::Mode mode, Variant variant)
 {
     const QPalette palette = QGuiApplication::palette();
+    if (variant == Variant::Pressed && mode != QIcon::Disabled)
+        return palette.color(QPalette::Active, QPalette::Highlight);
     switch (mode) {
     case QIcon::Disabled:
         return palette.color(QPalette::Disabled, QPalette::WindowText);
@@ -45,6 +52,22 @@ bool isOneColour(const QImage& picture)
     return true;
 }
 
+/// A plus in the lower right corner, with room around it so that the picture's lines do not run into it.
+void drawPlus(QPainter& painter, const QRectF& picture, const QColor& ink)
+{
+    const double unit = picture.width() / 22; // the pictures' own grid
+    const QPointF middle = picture.topLeft() + QPointF(17, 17) * unit;
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setCompositionMode(QPainter::CompositionMode_Clear);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Qt::black);
+    painter.drawEllipse(middle, 5.5 * unit, 5.5 * unit);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    painter.setPen(QPen(ink, 1.7 * unit, Qt::SolidLine, Qt::RoundCap));
+    painter.drawLine(middle - QPointF(3.5 * unit, 0), middle + QPointF(3.5 * unit, 0));
+    painter.drawLine(middle - QPointF(0, 3.5 * unit), middle + QPointF(0, 3.5 * unit));
+}
+
 bool themeHasAll()
 {
     const auto has = [](const QString& name) { return QIcon::hasThemeIcon(name); };
@@ -66,8 +89,9 @@ public:
     {
     }
     /// Reads the picture at the first drawing: a start makes many icons that stand in closed menus.
-    explicit InkEngine(QString name)
+    explicit InkEngine(QString name, Variant variant = Variant::Plain)
         : m_name(std::move(name))
+        , m_variant(variant)
     {
     }
 
@@ -81,7 +105,7 @@ public:
 
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State) override
     {
-        const QColor ink = inkFor(mode);
+        const QColor ink = inkFor(mode, m_variant);
         const QString key = u"%1x%2#%3"_s.arg(size.width()).arg(size.height()).arg(ink.rgba(), 0, 16);
         auto found = m_drawn.find(key);
         if (found == m_drawn.end())
@@ -100,16 +124,20 @@ private:
         QImage picture(size, QImage::Format_ARGB32_Premultiplied);
         picture.fill(Qt::transparent);
         QPainter painter(&picture);
-        m_source.paint(&painter, picture.rect());
+        const int inset = m_variant == Variant::Pressed ? std::max(1, size.width() / 11) : 0;
+        m_source.paint(&painter, picture.rect().adjusted(inset, inset, -inset, -inset));
         if (isOneColour(picture)) {
             painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
             painter.fillRect(picture.rect(), ink);
         }
+        if (m_variant == Variant::New)
+            drawPlus(painter, picture.rect(), ink);
         painter.end();
         return QPixmap::fromImage(picture);
     }
 
     QString m_name;
+    Variant m_variant = Variant::Plain;
     QIcon m_source;
     QHash<QString, QPixmap> m_drawn;
 };
@@ -133,6 +161,16 @@ const QStringList& names()
 QIcon named(const QString& name)
 {
     return names().contains(name) ? QIcon(new InkEngine(name)) : QIcon();
+}
+
+QIcon forNew(const QString& name)
+{
+    return names().contains(name) ? QIcon(new InkEngine(name, Variant::New)) : QIcon();
+}
+
+QIcon pressed(const QString& name)
+{
+    return names().contains(name) ? QIcon(new InkEngine(name, Variant::Pressed)) : QIcon();
 }
 
 QIcon inPaletteInk(const QIcon& picture)

@@ -11,6 +11,10 @@ namespace icons {
 
 /// The icon with this freedesktop name ("document-save"); null for a name outside names().
 [[nodiscard]] QIcon named(const QString& name);
+/// The icon of a kind of record with a plus at its corner: for a new one of the kind.
+[[nodiscard]] QIcon forNew(const QString& name);
+/// The icon as it looks under the finger: smaller, in the accent.
+[[nodiscard]] QIcon pressed(const QString& name);
 /// Another picture drawn in the same way: in the palette's text colour when it is of one colour.
 [[nodiscard]] QIcon inPaletteInk(const QIcon& picture);
 /// The program's own icon, for its windows.

@@ -58,6 +58,10 @@ void CompanyView::setIcons()
     m_ui->imgContact->setIcon(icons::named(u"user-identity"_s));
     m_ui->imgPosition->setIcon(icons::named(u"view-task"_s));
     m_ui->imgTgt->setIcon(icons::named(u"flag"_s));
+    connect(m_ui->imgTgt, &QAbstractButton::pressed, this,
+            [this] { m_ui->imgTgt->setIcon(icons::pressed(u"flag"_s)); });
+    connect(m_ui->imgTgt, &QAbstractButton::released, this,
+            [this] { m_ui->imgTgt->setIcon(icons::named(u"flag"_s)); });
     m_ui->lblURL1->setIcon(icons::named(u"globe"_s));
     m_ui->lblURL2->setIcon(icons::named(u"globe"_s));
     m_ui->lblLocation->setIcon(icons::named(u"find-location"_s));

@@ -8,6 +8,7 @@
 
 #include <QDropEvent>
 #include <QMimeData>
+#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -80,8 +81,12 @@ void DocumentView::connectLists()
         tr("No documents here yet. Load a file or drop one here, then add it to the list."));
     m_ui->tvwDocs->viewport()->setAcceptDrops(true);
     m_ui->tvwDocs->viewport()->installEventFilter(this);
-    connect(m_ui->tvwDocs->selectionModel(), &QItemSelectionModel::currentChanged, &m_presenter,
-            &DocumentScreen::tvwDocsClick);
+    connect(m_ui->tvwDocs->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            [this](const QModelIndex& index) {
+                m_presenter.tvwDocsClick(index);
+                // The list marks what was clicked only after this, and the user may have stayed.
+                QTimer::singleShot(0, this, &DocumentView::render);
+            });
     connect(m_ui->tvwDocs, &KindTree::opened, &m_presenter, [this](const QModelIndex& index) {
         if (index.parent().isValid())
             m_presenter.cmdViewDoc1();
@@ -95,7 +100,8 @@ void DocumentView::connectLists()
 void DocumentView::render()
 {
     const QModelIndex selected = m_presenter.selectedNode();
-    if (m_ui->tvwDocs->currentIndex() != selected)
+    if (m_ui->tvwDocs->currentIndex() != selected ||
+        (selected.isValid() && !m_ui->tvwDocs->selectionModel()->isSelected(selected)))
         m_ui->tvwDocs->setCurrentIndex(selected);
     m_ui->lstContactsSent->setHint(selected.isValid()
                                        ? tr("Sent to nobody yet. The Contact tab gives documents to people.")

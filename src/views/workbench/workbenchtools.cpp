@@ -54,6 +54,13 @@ std::vector<ScreenTab> tabs()
     };
 }
 
+QString newPicture(const QString& newImage)
+{
+    if (newImage == "newpos"_L1)
+        return u"view-task"_s;
+    return newImage == "newcon"_L1 ? u"user-identity"_s : u"view-bank"_s;
+}
+
 std::vector<std::pair<QString, QString>> menuIcons()
 {
     return {

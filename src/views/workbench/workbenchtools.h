@@ -29,6 +29,8 @@ namespace workbenchtools {
 
 [[nodiscard]] std::vector<ToolButton> buttons();
 [[nodiscard]] std::vector<ScreenTab> tabs();
+/// The picture of the kind of record that the "new" button makes, by the presenter's word for it ("newco").
+[[nodiscard]] QString newPicture(const QString& newImage);
 /// Menu entries by their names, each with the name of its picture; the entries that are tools have the
 /// button's.
 [[nodiscard]] std::vector<std::pair<QString, QString>> menuIcons();

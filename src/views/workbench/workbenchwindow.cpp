@@ -356,6 +356,10 @@ void WorkbenchWindow::render()
 {
     setWindowTitle(m_presenter.caption());
     m_new->setToolTip(tr("%1 (Ctrl+N)").arg(m_presenter.newToolTip()));
+    if (const QString picture = workbenchtools::newPicture(m_presenter.newImage()); picture != m_newPicture) {
+        m_newPicture = picture;
+        m_new->setIcon(icons::forNew(picture));
+    }
     m_proc->setText(m_presenter.procText());
     m_proc->setVisible(m_presenter.procVisible());
     m_position->setText(m_presenter.positionPanel());
@@ -374,11 +378,13 @@ void WorkbenchWindow::render()
 
 void WorkbenchWindow::renderCompanyLabel()
 {
-    const bool category = m_presenter.companyLabel() == CompanyLabel::Category;
-    m_ui->Label45->setAutoFillBackground(category);
-    m_ui->Label45->setAlignment(category ? Qt::AlignCenter : Qt::AlignLeft | Qt::AlignVCenter);
-    m_ui->Label45->setBackgroundRole(category ? QPalette::Highlight : QPalette::NoRole);
-    m_ui->Label45->setForegroundRole(category ? QPalette::HighlightedText : QPalette::NoRole);
+    // White is lost on a light window, and there are no graphics behind the label to stand out from: whenever
+    // it is white it lies on the accent. The word tells a category from a company.
+    const bool white = m_presenter.companyLabel() != CompanyLabel::Company;
+    m_ui->Label45->setAutoFillBackground(white);
+    m_ui->Label45->setAlignment(white ? Qt::AlignCenter : Qt::AlignLeft | Qt::AlignVCenter);
+    m_ui->Label45->setBackgroundRole(white ? QPalette::Highlight : QPalette::NoRole);
+    m_ui->Label45->setForegroundRole(white ? QPalette::HighlightedText : QPalette::NoRole);
 }
 
 ScreenView& WorkbenchWindow::openScreen() const

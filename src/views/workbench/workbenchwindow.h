@@ -69,6 +69,7 @@ private:
     FormBinder* m_binder = nullptr;
     std::vector<ScreenFrame*> m_frames; ///< in the order of their tabs
     QAction* m_new = nullptr;
+    QString m_newPicture; ///< the name of m_new's picture
     QLabel* m_proc = nullptr;
     QLabel* m_position = nullptr;
     QLabel* m_counts = nullptr;
