@@ -77,7 +77,7 @@ int importFile(CommandContext& context, const QString& file, bool agreed)
                        .arg(QDir::toNativeSeparators(path)));
         return Failed;
     }
-    if (asksForRestore(path) && !agreed) {
+    if (!agreed && asksForRestore(path)) { // the file is read for the question only
         printError(
             tr("This file replaces the whole database. Call the command with --yes if that is what you want; "
                "a copy is kept in the folder \"backups\"."));
