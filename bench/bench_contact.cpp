@@ -6,8 +6,8 @@
 #include "measure.h"
 
 #include "base/clock.h"
-#include "store/database.h"
-#include "store/datajw.h"
+#include "store/engine/database.h"
+#include "store/gateway/datajw.h"
 #include "store/session.h"
 #include "workbench/contactscreen.h"
 

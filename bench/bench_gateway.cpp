@@ -2,9 +2,9 @@
 // with the same statement on the engine's bare interface.
 #include "base/clock.h"
 #include "base/silentports.h"
-#include "store/database.h"
-#include "store/datajw.h"
-#include "store/enginecall.h"
+#include "store/engine/database.h"
+#include "store/gateway/datajw.h"
+#include "store/engine/enginecall.h"
 #include "store/session.h"
 
 #include <QTemporaryDir>

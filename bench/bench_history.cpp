@@ -8,8 +8,8 @@
 #include "base/dates.h"
 #include "calendar/frmevcal.h"
 #include "history/frmhistory.h"
-#include "store/database.h"
-#include "store/datajw.h"
+#include "store/engine/database.h"
+#include "store/gateway/datajw.h"
 #include "store/session.h"
 
 #include <QTemporaryDir>

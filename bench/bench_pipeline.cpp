@@ -7,9 +7,9 @@
 #include "measure.h"
 
 #include "base/clock.h"
-#include "store/database.h"
-#include "store/datajw.h"
-#include "store/enginecall.h"
+#include "store/engine/database.h"
+#include "store/gateway/datajw.h"
+#include "store/engine/enginecall.h"
 #include "store/session.h"
 #include "views/workbench/workbenchwindow.h"
 #include "workbench/pipelinescreen.h"

@@ -8,8 +8,8 @@
 #include "base/silentports.h"
 #include "calendar/frmevcal.h"
 #include "calendar/frmreminder.h"
-#include "store/database.h"
-#include "store/datajw.h"
+#include "store/engine/database.h"
+#include "store/gateway/datajw.h"
 #include "store/session.h"
 
 #include <QTemporaryDir>

@@ -1,7 +1,7 @@
 #include "generate.h"
 
 #include "base/dates.h"
-#include "store/database.h"
+#include "store/engine/database.h"
 
 #include <QStringList>
 

@@ -1,7 +1,7 @@
 // Makes a folder with a campaign of any size in it: jobwright_generate FOLDER [COMPANIES]
 #include "generate.h"
 
-#include "store/database.h"
+#include "store/engine/database.h"
 
 #include <QDir>
 

@@ -3,8 +3,8 @@
 #include "app/openstore.h"
 #include "app/output.h"
 #include "base/clock.h"
-#include "store/appfolder.h"
-#include "store/datajw.h"
+#include "store/files/appfolder.h"
+#include "store/gateway/datajw.h"
 
 #include <QDeadlineTimer>
 #include <QFileInfo>

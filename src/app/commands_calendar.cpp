@@ -8,7 +8,7 @@
 #include "calendar/monthsummary.h"
 #include "calendar/reminderlist.h"
 #include "calendar/reminderrules.h"
-#include "store/datajw.h"
+#include "store/gateway/datajw.h"
 
 #include <QJsonArray>
 #include <QJsonObject>

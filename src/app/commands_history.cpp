@@ -4,8 +4,8 @@
 #include "app/output.h"
 #include "base/dates.h"
 #include "base/text.h"
-#include "store/datajw.h"
-#include "store/names.h"
+#include "store/gateway/datajw.h"
+#include "store/gateway/names.h"
 
 #include <QHash>
 #include <QJsonArray>

@@ -3,8 +3,8 @@
 #include "app/commandtexts.h"
 #include "app/output.h"
 #include "base/text.h"
-#include "store/datajw.h"
-#include "store/names.h"
+#include "store/gateway/datajw.h"
+#include "store/gateway/names.h"
 #include "workbench/pipelinesteps.h"
 
 #include <QHash>

@@ -2,13 +2,13 @@
 #include "app/commandtexts.h"
 #include "app/output.h"
 #include "base/text.h"
-#include "store/appfolder.h"
-#include "store/copies.h"
-#include "store/datajw.h"
-#include "store/demo.h"
-#include "store/storecheck.h"
-#include "store/storefile.h"
-#include "store/xmlfile.h"
+#include "store/files/appfolder.h"
+#include "store/files/copies.h"
+#include "store/gateway/datajw.h"
+#include "store/files/demo.h"
+#include "store/files/storecheck.h"
+#include "store/files/storefile.h"
+#include "store/xml/campaignfile.h"
 
 #include <QDir>
 #include <QFile>

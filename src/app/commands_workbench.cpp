@@ -3,7 +3,7 @@
 #include "app/output.h"
 #include "base/dates.h"
 #include "base/text.h"
-#include "store/datajw.h"
+#include "store/gateway/datajw.h"
 #include "store/session.h"
 #include "workbench/companysummary.h"
 

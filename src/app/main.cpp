@@ -2,7 +2,7 @@
 #include "app/commandtexts.h"
 #include "app/output.h"
 #include "app/workbenchstart.h"
-#include "store/appfolder.h"
+#include "store/files/appfolder.h"
 
 #include <QCoreApplication>
 

@@ -1,7 +1,7 @@
 // The store of a folder at the start of the program.
 #pragma once
 
-#include "store/storefile.h"
+#include "store/files/storefile.h"
 
 #include <QString>
 

@@ -1,7 +1,7 @@
 // Plain output of the commands.
 #pragma once
 
-#include "store/recordset.h"
+#include "store/gateway/recordset.h"
 
 #include <QJsonArray>
 #include <QJsonObject>

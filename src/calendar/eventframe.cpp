@@ -5,7 +5,7 @@
 #include "calendar/eventchoices.h"
 #include "calendar/eventstore.h"
 #include "calendar/ticks.h"
-#include "store/datajw.h"
+#include "store/gateway/datajw.h"
 #include "store/session.h"
 
 #include <QLocale>

@@ -3,9 +3,9 @@
 #include "calendar/eventframe.h"
 #include "calendar/eventstore.h"
 #include "calendar/ticks.h"
-#include "store/datajw.h"
+#include "store/gateway/datajw.h"
 #include "store/session.h"
-#include "store/storecheck.h"
+#include "store/files/storecheck.h"
 
 using namespace Qt::StringLiterals;
 

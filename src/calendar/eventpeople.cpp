@@ -1,7 +1,7 @@
 #include "calendar/eventpeople.h"
 
-#include "store/datajw.h"
-#include "store/names.h"
+#include "store/gateway/datajw.h"
+#include "store/gateway/names.h"
 
 #include <algorithm>
 #include <set>

@@ -3,8 +3,8 @@
 #include "base/dates.h"
 #include "base/fieldtext.h"
 #include "base/text.h"
-#include "store/datajw.h"
-#include "store/recoveryinsert.h"
+#include "store/gateway/datajw.h"
+#include "store/gateway/recoveryinsert.h"
 #include "store/session.h"
 
 using namespace Qt::StringLiterals;

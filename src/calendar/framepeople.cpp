@@ -2,7 +2,7 @@
 
 #include "base/text.h"
 #include "calendar/eventchoices.h"
-#include "store/datajw.h"
+#include "store/gateway/datajw.h"
 #include "store/session.h"
 
 using namespace Qt::StringLiterals;

@@ -3,7 +3,7 @@
 #include "calendar/eventstore.h"
 #include "calendar/frmevcal.h"
 #include "calendar/ticks.h"
-#include "store/datajw.h"
+#include "store/gateway/datajw.h"
 
 using namespace Qt::StringLiterals;
 

@@ -4,8 +4,8 @@
 #include "base/dates.h"
 #include "base/fieldtext.h"
 #include "calendar/frmevcal.h"
-#include "store/datajw.h"
-#include "store/steps.h"
+#include "store/gateway/datajw.h"
+#include "store/gateway/steps.h"
 
 #include <QHash>
 

@@ -2,7 +2,7 @@
 #include "base/dates.h"
 #include "calendar/frmreminder.h"
 #include "calendar/reminderlist.h"
-#include "store/datajw.h"
+#include "store/gateway/datajw.h"
 
 using namespace Qt::StringLiterals;
 

@@ -3,7 +3,7 @@
 #include "base/dates.h"
 #include "base/text.h"
 #include "calendar/eventtimes.h"
-#include "store/datajw.h"
+#include "store/gateway/datajw.h"
 
 #include <QCoreApplication>
 

@@ -1,8 +1,8 @@
 #include "calendar/reminderlist.h"
 
 #include "calendar/jwevent.h"
-#include "store/datajw.h"
-#include "store/names.h"
+#include "store/gateway/datajw.h"
+#include "store/gateway/names.h"
 
 #include <QCoreApplication>
 #include <QHash>

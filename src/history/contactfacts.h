@@ -2,7 +2,7 @@
 #pragma once
 
 #include "base/form.h"
-#include "store/recordset.h"
+#include "store/gateway/recordset.h"
 
 #include <vector>
 

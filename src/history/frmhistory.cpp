@@ -6,7 +6,7 @@
 #include "base/text.h"
 #include "history/contactfacts.h"
 #include "history/historyclosing.h"
-#include "store/datajw.h"
+#include "store/gateway/datajw.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,7 +1,7 @@
 // A contact's histories in memory.
 #pragma once
 
-#include "store/records.h"
+#include "store/gateway/records.h"
 
 #include <vector>
 

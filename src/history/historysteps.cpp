@@ -1,8 +1,8 @@
 #include "history/historysteps.h"
 
 #include "base/text.h"
-#include "store/datajw.h"
-#include "store/steps.h"
+#include "store/gateway/datajw.h"
+#include "store/gateway/steps.h"
 
 using namespace Qt::StringLiterals;
 

@@ -2,9 +2,9 @@
 
 #include "base/dates.h"
 #include "base/text.h"
-#include "store/datajw.h"
-#include "store/logs.h"
-#include "store/storeerror.h"
+#include "store/gateway/datajw.h"
+#include "store/files/logs.h"
+#include "store/engine/storeerror.h"
 
 #include <utility>
 

@@ -4,7 +4,7 @@
 #include "base/clock.h"
 #include "base/key.h"
 #include "base/ports.h"
-#include "store/settings.h"
+#include "store/files/settings.h"
 
 #include <QObject>
 #include <QString>

@@ -4,7 +4,7 @@
 #include "base/fieldtext.h"
 #include "base/text.h"
 #include "intake/frmautoparse.h"
-#include "store/datajw.h"
+#include "store/gateway/datajw.h"
 #include "web/webpages.h"
 #include "workbench/shell.h"
 #include "workbench/wholerecord.h"

@@ -3,7 +3,7 @@
 #include "base/dates.h"
 #include "base/fieldtext.h"
 #include "base/form.h"
-#include "store/datajw.h"
+#include "store/gateway/datajw.h"
 #include "store/session.h"
 #include "workbench/wholerecord.h"
 

@@ -2,7 +2,7 @@
 
 #include "base/dates.h"
 #include "base/text.h"
-#include "store/datajw.h"
+#include "store/gateway/datajw.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 // Saving and removing a whole company.
 #include "base/fieldtext.h"
 #include "base/text.h"
-#include "store/datajw.h"
+#include "store/gateway/datajw.h"
 #include "workbench/companyaddress.h"
 #include "workbench/companyscreen.h"
 #include "workbench/shell.h"

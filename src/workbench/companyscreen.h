@@ -3,7 +3,7 @@
 
 #include "base/form.h"
 #include "base/treemodel.h"
-#include "store/recordset.h"
+#include "store/gateway/recordset.h"
 #include "store/session.h"
 #include "workbench/companyfigures.h"
 

@@ -1,6 +1,6 @@
 #include "workbench/contactaddresses.h"
 
-#include "store/datajw.h"
+#include "store/gateway/datajw.h"
 
 #include <algorithm>
 #include <iterator>

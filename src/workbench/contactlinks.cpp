@@ -1,8 +1,8 @@
 // What a contact is tied to: other contacts, documents, its company, its address and histories.
 #include "base/fieldtext.h"
 #include "base/text.h"
-#include "store/datajw.h"
-#include "store/steps.h"
+#include "store/gateway/datajw.h"
+#include "store/gateway/steps.h"
 #include "workbench/addressentry.h"
 #include "workbench/contactscreen.h"
 #include "workbench/shell.h"

@@ -1,7 +1,7 @@
 // Saving and removing a whole contact.
 #include "base/fieldtext.h"
 #include "base/text.h"
-#include "store/datajw.h"
+#include "store/gateway/datajw.h"
 #include "workbench/companyaddress.h"
 #include "workbench/contactaddresses.h"
 #include "workbench/contactname.h"

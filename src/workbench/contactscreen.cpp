@@ -2,7 +2,7 @@
 
 #include "base/fieldtext.h"
 #include "base/text.h"
-#include "store/datajw.h"
+#include "store/gateway/datajw.h"
 #include "workbench/addressentry.h"
 #include "workbench/fieldleaving.h"
 #include "workbench/recordkey.h"

@@ -1,7 +1,7 @@
 // The ways to a document's file: choosing it, and opening it in its viewer.
 #include "base/fieldtext.h"
 #include "base/text.h"
-#include "store/datajw.h"
+#include "store/gateway/datajw.h"
 #include "workbench/documentscreen.h"
 #include "workbench/shell.h"
 

@@ -2,7 +2,7 @@
 #include "base/dates.h"
 #include "base/fieldtext.h"
 #include "base/text.h"
-#include "store/datajw.h"
+#include "store/gateway/datajw.h"
 #include "workbench/documentscreen.h"
 #include "workbench/documenttypes.h"
 #include "workbench/shell.h"

@@ -3,7 +3,7 @@
 
 #include "base/form.h"
 #include "base/treemodel.h"
-#include "store/records.h"
+#include "store/gateway/records.h"
 
 #include <QObject>
 #include <QSet>

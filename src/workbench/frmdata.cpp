@@ -4,7 +4,7 @@
 
 #include "base/text.h"
 #include "calendar/frmreminder.h"
-#include "store/datajw.h"
+#include "store/gateway/datajw.h"
 #include "workbench/companyscreen.h"
 #include "workbench/contactscreen.h"
 #include "workbench/documentscreen.h"

@@ -1,6 +1,6 @@
 // Opening the workbench's screens: what each needs before it is shown, and what is said when it cannot be.
 #include "base/text.h"
-#include "store/datajw.h"
+#include "store/gateway/datajw.h"
 #include "workbench/companyscreen.h"
 #include "workbench/contactscreen.h"
 #include "workbench/documentscreen.h"

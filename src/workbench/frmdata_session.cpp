@@ -1,7 +1,7 @@
 // The workbench's start and end.
 #include "base/text.h"
 #include "calendar/frmreminder.h"
-#include "store/datajw.h"
+#include "store/gateway/datajw.h"
 #include "workbench/companyscreen.h"
 #include "workbench/contactscreen.h"
 #include "workbench/documentscreen.h"

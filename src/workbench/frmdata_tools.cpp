@@ -1,7 +1,7 @@
 // The doors from the workbench to the other tools: toolbar, menus, export and restore, help.
 #include "base/text.h"
 #include "calendar/frmreminder.h"
-#include "store/datajw.h"
+#include "store/gateway/datajw.h"
 #include "workbench/contactscreen.h"
 #include "workbench/frmdata.h"
 #include "workbench/pipelinescreen.h"

@@ -1,8 +1,8 @@
 // What the user changes on the Pipeline screen: ticks, days, mediums, the answer of the employer, and the
 // save.
 #include "base/text.h"
-#include "store/datajw.h"
-#include "store/steps.h"
+#include "store/gateway/datajw.h"
+#include "store/gateway/steps.h"
 #include "workbench/pipelinescreen.h"
 #include "workbench/positionform.h"
 #include "workbench/shell.h"

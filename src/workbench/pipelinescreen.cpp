@@ -2,7 +2,7 @@
 #include "workbench/pipelinescreen.h"
 
 #include "base/text.h"
-#include "store/datajw.h"
+#include "store/gateway/datajw.h"
 #include "workbench/positionform.h"
 #include "workbench/recordkey.h"
 #include "workbench/shell.h"

@@ -3,7 +3,7 @@
 
 #include "base/form.h"
 #include "base/key.h"
-#include "store/recordset.h"
+#include "store/gateway/recordset.h"
 #include "workbench/pipelinesteps.h"
 #include "workbench/pipelinetree.h"
 

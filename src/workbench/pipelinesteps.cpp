@@ -1,6 +1,6 @@
 #include "workbench/pipelinesteps.h"
 
-#include "store/steps.h"
+#include "store/gateway/steps.h"
 
 #include <QCoreApplication>
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "base/dates.h"
-#include "store/recordset.h"
+#include "store/gateway/recordset.h"
 
 #include <QString>
 

@@ -1,6 +1,6 @@
 // The bars of the Pipeline screen: how far each position has come, ten on a page.
 #include "base/text.h"
-#include "store/datajw.h"
+#include "store/gateway/datajw.h"
 #include "workbench/pipelinescreen.h"
 #include "workbench/shell.h"
 

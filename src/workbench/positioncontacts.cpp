@@ -1,7 +1,7 @@
 // The people assigned to a position.
 #include "base/text.h"
-#include "store/datajw.h"
-#include "store/steps.h"
+#include "store/gateway/datajw.h"
+#include "store/gateway/steps.h"
 #include "workbench/pipelinesteps.h"
 #include "workbench/positionscreen.h"
 #include "workbench/shell.h"

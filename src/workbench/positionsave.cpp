@@ -1,8 +1,8 @@
 // Saving and removing a whole position.
 #include "base/fieldtext.h"
 #include "base/text.h"
-#include "store/datajw.h"
-#include "store/recoveryinsert.h"
+#include "store/gateway/datajw.h"
+#include "store/gateway/recoveryinsert.h"
 #include "workbench/pipelinesteps.h"
 #include "workbench/positionscreen.h"
 #include "workbench/shell.h"

@@ -4,7 +4,7 @@
 #include "base/form.h"
 #include "base/key.h"
 #include "base/treemodel.h"
-#include "store/recordset.h"
+#include "store/gateway/recordset.h"
 #include "workbench/positionform.h"
 
 #include <QDate>

@@ -1,8 +1,8 @@
 #include "workbench/recordkey.h"
 
-#include "store/recordset.h"
+#include "store/gateway/recordset.h"
 #include "store/session.h"
-#include "store/storeerror.h"
+#include "store/engine/storeerror.h"
 
 #include <QCoreApplication>
 

@@ -1,9 +1,9 @@
 #include "workbench/wholerecord.h"
 
 #include "base/fieldtext.h"
-#include "store/datajw.h"
+#include "store/gateway/datajw.h"
 #include "store/session.h"
-#include "store/storecheck.h"
+#include "store/files/storecheck.h"
 
 #include <QCoreApplication>
 

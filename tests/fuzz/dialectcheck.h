@@ -3,7 +3,7 @@
 
 #include "support/dialectengine.h"
 
-#include "store/storeerror.h"
+#include "store/engine/storeerror.h"
 
 #include <QString>
 

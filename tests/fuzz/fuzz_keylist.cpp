@@ -1,7 +1,7 @@
 // Any bytes as a key list and the keys to be replaced in it: the quick rewriting gives what the slow one
 // gives.
 #include "base/text.h"
-#include "store/keylists.h"
+#include "store/gateway/keylists.h"
 
 #include <cstdio>
 #include <cstdlib>

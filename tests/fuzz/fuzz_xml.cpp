@@ -1,10 +1,10 @@
 // Any bytes as a campaign file, merged into a store: refused or read, never a crash. What the quick look
 // takes for XML a full reader takes too.
 #include "base/silentports.h"
-#include "store/database.h"
-#include "store/datajw.h"
+#include "store/engine/database.h"
+#include "store/gateway/datajw.h"
 #include "store/session.h"
-#include "store/xmlplain.h"
+#include "store/xml/plainxml.h"
 
 #include <QFile>
 #include <QTemporaryDir>

@@ -1,7 +1,7 @@
 // Campaign files as the tests of the XML reader lay them down.
 #pragma once
 
-#include "store/schema.h"
+#include "store/engine/schema.h"
 #include "support/world.h"
 
 #include <QDir>

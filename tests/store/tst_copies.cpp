@@ -1,7 +1,7 @@
-#include "store/appfolder.h"
-#include "store/copies.h"
-#include "store/enginecall.h"
-#include "store/storecheck.h"
+#include "store/files/appfolder.h"
+#include "store/files/copies.h"
+#include "store/engine/enginecall.h"
+#include "store/files/storecheck.h"
 #include "support/world.h"
 
 #include <QTest>

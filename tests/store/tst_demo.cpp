@@ -1,7 +1,7 @@
 // The demo campaign: laid into a fresh store on any day, complete and with its days where they belong.
 #include "base/dates.h"
 #include "store/campaignfile.h"
-#include "store/demo.h"
+#include "store/files/demo.h"
 
 using namespace Qt::StringLiterals;
 

@@ -4,7 +4,7 @@
 #include "support/dialectengine.h"
 #include "support/table.h"
 
-#include "store/storeerror.h"
+#include "store/engine/storeerror.h"
 
 #include <QDir>
 #include <QTest>

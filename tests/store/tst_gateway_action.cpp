@@ -1,5 +1,5 @@
-#include "store/enginecall.h"
-#include "store/storeerror.h"
+#include "store/engine/enginecall.h"
+#include "store/engine/storeerror.h"
 #include "support/campaign.h"
 #include "support/errorlog.h"
 #include "support/gatewaycalls.h"

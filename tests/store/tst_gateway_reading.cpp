@@ -1,4 +1,4 @@
-#include "store/storeerror.h"
+#include "store/engine/storeerror.h"
 #include "support/campaign.h"
 #include "support/errorlog.h"
 #include "support/gatewaycalls.h"

@@ -1,5 +1,5 @@
-#include "store/datajw.h"
-#include "store/keylists.h"
+#include "store/gateway/datajw.h"
+#include "store/gateway/keylists.h"
 #include "support/table.h"
 
 #include <QRandomGenerator>

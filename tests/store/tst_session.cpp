@@ -1,5 +1,5 @@
-#include "store/appfolder.h"
-#include "store/logs.h"
+#include "store/files/appfolder.h"
+#include "store/files/logs.h"
 #include "support/table.h"
 #include "support/world.h"
 

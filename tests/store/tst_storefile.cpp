@@ -1,9 +1,9 @@
 // Files that are not what they should be: each ends in a plain message and is left as it was.
-#include "store/copies.h"
-#include "store/database.h"
-#include "store/enginecall.h"
-#include "store/storecheck.h"
-#include "store/storefile.h"
+#include "store/files/copies.h"
+#include "store/engine/database.h"
+#include "store/engine/enginecall.h"
+#include "store/files/storecheck.h"
+#include "store/files/storefile.h"
 #include "support/table.h"
 #include "support/world.h"
 

@@ -1,7 +1,7 @@
 // What a written campaign file looks like, and that it brings back what was stored.
 #include "store/campaignfile.h"
-#include "store/enginecall.h"
-#include "store/storefile.h"
+#include "store/engine/enginecall.h"
+#include "store/files/storefile.h"
 #include "support/table.h"
 
 #include <QDirIterator>

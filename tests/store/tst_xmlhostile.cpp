@@ -1,6 +1,6 @@
 // Files that are broken, foreign or meant to do harm: a clear message, and the store as it was.
 #include "store/campaignfile.h"
-#include "store/xmlplain.h"
+#include "store/xml/plainxml.h"
 #include "support/campaign.h"
 #include "support/table.h"
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "store/dialect/dialect.h"
-#include "store/schema.h"
+#include "store/engine/schema.h"
 
 #include <QByteArray>
 #include <QSet>

@@ -1,7 +1,7 @@
 // Every operation of the gateway as a call that can be put into a table.
 #pragma once
 
-#include "store/datajw.h"
+#include "store/gateway/datajw.h"
 
 #include <QMetaType>
 

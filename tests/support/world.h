@@ -1,8 +1,8 @@
 // A world of its own for each test: a fresh folder, a clock that stands still, scripted ports.
 #pragma once
 
-#include "store/database.h"
-#include "store/datajw.h"
+#include "store/engine/database.h"
+#include "store/gateway/datajw.h"
 #include "store/session.h"
 #include "support/scriptedprompts.h"
 

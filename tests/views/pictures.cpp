@@ -4,7 +4,7 @@
 #include "calendar/frmreminder.h"
 #include "history/frmhistory.h"
 #include "intake/frmautoparse.h"
-#include "store/demo.h"
+#include "store/files/demo.h"
 #include "views/calendar/calendarview.h"
 #include "views/calendar/reminderview.h"
 #include "views/common/housestyle.h"

@@ -4,7 +4,7 @@
 #include "calendar/frmreminder.h"
 #include "history/frmhistory.h"
 #include "store/childwork.h"
-#include "store/storefile.h"
+#include "store/files/storefile.h"
 #include "workbench/bench.h"
 #include "workbench/contactscreen.h"
 #include "workbench/documentscreen.h"

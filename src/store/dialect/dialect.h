@@ -1,7 +1,7 @@
 // The program's own SQL: text in, the engine's SQL with bound parameters out.
 #pragma once
 
-#include "store/schema.h"
+#include "store/engine/schema.h"
 
 #include <QByteArray>
 #include <QString>

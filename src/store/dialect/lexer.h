@@ -2,7 +2,7 @@
 #pragma once
 
 #include "store/dialect/ast.h"
-#include "store/storeerror.h"
+#include "store/engine/storeerror.h"
 
 #include <QString>
 

@@ -1,7 +1,7 @@
 // How the dialect says no: one place that makes its failures.
 #pragma once
 
-#include "store/storeerror.h"
+#include "store/engine/storeerror.h"
 
 #include <QCoreApplication>
 #include <QString>

@@ -1,0 +1,133 @@
+#include "store/gateway/datajw_impl.h"
+
+#include "base/text.h"
+
+using namespace Qt::StringLiterals;
+using gateway::keyOf;
+
+namespace {
+
+QString selectPosition(Key key)
+{
+    return u"Select * from Position where PositionKey="_s + gateway::text(key);
+}
+
+/// Blanks only: line ends inside a text belong to its words.
+QString trimBlanks(QStringView word)
+{
+    while (word.startsWith(u' '))
+        word = word.mid(1);
+    while (word.endsWith(u' '))
+        word.chop(1);
+    return word.toString();
+}
+
+} // namespace
+
+RecordSet DataJW::getPosition(const QString& company, const QString& title)
+{
+    return m_impl->guarded(u"DataJW-GetPosition"_s, RecordSet(), [&](auto& call) {
+        if (title == u"*")
+            return call.rowsOr(u"Select * from position order by Title"_s,
+                               u"DataJW-GetPosition- No positions found."_s, 1);
+        return call.rowsOr(selectPosition(getPositionKey(title, company)),
+                           u"DataJW-GetPosition- Position Key not found."_s, 0);
+    });
+}
+
+RecordSet DataJW::getPositionByKey(Key key)
+{
+    // Fails under the tag of getPosition, as both send the same statement.
+    return m_impl->guarded(u"DataJW-GetPosition"_s, RecordSet(), [&](auto& call) {
+        return call.rowsOr(selectPosition(key), u"DataJW-GetPositionByKey - Position Key not found."_s, 1);
+    });
+}
+
+Key DataJW::getPositionKey(const QString& title, const QString& company, bool quiet)
+{
+    const auto find = [&](auto& call) {
+        const Key companyKey = getCompanyKey(company, quiet);
+        return keyOf(call.firstRow(u"Select * from Position where title='"_s + title + u"' and CompanyKey=" +
+                                   gateway::text(companyKey)),
+                     u"PositionKey");
+    };
+    return m_impl->guarded(u"DataJW-GetPositionKey"_s, Key(0), find, quiet);
+}
+
+QString DataJW::getPositionNameByKey(Key key, bool skip)
+{
+    return m_impl->guarded(u"DataJW-GetPositionNameByKey"_s, QString(), [&](auto& call) {
+        return skip ? QString() : call.firstRow(selectPosition(key)).text(u"Title");
+    });
+}
+
+QStringList DataJW::getPositionNames(const QString& company)
+{
+    return m_impl->guarded(u"DataJW-GetPositionNames"_s, QStringList(), [&](auto& call) {
+        if (company == text::newEntry)
+            return QStringList();
+        const QStringList names = call.texts(u"Select * from Position where CompanyKey="_s +
+                                                 gateway::text(getCompanyKey(company)) + u" order by title",
+                                             u"Title"_s);
+        if (names.isEmpty())
+            call.say(u"DataJW-GetPositionNames - "_s + company +
+                     u": CompanyKey Not Found or No Positions available");
+        return names;
+    });
+}
+
+std::vector<Key> DataJW::getPositionKeysAll()
+{
+    return m_impl->guarded(u"DataJW-GetPositionKeyAll"_s, std::vector<Key>(), [&](auto& call) {
+        const std::vector<Key> keys = call.keys(u"Select * from Position"_s, u"PositionKey"_s);
+        if (keys.empty())
+            call.say(u"DataJW-getPositionKeysAll - No positions found"_s);
+        return keys;
+    });
+}
+
+QStringList DataJW::parsePositionText(Key key, bool full)
+{
+    return m_impl->guarded(u"DataJW-parsePositionText"_s, QStringList(), [&](auto& call) {
+        const RecordSet position = call.firstRow(selectPosition(key));
+        if (position.isEmpty()) {
+            call.say(u"DataJW-parsePositionText - Position key not found."_s, 0);
+            return QStringList();
+        }
+        QString words = position.text(u"Keyword") + u' ' + position.text(u"Title");
+        // No blank between title and responsibilities: the ranking of positions counts on this very text.
+        if (full)
+            words += position.text(u"Responsibilities") + u' ' + position.text(u"Qualifications") + u' ' +
+                     position.text(u"Notes");
+        return splitWords(words);
+    });
+}
+
+QStringList DataJW::splitWords(const QString& words)
+{
+    constexpr qsizetype shortest = 4;
+    qsizetype remaining = words.size();
+    // The first word is taken before the text is cleaned, so it keeps its punctuation and may be short or
+    // empty.
+    QStringList found{trimBlanks(QStringView(words).left(words.indexOf(u' ') + 1))};
+
+    QString cleaned = words;
+    cleaned.remove(u',').remove(u':').remove(u';').replace(u'-', u' ');
+    for (qsizetype cursor = 0;;) {
+        const bool isLast = remaining <= 0;
+        const qsizetype from = cleaned.indexOf(u' ', cursor);
+        const qsizetype to = from < 0 ? -1 : cleaned.indexOf(u' ', from + 1);
+        if (to < 0)
+            break;
+        const QString word = trimBlanks(QStringView(cleaned).mid(from, to - from));
+        if (word.size() >= shortest)
+            found.append(word);
+        if (isLast)
+            break;
+        // By the word's length, not to its end: behind a long first word the same word comes up several
+        // times, and the word evaluation weighs it by that.
+        cursor += to - from;
+        remaining -= to - from;
+    }
+    return found;
+}
