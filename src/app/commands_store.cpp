@@ -4,10 +4,10 @@
 #include "base/text.h"
 #include "store/files/appfolder.h"
 #include "store/files/copies.h"
-#include "store/gateway/datajw.h"
 #include "store/files/demo.h"
 #include "store/files/storecheck.h"
 #include "store/files/storefile.h"
+#include "store/gateway/datajw.h"
 #include "store/xml/campaignfile.h"
 
 #include <QDir>

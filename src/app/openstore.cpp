@@ -1,7 +1,7 @@
 #include "app/openstore.h"
 
-#include "store/files/appfolder.h"
 #include "store/engine/database.h"
+#include "store/files/appfolder.h"
 #include "store/session.h"
 
 #include <QDir>

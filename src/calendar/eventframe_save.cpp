@@ -3,9 +3,9 @@
 #include "calendar/eventframe.h"
 #include "calendar/eventstore.h"
 #include "calendar/ticks.h"
+#include "store/files/storecheck.h"
 #include "store/gateway/datajw.h"
 #include "store/session.h"
-#include "store/files/storecheck.h"
 
 using namespace Qt::StringLiterals;
 

@@ -6,8 +6,8 @@
 #include "base/text.h"
 #include "calendar/frmevcal.h"
 #include "history/historyclosing.h"
-#include "store/gateway/datajw.h"
 #include "store/engine/storeerror.h"
+#include "store/gateway/datajw.h"
 
 #include <algorithm>
 #include <utility>

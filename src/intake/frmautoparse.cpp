@@ -1,8 +1,8 @@
 #include "intake/frmautoparse.h"
 
 #include "base/text.h"
-#include "store/gateway/datajw.h"
 #include "store/engine/storeerror.h"
+#include "store/gateway/datajw.h"
 #include "web/streetmap.h"
 #include "web/webpages.h"
 

@@ -2,9 +2,9 @@
 
 #include "base/dates.h"
 #include "base/text.h"
-#include "store/gateway/datajw.h"
-#include "store/files/logs.h"
 #include "store/engine/storeerror.h"
+#include "store/files/logs.h"
+#include "store/gateway/datajw.h"
 
 #include <utility>
 

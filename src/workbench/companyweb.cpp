@@ -1,8 +1,8 @@
 // The doors beside a company: its web pages, the street map, the parsing of a card, the target list.
 #include "base/text.h"
 #include "intake/frmautoparse.h"
-#include "store/gateway/datajw.h"
 #include "store/engine/storeerror.h"
+#include "store/gateway/datajw.h"
 #include "web/streetmap.h"
 #include "web/webpages.h"
 #include "workbench/companyscreen.h"

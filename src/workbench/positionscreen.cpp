@@ -4,8 +4,8 @@
 
 #include "base/fieldtext.h"
 #include "base/text.h"
-#include "store/gateway/datajw.h"
 #include "store/engine/storeerror.h"
+#include "store/gateway/datajw.h"
 #include "workbench/fieldleaving.h"
 #include "workbench/pipelinesteps.h"
 #include "workbench/recordkey.h"

@@ -1,8 +1,8 @@
 #include "workbench/recordkey.h"
 
+#include "store/engine/storeerror.h"
 #include "store/gateway/recordset.h"
 #include "store/session.h"
-#include "store/engine/storeerror.h"
 
 #include <QCoreApplication>
 

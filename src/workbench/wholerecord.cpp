@@ -1,9 +1,9 @@
 #include "workbench/wholerecord.h"
 
 #include "base/fieldtext.h"
+#include "store/files/storecheck.h"
 #include "store/gateway/datajw.h"
 #include "store/session.h"
-#include "store/files/storecheck.h"
 
 #include <QCoreApplication>
 

@@ -1,4 +1,5 @@
 // The program from outside: commands, output, exit status.
+#include "support/runtest.h"
 #include "support/table.h"
 
 #include <QDir>
@@ -470,5 +471,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestCommandLine)
+JOBWRIGHT_TEST(TestCommandLine)
 #include "tst_commandline.moc"

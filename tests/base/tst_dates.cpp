@@ -1,4 +1,5 @@
 #include "base/dates.h"
+#include "support/runtest.h"
 #include "support/table.h"
 
 #include <QTest>
@@ -68,5 +69,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestDates)
+JOBWRIGHT_TEST(TestDates)
 #include "tst_dates.moc"

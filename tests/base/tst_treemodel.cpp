@@ -1,4 +1,5 @@
 #include "base/treemodel.h"
+#include "support/runtest.h"
 
 #include <QAbstractItemModelTester>
 #include <QTest>
@@ -31,5 +32,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestTreeModel)
+JOBWRIGHT_TEST(TestTreeModel)
 #include "tst_treemodel.moc"

@@ -1,5 +1,6 @@
 // The numbers of a month grid, against the calendar of the library.
 #include "calendar/caldis.h"
+#include "support/runtest.h"
 
 #include <QTest>
 
@@ -45,5 +46,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestCalDis)
+JOBWRIGHT_TEST(TestCalDis)
 #include "tst_caldis.moc"

@@ -1,6 +1,7 @@
 // Times, lengths and lead times, as lists offer them and as people type them.
 #include "calendar/eventchoices.h"
 #include "calendar/eventtimes.h"
+#include "support/runtest.h"
 #include "support/table.h"
 
 using namespace Qt::StringLiterals;
@@ -122,5 +123,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestEventTimes)
+JOBWRIGHT_TEST(TestEventTimes)
 #include "tst_eventtimes.moc"

@@ -1,5 +1,6 @@
 // The calendar's frame: what it stores, refuses and asks, and how other screens open it.
 #include "calendar/calendarbench.h"
+#include "support/runtest.h"
 #include "support/table.h"
 
 namespace {
@@ -434,5 +435,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestFrmEvCal)
+JOBWRIGHT_TEST(TestFrmEvCal)
 #include "tst_frmevcal.moc"

@@ -1,5 +1,6 @@
 // What saving, moving and removing an event leave behind when one of their steps fails.
 #include "calendar/calendarbench.h"
+#include "support/runtest.h"
 
 #include <QTest>
 
@@ -143,5 +144,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestFrmEvCalFaults)
+JOBWRIGHT_TEST(TestFrmEvCalFaults)
 #include "tst_frmevcal_faults.moc"

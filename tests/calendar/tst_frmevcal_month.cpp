@@ -1,5 +1,6 @@
 // The calendar: what a month shows, how its entries are moved, and what it can hold.
 #include "calendar/calendarbench.h"
+#include "support/runtest.h"
 #include "support/table.h"
 
 class TestFrmEvCalMonth : public QObject
@@ -253,5 +254,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestFrmEvCalMonth)
+JOBWRIGHT_TEST(TestFrmEvCalMonth)
 #include "tst_frmevcal_month.moc"

@@ -2,6 +2,7 @@
 #include "base/dates.h"
 #include "calendar/frmevcal.h"
 #include "calendar/frmreminder.h"
+#include "support/runtest.h"
 #include "support/screenbench.h"
 #include "support/table.h"
 
@@ -12,12 +13,12 @@ namespace {
 const QDateTime start(QDate(2026, 11, 22), QTime(9, 30));
 
 /// A session with its reminder screen; the events stand on the clock relative to the start.
-struct Desk : ScreenBench
+struct ReminderDesk : ScreenBench
 {
     std::unique_ptr<FrmEvCal> calendar;
     std::unique_ptr<FrmReminder> frm;
 
-    Desk() { begin(); }
+    ReminderDesk() { begin(); }
     void begin()
     {
         calendar = std::make_unique<FrmEvCal>(*world.session, navigator);
@@ -89,7 +90,7 @@ private slots:
     {
         QFETCH(int, sinceLook);
         QFETCH(bool, looks);
-        Desk desk;
+        ReminderDesk desk;
         desk.addEvent(u"Interview"_s, 2);
         if (sinceLook != -1)
             desk.world.session->lastReminderCheck = start.addSecs(-sinceLook);
@@ -103,7 +104,7 @@ private slots:
 
     void lookListsOpenEventsInsideTheirLead()
     {
-        Desk desk;
+        ReminderDesk desk;
         desk.addRecords();
         desk.addEvent(u"Later"_s, 30);
         desk.addEvent(u"Interview"_s, 20, u"24"_s,
@@ -137,7 +138,7 @@ private slots:
 
     void untimedEventShowsItsOwnDate()
     {
-        Desk desk;
+        ReminderDesk desk;
         desk.addEvent(u"Before"_s, -48);
         desk.addEvent(u"Untimed"_s, 0, u"24"_s, u"EventTime='Nodate'"_s);
         desk.addEvent(u"Undated"_s, 0, u"24"_s, u"EventTime='Nodate',EventDate='12/31/1999'"_s);
@@ -153,7 +154,7 @@ private slots:
 
     void busyDialogLosesTheLook()
     {
-        Desk desk;
+        ReminderDesk desk;
         desk.addEvent(u"Interview"_s, 1);
         {
             const BusyScope busy(*desk.world.session);
@@ -165,7 +166,7 @@ private slots:
 
     void unreadableRowEndsTheLookThere()
     {
-        Desk desk;
+        ReminderDesk desk;
         desk.addEvent(u"Before"_s, -48);
         desk.addEvent(u"Broken"_s, -24, u"24"_s, u"EventTime='noon'"_s);
         desk.addEvent(u"Behind"_s, 1);
@@ -183,7 +184,7 @@ private slots:
 
     void unreadableStoreShowsNoBox()
     {
-        Desk desk;
+        ReminderDesk desk;
         desk.addEvent(u"Interview"_s, 1);
         desk.frm->checkEvents();
         desk.failing([](int, QStringView) { return true; }, [&] { desk.frm->checkEvents(); });
@@ -193,7 +194,7 @@ private slots:
 
     void selectionOutlivesALookOnlyWhileListed()
     {
-        Desk desk;
+        ReminderDesk desk;
         const Key interview = desk.addEvent(u"Interview"_s, 1);
         desk.addEvent(u"Referral"_s, 2);
         desk.lookAndSelect(interview);
@@ -228,7 +229,7 @@ private slots:
     {
         FETCH(QString, event, medium);
         QFETCH(int, position);
-        Desk desk;
+        ReminderDesk desk;
         desk.addRecords();
         desk.lookAndSelect(
             desk.addEvent(event, 1, u"24"_s, u"Medium='%1',PositionKey=%2"_s.arg(medium).arg(position)));
@@ -248,7 +249,7 @@ private slots:
 
     void dismissThatFailsKeepsTheEntry()
     {
-        Desk desk;
+        ReminderDesk desk;
         desk.world.prompts.acceptAll(Answer::Ok);
         const Key due = desk.addEvent(u"Interview"_s, 1);
         desk.frm->checkEvents();
@@ -263,7 +264,7 @@ private slots:
 
     void savingInTheCalendarRenewsTheList()
     {
-        Desk desk;
+        ReminderDesk desk;
         const Key due = desk.addEvent(u"Interview"_s, 1);
         desk.frm->checkEvents();
         QSignalSpy forward(desk.frm.get(), &FrmReminder::cameForward);
@@ -283,30 +284,30 @@ private slots:
 
     void changeInTheCalendarReachesTheList_data()
     {
-        using Change = std::function<void(Desk&)>;
+        using Change = std::function<void(ReminderDesk&)>;
         columns<Change, QString>("change", "left");
-        QTest::newRow("removed") << Change([](Desk& desk) {
+        QTest::newRow("removed") << Change([](ReminderDesk& desk) {
             desk.world.prompts.expect(u"Are you sure"_s, Answer::Yes);
             desk.calendar->removeEntry(u"EV2"_s);
         }) << QString();
-        QTest::newRow("moved") << Change([](Desk& desk) {
+        QTest::newRow("moved") << Change([](ReminderDesk& desk) {
             desk.calendar->dropOn(u"EV2"_s, {2026, 12, 1});
         }) << QString();
-        QTest::newRow("closed") << Change([](Desk& desk) {
+        QTest::newRow("closed") << Change([](ReminderDesk& desk) {
             desk.calendar->openEntry(u"EV2"_s);
             desk.calendar->form().edit(u"chkComplete"_s, u"1"_s);
             desk.calendar->cmdAdd1();
         }) << QString();
-        QTest::newRow("another one") << Change([](Desk& desk) {
+        QTest::newRow("another one") << Change([](ReminderDesk& desk) {
             desk.calendar->dropOn(u"EV3"_s, {2026, 12, 1});
         }) << u"Second"_s;
     }
     void changeInTheCalendarReachesTheList()
     {
-        using Change = std::function<void(Desk&)>;
+        using Change = std::function<void(ReminderDesk&)>;
         QFETCH(Change, change);
         QFETCH(QString, left);
-        Desk desk;
+        ReminderDesk desk;
         const Key first = desk.addEvent(u"First"_s, 1);
         desk.addEvent(u"Second"_s, 2);
         desk.addEvent(u"Later"_s, 72);
@@ -324,7 +325,7 @@ private slots:
 
     void okWithoutARecordPutsOff()
     {
-        Desk desk;
+        ReminderDesk desk;
         const Key due = desk.addEvent(u"Interview"_s, 1);
         desk.frm->checkEvents();
         desk.frm->cmdOk(); // nothing selected
@@ -342,7 +343,7 @@ private slots:
     {
         const QStringList whole{u"11/22/2026"_s, u"3"_s, u"OkEvent"_s};
         for (int refused = 0; refused < whole.size(); ++refused) {
-            Desk desk;
+            ReminderDesk desk;
             desk.world.prompts.acceptAll(Answer::Ok);
             desk.addRecords();
             const Key due = desk.addEvent(u"Interview"_s, 1, u"24"_s, u"PositionKey=1"_s);
@@ -369,7 +370,7 @@ private slots:
 
     void buttonsTakeEventsOffTheListAndOnlyTheyStartTheTimer()
     {
-        Desk desk;
+        ReminderDesk desk;
         const Key first = desk.addEvent(u"First"_s, 1);
         const Key second = desk.addEvent(u"Second"_s, 2);
         desk.frm->tick();
@@ -419,7 +420,7 @@ private slots:
     void intervalIsKeptWhenItIsOne()
     {
         QFETCH(QString, typed);
-        Desk desk;
+        ReminderDesk desk;
         desk.status(u"TimeDelta"_s, u"15"_s);
         desk.frm->load();
         QCOMPARE(desk.frm->form().text(u"txtInterval"_s), u"15"_s);
@@ -433,7 +434,7 @@ private slots:
 
     void alarmSoundsWhenTheScreenComesForward()
     {
-        Desk desk;
+        ReminderDesk desk;
         const QStringList& heard = desk.world.desktop.opened;
         const auto comeForward = [&desk] {
             desk.frm->deactivated();
@@ -466,7 +467,7 @@ private slots:
 
     void noteListsWhatCameDueWhileAway()
     {
-        Desk desk;
+        ReminderDesk desk;
         const QStringList& notes = desk.world.desktop.opened;
         desk.addEvent(u"Seen before"_s, -1, u"0"_s);
         desk.frm->tick();
@@ -493,7 +494,7 @@ private slots:
 
     void noteKeepsWhatNoLookHasSeen()
     {
-        Desk desk;
+        ReminderDesk desk;
         desk.addEvent(u"Interview"_s, 1, u"0"_s);
         desk.frm->checkEvents();
         desk.world.setNow(start.addSecs(2LL * 3600));
@@ -514,5 +515,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(TestFrmReminder)
+JOBWRIGHT_TEST(TestFrmReminder)
 #include "tst_frmreminder.moc"

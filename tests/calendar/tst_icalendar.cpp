@@ -2,6 +2,7 @@
 #include "calendar/icalendar.h"
 
 #include "base/dates.h"
+#include "support/runtest.h"
 #include "support/table.h"
 
 #include <libical/ical.h>
@@ -152,5 +153,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(TestICalendar)
+JOBWRIGHT_TEST(TestICalendar)
 #include "tst_icalendar.moc"

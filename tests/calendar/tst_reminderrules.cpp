@@ -1,5 +1,6 @@
 // Which events are spoken of at a moment, and how urgently, around every boundary.
 #include "calendar/reminderrules.h"
+#include "support/runtest.h"
 #include "support/table.h"
 
 using namespace Qt::StringLiterals;
@@ -114,5 +115,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(TestReminderRules)
+JOBWRIGHT_TEST(TestReminderRules)
 #include "tst_reminderrules.moc"

@@ -1,5 +1,6 @@
 // The contact history: what it shows, takes over, refuses and leaves behind when it closes.
 #include "history/historybench.h"
+#include "support/runtest.h"
 #include "support/table.h"
 
 #include <QSignalSpy>
@@ -288,5 +289,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestFrmHistory)
+JOBWRIGHT_TEST(TestFrmHistory)
 #include "tst_frmhistory.moc"

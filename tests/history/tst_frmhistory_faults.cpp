@@ -1,5 +1,6 @@
 // What the closing of a history leaves when a statement or the disk fails, and that another try mends it.
 #include "history/historybench.h"
+#include "support/runtest.h"
 
 namespace {
 
@@ -87,5 +88,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestFrmHistoryFaults)
+JOBWRIGHT_TEST(TestFrmHistoryFaults)
 #include "tst_frmhistory_faults.moc"

@@ -1,5 +1,6 @@
 // The table of area codes: the delivered file, and how such a file is read.
 #include "intake/areacodes.h"
+#include "support/runtest.h"
 
 #include <QRegularExpression>
 #include <QSet>
@@ -71,5 +72,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestAreaCodes)
+JOBWRIGHT_TEST(TestAreaCodes)
 #include "tst_areacodes.moc"

@@ -1,5 +1,6 @@
 // Business cards as people have them, each with the fields that it is to be sorted into.
 #include "intake/cardclassifier.h"
+#include "support/runtest.h"
 #include "support/table.h"
 
 #include <QFile>
@@ -74,5 +75,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestCards)
+JOBWRIGHT_TEST(TestCards)
 #include "tst_cards.moc"

@@ -1,6 +1,7 @@
 // The screen Fast Data Parsing: what its buttons do to the fields, and how another screen gets them back.
 #include "intake/frmautoparse.h"
 #include "support/errorlog.h"
+#include "support/runtest.h"
 #include "support/screenbench.h"
 #include "support/table.h"
 
@@ -119,5 +120,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestFrmAutoParse)
+JOBWRIGHT_TEST(TestFrmAutoParse)
 #include "tst_frmautoparse.moc"

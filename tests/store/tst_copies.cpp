@@ -1,7 +1,8 @@
+#include "store/engine/enginecall.h"
 #include "store/files/appfolder.h"
 #include "store/files/copies.h"
-#include "store/engine/enginecall.h"
 #include "store/files/storecheck.h"
+#include "support/runtest.h"
 #include "support/world.h"
 
 #include <QTest>
@@ -150,5 +151,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestCopies)
+JOBWRIGHT_TEST(TestCopies)
 #include "tst_copies.moc"

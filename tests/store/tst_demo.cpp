@@ -2,6 +2,7 @@
 #include "base/dates.h"
 #include "store/campaignfile.h"
 #include "store/files/demo.h"
+#include "support/runtest.h"
 
 using namespace Qt::StringLiterals;
 
@@ -62,5 +63,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestDemo)
+JOBWRIGHT_TEST(TestDemo)
 #include "tst_demo.moc"

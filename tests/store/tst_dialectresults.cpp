@@ -1,5 +1,6 @@
 // What a Select answers: columns, order, and the parts of its rows that a caller may want.
 #include "support/dialectengine.h"
+#include "support/runtest.h"
 #include "support/table.h"
 
 #include "store/engine/storeerror.h"
@@ -178,5 +179,5 @@ private:
     DialectEngine m_engine;
 };
 
-QTEST_APPLESS_MAIN(tst_DialectResults)
+JOBWRIGHT_TEST(tst_DialectResults)
 #include "tst_dialectresults.moc"

@@ -2,6 +2,7 @@
 // against the real engine.
 #include "fuzz/dialectcheck.h"
 #include "support/dialectengine.h"
+#include "support/runtest.h"
 #include "support/table.h"
 
 #include "store/engine/storeerror.h"
@@ -113,5 +114,5 @@ private:
     DialectEngine m_engine;
 };
 
-QTEST_APPLESS_MAIN(tst_DialectStatements)
+JOBWRIGHT_TEST(tst_DialectStatements)
 #include "tst_dialectstatements.moc"

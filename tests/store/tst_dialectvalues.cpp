@@ -1,5 +1,6 @@
 // How literals become values of the store, and what expressions mean.
 #include "support/dialectengine.h"
+#include "support/runtest.h"
 #include "support/table.h"
 
 #include "store/engine/storeerror.h"
@@ -191,5 +192,5 @@ private:
     std::unique_ptr<DialectEngine> m_engine;
 };
 
-QTEST_APPLESS_MAIN(tst_DialectValues)
+JOBWRIGHT_TEST(tst_DialectValues)
 #include "tst_dialectvalues.moc"

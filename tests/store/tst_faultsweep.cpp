@@ -1,6 +1,7 @@
 // The i-th store call fails, for every i: what is left is what the statements before and after it make, the
 // log says so under the operation's tag, and doing it again works. And no room on the disk loses nothing.
 #include "store/childwork.h"
+#include "support/runtest.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -212,14 +213,8 @@ private slots:
     }
 };
 
-int main(int argc, char** argv)
-{
-    QCoreApplication application(argc, argv);
-    const QStringList arguments = QCoreApplication::arguments();
-    if (arguments.size() == 3 && arguments[1] == u"--small-disk")
-        return restoreOnSmallDisk(arguments[2]);
-    TestFaultSweep test;
-    return QTest::qExec(&test, argc, argv);
-}
+static const bool smallDisk = runtest::addChild(
+    u"--small-disk"_s, [](const QStringList& arguments) { return restoreOnSmallDisk(arguments.value(0)); });
+JOBWRIGHT_TEST(TestFaultSweep)
 
 #include "tst_faultsweep.moc"

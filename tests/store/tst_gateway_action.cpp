@@ -3,6 +3,7 @@
 #include "support/campaign.h"
 #include "support/errorlog.h"
 #include "support/gatewaycalls.h"
+#include "support/runtest.h"
 #include "support/table.h"
 
 #include <QTest>
@@ -178,5 +179,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestGatewayAction)
+JOBWRIGHT_TEST(TestGatewayAction)
 #include "tst_gateway_action.moc"

@@ -2,6 +2,7 @@
 #include "support/campaign.h"
 #include "support/errorlog.h"
 #include "support/gatewaycalls.h"
+#include "support/runtest.h"
 #include "support/table.h"
 
 #include <QTest>
@@ -384,5 +385,5 @@ private:
     std::unique_ptr<World> m_read; ///< for calls that only read; nothing of theirs stays in it
 };
 
-QTEST_GUILESS_MAIN(TestGatewayReading)
+JOBWRIGHT_TEST(TestGatewayReading)
 #include "tst_gateway_reading.moc"

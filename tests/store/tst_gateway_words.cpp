@@ -1,5 +1,6 @@
 #include "store/gateway/datajw.h"
 #include "store/gateway/keylists.h"
+#include "support/runtest.h"
 #include "support/table.h"
 
 #include <QRandomGenerator>
@@ -59,5 +60,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestGatewayWords)
+JOBWRIGHT_TEST(TestGatewayWords)
 #include "tst_gateway_words.moc"

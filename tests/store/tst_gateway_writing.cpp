@@ -1,6 +1,7 @@
 #include "support/campaign.h"
 #include "support/errorlog.h"
 #include "support/gatewaycalls.h"
+#include "support/runtest.h"
 #include "support/table.h"
 
 using namespace Qt::StringLiterals;
@@ -154,5 +155,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestGatewayWriting)
+JOBWRIGHT_TEST(TestGatewayWriting)
 #include "tst_gateway_writing.moc"

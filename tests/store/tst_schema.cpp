@@ -1,5 +1,6 @@
 // The tables as they come out in a real file, and whether the program's lookups are quick on them.
 #include "support/dialectengine.h"
+#include "support/runtest.h"
 #include "support/table.h"
 
 #include <QFile>
@@ -100,5 +101,5 @@ private:
     DialectEngine m_engine;
 };
 
-QTEST_APPLESS_MAIN(tst_Schema)
+JOBWRIGHT_TEST(tst_Schema)
 #include "tst_schema.moc"

@@ -1,5 +1,6 @@
 #include "store/files/appfolder.h"
 #include "store/files/logs.h"
+#include "support/runtest.h"
 #include "support/table.h"
 #include "support/world.h"
 
@@ -197,5 +198,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestSession)
+JOBWRIGHT_TEST(TestSession)
 #include "tst_session.moc"

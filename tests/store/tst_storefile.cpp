@@ -1,9 +1,10 @@
 // Files that are not what they should be: each ends in a plain message and is left as it was.
-#include "store/files/copies.h"
 #include "store/engine/database.h"
 #include "store/engine/enginecall.h"
+#include "store/files/copies.h"
 #include "store/files/storecheck.h"
 #include "store/files/storefile.h"
+#include "support/runtest.h"
 #include "support/table.h"
 #include "support/world.h"
 
@@ -210,5 +211,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestStoreFile)
+JOBWRIGHT_TEST(TestStoreFile)
 #include "tst_storefile.moc"

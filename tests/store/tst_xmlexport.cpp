@@ -2,6 +2,7 @@
 #include "store/campaignfile.h"
 #include "store/engine/enginecall.h"
 #include "store/files/storefile.h"
+#include "support/runtest.h"
 #include "support/table.h"
 
 #include <QDirIterator>
@@ -195,5 +196,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestXmlExport)
+JOBWRIGHT_TEST(TestXmlExport)
 #include "tst_xmlexport.moc"

@@ -2,6 +2,7 @@
 #include "store/campaignfile.h"
 #include "store/xml/plainxml.h"
 #include "support/campaign.h"
+#include "support/runtest.h"
 #include "support/table.h"
 
 #include <QXmlStreamReader>
@@ -246,5 +247,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestXmlHostile)
+JOBWRIGHT_TEST(TestXmlHostile)
 #include "tst_xmlhostile.moc"

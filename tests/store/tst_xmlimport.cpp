@@ -1,6 +1,7 @@
 // What comes in from a campaign file, what does not, and under which keys.
 #include "store/campaignfile.h"
 #include "support/campaign.h"
+#include "support/runtest.h"
 #include "support/table.h"
 
 namespace {
@@ -308,5 +309,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestXmlImport)
+JOBWRIGHT_TEST(TestXmlImport)
 #include "tst_xmlimport.moc"

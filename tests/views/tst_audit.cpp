@@ -1,5 +1,6 @@
 // What holds for every view of the program: names, words for people who cannot see it, the way of the Tab
 // key.
+#include "support/runtest.h"
 #include "views/windowbench.h"
 
 #include "views/calendar/calendarview.h"
@@ -422,5 +423,5 @@ private:
     std::unique_ptr<QWidget> m_view; ///< beside the window
 };
 
-QTEST_MAIN(TestAudit)
+JOBWRIGHT_TEST(TestAudit)
 #include "tst_audit.moc"

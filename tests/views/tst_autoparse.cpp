@@ -1,5 +1,6 @@
 // The card parser as a user meets it: from the double click on the street to the saved address.
 #include "intake/frmautoparse.h"
+#include "support/runtest.h"
 #include "views/intake/autoparseview.h"
 #include "views/windowbench.h"
 
@@ -66,5 +67,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestAutoParse)
+JOBWRIGHT_TEST(TestAutoParse)
 #include "tst_autoparse.moc"

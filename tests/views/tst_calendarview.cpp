@@ -1,5 +1,6 @@
 // The calendar with keys, mouse and drops on a real store.
 #include "calendar/frmevcal.h"
+#include "support/runtest.h"
 #include "support/table.h"
 #include "views/calendar/calendarview.h"
 #include "views/calendar/calendarwidgets.h"
@@ -384,5 +385,5 @@ private:
     std::unique_ptr<CalendarWindow> m_bench;
 };
 
-QTEST_MAIN(TestCalendarView)
+JOBWRIGHT_TEST(TestCalendarView)
 #include "tst_calendarview.moc"

@@ -1,4 +1,5 @@
 // A whole campaign by hand: company, contact, position, assignment, eleven steps, a document, a restart.
+#include "support/runtest.h"
 #include "views/windowbench.h"
 
 #include <QCheckBox>
@@ -123,5 +124,5 @@ private:
     WindowBench m_bench;
 };
 
-QTEST_MAIN(TestCampaignWalk)
+JOBWRIGHT_TEST(TestCampaignWalk)
 #include "tst_campaignwalk.moc"

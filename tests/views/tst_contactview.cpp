@@ -1,5 +1,6 @@
 // The Contact screen, the address entry and the company picker with keys and mouse.
 #include "desktop/companypicker.h"
+#include "support/runtest.h"
 #include "views/windowbench.h"
 #include "views/workbench/addressentryview.h"
 #include "workbench/addressentry.h"
@@ -98,5 +99,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestContactView)
+JOBWRIGHT_TEST(TestContactView)
 #include "tst_contactview.moc"

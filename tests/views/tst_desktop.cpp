@@ -1,6 +1,7 @@
 // Boxes, addresses and programs of the user's desktop.
 #include "desktop/desktopprompts.h"
 #include "desktop/desktopservices.h"
+#include "support/runtest.h"
 #include "support/table.h"
 
 #include <QApplication>
@@ -113,5 +114,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestDesktop)
+JOBWRIGHT_TEST(TestDesktop)
 #include "tst_desktop.moc"

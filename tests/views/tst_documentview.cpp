@@ -1,4 +1,5 @@
 // The Document screen in the workbench's window, with keys and mouse on a real store.
+#include "support/runtest.h"
 #include "support/table.h"
 #include "views/common/kindtree.h"
 #include "views/windowbench.h"
@@ -165,5 +166,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestDocumentView)
+JOBWRIGHT_TEST(TestDocumentView)
 #include "tst_documentview.moc"

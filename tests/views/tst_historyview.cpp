@@ -1,5 +1,6 @@
 // The contact history as a user meets it: from the Contact screen into the dialog and back.
 #include "history/frmhistory.h"
+#include "support/runtest.h"
 #include "views/history/historylist.h"
 #include "views/history/historyview.h"
 #include "views/windowbench.h"
@@ -265,5 +266,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestHistoryView)
+JOBWRIGHT_TEST(TestHistoryView)
 #include "tst_historyview.moc"

@@ -1,6 +1,7 @@
 // Sounds, and notes on a session bus of the test's own.
 #include "desktop/notes.h"
 #include "desktop/sound.h"
+#include "support/runtest.h"
 
 #include <QAudioDevice>
 #include <QDBusConnection>
@@ -115,5 +116,5 @@ void TestNotes::soundNeedsAWaveFileAndADevice()
     QCoreApplication::processEvents();
 }
 
-QTEST_GUILESS_MAIN(TestNotes)
+JOBWRIGHT_TEST(TestNotes)
 #include "tst_notes.moc"

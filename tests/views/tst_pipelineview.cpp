@@ -1,4 +1,5 @@
 // The Pipeline screen with keys and mouse on a real store.
+#include "support/runtest.h"
 #include "views/windowbench.h"
 #include "views/workbench/pipelinewidgets.h"
 #include "workbench/pipelinescreen.h"
@@ -149,5 +150,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestPipelineView)
+JOBWRIGHT_TEST(TestPipelineView)
 #include "tst_pipelineview.moc"

@@ -1,4 +1,5 @@
 // The Position screen with keys and mouse on a real store.
+#include "support/runtest.h"
 #include "support/table.h"
 #include "views/windowbench.h"
 #include "views/workbench/rankchart.h"
@@ -145,5 +146,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestPositionView)
+JOBWRIGHT_TEST(TestPositionView)
 #include "tst_positionview.moc"

@@ -1,4 +1,5 @@
 // The form on paper.
+#include "support/runtest.h"
 #include "views/windowbench.h"
 
 #include "desktop/printing.h"
@@ -46,5 +47,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestPrinting)
+JOBWRIGHT_TEST(TestPrinting)
 #include "tst_printing.moc"

@@ -1,4 +1,5 @@
 // The reminder window, driven with mouse and keys, on a real store.
+#include "support/runtest.h"
 #include "views/windowbench.h"
 
 #include "calendar/frmevcal.h"
@@ -192,5 +193,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestReminderView)
+JOBWRIGHT_TEST(TestReminderView)
 #include "tst_reminderview.moc"

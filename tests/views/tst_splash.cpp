@@ -1,4 +1,5 @@
 // The first seconds of the program under the user's hands.
+#include "support/runtest.h"
 #include "views/windowbench.h"
 
 #include "views/workbench/splashview.h"
@@ -43,5 +44,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestSplash)
+JOBWRIGHT_TEST(TestSplash)
 #include "tst_splash.moc"

@@ -3,6 +3,7 @@
 #include "calendar/frmevcal.h"
 #include "calendar/frmreminder.h"
 #include "history/frmhistory.h"
+#include "support/runtest.h"
 #include "views/calendar/calendarview.h"
 #include "views/calendar/daylist.h"
 #include "views/calendar/reminderlistview.h"
@@ -111,5 +112,5 @@ private:
     std::function<void()> m_inCalendar;
 };
 
-QTEST_MAIN(TestTimeWalk)
+JOBWRIGHT_TEST(TestTimeWalk)
 #include "tst_timewalk.moc"

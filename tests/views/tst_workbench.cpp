@@ -1,5 +1,6 @@
 // The workbench's window with keys and mouse on a real store.
 #include "desktop/endrequests.h"
+#include "support/runtest.h"
 #include "support/table.h"
 #include "views/palettes.h"
 #include "views/windowbench.h"
@@ -328,5 +329,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestWorkbench)
+JOBWRIGHT_TEST(TestWorkbench)
 #include "tst_workbench.moc"

@@ -1,4 +1,5 @@
 // Saving and removing a whole company.
+#include "support/runtest.h"
 #include "support/table.h"
 #include "workbench/bench.h"
 
@@ -165,5 +166,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestCompanySave)
+JOBWRIGHT_TEST(TestCompanySave)
 #include "tst_companysave.moc"

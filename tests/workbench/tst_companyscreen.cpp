@@ -1,5 +1,6 @@
 // The Company screen: showing, leaving a field, the tree, the figures, and the ways out into the web.
 #include "base/statecodes.h"
+#include "support/runtest.h"
 #include "support/table.h"
 #include "web/webpages.h"
 #include "workbench/bench.h"
@@ -219,5 +220,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestCompanyScreen)
+JOBWRIGHT_TEST(TestCompanyScreen)
 #include "tst_companyscreen.moc"

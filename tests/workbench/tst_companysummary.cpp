@@ -1,5 +1,6 @@
 // The company summary: which sentences stand for which figures.
 #include "base/dates.h"
+#include "support/runtest.h"
 #include "support/table.h"
 #include "workbench/companysummary.h"
 
@@ -133,5 +134,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestCompanySummary)
+JOBWRIGHT_TEST(TestCompanySummary)
 #include "tst_companysummary.moc"

@@ -1,5 +1,6 @@
 // Saving and removing a whole contact, the name and the address that go with it.
 #include "intake/frmautoparse.h"
+#include "support/runtest.h"
 #include "support/table.h"
 #include "web/webpages.h"
 #include "workbench/contactbench.h"
@@ -261,5 +262,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestContactSave)
+JOBWRIGHT_TEST(TestContactSave)
 #include "tst_contactsave.moc"

@@ -1,4 +1,5 @@
 // The Contact screen without its save: selection, fields, flags, ratings, lists, reassigning.
+#include "support/runtest.h"
 #include "support/table.h"
 #include "workbench/contactbench.h"
 #include "workbench/faults.h"
@@ -257,5 +258,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestContactScreen)
+JOBWRIGHT_TEST(TestContactScreen)
 #include "tst_contactscreen.moc"

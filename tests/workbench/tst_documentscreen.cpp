@@ -1,4 +1,5 @@
 // The Document screen without its view: what its fields and buttons leave in the store, and what they say.
+#include "support/runtest.h"
 #include "support/table.h"
 #include "workbench/documentbench.h"
 
@@ -252,5 +253,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestDocumentScreen)
+JOBWRIGHT_TEST(TestDocumentScreen)
 #include "tst_documentscreen.moc"

@@ -1,4 +1,5 @@
 // The workbench's shell: start and end, tabs, selector.
+#include "support/runtest.h"
 #include "support/table.h"
 #include "workbench/bench.h"
 #include "workbench/contactscreen.h"
@@ -269,5 +270,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestFrmData)
+JOBWRIGHT_TEST(TestFrmData)
 #include "tst_frmdata.moc"

@@ -1,4 +1,5 @@
 // The doors from the workbench to its tools: toolbar, menus, keys, export and restore.
+#include "support/runtest.h"
 #include "support/table.h"
 #include "workbench/bench.h"
 
@@ -143,5 +144,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestFrmDataTools)
+JOBWRIGHT_TEST(TestFrmDataTools)
 #include "tst_frmdata_tools.moc"

@@ -1,4 +1,5 @@
 // The splash screen: how long it stays by itself.
+#include "support/runtest.h"
 #include "support/world.h"
 #include "workbench/frmsplash.h"
 
@@ -29,5 +30,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestFrmSplash)
+JOBWRIGHT_TEST(TestFrmSplash)
 #include "tst_frmsplash.moc"

@@ -5,6 +5,7 @@
 #include "history/frmhistory.h"
 #include "store/childwork.h"
 #include "store/files/storefile.h"
+#include "support/runtest.h"
 #include "workbench/bench.h"
 #include "workbench/contactscreen.h"
 #include "workbench/documentscreen.h"
@@ -223,14 +224,8 @@ private slots:
     }
 };
 
-int main(int argc, char** argv)
-{
-    QCoreApplication application(argc, argv);
-    const QStringList arguments = QCoreApplication::arguments();
-    if (arguments.size() == 4 && arguments[1] == child)
-        return work(arguments[2], arguments[3]);
-    TestKill test;
-    return QTest::qExec(&test, argc, argv);
-}
+static const bool killed = runtest::addChild(
+    child, [](const QStringList& arguments) { return work(arguments.value(0), arguments.value(1)); });
+JOBWRIGHT_TEST(TestKill)
 
 #include "tst_kill.moc"

@@ -1,4 +1,5 @@
 // Leaving a record: nothing typed goes unasked, and nothing given up comes back.
+#include "support/runtest.h"
 #include "support/table.h"
 #include "workbench/contactbench.h"
 #include "workbench/documentbench.h"
@@ -322,5 +323,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestLeaving)
+JOBWRIGHT_TEST(TestLeaving)
 #include "tst_leaving.moc"

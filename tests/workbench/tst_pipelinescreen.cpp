@@ -1,4 +1,5 @@
 // The Pipeline screen without its looks, and the rules of the campaign's steps, on a real store.
+#include "support/runtest.h"
 #include "support/table.h"
 #include "workbench/bench.h"
 #include "workbench/contactscreen.h"
@@ -397,5 +398,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestPipelineScreen)
+JOBWRIGHT_TEST(TestPipelineScreen)
 #include "tst_pipelinescreen.moc"

@@ -1,5 +1,6 @@
 // The Position screen: choosing, field by field saving, expiry, contacts, ranks; saving and removing it
 // whole.
+#include "support/runtest.h"
 #include "support/table.h"
 #include "workbench/positionbench.h"
 
@@ -240,5 +241,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestPositionScreen)
+JOBWRIGHT_TEST(TestPositionScreen)
 #include "tst_positionscreen.moc"

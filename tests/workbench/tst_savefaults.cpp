@@ -1,4 +1,5 @@
 // What saving and removing leave behind when one of their store calls fails, and that another try mends it.
+#include "support/runtest.h"
 #include "workbench/contactbench.h"
 #include "workbench/documentbench.h"
 #include "workbench/faults.h"
@@ -389,5 +390,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestSaveFaults)
+JOBWRIGHT_TEST(TestSaveFaults)
 #include "tst_savefaults.moc"

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "store/dialect/dialect.h"
-#include "store/gateway/recordset.h"
 #include "store/engine/storeerror.h"
+#include "store/gateway/recordset.h"
 
 #include <QString>
 

@@ -1,8 +1,8 @@
 #include "store/files/copies.h"
 
 #include "store/engine/database.h"
-#include "store/gateway/datajw.h"
 #include "store/engine/enginecall.h"
+#include "store/gateway/datajw.h"
 #include "store/session.h"
 
 #include <QCoreApplication>

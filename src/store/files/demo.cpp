@@ -2,8 +2,8 @@
 
 #include "base/dates.h"
 #include "base/text.h"
-#include "store/gateway/datajw.h"
 #include "store/engine/schema.h"
+#include "store/gateway/datajw.h"
 #include "store/session.h"
 #include "store/xml/campaignfile.h"
 

@@ -1,9 +1,9 @@
 #include "store/files/storecheck.h"
 
 #include "store/engine/database.h"
-#include "store/gateway/datajw.h"
 #include "store/engine/enginecall.h"
 #include "store/engine/schema.h"
+#include "store/gateway/datajw.h"
 #include "store/session.h"
 
 #include <QCoreApplication>

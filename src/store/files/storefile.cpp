@@ -1,8 +1,8 @@
 #include "store/files/storefile.h"
 
-#include "store/files/copies.h"
 #include "store/engine/enginecall.h"
 #include "store/engine/schema.h"
+#include "store/files/copies.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -1,9 +1,9 @@
 // What the gateway's files share: one call of an operation with its trapping, its log entry and its default.
 #pragma once
 
+#include "store/engine/storeerror.h"
 #include "store/gateway/datajw.h"
 #include "store/session.h"
-#include "store/engine/storeerror.h"
 
 #include <QCoreApplication>
 

@@ -1,7 +1,7 @@
 #include "store/xml/keyroom.h"
 
-#include "store/gateway/datajw.h"
 #include "store/files/storecheck.h"
+#include "store/gateway/datajw.h"
 #include "store/xml/campaignfile.h"
 
 #include <QCoreApplication>

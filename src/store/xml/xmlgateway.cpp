@@ -1,7 +1,7 @@
 // The gateway's two operations on XML files.
 #include "store/gateway/datajw_impl.h"
-#include "store/xml/xmlwriter.h"
 #include "store/xml/xmlimporter.h"
+#include "store/xml/xmlwriter.h"
 
 QString DataJW::createXML(const QString& file, bool restore)
 {

@@ -1,10 +1,10 @@
 // What stands around the walk over a campaign file: the file's check, the copy, the action, and the report.
+#include "store/engine/enginecall.h"
 #include "store/files/copies.h"
 #include "store/gateway/datajw.h"
-#include "store/engine/enginecall.h"
 #include "store/session.h"
-#include "store/xml/xmlimporter.h"
 #include "store/xml/keyroom.h"
+#include "store/xml/xmlimporter.h"
 
 #include <QCoreApplication>
 

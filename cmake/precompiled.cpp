@@ -1,0 +1,1 @@
+// Carries a precompiled header; it has no code of its own.
