@@ -61,6 +61,10 @@ private:
                  m_began);
             return;
         }
+        if (!m_inRecord && line.trimmed().isEmpty())
+            m_began = m_line + 1;
+        else
+            m_inRecord = true;
         csv_parse(&m_parser, line.data(), static_cast<size_t>(line.size()), value, record, this);
     }
     void finish()
@@ -90,6 +94,7 @@ private:
             m_result.table.endRecord(m_began);
         m_began = m_line + 1;
         m_values = 0;
+        m_inRecord = false;
     }
     void fail(const QString& sentence, int line) { m_result.problem = sentence.arg(line); }
 
@@ -98,6 +103,7 @@ private:
     int m_line = 0;
     int m_began = 1; ///< where the record at work begins
     int m_values = 0;
+    bool m_inRecord = false;
 };
 
 /// How evenly a delimiter divides: the lines that have the most frequent number of values above one.

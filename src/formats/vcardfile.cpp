@@ -166,6 +166,9 @@ private:
         return m_at < m_bytes.size() && (m_bytes[m_at] == ' ' || m_bytes[m_at] == '\t');
     }
 
+    /// A soft line end that leads to the card's end is a broken one.
+    [[nodiscard]] bool atEndOfCard() const { return m_bytes.mid(m_at, 9).toUpper() == "END:VCARD"; }
+
     void readProperty()
     {
         QByteArray line = physicalLine().toByteArray();
@@ -174,15 +177,16 @@ private:
         const Head head(colon < 0 ? QByteArray() : line.left(colon));
         const bool skip = skipped().contains(head.name);
         // Quoted-printable text goes on behind a "=" at the line's end, any text at a blank's.
-        while (m_at < m_bytes.size() && (continues() || (head.quotedPrintable && line.endsWith('=')))) {
-            const bool soft = head.quotedPrintable && line.endsWith('=');
-            if (soft)
+        const auto soft = [&] { return head.quotedPrintable && line.endsWith('=') && !atEndOfCard(); };
+        while (m_at < m_bytes.size() && (continues() || soft())) {
+            const bool isSoft = soft();
+            if (isSoft)
                 line.chop(1);
-            const bool folded = continues() && !soft;
+            const bool folded = continues() && !isSoft;
             const QByteArrayView next = physicalLine();
             if (!skip && line.size() <= longestValue)
                 line.append(folded ? next.sliced(1) : next);
-            else if (soft && next.endsWith('='))
+            else if (isSoft && next.endsWith('='))
                 line.append('='); // still to be passed over to its end
         }
         if (line.size() > longestValue && !skip)
