@@ -1,4 +1,5 @@
 #include "app/commands.h"
+#include "app/consoleprogress.h"
 #include "app/consoleprompts.h"
 #include "app/openstore.h"
 #include "app/output.h"
@@ -19,6 +20,7 @@ constexpr int makingMs = 5000;
 struct CommandContext::Impl
 {
     ConsolePrompts prompts;
+    ConsoleProgress progress;
     SilentDesktop desktop;
     std::unique_ptr<InstanceLock> lock;
     std::unique_ptr<Session> session;
@@ -47,6 +49,7 @@ Session* CommandContext::openSession()
            !patience.hasExpired())
         QThread::msleep(20);
     auto session = std::make_unique<Session>(folder, systemClock(), m_impl->prompts, m_impl->desktop);
+    session->setProgress(m_impl->progress);
     const FileReport report = openOrCreateStore(*session, version);
     if (report.state != FileState::Good) {
         printError(report.message);

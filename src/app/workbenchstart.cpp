@@ -6,6 +6,7 @@
 #include "app/presenters.h"
 #include "app/screens.h"
 #include "base/clock.h"
+#include "desktop/desktopprogress.h"
 #include "desktop/desktopprompts.h"
 #include "desktop/desktopservices.h"
 #include "desktop/endrequests.h"
@@ -190,6 +191,7 @@ int startWorkbench(int& argc, char** argv, const StartOptions& options)
 
     DesktopPrompts prompts;
     DesktopServices desktop;
+    DesktopProgress progress;
     const QString folder = applicationFolder(options.folder);
     if (const QString problem = prepareFolder(folder); !problem.isEmpty()) {
         prompts.msgBox(problem, Buttons::Ok, Session::messageTitle.toString());
@@ -202,5 +204,6 @@ int startWorkbench(int& argc, char** argv, const StartOptions& options)
         return lock.isHeldByAnother() ? InUse : StoreClosed;
     }
     Session session(folder, systemClock(), prompts, desktop);
+    session.setProgress(progress);
     return readyStore(session) ? runWorkbench(session, lock, options) : StoreClosed;
 }

@@ -20,6 +20,11 @@ public:
     virtual Answer msgBox(const QString& text, Buttons buttons, const QString& title) = 0;
     /// A file to open, or empty when the user gave up. @p filters as in "Sound files (*.wav)".
     virtual QString openFile(const QString& title, const QString& folder, const QStringList& filters) = 0;
+    /// A file to write, or empty when the user gave up; the user has agreed to replace one that exists.
+    /// @p suggested is a path or a folder.
+    virtual QString saveFile(const QString& title, const QString& suggested, const QStringList& filters) = 0;
+    /// A folder, or empty when the user gave up.
+    virtual QString pickFolder(const QString& title, const QString& folder) = 0;
     /// One of @p companies, or empty when the user gave up.
     virtual QString pickCompany(const QString& title, const QStringList& companies) = 0;
 };

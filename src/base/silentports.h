@@ -12,6 +12,8 @@ public:
         return buttons == Buttons::Ok ? Answer::Ok : Answer::No;
     }
     QString openFile(const QString&, const QString&, const QStringList&) override { return {}; }
+    QString saveFile(const QString&, const QString&, const QStringList&) override { return {}; }
+    QString pickFolder(const QString&, const QString&) override { return {}; }
     QString pickCompany(const QString&, const QStringList&) override { return {}; }
 };
 

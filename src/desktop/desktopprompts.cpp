@@ -102,6 +102,17 @@ QString DesktopPrompts::openFile(const QString& title, const QString& folder, co
     return QFileDialog::getOpenFileName(QApplication::activeWindow(), title, folder, filters.join(u";;"_s));
 }
 
+QString DesktopPrompts::saveFile(const QString& title, const QString& suggested, const QStringList& filters)
+{
+    return QFileDialog::getSaveFileName(QApplication::activeWindow(), title, suggested,
+                                        filters.join(u";;"_s));
+}
+
+QString DesktopPrompts::pickFolder(const QString& title, const QString& folder)
+{
+    return QFileDialog::getExistingDirectory(QApplication::activeWindow(), title, folder);
+}
+
 QString DesktopPrompts::pickCompany(const QString& title, const QStringList& companies)
 {
     CompanyPicker picker(title, companies, QApplication::activeWindow());

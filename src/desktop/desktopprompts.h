@@ -10,5 +10,7 @@ class DesktopPrompts : public Prompts
 public:
     Answer msgBox(const QString& text, Buttons buttons, const QString& title) override;
     QString openFile(const QString& title, const QString& folder, const QStringList& filters) override;
+    QString saveFile(const QString& title, const QString& suggested, const QStringList& filters) override;
+    QString pickFolder(const QString& title, const QString& folder) override;
     QString pickCompany(const QString& title, const QStringList& companies) override;
 };

@@ -4,6 +4,7 @@
 #include "base/clock.h"
 #include "base/key.h"
 #include "base/ports.h"
+#include "base/progress.h"
 #include "store/files/settings.h"
 
 #include <QObject>
@@ -44,6 +45,10 @@ public:
 
     [[nodiscard]] Prompts& prompts() { return m_prompts; }
     [[nodiscard]] Desktop& desktop() { return m_desktop; }
+    /// Where long work tells how far it is; see ProgressScope. Shows nothing until the run has set one.
+    [[nodiscard]] Progress& progress() { return *m_progress; }
+    /// @p progress must outlive the session.
+    void setProgress(Progress& progress) { m_progress = &progress; }
     /// The settings store: what the program keeps outside the database.
     [[nodiscard]] RegAccess& settings() { return m_settings; }
 
@@ -113,6 +118,8 @@ private:
     Clock m_clock;
     Prompts& m_prompts;
     Desktop& m_desktop;
+    SilentProgress m_noProgress;
+    Progress* m_progress = &m_noProgress;
     RegAccess m_settings;
     std::unique_ptr<DataJW> m_dataJW;
     QString m_statusLine;
@@ -139,4 +146,28 @@ public:
 private:
     Session& m_session;
     bool m_before;
+};
+
+/// Long work on the user's thread. While it lives dialogBusy is up, so that reminders and copies wait, and
+/// only its Cancel button answers.
+class ProgressScope
+{
+public:
+    /// @p total as in Progress::begin().
+    ProgressScope(Session& session, const QString& title, int total)
+        : m_busy(session)
+        , m_progress(session.progress())
+    {
+        m_progress.begin(title, total);
+    }
+    ~ProgressScope() { m_progress.end(); }
+    ProgressScope(const ProgressScope&) = delete;
+    ProgressScope& operator=(const ProgressScope&) = delete;
+
+    /// As Progress::step(); cheap enough for each of thousands of records.
+    [[nodiscard]] bool step(int done, const QString& line = {}) { return m_progress.step(done, line); }
+
+private:
+    BusyScope m_busy;
+    Progress& m_progress;
 };

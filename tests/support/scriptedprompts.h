@@ -20,7 +20,7 @@ public:
 
     /// The next question must contain @p text; it gets @p answer.
     void expect(const QString& text, Answer answer = Answer::Ok) { m_expected.push_back({text, answer, {}}); }
-    /// The next file question has this title and gets @p path.
+    /// The next question for a file or a folder has this title and gets @p path.
     void expectFile(const QString& title, const QString& path)
     {
         m_expected.push_back({title, Answer::Ok, path});
@@ -50,6 +50,11 @@ public:
     {
         return take(title).path;
     }
+    QString saveFile(const QString& title, const QString&, const QStringList&) override
+    {
+        return take(title).path;
+    }
+    QString pickFolder(const QString& title, const QString&) override { return take(title).path; }
     QString pickCompany(const QString& title, const QStringList& companies) override
     {
         m_offered = companies;

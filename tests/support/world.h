@@ -43,6 +43,19 @@ private:
     }
 };
 
+/// The progress of a test: counts the steps, and cancels at one when it is asked to.
+class CountedProgress : public Progress
+{
+public:
+    QStringList titles;
+    int steps = 0;
+    int cancelAt = 0; ///< the step that is answered with a cancel, counted from 1; 0 for none
+
+    void begin(const QString& title, int) override { titles.append(title); }
+    [[nodiscard]] bool step(int, const QString&) override { return ++steps != cancelAt; }
+    void end() override {}
+};
+
 /// Where the worlds lie: in memory when the system has such a place, as every commit waits for the disk.
 inline QString worldTemplate()
 {
@@ -68,6 +81,7 @@ public:
         session.reset();
         session = std::make_unique<Session>(
             folder.path(), [this] { return m_now; }, prompts, desktop);
+        session->setProgress(progress);
     }
     DataJW& data() { return session->dataJW(); }
     void setNow(const QDateTime& now) { m_now = now; }
@@ -95,6 +109,7 @@ public:
     QTemporaryDir folder{worldTemplate()};
     ScriptedPrompts prompts;
     NotedDesktop desktop;
+    CountedProgress progress;
     std::unique_ptr<Session> session;
 
 private:
