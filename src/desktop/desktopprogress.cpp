@@ -45,7 +45,9 @@ bool DesktopProgress::step(int done, const QString& line)
     if (!line.isEmpty())
         m_dialog->setLabelText(line);
     m_dialog->setValue(done); // lets events through once the window is up
-    QCoreApplication::processEvents();
+    // Until the window is up and takes the input, what the user types must not reach the screen that works.
+    QCoreApplication::processEvents(m_dialog->isVisible() ? QEventLoop::AllEvents
+                                                          : QEventLoop::ExcludeUserInputEvents);
     return m_dialog && !m_cancelled;
 }
 
