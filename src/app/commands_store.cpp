@@ -17,6 +17,8 @@
 
 #include <CLI/CLI.hpp>
 
+#include <numeric>
+
 using commands::help;
 using commands::notEmpty;
 using commands::tr;
@@ -124,6 +126,35 @@ int status(CommandContext& context, const std::optional<QString>& name, const st
     return Failed;
 }
 
+int total(const std::vector<OrphanCount>& counts)
+{
+    return std::accumulate(counts.begin(), counts.end(), 0,
+                           [](int sum, const OrphanCount& count) { return sum + count.rows; });
+}
+
+void printFindings(const StoreCheck& check)
+{
+    const auto show = [](const QString& finding, const std::vector<OrphanCount>& counts) {
+        for (const OrphanCount& count : counts)
+            printLine(finding + u'\t' + count.column + u'\t' + QString::number(count.rows));
+    };
+    for (const KeyUse& use : check.keys)
+        printLine(tr("keys\t%1\t%2 of %3").arg(use.table).arg(use.highest).arg(keyLimit));
+    show(tr("points nowhere"), check.orphans);
+    show(tr("renewed when its list is opened"), check.passing);
+    show(tr("belongs to nobody"), check.unowned);
+    for (const QString& object : check.foreign)
+        printLine(tr("not made by Jobwright, never run\t%1").arg(object));
+}
+
+/// The last line about a database without damage.
+QString verdict(const StoreCheck& check)
+{
+    const int lost = total(check.orphans);
+    return lost == 0 ? tr("The database is sound.")
+                     : tr("The database is sound, with references that point nowhere: %1.").arg(lost);
+}
+
 int verify(CommandContext& context)
 {
     Session* const session = context.openSession();
@@ -133,26 +164,21 @@ int verify(CommandContext& context)
                    : context.exitCode;
     try {
         const StoreCheck check = checkStore(session->dataJW().database());
-        for (const KeyUse& use : check.keys)
-            printLine(tr("keys\t%1\t%2 of %3").arg(use.table).arg(use.highest).arg(keyLimit));
-        for (const OrphanCount& orphan : check.orphans)
-            printLine(tr("points nowhere\t%1\t%2").arg(orphan.column).arg(orphan.rows));
-        for (const OrphanCount& record : check.unowned)
-            printLine(tr("belongs to nobody\t%1\t%2").arg(record.column).arg(record.rows));
-        for (const QString& object : check.foreign)
-            printLine(tr("not made by Jobwright, never run\t%1").arg(object));
-        if (const QString warning = keyWarningText(keysRunningOut(session->dataJW().database()));
-            !warning.isEmpty())
-            printError(warning);
+        printFindings(check);
+        for (const QString& text :
+             {keyWarningText(keysRunningOut(session->dataJW().database())), mixedKeysText(check.mixedKeys)}) {
+            if (!text.isEmpty())
+                printError(text);
+        }
         if (!check.damage.isEmpty()) {
             printError(tr("The database is damaged: %1").arg(check.damage));
             return StoreDamaged;
         }
+        printLine(verdict(check));
     } catch (const StoreError& error) {
         printError(tr("The database is damaged: %1").arg(error.description()));
         return StoreDamaged;
     }
-    printLine(tr("The database is sound."));
     return Done;
 }
 

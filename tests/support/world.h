@@ -2,6 +2,7 @@
 #pragma once
 
 #include "store/engine/database.h"
+#include "store/engine/enginecall.h"
 #include "store/gateway/datajw.h"
 #include "store/session.h"
 #include "support/scriptedprompts.h"
@@ -71,7 +72,10 @@ public:
     explicit World(const QDateTime& now = QDateTime(QDate(2026, 11, 22), QTime(9, 30)))
         : m_now(now)
     {
-        Database::create(folder.path() + u"/Postledger.db");
+        const QString path = folder.path() + u"/Postledger.db";
+        Database::create(path);
+        // Contacts and documents have keys from 1 on here, so that tests can name them.
+        engine::execute(Database(path).handle(), "DELETE FROM sqlite_sequence WHERE seq = 10000");
         restart();
     }
 

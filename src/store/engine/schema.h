@@ -4,6 +4,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <array>
 #include <span>
 #include <vector>
 
@@ -36,6 +37,12 @@ struct Table
 inline constexpr int version = 1;
 /// Marks a file as this program's own (application_id): the letters "JWdb".
 inline constexpr int applicationId = 0x4A576462;
+
+/// The first key of a contact and of a document. These keys stand in lists, where an old one is replaced as
+/// text: among keys of five digits none is part of another.
+inline constexpr int firstListKey = 10001;
+/// The tables whose keys stand in lists.
+inline constexpr std::array listTables{"Contact", "Document"};
 
 /// All tables, shadow tables included.
 std::span<const Table> tables();

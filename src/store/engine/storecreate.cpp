@@ -44,6 +44,9 @@ void fill(sqlite3* connection)
     engine::execute(connection, "BEGIN");
     for (const QString& statement : schema::createStatements())
         engine::execute(connection, statement.toUtf8());
+    for (const char* const table : schema::listTables)
+        engine::execute(connection, QByteArray("INSERT INTO sqlite_sequence(name, seq) VALUES('") + table +
+                                        "', " + QByteArray::number(schema::firstListKey - 1) + ')');
     const engine::Statement insert = engine::prepare(
         connection,
         "INSERT INTO \"Status\"(\"StatusDescription\",\"StatusDate\",\"StatusValue\") VALUES(?1,?2,?3)");

@@ -1,5 +1,6 @@
 #include "store/files/storecheck.h"
 
+#include "base/text.h"
 #include "store/engine/database.h"
 #include "store/engine/enginecall.h"
 #include "store/engine/schema.h"
@@ -7,6 +8,7 @@
 #include "store/session.h"
 
 #include <QCoreApplication>
+#include <QSet>
 #include <QStringList>
 
 #include <sqlite3.h>
@@ -23,21 +25,32 @@ struct Reference
     const char* column;
     const char* target;
     const char* key;
-    bool isOwner = false; ///< a record of nobody is out of every screen's reach
+    enum Kind {
+        Plain,
+        Owner,   ///< a record of nobody is out of every screen's reach
+        Passing, ///< put right when its screen is opened
+    } kind = Plain;
 };
 
 constexpr Reference references[] = {
     {"Company", "AddressKey", "Address", "AddressKey"},
     {"Contact", "AddressKey", "Address", "AddressKey"},
-    {"Contact", "CompanyKey", "Company", "CompanyKey", true},
-    {"Position", "CompanyKey", "Company", "CompanyKey", true},
-    {"History", "ContactKey", "Contact", "ContactKey", true},
+    {"Contact", "CompanyKey", "Company", "CompanyKey", Reference::Owner},
+    {"Position", "CompanyKey", "Company", "CompanyKey", Reference::Owner},
+    {"History", "ContactKey", "Contact", "ContactKey", Reference::Owner},
     {"Event", "CompanyKey", "Company", "CompanyKey"},
     {"Event", "ContactKey", "Contact", "ContactKey"},
     {"Event", "PositionKey", "Position", "PositionKey"},
     {"CProfile", "CompanyKey", "Company", "CompanyKey"},
     {"JProfile", "PositionKey", "Position", "PositionKey"},
-    {"Target", "CompanyKey", "Company", "CompanyKey"},
+    {"Target", "CompanyKey", "Company", "CompanyKey", Reference::Passing},
+};
+
+/// The columns that hold key lists; the first table is the one with the column.
+constexpr Reference lists[] = {
+    {"Contact", "ContactList", "Contact", "ContactKey"},
+    {"Contact", "DocumentList", "Document", "ResumeKey"},
+    {"Position", "ContactList", "Contact", "ContactKey"},
 };
 
 /// Journals are never read through the gateway, so their keys may grow past what it can handle.
@@ -114,19 +127,69 @@ void checkReference(Database& database, const Reference& reference, StoreCheck& 
         if (rows > 0)
             list.push_back({table + u'.' + column, static_cast<int>(rows)});
     };
-    note(check.orphans, toNothing);
-    if (reference.isOwner)
+    note(reference.kind == Reference::Passing ? check.passing : check.orphans, toNothing);
+    if (reference.kind == Reference::Owner)
         note(check.unowned, u"ifnull(\"%1\", 0) = 0"_s.arg(column));
+}
+
+/// Calls @p use with each value that the statement gives, as text.
+template<class Use> void forEachValue(Database& database, const QString& sql, Use&& use)
+{
+    const engine::Statement query = engine::prepare(database.handle(), sql.toUtf8());
+    int code = sqlite3_step(query.get());
+    for (; code == SQLITE_ROW; code = sqlite3_step(query.get()))
+        use(QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(query.get(), 0))));
+    if (code != SQLITE_DONE)
+        throw engine::failure(database.handle());
+}
+
+void checkList(Database& database, const Reference& list, StoreCheck& check)
+{
+    const QString table = QString::fromLatin1(list.table);
+    const QString column = QString::fromLatin1(list.column);
+    QSet<QString> known;
+    forEachValue(database,
+                 u"SELECT \"%1\" FROM \"%2\""_s.arg(QLatin1String(list.key), QLatin1String(list.target)),
+                 [&](const QString& key) { known.insert(key); });
+    int lost = 0;
+    forEachValue(database, u"SELECT \"%1\" FROM \"%2\" WHERE \"%1\" > ''"_s.arg(column, table),
+                 [&](const QString& text) {
+                     const QStringList keys = text::csvParse(text);
+                     lost += static_cast<int>(std::ranges::count_if(
+                         keys, [&](const QString& key) { return !known.contains(key); }));
+                 });
+    if (lost > 0)
+        check.orphans.push_back({table + u'.' + column, lost});
+}
+
+/// Addresses that no company and no contact has.
+qint64 lonelyAddresses(Database& database)
+{
+    return countRows(database, u"Address",
+                     u"\"AddressKey\" NOT IN (SELECT ifnull(\"AddressKey\", 0) FROM \"Company\" UNION ALL "
+                     "SELECT ifnull(\"AddressKey\", 0) FROM \"Contact\")"_s);
+}
+
+QStringList tablesOfMixedKeys(Database& database)
+{
+    QStringList found;
+    for (const char* const table : schema::listTables) {
+        const QString key = keyColumn(*schema::findTable(QString::fromLatin1(table)));
+        const QString sql =
+            u"SELECT count(DISTINCT length(\"%1\")) FROM \"%2\""_s.arg(key, QLatin1String(table));
+        if (engine::value(database.handle(), sql.toUtf8()).toInt() > 1)
+            found.append(QLatin1String(table));
+    }
+    return found;
 }
 
 QStringList foreignObjects(Database& database)
 {
     QStringList found;
-    const engine::Statement query =
-        engine::prepare(database.handle(), "SELECT type || ' ' || name FROM sqlite_schema "
-                                           "WHERE type IN ('trigger', 'view') ORDER BY type, name");
-    while (sqlite3_step(query.get()) == SQLITE_ROW)
-        found.append(QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(query.get(), 0))));
+    forEachValue(database,
+                 u"SELECT type || ' ' || name FROM sqlite_schema WHERE type IN ('trigger', 'view') "
+                 "ORDER BY type, name"_s,
+                 [&](const QString& object) { found.append(object); });
     return found;
 }
 
@@ -140,6 +203,11 @@ StoreCheck checkStore(Database& database)
     check.keys = keyUse(database, 0);
     for (const Reference& reference : references)
         checkReference(database, reference, check);
+    for (const Reference& list : lists)
+        checkList(database, list, check);
+    if (const qint64 rows = lonelyAddresses(database); rows > 0)
+        check.unowned.push_back({u"Address.AddressKey"_s, static_cast<int>(rows)});
+    check.mixedKeys = tablesOfMixedKeys(database);
     check.foreign = foreignObjects(database);
     return check;
 }
@@ -159,6 +227,14 @@ qint64 highestKey(Database& database, const QString& table)
         "ifnull((SELECT max(CAST(seq AS INTEGER)) FROM sqlite_sequence WHERE name='%2'), 0))"_s.arg(
             key, known->name);
     return engine::value(database.handle(), sql.toUtf8()).toLongLong();
+}
+
+void setHighestKey(Database& database, const QString& table, qint64 key)
+{
+    engine::execute(database.handle(), u"DELETE FROM sqlite_sequence WHERE name='%1'; INSERT INTO "
+                                       "sqlite_sequence(name, seq) VALUES('%1', %2)"_s.arg(table)
+                                           .arg(key)
+                                           .toUtf8());
 }
 
 std::vector<KeyUse> keysRunningOut(Database& database)
@@ -208,7 +284,21 @@ QString keyWarningText(const std::vector<KeyUse>& keys)
                "StoreCheck",
                "The database is running out of keys (%1; the highest possible is %2). Nothing is "
                "lost yet. Please export the data soon (\"jobwright export restore.xml --restore\"), "
-               "and restore that file into a fresh folder, where keys begin at 1 again.")
+               "and restore that file into a fresh folder, where keys begin anew.")
         .arg(tables.join(QStringLiteral(", ")))
         .arg(keyLimit);
+}
+
+QString mixedKeysText(const QStringList& tables)
+{
+    if (tables.isEmpty())
+        return {};
+    return QCoreApplication::translate(
+               "StoreCheck",
+               "Keys in %1 have different lengths. When a record there is saved under a new key, lists that "
+               "hold "
+               "a longer key with the old one in it lose that link. To give all of them five digits, export "
+               "the data (\"jobwright export restore.xml --restore\") and restore that file into a new "
+               "folder.")
+        .arg(tables.join(QStringLiteral(", ")));
 }

@@ -16,7 +16,8 @@ struct KeyUse
     qint64 highest = 0;
 };
 
-/// Rows whose key points at no row. This is a normal state that every reader tolerates, and worth knowing.
+/// Rows, or items of key lists, whose key points at no row. This is a normal state that every reader
+/// tolerates, and worth knowing.
 struct OrphanCount
 {
     QString column; ///< "Contact.CompanyKey"
@@ -30,8 +31,13 @@ struct StoreCheck
     QString damage;
     std::vector<KeyUse> keys;
     std::vector<OrphanCount> orphans;
-    /// Contacts, positions and histories that name no owner: no screen comes by them.
+    /// Keys of that kind which are put right by themselves, a target's when the target list is opened.
+    std::vector<OrphanCount> passing;
+    /// Contacts, positions and histories that name no owner, and addresses that no company or contact has: no
+    /// screen comes by them.
     std::vector<OrphanCount> unowned;
+    /// Tables whose keys have different lengths although they stand in lists.
+    QStringList mixedKeys;
     /// Triggers and views, "trigger NAME": the program makes none, and none is ever run.
     QStringList foreign;
 };
@@ -45,6 +51,9 @@ StoreCheck checkStore(Database& database);
 
 /// The highest key that the table has given out or holds, whichever is more; 0 for a table without such keys.
 qint64 highestKey(Database& database, const QString& table);
+
+/// Makes the table number its next row above @p key, a key that it has not passed yet.
+void setHighestKey(Database& database, const QString& table, qint64 key);
 
 /// The tables whose keys have passed keyWarning; quick, for every start.
 std::vector<KeyUse> keysRunningOut(Database& database);
@@ -60,3 +69,6 @@ bool haveKeys(Session& session, const QStringList& tables);
 
 /// What to tell the user about them, and what to do; "" for none.
 QString keyWarningText(const std::vector<KeyUse>& keys);
+
+/// What keys of different lengths in these tables do, and the way out; "" for none.
+QString mixedKeysText(const QStringList& tables);

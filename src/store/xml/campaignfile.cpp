@@ -1,5 +1,6 @@
 #include "store/xml/campaignfile.h"
 
+#include "store/xml/filekeys.h"
 #include "store/xml/xmlwellformed.h"
 
 #include <QCoreApplication>
@@ -72,6 +73,7 @@ QString CampaignFile::load(const QString& path)
         refusal = checkShape(path);
     if (!refusal.isEmpty())
         return refusal;
+    tidyListKeys(*this);
     for (const pugi::xml_node& record : records("Address"))
         m_addresses.try_emplace(record.attribute("AddressKey").value(), record);
     m_contacts = index("Contact", "CompanyKey");
@@ -110,8 +112,7 @@ QString CampaignFile::checkShape(const QString& path)
         return say("The file %1 would replace the database and holds no table that Jobwright knows. It was "
                    "not read.")
             .arg(path);
-    const QString refusal = findDouble("Company", "CompanyKey");
-    return refusal.isEmpty() ? findDouble("Contact", "ContactKey") : refusal;
+    return {};
 }
 
 bool CampaignFile::readTable(pugi::xml_node data)
@@ -135,22 +136,6 @@ void CampaignFile::noteStray(const QString& place)
 {
     const bool isRoom = m_strays.size() < mostPlaces || m_strays.contains(place);
     ++m_strays[isRoom ? place : say("in still other places")];
-}
-
-// Contacts, positions and histories say by these keys whom they belong to; with a key given twice nobody can
-// tell.
-QString CampaignFile::findDouble(std::string_view table, const char* keyColumn) const
-{
-    std::unordered_set<std::string_view> seen;
-    for (const pugi::xml_node& record : records(table)) {
-        const pugi::xml_attribute attribute = record.attribute(keyColumn);
-        const std::string_view key = attribute.value();
-        if (attribute && !seen.insert(key).second)
-            return say("Two records of the table %1 have the same key \"%2\". The file was not read.")
-                .arg(QString::fromUtf8(table.data(), static_cast<qsizetype>(table.size())),
-                     QString::fromUtf8(key.data(), static_cast<qsizetype>(key.size())));
-    }
-    return {};
 }
 
 CampaignFile::Index CampaignFile::index(std::string_view table, const char* column) const

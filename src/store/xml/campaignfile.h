@@ -26,9 +26,9 @@ public:
                                                              "Position", "Question", "Target",  "UProfile"};
 
     /// Reads the file and checks all that can be known before a first row is written: that it is well-formed
-    /// XML of a sane size and encoding without a document type, that its root is the program's own, that a
-    /// file which replaces the store has a table to replace it with, and that no two companies or contacts
-    /// share a key. Answers "" or, in words for the user, why the file cannot be used.
+    /// XML of a sane size and encoding without a document type, that its root is the program's own, and that
+    /// a file which replaces the store has a table to replace it with. Keys that stand in lists are put in
+    /// order as tidyListKeys() says. Answers "" or, in words for the user, why the file cannot be used.
     [[nodiscard]] QString load(const QString& path);
 
     /// True when the file replaces the store's contents; otherwise it is merged into them.
@@ -56,7 +56,6 @@ private:
     /// Takes in what stands below a Data element; true when its table is a known one.
     [[nodiscard]] bool readTable(pugi::xml_node data);
     void noteStray(const QString& place);
-    [[nodiscard]] QString findDouble(std::string_view table, const char* keyColumn) const;
     [[nodiscard]] Index index(std::string_view table, const char* column) const;
 
     QByteArray m_bytes; // the document's texts lie in here

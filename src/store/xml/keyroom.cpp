@@ -1,5 +1,6 @@
 #include "store/xml/keyroom.h"
 
+#include "store/engine/schema.h"
 #include "store/files/storecheck.h"
 #include "store/gateway/datajw.h"
 #include "store/xml/campaignfile.h"
@@ -7,11 +8,14 @@
 #include <QCoreApplication>
 #include <QSet>
 
-#include <optional>
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+/// Records that share a key come in under each of their owners; no file of the program has any.
+constexpr qint64 longestWalk = 1'000'000;
 
 /// Keys that a table is to give out.
 struct Need
@@ -104,15 +108,29 @@ private:
     QSet<QString> m_documents;
 };
 
+/// What the walk from owner to owner meets: a record several times when records share its owner's key.
+struct WalkLength
+{
+    explicit WalkLength(const CampaignFile& file)
+    {
+        for (const pugi::xml_node& company : file.records("Company")) {
+            const std::string_view key = company.attribute("CompanyKey").value();
+            contacts += static_cast<qint64>(file.contactsOf(key).size());
+            positions += static_cast<qint64>(file.positionsOf(key).size());
+        }
+    }
+    qint64 contacts = 0;
+    qint64 positions = 0;
+};
+
 /// At most this many: every record is new.
-std::vector<Need> everyRecord(const CampaignFile& file)
+std::vector<Need> everyRecord(const CampaignFile& file, const WalkLength& walk)
 {
     const qint64 companies = rowsOf(file, "Company");
-    const qint64 contacts = rowsOf(file, "Contact");
-    return {{"Address", companies + contacts},
+    return {{"Address", companies + walk.contacts},
             {"Company", companies},
-            {"Contact", contacts},
-            {"Position", rowsOf(file, "Position")},
+            {"Contact", walk.contacts},
+            {"Position", walk.positions},
             {"Document", rowsOf(file, "Document")}};
 }
 
@@ -127,6 +145,21 @@ std::vector<Need> furtherTables(const CampaignFile& file)
     return needs;
 }
 
+/// The highest key that the program can work with among those of the file's records.
+qint64 highestListKey(const CampaignFile& file, std::string_view table)
+{
+    const QString column =
+        schema::findTable(QString::fromLatin1(table.data(), static_cast<qsizetype>(table.size())))
+            ->columns.front()
+            .name;
+    qint64 highest = 0;
+    for (const pugi::xml_node& record : file.records(table)) {
+        const qint64 key = record.attribute(column.toLatin1().constData()).as_llong();
+        highest = key > keyLimit ? highest : std::max(highest, key);
+    }
+    return highest;
+}
+
 QString refusal(const Need& need, qint64 used, bool isRestore)
 {
     const QString table = QString::fromLatin1(need.table);
@@ -139,7 +172,7 @@ QString refusal(const Need& need, qint64 used, bool isRestore)
     const QString advice =
         isRestore ? say("Restore the file into a new, empty folder instead.")
                   : say("Export the data with \"jobwright export restore.xml --restore\", restore that file "
-                        "into a new, empty folder, where keys begin at 1 again, and read this one there.");
+                        "into a new, empty folder, where keys begin anew, and read this one there.");
     return say("This database has given out %1 keys of the table %2 and has none left for %3 more "
                "records. Nothing was changed. ")
                .arg(QString::number(used), table, keys) +
@@ -156,13 +189,48 @@ QString firstRefusal(DataJW& data, const std::vector<Need>& needs, bool isRestor
     return {};
 }
 
+bool standsInLists(const Need& need)
+{
+    return std::ranges::find(schema::listTables, std::string_view(need.table)) != schema::listTables.end();
+}
+
+/// raiseKeys() when this much is needed.
+bool raise(DataJW& data, const CampaignFile& file, const std::vector<Need>& needs)
+{
+    std::vector<std::pair<QString, qint64>> raised;
+    for (const Need& need : needs) {
+        const QString table = QString::fromLatin1(need.table);
+        const qint64 used = highestKey(data.database(), table);
+        const qint64 highest = highestListKey(file, need.table);
+        if (!standsInLists(need) || need.keys == 0 || highest <= used)
+            continue;
+        if (highest + need.keys > keyLimit)
+            return false;
+        raised.emplace_back(table, highest);
+    }
+    for (const auto& [table, highest] : raised)
+        setHighestKey(data.database(), table, highest);
+    return true;
+}
+
 } // namespace
 
 QString checkKeys(DataJW& data, const CampaignFile& file)
 {
+    const WalkLength walk(file);
+    if (std::max(walk.contacts, walk.positions) > longestWalk)
+        return say(
+            "So many records of the file have the same keys that it would never come to an end. It was "
+            "not read.");
     const QString further = firstRefusal(data, furtherTables(file), file.isRestore());
-    if (!further.isEmpty() || firstRefusal(data, everyRecord(file), file.isRestore()).isEmpty())
+    if (!further.isEmpty() || firstRefusal(data, everyRecord(file, walk), file.isRestore()).isEmpty())
         return further;
     // Near the limit it is worth a look-up for each record, which costs as much as a part of the import.
     return firstRefusal(data, NewRecords(data, file).needs(), file.isRestore());
+}
+
+bool raiseKeys(DataJW& data, const CampaignFile& file)
+{
+    return raise(data, file, everyRecord(file, WalkLength(file))) ||
+           raise(data, file, NewRecords(data, file).needs());
 }

@@ -12,3 +12,8 @@ class DataJW;
 /// looks them up. Answers "" when the keys will do, else the reason for the user; throws StoreError when the
 /// store cannot be read.
 [[nodiscard]] QString checkKeys(DataJW& data, const CampaignFile& file);
+
+/// Lets contacts and documents that come in have keys above all that the file has for them, so that no new
+/// key equals an old one that lists still hold. False, with nothing changed, when there are not enough keys
+/// for that. Throws StoreError.
+[[nodiscard]] bool raiseKeys(DataJW& data, const CampaignFile& file);

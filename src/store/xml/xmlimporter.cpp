@@ -88,6 +88,7 @@ void XmlImport::run()
     renewLists();
     countOrphans();
     countStrays();
+    nameMissingAddresses();
     show(u"Import Complete"_s);
     if (m_file.isRestore())
         readFurtherTables();
@@ -108,7 +109,7 @@ void XmlImport::readCompany(pugi::xml_node record)
     tick();
     if (key == 0) {
         const QString shortName = company.text("ShortName");
-        const Key address = storeAddress(company.raw("AddressKey"), u"Address Key: "_s);
+        const Key address = storeAddress(company.raw("AddressKey"), name, u"Address Key: "_s);
         InsertText insert(u"Insert into Company(");
         insert.add("Name", name).add("ShortName", shortName).add("AddressKey", QString::number(address));
         key = storeKeyed(insert.add(company, companyColumns), u"Company"_s, u"CompanyKey"_s);
@@ -122,11 +123,14 @@ void XmlImport::readCompany(pugi::xml_node record)
         readPosition(position, name, key);
 }
 
-Key XmlImport::storeAddress(std::string_view key, const QString& status)
+Key XmlImport::storeAddress(std::string_view key, const QString& owner, const QString& status)
 {
     // A key that leads to no address is a normal state; the owner then gets an empty one, as every owner has
     // its own.
-    RecordReader address(m_file.address(key));
+    const pugi::xml_node record = m_file.address(key);
+    if (!record && !key.empty() && key != "0")
+        m_withoutAddress.append(owner);
+    RecordReader address(record);
     InsertText insert(u"Insert into Address(");
     insert.add(address, addressColumns).add("Country", u"USA").add(address, reachColumns);
     insert.add("URl2", address.text("URL2"))
@@ -154,7 +158,8 @@ void XmlImport::readContact(pugi::xml_node record, const QString& company, Key c
         return;
     }
     const QString title = contact.text("Title");
-    const Key address = storeAddress(contact.raw("AddressKey"), u"Contact Address Key: "_s);
+    const Key address =
+        storeAddress(contact.raw("AddressKey"), first + u' ' + last, u"Contact Address Key: "_s);
     InsertText insert(u"Insert into Contact(");
     insert.add("FirstName", first).add("Middle", middle).add("LastName", last).add("Title", title);
     insert.add("AddressKey", QString::number(address)).add(contact, contactColumns);
@@ -275,6 +280,20 @@ void XmlImport::countStrays()
                             .arg(place),
                         1);
     }
+}
+
+void XmlImport::nameMissingAddresses()
+{
+    constexpr qsizetype named = 20;
+    if (m_withoutAddress.isEmpty())
+        return;
+    m_data.logError(QCoreApplication::translate(
+                        "XmlImport",
+                        "DataJW-ImportXML: %1 records name an address that the file does not have, and "
+                        "got an empty one. The first are: %2")
+                        .arg(QString::number(m_withoutAddress.size()),
+                             m_withoutAddress.first(qMin(named, m_withoutAddress.size())).join(u"; "_s)),
+                    1);
 }
 
 // In a merge a name that is known is what the user wants. A restore begins with empty tables: there the name

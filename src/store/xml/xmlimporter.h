@@ -5,6 +5,8 @@
 #include "store/xml/campaignfile.h"
 #include "store/xml/xmlrecord.h"
 
+#include <QStringList>
+
 #include <initializer_list>
 #include <span>
 #include <string_view>
@@ -51,6 +53,8 @@ public:
     void run();
     /// Records that did not come in.
     [[nodiscard]] int lost() const { return m_lost; }
+    /// Companies and contacts that name an address which the file does not have; each got an empty one.
+    [[nodiscard]] int withoutAddress() const { return static_cast<int>(m_withoutAddress.size()); }
 
 private:
     void deleteRows(std::initializer_list<QStringView> tables);
@@ -69,7 +73,9 @@ private:
     void readEvents();
     void readUProfiles();
 
-    Key storeAddress(std::string_view key, const QString& status);
+    /// @p owner is for the log.
+    Key storeAddress(std::string_view key, const QString& owner, const QString& status);
+    void nameMissingAddresses();
     /// Runs a row's INSERT; a failure is logged by the gateway, counted here, and the walk goes on.
     bool store(const InsertText& insert);
     Key storeKeyed(const InsertText& insert, const QString& table, const QString& keyField);
@@ -83,6 +89,7 @@ private:
     KeyPairs m_contacts;
     KeyPairs m_positions;
     std::vector<std::pair<Key, Key>> m_documents; ///< new and old
+    QStringList m_withoutAddress;                 ///< names of their owners
     int m_done = 0;
     int m_total = 0;
     int m_lost = 0;

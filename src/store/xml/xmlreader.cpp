@@ -57,23 +57,56 @@ private:
     QByteArray m_before;
 };
 
-/// The walk in one action. Whatever stops it, what was read before stays. True when all of it was reached and
-/// is on the disk; @p lost are the records that did not come in.
-bool walk(Session& session, const CampaignFile& file, int& lost, QString& stopped)
+/// What became of a walk.
+struct Outcome
+{
+    bool saved = false; ///< it is on the disk
+    QString stopped;    ///< why it did not come to its end; "" when it did
+    int lost = 0;       ///< records that did not come in
+    int withoutAddress = 0;
+};
+
+/// The walk in one action. Whatever stops it, what was read before stays.
+Outcome walk(Session& session, const CampaignFile& file)
 {
     const WideCache cache(session.dataJW().database());
     Action action(session.dataJW());
+    if (!raiseKeys(session.dataJW(), file))
+        report(session,
+               say("The keys of the contacts in the file are too high to keep new ones apart from "
+                   "them. Links between contacts, and from positions to contacts, may come in wrong."));
     XmlImport import(session, file);
+    Outcome outcome;
     try {
         // One message at the end instead of a box for each record. The commit's own failure is to be seen.
         const Session::QuietReports quiet(session);
         import.run();
     } catch (const ImportStopped& stop) {
-        stopped = stop.reason();
+        outcome.stopped = stop.reason();
         session.setStatusLine(say("Import stopped"));
     }
-    lost = import.lost();
-    return action.commit();
+    outcome.lost = import.lost();
+    outcome.withoutAddress = import.withoutAddress();
+    outcome.saved = action.commit();
+    return outcome;
+}
+
+/// What the user has to know about a walk that came to its end; "" when all is well.
+QString remarks(const Outcome& outcome)
+{
+    const auto count = [](int number, const char* one, const char* several) {
+        return number == 0 ? QString()
+                           : say(number == 1 ? one : several).replace(u"%1"_s, QString::number(number));
+    };
+    QStringList sentences{count(outcome.lost, "One record of the file did not come in.",
+                                "%1 records of the file did not come in."),
+                          count(outcome.withoutAddress,
+                                "One record names an address that the file does not have.",
+                                "%1 records name addresses that the file does not have.")};
+    sentences.removeAll(QString());
+    if (!sentences.isEmpty())
+        sentences.append(say("The file ErrorLog.txt says more."));
+    return sentences.join(u' ');
 }
 
 void readChecked(Session& session, const QString& path)
@@ -86,18 +119,15 @@ void readChecked(Session& session, const QString& path)
     if (file.isRestore() && !copyBefore(session, u"restore"_s))
         return;
     const BusyScope busy(session);
-    int lost = 0;
-    QString stopped;
-    if (!walk(session, file, lost, stopped))
+    const Outcome outcome = walk(session, file);
+    if (!outcome.saved)
         session.setStatusLine(say("Import stopped"));
-    else if (!stopped.isEmpty())
-        report(session,
-               say("The import stopped: %1 What was read before it is in the database.").arg(stopped));
-    else if (lost > 0)
-        session.msgBox(say(lost == 1
-                               ? "One record of the file did not come in. The file ErrorLog.txt says why."
-                               : "%1 records of the file did not come in. The file ErrorLog.txt says why.")
-                           .replace(u"%1"_s, QString::number(lost)));
+    else if (!outcome.stopped.isEmpty())
+        report(
+            session,
+            say("The import stopped: %1 What was read before it is in the database.").arg(outcome.stopped));
+    else if (const QString text = remarks(outcome); !text.isEmpty())
+        session.msgBox(text);
 }
 
 } // namespace

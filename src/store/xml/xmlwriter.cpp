@@ -1,18 +1,19 @@
 #include "store/xml/xmlwriter.h"
 
 #include "base/text.h"
+#include "base/wholefile.h"
 #include "store/gateway/datajw.h"
 #include "store/session.h"
 #include "store/xml/campaignfile.h"
+#include "store/xml/exporttarget.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
-#include <QFileInfo>
+#include <QHash>
 #include <QSaveFile>
+#include <QSet>
 #include <QStringDecoder>
-
-#include <pugixml.hpp>
 
 #include <algorithm>
 #include <vector>
@@ -28,17 +29,13 @@ namespace {
 /// The bar's steps for one table; the rows of all tables together are not known before the last is read.
 constexpr int stepsPerTable = 100;
 
-/// Collects what pugixml prints and hands it to the file in large pieces.
-class FileWriter : public pugi::xml_writer
+/// Collects the document's pieces and hands them to the file in large ones.
+class FileWriter
 {
 public:
     explicit FileWriter(QSaveFile& file)
         : m_file(file)
     {
-    }
-    void write(const void* data, size_t size) override
-    {
-        add({static_cast<const char*>(data), static_cast<qsizetype>(size)});
     }
     void add(QByteArrayView piece)
     {
@@ -46,60 +43,158 @@ public:
         if (m_pending.size() >= 1 << 20)
             flush();
     }
+    /// Adds an attribute's value. Characters that XML cannot hold are left out: one of them, out of a pasted
+    /// text, would make the whole file unreadable.
+    void addValue(QStringView value)
+    {
+        constexpr qsizetype longestEscape = 6;
+        const qsizetype before = m_pending.size();
+        m_pending.resize(before + longestEscape * value.size());
+        char* const begin = m_pending.data();
+        m_pending.resize(escape(value, begin + before) - begin);
+    }
     bool flush()
     {
-        m_sound = m_sound && m_file.write(m_pending) == m_pending.size();
-        m_pending.clear();
+        m_sound = m_sound && writeAll(m_file, m_pending);
+        m_pending.resize(0);
         return m_sound;
     }
+    /// False once the file has not taken something: going on would be of no use.
+    [[nodiscard]] bool isSound() const { return m_sound; }
 
 private:
+    static char* escape(QStringView value, char* out);
+
     QSaveFile& m_file;
     QByteArray m_pending;
     bool m_sound = true;
 };
 
-bool isXmlCharacter(QChar c)
+char* put(char* out, std::string_view text)
 {
-    const char16_t unit = c.unicode();
-    return (unit >= 0x20 && unit < 0xFFFE) || unit == u'\t' || unit == u'\n' || unit == u'\r';
+    return std::copy(text.begin(), text.end(), out);
 }
 
-/// A pasted text may hold control characters; one of them would make the whole file unreadable.
-QByteArray xmlText(QString value)
+/// A character beyond ASCII as UTF-8.
+char* putWide(char* out, char32_t c)
 {
-    if (!std::all_of(value.cbegin(), value.cend(), isXmlCharacter))
-        value.removeIf([](QChar c) { return !isXmlCharacter(c); });
-    return value.toUtf8();
+    const auto rest = [&](int shift) { *out++ = static_cast<char>(0x80 | ((c >> shift) & 0x3F)); };
+    if (c < 0x800) {
+        *out++ = static_cast<char>(0xC0 | (c >> 6));
+    } else if (c < 0x10000) {
+        *out++ = static_cast<char>(0xE0 | (c >> 12));
+        rest(6);
+    } else {
+        *out++ = static_cast<char>(0xF0 | (c >> 18));
+        rest(12);
+        rest(6);
+    }
+    rest(0);
+    return out;
 }
 
-/// One record element that is filled anew for each row: the document never stands in memory as a whole.
-class RecordElement
+/// An ASCII character that cannot stand in a value as it is.
+char* putSpecial(char* out, char16_t c)
+{
+    switch (c) {
+    case u'&':
+        return put(out, "&amp;");
+    case u'<':
+        return put(out, "&lt;");
+    case u'>':
+        return put(out, "&gt;");
+    case u'"':
+        return put(out, "&quot;");
+    case u'\t':
+        return put(out, "&#09;");
+    case u'\n':
+        return put(out, "&#10;");
+    case u'\r':
+        return put(out, "&#13;");
+    default:
+        return out;
+    }
+}
+
+bool isPlain(char16_t c)
+{
+    return c >= 0x20 && c < 0x80 && c != u'&' && c != u'<' && c != u'>' && c != u'"';
+}
+
+char* FileWriter::escape(QStringView value, char* out)
+{
+    const char16_t* at = value.utf16();
+    const char16_t* const end = at + value.size();
+    while (at < end) {
+        const char16_t c = *at++;
+        if (isPlain(c))
+            *out++ = static_cast<char>(c);
+        else if (c < 0x80)
+            out = putSpecial(out, c);
+        else if (QChar::isHighSurrogate(c) && at < end && QChar::isLowSurrogate(*at))
+            out = putWide(out, QChar::surrogateToUcs4(c, *at++));
+        else if (c < 0xFFFE)
+            out = putWide(out, QChar::isSurrogate(c) ? u'\uFFFD' : c);
+    }
+    return out;
+}
+
+using Keys = QSet<QString>;
+
+/// The keys that items of lists may name, by the lists' columns.
+using ListKeys = QHash<QString, Keys>;
+
+/// False when a table could not be read.
+bool readKeys(Session& session, const QString& table, const QString& column, Keys& keys)
+{
+    RecordSet rows = session.dataJW().getExecQueryRecords(u"Select "_s + column + u" from " + table);
+    for (; !rows.atEnd(); rows.next())
+        keys.insert(rows.text(0));
+    return !rows.isNothing();
+}
+
+/// The list without keys that name nobody: in another store they would come to name somebody.
+QString knownOf(const QString& list, const Keys& known)
+{
+    QStringList keys = text::csvParse(list);
+    const bool changed = keys.removeIf([&](const QString& key) { return !known.contains(key); }) > 0;
+    return changed ? keys.join(u',') : list;
+}
+
+/// The records of a table with the same pieces between their values. From row to row the document never
+/// stands in memory as a whole.
+class RecordWriter
 {
 public:
-    explicit RecordElement(const QStringList& columns)
-        : m_record(m_document.append_child("Record"))
+    RecordWriter(const QStringList& columns, const ListKeys& lists)
     {
-        for (const QString& column : columns)
-            m_attributes.push_back(m_record.append_attribute(column.toUtf8().constData()));
+        for (const QString& column : columns) {
+            m_openings.append((m_openings.isEmpty() ? "    <Record " : "\" ") + column.toUtf8() + "=\"");
+            const auto known = lists.constFind(column);
+            m_known.push_back(known == lists.cend() ? nullptr : &*known);
+        }
     }
-    void print(const RecordSet& row, pugi::xml_writer& writer)
+    void write(const RecordSet& row, FileWriter& writer) const
     {
-        for (size_t i = 0; i < m_attributes.size(); ++i)
-            m_attributes[i].set_value(xmlText(row.text(static_cast<int>(i))).constData());
-        m_record.print(writer, "  ", pugi::format_default, pugi::encoding_utf8, 2);
+        for (qsizetype i = 0; i < m_openings.size(); ++i) {
+            const QString text = row.text(static_cast<int>(i));
+            const Keys* const known = m_known[static_cast<size_t>(i)];
+            writer.add(m_openings[i]);
+            writer.addValue(known && !text.isEmpty() ? knownOf(text, *known) : text);
+        }
+        writer.add("\" />\n");
     }
 
 private:
-    pugi::xml_document m_document;
-    pugi::xml_node m_record;
-    std::vector<pugi::xml_attribute> m_attributes;
+    QByteArrayList m_openings; ///< what stands before each value
+    std::vector<const Keys*> m_known;
 };
 
-bool writeTable(Session& session, FileWriter& writer, std::string_view name, int tablesDone)
+bool writeTable(Session& session, FileWriter& writer, std::string_view name, const ListKeys& lists,
+                int tablesDone)
 {
     const QString table = QString::fromLatin1(name.data(), static_cast<qsizetype>(name.size()));
-    RecordElement record(session.dataJW().getFields(table));
+    const RecordWriter record(session.dataJW().getFields(table), lists);
     RecordSet rows = session.dataJW().getExecQueryRecords(u"Select * from "_s + table);
     if (rows.isNothing())
         return false;
@@ -107,8 +202,8 @@ bool writeTable(Session& session, FileWriter& writer, std::string_view name, int
     writer.add(opening);
     const int total = stepsPerTable * static_cast<int>(CampaignFile::tables.size());
     int step = -1;
-    for (int row = 0; !rows.atEnd(); rows.next(), ++row) {
-        record.print(rows, writer);
+    for (int row = 0; !rows.atEnd() && writer.isSound(); rows.next(), ++row) {
+        record.write(rows, writer);
         const int reached = static_cast<int>(qint64{stepsPerTable} * row / rows.rowCount());
         if (std::exchange(step, reached) != reached)
             emit session.progressChanged(tablesDone * stepsPerTable + reached, total);
@@ -119,19 +214,23 @@ bool writeTable(Session& session, FileWriter& writer, std::string_view name, int
     return true;
 }
 
-bool writeDocument(Session& session, QSaveFile& file, bool restore)
+/// False when a table could not be read; the gateway has told the user which one.
+bool writeDocument(Session& session, FileWriter& writer, bool restore)
 {
-    FileWriter writer(file);
+    ListKeys lists;
+    if (!readKeys(session, u"Contact"_s, u"ContactKey"_s, lists[u"ContactList"_s]) ||
+        !readKeys(session, u"Document"_s, u"ResumeKey"_s, lists[u"DocumentList"_s]))
+        return false;
     writer.add("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n");
     writer.add(restore ? "<Jobwright Restore=\"1\">\n" : "<Jobwright>\n");
     int done = 0;
     for (const std::string_view table : CampaignFile::tables) {
-        // A table that cannot be read is logged and shown by the gateway; half a backup is none.
-        if (!writeTable(session, writer, table, done++))
+        // Half a backup is none.
+        if (!writeTable(session, writer, table, lists, done++))
             return false;
     }
     writer.add("</Jobwright>\n");
-    return writer.flush();
+    return true;
 }
 
 /// Gives back what the rows of the tables took; the allocator would keep it beside the document's text.
@@ -156,102 +255,28 @@ QString readText(const QString& path)
     return text;
 }
 
-/// The file that a path stands for, all links followed; "" when a link leads nowhere.
-QString realPath(const QString& path)
-{
-    const QFileInfo target(path);
-    if (target.exists())
-        return target.canonicalFilePath();
-    if (target.isSymLink())
-        return {};
-    const QString folder = QFileInfo(target.absolutePath()).canonicalFilePath();
-    return folder.isEmpty() ? path : QDir(folder).filePath(target.fileName());
-}
-
-bool isInFolder(const Session& session, const QString& real)
-{
-    return QFileInfo(real).absolutePath() == QFileInfo(session.folder()).canonicalFilePath();
-}
-
-/// True for the databases of this and of other campaigns with what the engine keeps beside them, for this
-/// one's copies, logs and settings.
-bool isOwnFile(const Session& session, const QString& real)
-{
-    const QString name = QFileInfo(real).fileName();
-    const QString database = QFileInfo(session.databasePath()).canonicalFilePath();
-    for (const QStringView ending : {u"", u"-journal", u"-wal", u"-shm"}) {
-        if (name.compare(QString(u"Postledger.db" + ending), Qt::CaseInsensitive) == 0 ||
-            (!database.isEmpty() && real == QString(database + ending)))
-            return true;
-    }
-    const QString copies = QFileInfo(session.file(u"backups"_s)).canonicalFilePath();
-    if (!copies.isEmpty() && real.startsWith(QString(copies + u'/')))
-        return true;
-    static const QStringList own{u"ErrorLog.txt"_s, u"OpLog.txt"_s, u"settings.ini"_s, u"jobwright.lock"_s};
-    return own.contains(name, Qt::CaseInsensitive) && isInFolder(session, real);
-}
-
-/// True for the files that are the program's to write: a restore file that the user has agreed to replace is
-/// replaced, also when a crash has made rubbish of it.
-bool isToBeReplaced(const Session& session, const QString& real)
-{
-    const QString name = QFileInfo(real).fileName();
-    return (name == u"restore.xml" || name == u"backup.xml") && isInFolder(session, real);
-}
-
-/// False for a file with anything in it that does not begin as XML does.
-bool mayBeXml(const QString& path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return false;
-    QByteArray start = file.read(4096);
-    if (start.startsWith("\xEF\xBB\xBF"))
-        start.remove(0, 3);
-    return start.isEmpty() || start.trimmed().startsWith('<');
-}
-
-/// Why nothing may be written to this file; "" when it may. Its name is the user's (a setting, an argument),
-/// and writing replaces what is there: never one of the program's own files, nor anything else but XML.
-QString refusalOf(const Session& session, const QString& real)
-{
-    if (real.isEmpty())
-        return QCoreApplication::translate("XmlExport", "it is a link that leads nowhere");
-    const QFileInfo target(real);
-    if (target.exists() && !target.isFile())
-        return QCoreApplication::translate("XmlExport", "it is no plain file");
-    if (isOwnFile(session, real))
-        return QCoreApplication::translate("XmlExport", "it is one of the program's own files");
-    if (target.exists() && !isToBeReplaced(session, real) && !mayBeXml(real))
-        return QCoreApplication::translate(
-            "XmlExport",
-            "it exists already and is no XML file, so it is left as it is; please choose another "
-            "name");
-    return {};
-}
-
 } // namespace
 
 QString xmlexport::write(Session& session, const QString& file, bool restore)
 {
     const QString path = QDir::isAbsolutePath(file) ? file : session.folder() + u'/' + file;
-    const QString real = realPath(path);
-    if (const QString refusal = refusalOf(session, real); !refusal.isEmpty()) {
+    const QString real = exporttarget::realPath(path);
+    const auto refuse = [&](const QString& reason) {
         session.logError(u"DataJW-CreateXML"_s + text::crlf +
                          QCoreApplication::translate("XmlExport", "The file %1 could not be written: %2")
-                             .arg(path, refusal));
-        return {};
-    }
+                             .arg(path, reason));
+        return QString();
+    };
+    if (const QString refusal = exporttarget::refusal(session, real); !refusal.isEmpty())
+        return refuse(refusal);
     QSaveFile target(real);
-    const bool opened = target.open(QIODevice::WriteOnly);
-    if (opened && writeDocument(session, target, restore) && target.commit()) {
-        releaseRows();
-        return readText(path);
-    }
-    // A table that could not be read has been told already, and left the file in order.
-    if (!opened || target.error() != QFileDevice::NoError)
-        session.logError(u"DataJW-CreateXML"_s + text::crlf +
-                         QCoreApplication::translate("XmlExport", "The file %1 could not be written: %2")
-                             .arg(path, target.errorString()));
-    return {};
+    if (!target.open(QIODevice::WriteOnly))
+        return refuse(target.errorString());
+    FileWriter writer(target);
+    if (!writeDocument(session, writer, restore))
+        return {};
+    if (!writer.flush() || !target.commit())
+        return refuse(target.errorString());
+    releaseRows();
+    return readText(path);
 }
