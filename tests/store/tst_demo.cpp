@@ -1,12 +1,44 @@
 // The demo campaign: laid into a fresh store on any day, complete and with its days where they belong.
 #include "base/dates.h"
+#include "base/text.h"
 #include "store/campaignfile.h"
 #include "store/files/demo.h"
+#include "store/files/storecheck.h"
+#include "store/xml/campaignfile.h"
 #include "support/runtest.h"
 
 using namespace Qt::StringLiterals;
 
 static const QString delivered = QStringLiteral(JOBWRIGHT_SOURCE_DIR "/data/demo/campaign.xml");
+
+namespace {
+
+/// The links in a campaign's file by names: "Ann Lee > Bo New", "Planner > Ann Lee".
+QStringList links(const QString& path)
+{
+    CampaignFile file;
+    if (const QString refusal = file.load(path); !refusal.isEmpty())
+        return {refusal};
+    const auto value = [](pugi::xml_node record, const char* column) {
+        return QString::fromUtf8(record.attribute(column).value());
+    };
+    QHash<QString, QString> names;
+    for (const pugi::xml_node& contact : file.records("Contact"))
+        names.insert(value(contact, "ContactKey"),
+                     value(contact, "FirstName") + u' ' + value(contact, "LastName"));
+    QStringList found;
+    for (const char* const table : {"Contact", "Position"}) {
+        for (const pugi::xml_node& record : file.records(table)) {
+            const QString own = names.value(value(record, "ContactKey"), value(record, "Title"));
+            for (const QString& key : text::csvParse(value(record, "ContactList")))
+                found.append(own + u" > " + names.value(key));
+        }
+    }
+    found.sort();
+    return found;
+}
+
+} // namespace
 
 class TestDemo : public QObject
 {
@@ -50,6 +82,19 @@ private slots:
         // A step that is not done stays not done, a position without end stays so.
         QCOMPARE(world.cells(u"Select Hired,Expires from Position where Title='First Planner'"_s),
                  u"12/31/1999|12/31/1999"_s);
+    }
+
+    void restoreKeepsEveryLink()
+    {
+        World world;
+        const QStringList all = links(delivered);
+        QVERIFY(all.size() > 50);
+        for (int times = 0; times < 3; ++times) { // into a fresh store, then into a used one
+            world.data().importXML(delivered);
+            QVERIFY(!world.data().createXML(u"out.xml"_s, true).isEmpty());
+            QCOMPARE(links(world.session->file(u"out.xml"_s)), all);
+            QCOMPARE(checkStore(world.data().database()).mixedKeys, QStringList());
+        }
     }
 
     void usedStoreIsLeftAlone()

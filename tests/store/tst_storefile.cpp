@@ -127,8 +127,14 @@ private slots:
                {"a key below all", "INSERT INTO Event(EventKey) VALUES(-1)",
                 "1 records of Event stand under keys outside of 1 to 32767, where the program cannot reach "
                 "them"},
-               {"a company below all", "INSERT INTO Target(CompanyKey) VALUES(-5)",
-                "points nowhere Target.CompanyKey 1"},
+               {"a target's company is no loss", "INSERT INTO Target(CompanyKey) VALUES(-5)",
+                "passing Target.CompanyKey 1"},
+               {"keys in lists",
+                "INSERT INTO Company(CompanyKey) VALUES(1); INSERT INTO Contact(ContactKey, CompanyKey, "
+                "ContactList, DocumentList) VALUES(2, 1, '2,,3', '2'), (30, 1, '30,4', '')",
+                "points nowhere Contact.ContactList 2|points nowhere Contact.DocumentList 1|mixed Contact"},
+               {"an address of nobody", "INSERT INTO Address(City) VALUES('Oslo')",
+                "nobody's Address.AddressKey 1"},
                {"no owner",
                 "INSERT INTO Contact(CompanyKey) VALUES(0); INSERT INTO History(HistoryKey) VALUES('1')",
                 "nobody's Contact.CompanyKey 1|nobody's History.ContactKey 1"},
@@ -149,6 +155,10 @@ private slots:
             all.append(u"points nowhere %1 %2"_s.arg(orphan.column).arg(orphan.rows));
         for (const OrphanCount& orphan : check.unowned)
             all.append(u"nobody's %1 %2"_s.arg(orphan.column).arg(orphan.rows));
+        for (const OrphanCount& orphan : check.passing)
+            all.append(u"passing %1 %2"_s.arg(orphan.column).arg(orphan.rows));
+        for (const QString& name : check.mixedKeys)
+            all.append(u"mixed "_s + name);
         all += check.foreign;
         all.removeAll(QString());
         QCOMPARE(all.join(u'|'), found);
@@ -188,13 +198,17 @@ private slots:
     {
         World world;
         const QString failure = copyTo(world.data().database(), world.folder.path() + u"/nowhere/copy.db");
-        QVERIFY2(failure.contains(u"/nowhere/copy.db.part cannot be opened: No such file"_s),
-                 qPrintable(failure));
+        QVERIFY2(failure.contains(u"/nowhere/copy.db.part cannot be opened: No such file"_s), qPrintable(failure));
     }
 
     void newStoreHasEverySettingOnce()
     {
         World world;
+        const QString path = world.folder.filePath(u"new.db"_s);
+        Database::create(path);
+        QCOMPARE(engine::value(Database(path).handle(), "SELECT sum(seq) FROM sqlite_sequence WHERE name IN "
+                                                        "('Contact', 'Document')"),
+                 u"20000"_s);
         QStringList names = world.cells(u"Select StatusDescription from Status"_s).split(u';');
         QCOMPARE(names.removeDuplicates(), 0);
         const QString settings = u"TimeDelta DateDelta TimeFreq Autosave ScreenGraphics ExecutionLog "

@@ -17,20 +17,21 @@ XmlText smallCampaign(bool restore)
                            "Notes='a&#13;&#10;b' EntryDate='1/2/2026'"_s);
     file.add(
         u"Contact"_s,
-        u"ContactKey='60' FirstName='Ann' Middle='B' LastName='Lee' Title='Chief' AddressKey='72' "
+        u"ContactKey='10060' FirstName='Ann' Middle='B' LastName='Lee' Title='Chief' AddressKey='72' "
         "Department='D' ReportsTo='R' HiringMgr='100000000' BestMedium='01000000' ContactTime='8' Notes='n' "
         "LastContact='2/3/2026' EventKey='9' DocumentList='4' CompanyKey='50' ContactLevel='37' "
         "EntryDate='1/5/2026'"_s);
-    file.add(u"History"_s,
-             u"HistoryKey='60-3' ContactKey='60' ContactCount='3' Medium='Phone' Length='5 min' Topic='t' "
-             u"Details='d' "
-             "Location='l' Return='Other' NextCall='5/6/2026' ContactDate='4/5/2026' DocumentXfer='1'"_s);
+    file.add(
+        u"History"_s,
+        u"HistoryKey='10060-3' ContactKey='10060' ContactCount='3' Medium='Phone' Length='5 min' Topic='t' "
+        u"Details='d' "
+        "Location='l' Return='Other' NextCall='5/6/2026' ContactDate='4/5/2026' DocumentXfer='1'"_s);
     file.add(
         u"Position"_s,
         u"PositionKey='80' Title='Planner' EntryDate='1/6/2026' Keyword='k' CompanyResearch='1/7/2026' "
-        "CompanyResearchMedium='5' OfferStatus='Open' ContactList='60' CompanyKey='50' Expires='12/1/2026'"_s);
+        "CompanyResearchMedium='5' OfferStatus='Open' ContactList='10060' CompanyKey='50' Expires='12/1/2026'"_s);
     file.add(u"Document"_s,
-             u"ResumeKey='90' Document='Resume' Version='2' Target='T' Sent='7' "
+             u"ResumeKey='10090' Document='Resume' Version='2' Target='T' Sent='7' "
              "CreationDate='2/2/2026' Style='100000000000' Notes='n' Path='p' Type='Resume'"_s);
     return file;
 }
@@ -68,12 +69,12 @@ private slots:
                  "CompanyKey='50'"_s);
         file.add(u"Question"_s, u"QKey='44' Question='Q?' AnswerCount='2' AnswerPref='1' Answers='#a#b#' "
                                 "AnswerType='M' ProfileType='0'"_s);
-        file.add(
-            u"Event"_s,
-            u"EventKey='3' Event='Interview' EventDate='12/31/1999' EventTime='9:00' EventDuration='1' "
-            u"AMPM='AM' "
-            "Reminder1='24' Reminder2='0' Description='d' PositionKey='80' ContactKey='60' CompanyKey='50' "
-            "Medium='Phone' EventType='Task' Complete='Complete'"_s);
+        file.add(u"Event"_s,
+                 u"EventKey='3' Event='Interview' EventDate='12/31/1999' EventTime='9:00' EventDuration='1' "
+                 u"AMPM='AM' "
+                 "Reminder1='24' Reminder2='0' Description='d' PositionKey='80' ContactKey='10060' "
+                 "CompanyKey='50' "
+                 "Medium='Phone' EventType='Task' Complete='Complete'"_s);
         file.add(u"Target"_s, u"TargetKey='8' Name='Acme' InDB='Yes' Rank='4' TargetURL='u' CompanyKey='50' "
                               "EntryDate='1/1/2026'"_s);
         file.add(u"UProfile"_s, u"UProfileKey='6' Title='T' Index='Index' ExperienceTime='0' Subtitle='S'"_s);
@@ -85,17 +86,18 @@ private slots:
                   u"1 Mill St|USA|b|3/4/2026;|USA||3/5/2026"_s},
                  {u"* from Company"_s, u"2|Acme|AC|1|Steel|a\r\nb|1/2/2026"_s},
                  {u"* from Contact"_s,
-                  u"2|Ann|B|Lee|Chief|2|D|R|100000000|01000000|8|n|2/3/2026|0|||2|0|1/5/2026"_s},
-                 {u"* from History"_s, u"2-3|2|3|Phone|5 min|t|d|l|Other|5/6/2026|4/5/2026|1"_s},
+                  u"10061|Ann|B|Lee|Chief|2|D|R|100000000|01000000|8|n|2/3/2026|0|||2|0|1/5/2026"_s},
+                 {u"* from History"_s, u"10061-3|10061|3|Phone|5 min|t|d|l|Other|5/6/2026|4/5/2026|1"_s},
                  {u"Title,EntryDate,Keyword,CompanyResearch,CompanyResearchMedium,OfferStatus,ContactList,"
                   u"CompanyKey,"
                   "Expires from Position"_s,
-                  u"Planner|1/6/2026|k|1/7/2026|5|Open|2|2|12/1/2026"_s},
-                 {u"* from Document"_s, u"2|Resume|2|T|7|2/2/2026|100000000000|n|p|Resume"_s},
+                  u"Planner|1/6/2026|k|1/7/2026|5|Open|10061|2|12/1/2026"_s},
+                 {u"* from Document"_s, u"10091|Resume|2|T|7|2/2/2026|100000000000|n|p|Resume"_s},
                  {u"* from CProfile"_s, u"1|50|#1#|1|1|1"_s},
                  {u"* from JProfile"_s, u"1||#2#|0|1|1|50"_s},
                  {u"* from Question"_s, u"1|Q?|2|1|#a#b#|M|0"_s},
-                 {u"* from Event"_s, u"2|Interview|12/31/1999|9:00|1|AM|24|0|d|2|2|2|Phone|Task|Complete"_s},
+                 {u"* from Event"_s,
+                  u"2|Interview|12/31/1999|9:00|1|AM|24|0|d|2|10061|2|Phone|Task|Complete"_s},
                  {u"Name,InDB,Rank,TargetURL,CompanyKey,EntryDate from Target"_s,
                   u"Acme|Yes|4|u|50|1/1/2026"_s},
                  {u"Title,Index,ExperienceTime,Subtitle,EntryDate from UProfile"_s,
@@ -118,14 +120,14 @@ private slots:
               u"Insert into Event(Event) VALUES('Mine')"_s});
         XmlText file = smallCampaign(false);
         file.add(u"Contact"_s,
-                 u"ContactKey='61' FirstName='Bo' LastName='New' CompanyKey='50' AddressKey='72'"_s);
-        file.add(u"History"_s, u"ContactKey='61' ContactCount='1' Topic='new'"_s);
+                 u"ContactKey='10061' FirstName='Bo' LastName='New' CompanyKey='50' AddressKey='72'"_s);
+        file.add(u"History"_s, u"ContactKey='10061' ContactCount='1' Topic='new'"_s);
         file.add(u"Event"_s, u"Event='Theirs'"_s);
         file.import(world);
         QCOMPARE(world.cells(u"Select Name,Industry from Company"_s), u"ACME|Own"_s);
         QCOMPARE(world.cells(u"Select FirstName,Notes,CompanyKey from Contact"_s), u"ann|mine|1;Bo||1"_s);
         // The history of a person who is known already is dropped, a new one's comes in.
-        QCOMPARE(world.cells(u"Select HistoryKey,Topic from History"_s), u"2-1|new"_s);
+        QCOMPARE(world.cells(u"Select HistoryKey,Topic from History"_s), u"10062-1|new"_s);
         QCOMPARE(world.cells(u"Select Title,Notes from Position"_s), u"Planner|mine"_s);
         QCOMPARE(world.cells(u"Select Document,Notes from Document"_s), u"Resume|mine"_s);
         QCOMPARE(world.cells(u"Select Event from Event"_s), u"Mine"_s);
@@ -147,22 +149,27 @@ private slots:
 
     void listsGetTheNewKeys_data()
     {
-        // oldKeys: of contacts that come in as 1, 2, ...
+        // oldKeys: of contacts in their order in the file
         table({"oldKeys", "list", "renewed"},
-              {{"each key is replaced by its own, one of nobody stays", "57 98", "57,98,444", "1,2,444"},
-               {"a key inside another is replaced as text", "9", "89,9", "81,1"},
-               {"a new key can be an old one of a later pair", "2 1", "2,7", "2,7"}});
+              {{"one of nobody is left out", "10057 10098", "10057, 10098,,10444", "10099,10100"},
+               {"no new key is an old one", "10002 10001", "10001,10002", "10004,10003"},
+               {"short keys are given five digits", "9 89 10001", "89,9,10001", "10005,10004,10006"},
+               {"so are keys out of reach", "40000", "40000,x", "10002"},
+               {"of doubled keys the first counts", "10007 10007", "10007", "10008"},
+               {"as before where keys run short", "32767", "32767", "1"}});
     }
     void listsGetTheNewKeys()
     {
         FETCH(QString, oldKeys, list, renewed);
         World world;
+        if (renewed == u"1")
+            world.prompts.expect(u"keys of the contacts in the file are too high"_s);
         XmlText file(true);
         file.add(u"Company"_s, u"CompanyKey='1' Name='A'"_s);
         const QStringList keys = oldKeys.split(u' ');
-        for (const QString& key : keys)
-            file.add(u"Contact"_s,
-                     u"ContactKey='%1' FirstName='F%1' CompanyKey='1' ContactList='%2'"_s.arg(key, list));
+        for (int i = 0; i < keys.size(); ++i)
+            file.add(u"Contact"_s, u"ContactKey='%1' FirstName='F%2' CompanyKey='1' ContactList='%3'"_s.arg(
+                                       keys[i], QString::number(i), list));
         file.add(u"Position"_s, u"PositionKey='1' Title='P' CompanyKey='1' ContactList='%1'"_s.arg(list));
         file.import(world);
         QCOMPARE(world.cells(u"Select ContactList from Contact"_s),
@@ -189,6 +196,33 @@ private slots:
         const QString log = world.errorLog();
         QVERIFY(log.contains(u"1 of the Position records in the file belong to no record of Company"));
         QVERIFY(log.contains(u"DataJW-ExecQuery") && log.contains(quoted));
+    }
+
+    void missingAddressesAreCountedAndNamed()
+    {
+        World world;
+        world.prompts.expect(
+            u"2 records name addresses that the file does not have. The file ErrorLog.txt"_s);
+        XmlText(false)
+            .add(u"Company"_s, u"CompanyKey='1' Name='Acme' AddressKey='5'"_s)
+            .add(u"Contact"_s,
+                 u"ContactKey='10001' FirstName='Ann' LastName='Lee' CompanyKey='1' AddressKey='6'"_s)
+            .add(u"Company"_s, u"CompanyKey='2' Name='None' AddressKey='0'"_s)
+            .import(world);
+        QVERIFY(world.errorLog().contains(u"The first are: Acme; Ann Lee\r\n"));
+    }
+
+    void doubledKeysComeInAsTheWalkHasThem()
+    {
+        World world;
+        XmlText(false)
+            .add(u"Company"_s, u"CompanyKey='1' Name='A'"_s)
+            .add(u"Company"_s, u"CompanyKey='1' Name='B'"_s)
+            .add(u"Contact"_s, u"ContactKey='10001' FirstName='Ann' CompanyKey='1'"_s)
+            .add(u"History"_s, u"ContactKey='10001' ContactCount='1'"_s)
+            .import(world);
+        QCOMPARE(world.cells(u"Select FirstName,CompanyKey from Contact"_s), u"Ann|1;Ann|2"_s);
+        QCOMPARE(world.cells(u"Select HistoryKey from History"_s), u"10002-1;10003-1"_s);
     }
 
     void missingAttributeStopsThere()
@@ -221,8 +255,8 @@ private slots:
         file.add(u"Event"_s, u"Event='E' CompanyKey='abc' ContactKey='40000' PositionKey='0'"_s);
         file.import(world);
         QCOMPARE(world.cells(u"Select CompanyKey,AddressKey from Company"_s), u"1|1"_s);
-        QCOMPARE(world.cells(u"Select HistoryKey,ContactKey from History"_s), u"1-1|1"_s);
-        QCOMPARE(world.cells(u"Select CompanyKey,ContactKey from Event"_s), u"1|1"_s);
+        QCOMPARE(world.cells(u"Select HistoryKey,ContactKey from History"_s), u"10002-1|10002"_s);
+        QCOMPARE(world.cells(u"Select CompanyKey,ContactKey from Event"_s), u"1|10002"_s);
     }
 
     void fileWithoutKeysLeftIsRefused_data()

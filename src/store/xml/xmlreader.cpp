@@ -105,7 +105,7 @@ QString remarks(const Outcome& outcome)
                                 "%1 records name addresses that the file does not have.")};
     sentences.removeAll(QString());
     if (!sentences.isEmpty())
-        sentences.append(say("The file ErrorLog.txt says more."));
+        sentences.append(say("The file ErrorLog.txt says why."));
     return sentences.join(u' ');
 }
 
