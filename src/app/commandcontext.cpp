@@ -1,4 +1,5 @@
 #include "app/commands.h"
+#include "app/commandtexts.h"
 #include "app/consoleprogress.h"
 #include "app/consoleprompts.h"
 #include "app/openstore.h"
@@ -7,15 +8,9 @@
 #include "store/files/appfolder.h"
 #include "store/gateway/datajw.h"
 
-#include <QDeadlineTimer>
-#include <QFileInfo>
-#include <QThread>
+#include <QDir>
 
-namespace {
-
-constexpr int makingMs = 5000;
-
-} // namespace
+using commands::tr;
 
 struct CommandContext::Impl
 {
@@ -33,29 +28,35 @@ CommandContext::CommandContext()
 
 CommandContext::~CommandContext() = default;
 
+Session* CommandContext::refuse(const QString& message, ExitCode code)
+{
+    printError(message);
+    exitCode = code;
+    return nullptr;
+}
+
 Session* CommandContext::openSession()
+{
+    if (!m_impl->session && holdsNothing(folder))
+        return refuse(
+            tr("There is no campaign in %1. \"jobwright init\" makes an empty one there, and so does "
+               "opening the workbench.")
+                .arg(QDir::toNativeSeparators(folder)),
+            StoreClosed);
+    if (const QString problem = prepareFolder(folder); !problem.isEmpty())
+        return refuse(problem, StoreClosed);
+    return openStore();
+}
+
+Session* CommandContext::openStore()
 {
     if (m_impl->session)
         return m_impl->session.get();
-    if (const QString problem = prepareFolder(folder); !problem.isEmpty()) {
-        printError(problem);
-        exitCode = StoreClosed;
-        return nullptr;
-    }
-    // Several commands may meet in a new folder: one of them makes the store, the others wait for it.
-    InstanceLock making(folder);
-    const QDeadlineTimer patience(makingMs);
-    while (!m_impl->lock && !QFileInfo::exists(folder + u"/Postledger.db") && !making.acquire() &&
-           !patience.hasExpired())
-        QThread::msleep(20);
     auto session = std::make_unique<Session>(folder, systemClock(), m_impl->prompts, m_impl->desktop);
     session->setProgress(m_impl->progress);
     const FileReport report = openOrCreateStore(*session, version);
-    if (report.state != FileState::Good) {
-        printError(report.message);
-        exitCode = StoreClosed;
-        return nullptr;
-    }
+    if (report.state != FileState::Good)
+        return refuse(report.message, StoreClosed);
     if (!session->dataJW().isConnected()) { // the gateway has said why
         exitCode = StoreClosed;
         return nullptr;
@@ -64,21 +65,33 @@ Session* CommandContext::openSession()
     return m_impl->session.get();
 }
 
+bool CommandContext::holdFolder()
+{
+    if (m_impl->lock)
+        return true;
+    if (const QString problem = prepareFolder(folder); !problem.isEmpty()) {
+        refuse(problem, StoreClosed);
+        return false;
+    }
+    auto lock = std::make_unique<InstanceLock>(folder);
+    if (!lock->acquire()) {
+        refuse(lock->holder(), lock->isHeldByAnother() ? InUse : StoreClosed);
+        return false;
+    }
+    m_impl->lock = std::move(lock);
+    return true;
+}
+
 Session* CommandContext::openForWriting()
 {
-    if (!m_impl->lock) {
-        if (const QString problem = prepareFolder(folder); !problem.isEmpty()) {
-            printError(problem);
-            exitCode = StoreClosed;
-            return nullptr;
-        }
-        auto lock = std::make_unique<InstanceLock>(folder);
-        if (!lock->acquire()) {
-            printError(lock->holder());
-            exitCode = lock->isHeldByAnother() ? InUse : StoreClosed;
-            return nullptr;
-        }
-        m_impl->lock = std::move(lock);
-    }
-    return openSession();
+    return holdFolder() ? openStore() : nullptr;
+}
+
+Session* CommandContext::openForRepair()
+{
+    if (!holdFolder())
+        return nullptr;
+    m_impl->session = std::make_unique<Session>(folder, systemClock(), m_impl->prompts, m_impl->desktop);
+    m_impl->session->setProgress(m_impl->progress);
+    return m_impl->session.get();
 }

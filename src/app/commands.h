@@ -20,11 +20,13 @@ struct CommandContext
 {
     QString folder;  ///< the application folder
     QString version; ///< "1.0.0"
-    /// The folder's session with an open store. Makes a new store in a folder that never had one. Nothing,
-    /// with the reason printed and exitCode set, when it cannot be opened.
+    /// The folder's session with an open store, for commands that only read: makes nothing. Nothing, with the
+    /// reason printed and exitCode set, when it cannot be opened.
     Session* openSession();
-    /// As openSession, and holds the folder: for commands that write.
+    /// As openSession, holds the folder, and makes a new store in a folder that never had one.
     Session* openForWriting();
+    /// Holds the folder without a look at its store, which may be missing or damaged.
+    Session* openForRepair();
 
     int exitCode = Done;
 
@@ -32,6 +34,10 @@ struct CommandContext
     ~CommandContext();
 
 private:
+    bool holdFolder();
+    Session* openStore();
+    Session* refuse(const QString& message, ExitCode code);
+
     struct Impl;
     std::unique_ptr<Impl> m_impl;
 };
@@ -39,8 +45,10 @@ private:
 /// A command that was chosen, to be run when the whole line has been understood.
 using Command = std::function<int(CommandContext&)>;
 
-/// Adds the store's commands: query, export, import, status, verify, copy, paths, demo.
+/// Adds the store's commands: init, query, export, import, status, verify, paths, demo.
 void addStoreCommands(CLI::App& app, Command& chosen);
+/// Adds the commands about copies of the database: copy, copies, restore.
+void addCopyCommands(CLI::App& app, Command& chosen);
 /// Adds the workbench's commands: companies, summary.
 void addWorkbenchCommands(CLI::App& app, Command& chosen);
 /// Adds the commands that say where positions stand: pipeline, positions.

@@ -3,7 +3,7 @@
 #include "app/output.h"
 #include "base/text.h"
 #include "store/files/appfolder.h"
-#include "store/files/copies.h"
+#include "store/files/copyrestore.h"
 #include "store/files/demo.h"
 #include "store/files/storecheck.h"
 #include "store/files/storefile.h"
@@ -30,7 +30,7 @@ QString qstring(const std::string& text)
     return QString::fromStdString(text);
 }
 
-int query(CommandContext& context, const QString& statement, bool json)
+int query(CommandContext& context, const QString& statement, bool json, bool safe)
 {
     const bool reads = statement.trimmed().startsWith(u"select", Qt::CaseInsensitive);
     Session* const session = reads ? context.openSession() : context.openForWriting();
@@ -41,7 +41,7 @@ int query(CommandContext& context, const QString& statement, bool json)
     const RecordSet rows = session->dataJW().getExecQueryRecords(statement);
     if (rows.isNothing())
         return Failed;
-    json ? printJson(rows) : printCsv(rows);
+    json ? printJson(rows) : printCsv(rows, safe);
     return Done;
 }
 
@@ -83,6 +83,9 @@ int importFile(CommandContext& context, const QString& file, bool agreed)
         printError(
             tr("This file replaces the whole database. Call the command with --yes if that is what you want; "
                "a copy is kept in the folder \"backups\"."));
+        printError(restoreNotes(context.folder, path));
+        if (!listCopies(context.folder).isEmpty())
+            printError(tr("\"jobwright restore newest --yes\" goes back to that copy instead."));
         return Failed;
     }
     Session* const session = context.openForWriting();
@@ -182,25 +185,6 @@ int verify(CommandContext& context)
     return Done;
 }
 
-int copy(CommandContext& context, const QString& file)
-{
-    Session* const session = context.openSession();
-    if (!session)
-        return context.exitCode;
-    const QString target = QFileInfo(file).absoluteFilePath();
-    if (QFileInfo::exists(target)) {
-        printError(tr("%1 exists already and was left as it is.").arg(QDir::toNativeSeparators(target)));
-        return Failed;
-    }
-    const QString failure = copyTo(session->dataJW().database(), target);
-    if (!failure.isEmpty()) {
-        printError(tr("The copy could not be made: %1").arg(failure));
-        return Failed;
-    }
-    printLine(tr("A verified copy is at %1").arg(QDir::toNativeSeparators(target)));
-    return Done;
-}
-
 int paths(CommandContext& context)
 {
     const auto show = [](const char* what, const QString& path) {
@@ -214,13 +198,20 @@ int paths(CommandContext& context)
     return Done;
 }
 
-int demo(CommandContext& context)
+int init(CommandContext& context)
 {
-    if (QFileInfo::exists(context.folder + u"/Postledger.db")) {
-        printError(tr("%1 holds a database already. The demo campaign is laid into a new folder only.")
-                       .arg(QDir::toNativeSeparators(context.folder)));
+    if (!holdsNothing(context.folder)) {
+        printError(tr("%1 holds a campaign already.").arg(QDir::toNativeSeparators(context.folder)));
         return Failed;
     }
+    if (!context.openForWriting())
+        return context.exitCode;
+    printLine(tr("An empty campaign is in %1").arg(QDir::toNativeSeparators(context.folder)));
+    return Done;
+}
+
+int demo(CommandContext& context)
+{
     const QString campaign = deliveredFolder() + u"/demo/campaign.xml";
     if (!QFileInfo::exists(campaign)) {
         printError(tr("The demo campaign is not installed."));
@@ -240,9 +231,14 @@ void addQuery(CLI::App& app, Command& chosen)
     auto statement = std::make_shared<std::string>();
     auto json = std::make_shared<bool>(false);
     command->add_option("STATEMENT", *statement, help("e.g. \"Select * from Company\""))->required();
-    command->add_flag("--json", *json, help("Rows as JSON"));
+    auto safe = std::make_shared<bool>(false);
+    auto* const asJson = command->add_flag("--json", *json, help("Rows as JSON"));
+    command
+        ->add_flag("--safe", *safe,
+                   help("An apostrophe before texts that a spreadsheet would take for a formula"))
+        ->excludes(asJson);
     command->callback([=, &chosen] {
-        chosen = [=](CommandContext& context) { return query(context, qstring(*statement), *json); };
+        chosen = [=](CommandContext& context) { return query(context, qstring(*statement), *json, *safe); };
     });
 }
 
@@ -289,15 +285,6 @@ void addStatus(CLI::App& app, Command& chosen)
     });
 }
 
-void addCopy(CLI::App& app, Command& chosen)
-{
-    auto* const command = app.add_subcommand("copy", help("Write a verified copy of the database"));
-    auto target = std::make_shared<std::string>();
-    command->add_option("FILE", *target)->required()->check(notEmpty("the file's name is empty"));
-    command->callback(
-        [=, &chosen] { chosen = [=](CommandContext& context) { return copy(context, qstring(*target)); }; });
-}
-
 } // namespace
 
 void addStoreCommands(CLI::App& app, Command& chosen)
@@ -306,12 +293,12 @@ void addStoreCommands(CLI::App& app, Command& chosen)
                               int (*command)(CommandContext&)) {
         app.add_subcommand(name, description)->callback([=, &chosen] { chosen = command; });
     };
+    addPlain("init", help("Make an empty campaign in a new folder (--folder)"), init);
     addQuery(app, chosen);
     addExport(app, chosen);
     addImport(app, chosen);
     addStatus(app, chosen);
     addPlain("verify", help("Check the database in whole"), verify);
-    addCopy(app, chosen);
     addPlain("paths", help("Show where everything lies"), paths);
     addPlain("demo", help("Lay the demo campaign into a new folder (--folder)"), demo);
 }

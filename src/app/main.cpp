@@ -1,5 +1,6 @@
 #include "app/commands.h"
 #include "app/commandtexts.h"
+#include "app/display.h"
 #include "app/output.h"
 #include "app/workbenchstart.h"
 #include "store/files/appfolder.h"
@@ -12,6 +13,7 @@
 #include <cstdio>
 #include <iostream>
 #include <langinfo.h>
+#include <new>
 
 using commands::help;
 using commands::notEmpty;
@@ -47,6 +49,7 @@ void describe(CLI::App& app, Line& line)
     addIntakeCommands(app, line.command);
     addContactCommands(app, line.command);
     addStoreCommands(app, line.command);
+    addCopyCommands(app, line.command);
     app.footer(help("Without a command the workbench opens.\n"
                     "Exit status: 0 done, 1 failed, 2 wrong usage, 3 the database cannot be opened,\n"
                     "4 the folder is in use, 5 the database is damaged."));
@@ -76,12 +79,6 @@ QString unreadableName(int argc, char** argv)
                                 .arg(QString::fromUtf8(folder));
 }
 
-bool hasDisplay()
-{
-    return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ||
-           qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
-}
-
 /// What was printed must have arrived: a full disk behind ">" is a failure like any other.
 int finish(int code)
 {
@@ -93,23 +90,9 @@ int finish(int code)
     return Failed;
 }
 
-} // namespace
-
-int main(int argc, char** argv)
+/// What the command line asks for, done.
+int run(int argc, char** argv, const Line& line)
 {
-    useUtf8Locale();
-    if (const QString problem = unreadableName(argc, argv); !problem.isEmpty()) {
-        printError(problem);
-        return WrongUsage;
-    }
-    Line line;
-    CLI::App app(help("Jobwright keeps a whole job campaign in one place."), "jobwright");
-    describe(app, line);
-    try {
-        app.parse(argc, argv);
-    } catch (const CLI::ParseError& error) {
-        return finish(app.exit(error) == 0 ? Done : WrongUsage);
-    }
     if (!line.command && !hasDisplay()) {
         printError(tr(
             "There is no display to open the workbench on. \"jobwright --help\" lists what works without."));
@@ -128,4 +111,43 @@ int main(int argc, char** argv)
     }
     context.version = QStringLiteral(JOBWRIGHT_VERSION);
     return finish(line.command(context));
+}
+
+/// Says why the line cannot be understood; the parser itself names words too many in the wrong order.
+int refuse(const CLI::App& app, const CLI::ParseError& error)
+{
+    const std::vector<std::string> tooMany = app.remaining(true);
+    if (error.get_name() != "ExtrasError" || tooMany.empty())
+        return finish(app.exit(error) == 0 ? Done : WrongUsage);
+    QStringList words;
+    for (const std::string& word : tooMany)
+        words.append(QString::fromStdString(word));
+    printError(tr("These arguments are too many: %1. \"jobwright --help\" says what there is.")
+                   .arg(words.join(u' ')));
+    return WrongUsage;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    useUtf8Locale();
+    if (const QString problem = unreadableName(argc, argv); !problem.isEmpty()) {
+        printError(problem);
+        return WrongUsage;
+    }
+    Line line;
+    CLI::App app(help("Jobwright keeps a whole job campaign in one place."), "jobwright");
+    describe(app, line);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return refuse(app, error);
+    }
+    try {
+        return run(argc, argv, line);
+    } catch (const std::bad_alloc&) {
+        printError(tr("There is not enough memory for this."));
+        return Failed;
+    }
 }

@@ -22,6 +22,26 @@ QString csvField(const QString& value)
     return quoted ? QString(u'"' + QString(value).replace(u'"', QStringLiteral("\"\"")) + u'"') : value;
 }
 
+/// A spreadsheet computes what begins like this.
+bool looksLikeFormula(const QString& value)
+{
+    return !value.isEmpty() && QStringView(u"=+-@\t\r").contains(value.front());
+}
+
+QString csvCell(const QVariant& cell, bool safe)
+{
+    const QString text = cell.toString();
+    const bool marked = safe && cell.typeId() == QMetaType::QString && looksLikeFormula(text);
+    return csvField(marked ? QString(u'\'' + text) : text);
+}
+
+/// A cell in a column of this width, or in a last one of any width for 0.
+QString fitted(const QString& cell, int width)
+{
+    return width > 0 && cell.size() > width ? QString(cell.left(width - 1) + u'\u2026')
+                                            : cell.leftJustified(width);
+}
+
 /// The columns' names; a later column of the same name (a join has them) gets a number, as an object holds
 /// one of each.
 QStringList distinctNames(const RecordSet& rows)
@@ -78,14 +98,14 @@ void Table::row(const QStringList& cells) const
         const QString cell = onOneLine(cells.at(i)).simplified();
         if (i > 0)
             line += QString(m_gap, u' ');
-        line += width < 0 ? cell.rightJustified(-width) : cell.leftJustified(width, u' ', width > 0);
+        line += width < 0 ? cell.rightJustified(-width) : fitted(cell, width);
     }
     while (line.endsWith(u' '))
         line.chop(1);
     printLine(line);
 }
 
-void printCsv(RecordSet rows)
+void printCsv(RecordSet rows, bool safe)
 {
     QStringList line;
     for (int i = 0; i < rows.columnCount(); ++i)
@@ -94,7 +114,7 @@ void printCsv(RecordSet rows)
     for (rows.first(); !rows.atEnd(); rows.next()) {
         line.clear();
         for (int i = 0; i < rows.columnCount(); ++i)
-            line.append(csvField(rows.value(i).toString()));
+            line.append(csvCell(rows.value(i), safe));
         print(line.join(u',') + u"\r\n");
     }
 }

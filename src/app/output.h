@@ -25,7 +25,8 @@ void printLine(const QString& text);
 /// Writes one message in plain to standard error, behind the program's name.
 void printError(const QString& message);
 
-/// Prints rows of cells in columns. A cell stays on its line, whatever it holds, and in its column.
+/// Prints rows of cells in columns. A cell stays on its line, whatever it holds, and in its column: one that
+/// is too long ends in an ellipsis.
 class Table
 {
 public:
@@ -44,8 +45,9 @@ private:
     int m_gap;
 };
 
-/// Rows as CSV (RFC 4180): a header of the column names, line ends CR LF, dates in ISO form, NULL empty.
-void printCsv(RecordSet rows);
+/// Rows as CSV (RFC 4180): a header of the column names, line ends CR LF, dates in ISO form, NULL empty. With
+/// @p safe an apostrophe stands before texts that a spreadsheet would take for a formula.
+void printCsv(RecordSet rows, bool safe);
 /// Rows as a JSON array of objects; NULL is null, numbers are numbers, dates are ISO texts.
 void printJson(RecordSet rows);
 void printJson(const QJsonArray& array);

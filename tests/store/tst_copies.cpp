@@ -1,13 +1,17 @@
 #include "store/engine/enginecall.h"
 #include "store/files/appfolder.h"
-#include "store/files/copies.h"
+#include "store/files/copyrestore.h"
 #include "store/files/storecheck.h"
+#include "support/campaign.h"
 #include "support/runtest.h"
+#include "support/table.h"
 #include "support/world.h"
 
 #include <QTest>
 
 #include <sqlite3.h>
+
+#include <array>
 
 using namespace Qt::StringLiterals;
 
@@ -70,6 +74,82 @@ private slots:
         QCOMPARE(copies.filter(u"-restore.db"_s).size(), 2);
         QVERIFY(copies.filter(u"daily"_s).first().contains(u"2026-11-14"_s));
         QVERIFY(copies.filter(u"daily"_s).last().contains(u"2026-11-05"_s));
+    }
+
+    void newestIsWhatHoldsMost()
+    {
+        World world(QDateTime(QDate(2099, 1, 1), QTime(8, 0)));
+        runDaily(world); // the clock was ahead
+        world.setNow(QDateTime(QDate(2026, 11, 22), QTime(8, 0)));
+        send(world, {u"INSERT INTO Company (Name) VALUES ('Abbott')"_s,
+                     u"INSERT INTO Company (Name) VALUES ('~ Dream ~')"_s,
+                     u"INSERT INTO Contact (FirstName) VALUES ('Ann')"_s});
+        QVERIFY(copyBefore(*world.session, u"restore"_s));
+        const std::vector<CopyInfo> copies = copiesIn(world.folder.path());
+        QCOMPARE(copies.size(), size_t(2));
+        const CopyInfo& newest = copies.front();
+        QCOMPARE(newest.day.toString(Qt::ISODate) + newest.time.toString(u" HH:mm "_s) + newest.kind,
+                 u"2026-11-22 08:00 restore"_s);
+        QCOMPARE((std::array{newest.companies, newest.positions, newest.contacts}), (std::array{1, 0, 1}));
+    }
+
+    void whatIsLeftOfKilledCopiesGoes()
+    {
+        World world;
+        const QDir backups(world.session->file(u"backups"_s));
+        QVERIFY(backups.mkpath(u"."_s));
+        for (const QString& name : {u"Postledger-2026-11-20-daily.db.4711.part"_s,
+                                    u"Postledger-2026-11-20-daily.db.part-journal"_s, u"mine.part"_s})
+            QVERIFY(QFile(backups.filePath(name)).open(QIODevice::WriteOnly));
+        runDaily(world);
+        QCOMPARE(backups.entryList(QDir::Files),
+                 (QStringList{u"mine.part"_s, u"Postledger-2026-11-22-daily.db"_s}));
+    }
+
+    void copyIsRestored_data()
+    {
+        columns<QString, bool>("present", "works");
+        QTest::newRow("sound") << u"sound"_s << true;
+        QTest::newRow("damaged") << u"damaged"_s << true;
+        QTest::newRow("gone") << u"gone"_s << true;
+        QTest::newRow("copy damaged") << u"copy"_s << false;
+        QTest::newRow("held by another program") << u"held"_s << false;
+    }
+    void copyIsRestored()
+    {
+        QFETCH(QString, present);
+        QFETCH(bool, works);
+        World world;
+        send(world, {u"INSERT INTO Company (Name) VALUES ('Then')"_s});
+        runDaily(world);
+        const QString copy = listCopies(world.folder.path()).first();
+        send(world, {u"INSERT INTO Company (Name) VALUES ('Now')"_s});
+        const QString path = world.session->databasePath();
+        engine::Connection other;
+        if (present == u"damaged" || present == u"gone")
+            world.session->releaseDataJW();
+        if (present == u"gone")
+            QVERIFY(QFile::remove(path));
+        else if (present == u"damaged" || present == u"copy")
+            QVERIFY(QFile::resize(present == u"copy" ? copy : path, 5000));
+        if (present == u"held") {
+            other = engine::open(path, SQLITE_OPEN_READWRITE);
+            engine::execute(other.get(), "BEGIN; SELECT * FROM Company; UPDATE Company SET Name = Name");
+        }
+        if (!works)
+            world.prompts.expect(u"the database is as it was"_s);
+        QCOMPARE(restoreCopy(*world.session, copy, std::chrono::milliseconds(60)), works);
+        other.reset();
+        QCOMPARE(world.data().getCompanyNames(),
+                 works ? QStringList{u"Then"_s} : (QStringList{u"Now"_s, u"Then"_s}));
+        if (present == u"sound") { // the present state is in a copy of its own, and its keys stay used
+            QCOMPARE(copiesIn(world.folder.path()).front().companies, 2);
+            send(world, {u"INSERT INTO Company (Name) VALUES ('Next')"_s});
+            QCOMPARE(world.data().getCompanyKey(u"Next"_s), Key(3));
+        }
+        if (present == u"damaged")
+            QCOMPARE(QDir(world.session->file(u"backups"_s)).entryList({u"damaged-*"_s}).size(), 1);
+        QVERIFY(QDir(world.session->file(u"backups"_s)).entryList({u"*.part"_s}).isEmpty());
     }
 
     void copyThatCannotBeMadeStopsTheStep()

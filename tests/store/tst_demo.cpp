@@ -106,6 +106,22 @@ private slots:
         QCOMPARE(world.data().getCompanyNames(), QStringList{u"Mine"_s});
         QVERIFY(!QFile::exists(world.session->file(u"restore.xml"_s)));
     }
+
+    void callThatWasKilledCanBeMadeAgain()
+    {
+        World world;
+        QVERIFY(loadDemo(*world.session, delivered));
+        const QString file = world.session->file(u"restore.xml"_s);
+        World again; // with the restore file of a first call, and nothing else
+        QVERIFY(QFile::copy(file, again.session->file(u"restore.xml"_s)));
+        QVERIFY(loadDemo(*again.session, delivered));
+        World own;
+        QFile mine(own.session->file(u"restore.xml"_s));
+        QVERIFY(mine.open(QIODevice::WriteOnly) && mine.write("<Jobwright Restore='1'/>") > 0 &&
+                mine.flush());
+        own.prompts.expect(u"a restore file of your own"_s);
+        QVERIFY(!loadDemo(*own.session, delivered));
+    }
 };
 
 JOBWRIGHT_TEST(TestDemo)

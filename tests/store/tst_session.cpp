@@ -9,6 +9,7 @@
 
 #include <array>
 #include <atomic>
+#include <sys/stat.h>
 #include <thread>
 
 using namespace Qt::StringLiterals;
@@ -126,6 +127,9 @@ private slots:
         QVERIFY(file.open(QIODevice::WriteOnly));
         QVERIFY(prepareFolder(file.fileName()).contains(u"is a file"_s));
         QCOMPARE(prepareFolder(named.path() + u"/new/deep"), QString());
+        QVERIFY(holdsNothing(named.path() + u"/new/deep"));
+        QCOMPARE(::mkfifo(qPrintable(named.path() + u"/new/deep/jobwright.lock"), 0600), 0);
+        QVERIFY(prepareFolder(named.path() + u"/new/deep").contains(u"no plain file"_s)); // and does not wait
     }
 
     void lockOfNobodyIsTakenOver_data()

@@ -198,8 +198,7 @@ private slots:
     {
         World world;
         const QString failure = copyTo(world.data().database(), world.folder.path() + u"/nowhere/copy.db");
-        QVERIFY2(failure.contains(u"/nowhere/copy.db.part cannot be opened: No such file"_s),
-                 qPrintable(failure));
+        QVERIFY2(failure.contains(u".part cannot be opened: No such file"_s), qPrintable(failure));
     }
 
     void newStoreHasEverySettingOnce()

@@ -139,6 +139,19 @@ QString deliveredFolder()
     return {};
 }
 
+/// The first of the folder's own files whose place something else has taken, a pipe or a device, on which a
+/// program waits for ever; "" when there is none.
+static QString specialFile(const QString& folder)
+{
+    for (const char* const name :
+         {"jobwright.lock", "Postledger.db", "settings.ini", "ErrorLog.txt", "OpLog.txt", "areacodes.jwd"}) {
+        const QFileInfo file(folder + u'/' + QLatin1String(name));
+        if (file.exists() && !file.isFile() && !file.isDir())
+            return file.filePath();
+    }
+    return {};
+}
+
 QString prepareFolder(const QString& folder)
 {
     if (folder.isEmpty())
@@ -150,7 +163,18 @@ QString prepareFolder(const QString& folder)
     if (!info.exists() && !QDir().mkpath(folder))
         return tr("The folder %1 cannot be made. Please choose another with --folder.")
             .arg(QDir::toNativeSeparators(folder));
+    if (const QString special = specialFile(folder); !special.isEmpty())
+        return tr("%1 is no plain file but a pipe, a socket or a device. Please move it away.")
+            .arg(QDir::toNativeSeparators(special));
     return {};
+}
+
+bool holdsNothing(const QString& folder)
+{
+    const auto lacks = [&](const char* name) {
+        return !QFileInfo::exists(folder + u'/' + QLatin1String(name));
+    };
+    return lacks("Postledger.db") && lacks("backups") && lacks("settings.ini");
 }
 
 InstanceLock::InstanceLock(const QString& folder)

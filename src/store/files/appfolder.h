@@ -18,8 +18,11 @@ QString applicationFolder(const QString& named);
 QString deliveredFolder();
 
 /// Makes the folder when it is missing. "" on success, else why it cannot be used; an empty name is that of a
-/// user without a home folder.
+/// user without a home folder. A pipe or a device in the place of a file of the program is refused.
 QString prepareFolder(const QString& folder);
+
+/// True for a folder that is not there or that no program has worked in yet.
+bool holdsNothing(const QString& folder);
 
 /// Keeps a second start away from a folder that is in use.
 class InstanceLock

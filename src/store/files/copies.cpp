@@ -2,6 +2,7 @@
 
 #include "store/engine/database.h"
 #include "store/engine/enginecall.h"
+#include "store/files/growingcopy.h"
 #include "store/gateway/datajw.h"
 #include "store/session.h"
 
@@ -11,14 +12,13 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QHash>
+#include <QSet>
 #include <QThread>
 
 #include <sqlite3.h>
 
 #include <algorithm>
-#include <cstdio>
-#include <fcntl.h>
-#include <unistd.h>
+#include <functional>
 
 namespace {
 
@@ -52,124 +52,89 @@ QString freePath(const QString& folder, const QString& name)
     return path;
 }
 
-/// Waits until the file's content is on the disk, so that its final name never stands for less.
-bool flushToDisk(const QString& path)
-{
-    const int file = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
-    if (file < 0)
-        return false;
-    const bool flushed = ::fsync(file) == 0;
-    ::close(file);
-    return flushed;
-}
-
-/// rename(2) puts the new file in the old one's place in one step, which QFile::rename does not.
-bool replaceFile(const QString& from, const QString& to)
-{
-    return std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0;
-}
-
-/// The copy as it grows, under a name of its own beside the final one.
-class GrowingCopy
-{
-public:
-    GrowingCopy(sqlite3* source, const QString& target)
-        : m_source(source)
-        , m_target(target)
-        , m_unfinished(target + u".part")
-    {
-        QFile::remove(m_unfinished);
-        m_connection = engine::open(m_unfinished, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
-        m_backup = sqlite3_backup_init(m_connection.get(), "main", source, "main");
-        if (!m_backup)
-            throw engine::failure(m_connection.get());
-    }
-    ~GrowingCopy()
-    {
-        if (m_backup)
-            sqlite3_backup_finish(m_backup);
-        m_connection.reset();
-        QFile::remove(m_unfinished); // gone already when it was finished
-    }
-    GrowingCopy(const GrowingCopy&) = delete;
-    GrowingCopy& operator=(const GrowingCopy&) = delete;
-
-    enum Progress {
-        More,
-        Held, ///< another program keeps everybody out, so nothing was copied
-        All,
-    };
-
-    /// Copies some pages, all that are left for -1, and waits for nobody.
-    Progress step(int pages)
-    {
-        sqlite3_busy_timeout(m_source, 0); // who waits, and for how long, is the caller's to say
-        const int code = sqlite3_backup_step(m_backup, pages);
-        sqlite3_busy_timeout(m_source, engine::busyTimeoutMs);
-        switch (code) {
-        case SQLITE_DONE:
-            return All;
-        case SQLITE_OK:
-            return More;
-        case SQLITE_BUSY:
-        case SQLITE_LOCKED:
-            return Held;
-        default:
-            throw StoreError(QString::fromUtf8(sqlite3_errstr(code)), code, QStringLiteral("SQLite"));
-        }
-    }
-    /// Checks the whole copy and gives it its name.
-    void finish()
-    {
-        sqlite3_backup_finish(std::exchange(m_backup, nullptr));
-        m_connection.reset();
-        const QString found = checkFile(m_unfinished);
-        if (!found.isEmpty())
-            throw StoreError(found, SQLITE_CORRUPT, QStringLiteral("Jobwright"));
-        if (!flushToDisk(m_unfinished) || !replaceFile(m_unfinished, m_target))
-            throw StoreError(tr("%1 cannot be written").arg(m_target), SQLITE_IOERR,
-                             QStringLiteral("Jobwright"));
-    }
-
-private:
-    sqlite3* m_source;
-    QString m_target;
-    QString m_unfinished;
-    engine::Connection m_connection;
-    sqlite3_backup* m_backup = nullptr;
-};
-
 QString heldText()
 {
     return tr("another program holds the database; please let it finish, or close it, and try again");
 }
 
+/// Reads what a copy holds; one that cannot be read keeps the numbers of an unreadable one.
+void readContent(CopyInfo& copy)
+{
+    try {
+        const engine::Connection connection = engine::open(copy.path, SQLITE_OPEN_READONLY);
+        const engine::Statement query = engine::prepare(
+            connection.get(),
+            "SELECT (SELECT ifnull(sum(seq), 0) FROM sqlite_sequence), (SELECT count(*) FROM Company WHERE "
+            "substr(ifnull(Name, ''), 1, 1) <> '~'), (SELECT count(*) FROM Position), (SELECT count(*) FROM "
+            "Contact)");
+        if (sqlite3_step(query.get()) != SQLITE_ROW)
+            return;
+        copy.content = sqlite3_column_int64(query.get(), 0);
+        copy.companies = sqlite3_column_int(query.get(), 1);
+        copy.positions = sqlite3_column_int(query.get(), 2);
+        copy.contacts = sqlite3_column_int(query.get(), 3);
+    } catch (const StoreError&) {
+        copy.content = -1;
+    }
+}
+
+CopyInfo describe(const QFileInfo& file)
+{
+    const QString name = file.completeBaseName(); // "Postledger-2026-11-22-143005-restore"
+    CopyInfo copy;
+    copy.path = file.absoluteFilePath();
+    copy.kind = name.section(u'-', -1);
+    copy.day = QDate::fromString(name.mid(11, 10), Qt::ISODate);
+    copy.time = QTime::fromString(name.mid(22, 6), QStringLiteral("HHmmss"));
+    copy.bytes = file.size();
+    readContent(copy);
+    return copy;
+}
+
 void rotate(const QString& folder)
 {
-    QHash<QString, int> kept;
-    for (const QString& path : listCopies(folder)) {
-        const QString kind = QFileInfo(path).completeBaseName().section(u'-', -1);
-        if (++kept[kind] > (kind == u"daily" ? keptDaily : keptOthers))
-            QFile::remove(path);
+    // By what they hold and by their days: where a database was put back by hand, or the clock was wrong, the
+    // two differ, and none of either order's newest goes.
+    std::vector<CopyInfo> copies = copiesIn(folder);
+    QHash<QString, int> byContent;
+    QHash<QString, int> byDay;
+    const auto isOld = [](QHash<QString, int>& seen, const QString& kind) {
+        return ++seen[kind] > (kind == u"daily" ? keptDaily : keptOthers);
+    };
+    QSet<QString> old;
+    for (const CopyInfo& copy : copies) {
+        if (isOld(byContent, copy.kind))
+            old.insert(copy.path);
+    }
+    std::ranges::stable_sort(copies, std::greater(), &CopyInfo::day);
+    for (const CopyInfo& copy : copies) {
+        if (isOld(byDay, copy.kind) && old.contains(copy.path))
+            QFile::remove(copy.path);
     }
 }
 
 } // namespace
 
-QStringList listCopies(const QString& folder)
+std::vector<CopyInfo> copiesIn(const QString& folder)
 {
     const QDir backups(backupsFolder(folder));
-    QFileInfoList files = backups.entryInfoList({QStringLiteral("Postledger-*.db")}, QDir::Files);
-    // By the day in the name and then by the file's own time: clocks may be set back, names are what a person
-    // sees.
-    std::ranges::sort(files, [](const QFileInfo& a, const QFileInfo& b) {
-        const QString dayA = a.fileName().mid(11, 10);
-        const QString dayB = b.fileName().mid(11, 10);
-        return dayA != dayB ? dayA > dayB : a.lastModified() > b.lastModified();
-    });
+    QFileInfoList files =
+        backups.entryInfoList({QStringLiteral("Postledger-*.db")}, QDir::Files, QDir::Time | QDir::Reversed);
+    std::vector<CopyInfo> copies;
+    for (auto file = files.crbegin(); file != files.crend(); ++file)
+        copies.push_back(describe(*file));
+    // The day in the name decides only between copies of one content: the clock may have been wrong for a
+    // day.
+    std::ranges::stable_sort(copies, std::greater(),
+                             [](const CopyInfo& copy) { return std::pair(copy.content, copy.day); });
+    return copies;
+}
+
+QStringList listCopies(const QString& folder)
+{
     QStringList paths;
-    for (const QFileInfo& file : files)
-        paths.append(file.absoluteFilePath());
+    for (const CopyInfo& copy : copiesIn(folder))
+        paths.append(copy.path);
     return paths;
 }
 
@@ -206,6 +171,7 @@ bool copyBefore(Session& session, const QString& reason, std::chrono::millisecon
     const QString folder = backupsFolder(session.folder());
     QString failure;
     try {
+        growingcopy::removeLeftovers(folder);
         if (!QDir().mkpath(folder))
             failure = tr("the folder %1 cannot be made").arg(folder);
         else
@@ -242,6 +208,7 @@ DailyCopy::DailyCopy(Session& session, std::chrono::milliseconds patience)
     const QString target = folder + u'/' + copyName(session.now(), QStringLiteral("daily"));
     if (!session.dataJW().isConnected() || QFileInfo::exists(target))
         return;
+    growingcopy::removeLeftovers(folder);
     try {
         if (!QDir().mkpath(folder))
             throw StoreError(tr("the folder %1 cannot be made").arg(folder), SQLITE_CANTOPEN,

@@ -1,17 +1,38 @@
 // Copies of the database: made with the engine, checked, and kept for a while.
 #pragma once
 
+#include <QDate>
 #include <QString>
 #include <QStringList>
+#include <QTime>
 
 #include <chrono>
 #include <memory>
+#include <vector>
 
 class Session;
 class Database;
-struct sqlite3;
 
-/// The copies in the folder's "backups", newest first, with full paths.
+/// A copy of the database in the folder's "backups".
+struct CopyInfo
+{
+    QString path;
+    QString kind; ///< "daily", "restore" or another step that it was made before
+    QDate day;    ///< when it was made, by its name
+    QTime time;   ///< invalid for a daily one
+    qint64 bytes = 0;
+    /// Grows with every record that was ever stored: of two copies the one with the higher number is the
+    /// newer one, whatever the clock said. -1 when it cannot be read.
+    qint64 content = -1;
+    int companies = 0; ///< without categories
+    int positions = 0;
+    int contacts = 0;
+};
+
+/// The copies in the folder's "backups", by what they hold, the newest first.
+std::vector<CopyInfo> copiesIn(const QString& folder);
+
+/// Their paths.
 QStringList listCopies(const QString& folder);
 
 /// Checks a database file in whole. "" when it is sound, else what was found.
@@ -31,8 +52,9 @@ bool copyBefore(Session& session, const QString& reason, std::chrono::millisecon
 
 /// The copy of the day, made in small steps so that the screen stays alive: call step() from a timer until it
 /// answers false. Does nothing when the day has its copy. Afterwards the oldest copies are removed: the last
-/// ten daily ones and the last five of each other kind are kept. No step waits for another program that holds
-/// the database; when it holds it longer than the patience, the day goes without a copy, and the log says so.
+/// ten daily ones and the last five of each other kind are kept, by what they hold as well as by their day.
+/// No step waits for another program that holds the database; when it holds it longer than the patience, the
+/// day goes without a copy, and the log says so.
 class DailyCopy
 {
 public:

@@ -2,19 +2,25 @@
 
 #include "base/dates.h"
 #include "base/text.h"
+#include "base/wholefile.h"
 #include "store/engine/schema.h"
 #include "store/gateway/datajw.h"
 #include "store/session.h"
 #include "store/xml/campaignfile.h"
+#include "store/xml/xmlimporter.h"
 
 #include <QCoreApplication>
-#include <QSaveFile>
+#include <QFile>
 
+#include <algorithm>
 #include <sstream>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+/// The attribute with the day on which the campaign was recorded; only a demo's file has it.
+constexpr auto mark = "Recorded";
 
 QString say(const char* text)
 {
@@ -53,19 +59,32 @@ QString writeShifted(const Session& session, const QString& from, const QString&
     if (QString refusal = campaign.load(from); !refusal.isEmpty())
         return refusal;
     pugi::xml_node root = campaign.root();
-    const auto recorded = dates::parse(value(root, "Recorded"));
+    const auto recorded = dates::parse(value(root, mark));
     if (!recorded || !campaign.isRestore())
         return say("The file %1 is no demo campaign.").arg(from);
     for (const pugi::xml_node data : root.children("Data"))
         shiftTable(data, recorded->date.daysTo(session.today()));
-    root.remove_attribute("Recorded");
+    // The mark stays: a file with it may be written over by a later call.
+    root.attribute(mark).set_value(session.today().toString(Qt::ISODate).toUtf8().constData());
     std::ostringstream text;
     root.print(text, "  ");
-    const QByteArray bytes = QByteArray::fromStdString(text.str());
-    QSaveFile file(to);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
-        return say("The file %1 could not be written: %2").arg(to, file.errorString());
-    return {};
+    const QString failure = writeWholeFile(to, text.str());
+    return failure.isEmpty() ? QString() : say("The file %1 could not be written: %2").arg(to, failure);
+}
+
+/// False for a restore file that the user has made.
+bool mayBeWritten(const QString& path)
+{
+    QFile file(path);
+    return !file.exists() || (file.open(QIODevice::ReadOnly) && file.read(500).contains(mark));
+}
+
+bool isEmpty(DataJW& data)
+{
+    return std::ranges::all_of(CampaignFile::tables, [&](std::string_view table) {
+        return data.getCount(QString::fromLatin1(table.data(), static_cast<qsizetype>(table.size())), true) ==
+               0;
+    });
 }
 
 /// Adds to a restored campaign what a restore leaves out. Records are found by their names, as their keys are
@@ -80,13 +99,11 @@ public:
     }
     bool run()
     {
-        Action action(m_data);
         for (const pugi::xml_node& company : m_file.records("Company"))
             m_companies.insert(value(company, "CompanyKey"), value(company, "Name"));
         bool done = addToContacts();
         done = addToProfiles() && done;
-        done = addCategories() && done;
-        return action.commit() && done;
+        return addCategories() && done;
     }
 
 private:
@@ -155,18 +172,23 @@ private:
 bool loadDemo(Session& session, const QString& xmlPath)
 {
     DataJW& data = session.dataJW();
-    if (!data.isConnected() || data.getCount(u"Company"_s, true) != 0) {
+    if (!data.isConnected() || !isEmpty(data)) {
         session.msgBox(say("The demo campaign is laid into an empty database only."));
         return false;
     }
     const QString restoreFile = session.file(u"restore.xml"_s);
-    if (const QString failure = writeShifted(session, xmlPath, restoreFile); !failure.isEmpty()) {
+    const QString failure =
+        mayBeWritten(restoreFile)
+            ? writeShifted(session, xmlPath, restoreFile)
+            : say("The folder has a restore file of your own, which the demo would replace.");
+    if (!failure.isEmpty()) {
         session.msgBox(failure);
         return false;
     }
-    data.importXML(restoreFile);
-    if (session.statusLine() != u"Import Complete")
-        return false;
+    Action action(data);
+    xmlimport::read(session, restoreFile, false);
     CampaignFile campaign;
-    return campaign.load(restoreFile).isEmpty() && Completion(data, campaign).run();
+    const bool done = session.statusLine() == u"Import Complete" && campaign.load(restoreFile).isEmpty() &&
+                      Completion(data, campaign).run();
+    return action.commit() && done;
 }

@@ -109,14 +109,14 @@ QString remarks(const Outcome& outcome)
     return sentences.join(u' ');
 }
 
-void readChecked(Session& session, const QString& path)
+void readChecked(Session& session, const QString& path, bool copyFirst)
 {
     CampaignFile file;
     if (const QString refusal = prepare(session, file, path); !refusal.isEmpty()) {
         report(session, refusal);
         return;
     }
-    if (file.isRestore() && !copyBefore(session, u"restore"_s))
+    if (copyFirst && file.isRestore() && !copyBefore(session, u"restore"_s))
         return;
     const BusyScope busy(session);
     const Outcome outcome = walk(session, file);
@@ -132,7 +132,7 @@ void readChecked(Session& session, const QString& path)
 
 } // namespace
 
-void xmlimport::read(Session& session, const QString& path)
+void xmlimport::read(Session& session, const QString& path, bool copyFirst)
 {
     // What an earlier import left must not be taken for this one's success.
     session.setStatusLine({});
@@ -141,7 +141,7 @@ void xmlimport::read(Session& session, const QString& path)
         return;
     }
     try {
-        readChecked(session, path);
+        readChecked(session, path, copyFirst);
     } catch (const StoreError& failure) {
         report(session, failure.description());
     } catch (const std::bad_alloc&) {
