@@ -124,6 +124,7 @@ public:
 public slots:
     void fileExport();
     void restoreData();
+    void restoreACopy();
     void fileExit() { emit closeRequested(); }
     void filePrint() { emit printRequested(); }
     void setup() { emit printSetupRequested(); }
@@ -166,6 +167,7 @@ private:
     void documentation();
     void writeUsage();
     void release();
+    void writeRestoreFile(const QString& name);
 
     FrmReminder& m_reminder;
     Form m_form;

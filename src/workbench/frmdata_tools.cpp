@@ -1,6 +1,7 @@
 // The doors from the workbench to the other tools: toolbar, menus, export and restore, help.
 #include "base/text.h"
 #include "calendar/frmreminder.h"
+#include "store/files/copyrestore.h"
 #include "store/gateway/datajw.h"
 #include "workbench/contactscreen.h"
 #include "workbench/frmdata.h"
@@ -164,6 +165,37 @@ void FrmData::fileExport()
     showMessage(tr("Data has been exported to ") + QDir::toNativeSeparators(written));
 }
 
+void FrmData::writeRestoreFile(const QString& name)
+{
+    // A failure has been told already.
+    if (!m_session.dataJW().createXML(name, true).isEmpty())
+        showProc(tr("The restore file was written."));
+}
+
+void FrmData::restoreACopy()
+{
+    if (!mayLeave())
+        return;
+    const std::vector<CopyInfo> copies = copiesIn(m_session.folder());
+    QStringList lines;
+    for (const CopyInfo& copy : copies)
+        lines.append(copyLine(copy));
+    if (lines.isEmpty()) {
+        showMessage(tr("There are no copies of the database yet. One is made each day."));
+        return;
+    }
+    const qsizetype chosen = lines.indexOf(m_session.prompts().pickCompany(tr("Restore a copy"), lines));
+    if (chosen < 0 ||
+        showMessage(
+            tr("Your database becomes again what it was then:\n%1\n\nWhat it holds now is copied first.")
+                .arg(lines[chosen]),
+            Buttons::YesNoDefaultNo, tr("Restore a copy")) != Answer::Yes)
+        return;
+    if (restoreCopy(m_session, copies[static_cast<size_t>(chosen)].path))
+        showMessage(tr("The database is again what it was then."));
+    refresh();
+}
+
 void FrmData::restoreData()
 {
     // What is typed belongs to the database that may go, and to the file that may be written.
@@ -174,17 +206,20 @@ void FrmData::restoreData()
     if (!QFileInfo::exists(path)) {
         showMessage(tr("Could not locate restore file in ") + QDir::toNativeSeparators(m_session.folder()) +
                     tr(" directory. Creating restore file."));
-        m_session.dataJW().createXML(name, true);
+        writeRestoreFile(name);
     } else if (showMessage(
                    tr("A restore file was found.  Would you like to restore your database now? This will "
-                      "DELETE your current database."),
+                      "DELETE your current database.") +
+                       u"\n\n" + restoreNotes(m_session.folder(), path),
                    Buttons::YesNoDefaultNo, tr("Restore Database.")) == Answer::Yes) {
         emit importProgress(true);
         m_session.dataJW().importXML(path);
         emit importProgress(false);
+        if (m_session.statusLine() == u"Import Complete")
+            showMessage(tr("The database was restored from the file."));
     } else if (showMessage(tr("Would you like to overwrite your restore file with an updated version?"),
                            Buttons::YesNoDefaultNo, tr("Overwrite Restore File?")) == Answer::Yes) {
-        m_session.dataJW().createXML(name, true);
+        writeRestoreFile(name);
     }
     refresh();
 }

@@ -87,7 +87,7 @@ private slots:
         QVERIFY2(made.status == 0, qPrintable(made.error));
         const Outcome again = run(demo(), {u"demo"_s});
         QCOMPARE(again.status, 1);
-        QVERIFY(again.error.contains(u"new folder only"_s));
+        QVERIFY(again.error.contains(u"an empty database only"_s));
     }
 
     void statusOfEachCommand_data()
@@ -100,7 +100,11 @@ private slots:
         };
         row("--help", 0, "companies");
         row("--version", 0, "Jobwright 1.");
-        row("frobnicate", 2, "");
+        row("frobnicate|a|b", 2, "too many: frobnicate a b.");
+        row("init", 1, "holds a campaign already");
+        row("query|--safe|Select '=1+1', '-', 'a=b', -1 from Status", 0, "\r\n'=1+1,'-,a=b,-1\r\n");
+        row("restore|nothing.db|--yes", 1, "no copy nothing.db");
+        row("copies", 0, "Companies");
         row("summary", 2, "NAME"); // without its argument
         row("", 1, "no display");
         row("summary|Nobody & Sons", 1, "no company");
@@ -371,19 +375,36 @@ private slots:
         QVERIFY(process.readAllStandardError().contains("could not be written"));
     }
 
-    void severalReadersInANewFolderAllSucceed()
+    void readersMakeNoCampaign()
     {
         QTemporaryDir folder;
-        std::vector<std::unique_ptr<QProcess>> readers;
-        for (int i = 0; i < 6; ++i) {
-            readers.push_back(std::make_unique<QProcess>());
-            readers.back()->start(QStringLiteral(JOBWRIGHT_PROGRAM),
-                                  {u"--folder"_s, folder.path(), u"companies"_s});
-        }
-        for (const auto& reader : readers) {
-            QVERIFY(reader->waitForFinished(60000));
-            QVERIFY2(reader->exitCode() == 0, reader->readAllStandardError().constData());
-        }
+        const QString there = folder.path() + u"/new";
+        const Outcome refused = run(there, {u"companies"_s});
+        QCOMPARE(refused.status, 3);
+        QVERIFY2(refused.error.contains(u"There is no campaign in "_s + there), qPrintable(refused.error));
+        QVERIFY(!QFile::exists(there));
+        QCOMPARE(run(there, {u"init"_s}).status, 0);
+        QCOMPARE(run(there, {u"companies"_s}).status, 0);
+    }
+
+    void copyIsListedAndRestored()
+    {
+        QTemporaryDir folder;
+        query(folder.path(), {u"Insert into Company(Name) Values('Then')"_s});
+        const QString copy = folder.path() + u"/backups/Postledger-2026-01-02-daily.db";
+        QVERIFY(QDir(folder.path()).mkdir(u"backups"_s));
+        QCOMPARE(run(folder.path(), {u"copy"_s, copy}).status, 0);
+        query(folder.path(), {u"Insert into Company(Name) Values('Now')"_s});
+        const QJsonValue listed = json(folder.path(), {u"copies"_s})[0];
+        QCOMPARE(listed[u"name"].toString() + listed[u"made"].toString(),
+                 u"Postledger-2026-01-02-daily.db2026-01-02"_s);
+        QCOMPARE(listed[u"companies"], QJsonValue(1));
+        const QStringList restore{u"restore"_s, u"newest"_s};
+        QVERIFY(run(folder.path(), restore).error.contains(u"--yes"_s));
+        // A database that cannot be opened is no hindrance.
+        QVERIFY(QFile::resize(folder.filePath(u"Postledger.db"_s), 5000));
+        QCOMPARE(run(folder.path(), restore + QStringList{u"--yes"_s}).status, 0);
+        QCOMPARE(run(folder.path(), {u"companies"_s}).out, u"Then\n"_s);
     }
 
     void cardInAnyEncodingBecomesItsTwelveFields_data()
@@ -403,6 +424,7 @@ private slots:
         QFile file(folder.filePath(u"card.txt"_s));
         QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
         file.close();
+        QCOMPARE(run(folder.path() + u"/new", {u"init"_s}).status, 0);
         const Outcome fromFile = run(folder.path() + u"/new", {u"parse-card"_s, file.fileName()});
         QVERIFY2(fromFile.status == 0, qPrintable(fromFile.error));
         QCOMPARE(run(folder.path() + u"/new", {u"parse-card"_s}, file.fileName()).out, fromFile.out);
@@ -417,7 +439,7 @@ private slots:
     void cardWithoutAreaCodesIsRefused()
     {
         QTemporaryDir folder;
-        QCOMPARE(run(folder.path(), {u"companies"_s}).status, 0);
+        QCOMPARE(run(folder.path(), {u"init"_s}).status, 0);
         QVERIFY(QFile::remove(folder.filePath(u"areacodes.jwd"_s)));
         const Outcome outcome = run(folder.path(), {u"parse-card"_s});
         QCOMPARE(outcome.status, 1);

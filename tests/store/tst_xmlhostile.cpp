@@ -50,6 +50,9 @@ private slots:
         row("doubleattribute.xml", "Attribute 'Name' redefined (line 2)");
         row("tworoots.xml", "Extra content at end of document");
         row("huge.xml", "too large");
+        row("many.xml", "more than a Jobwright file can hold");
+        row("deep.xml", "within elements to no end");
+        row("long.xml", "more than a Jobwright file can hold");
     }
     void refusedFileLeavesTheStore()
     {
@@ -57,10 +60,15 @@ private slots:
         World world;
         fill(world);
         QString path = QStringLiteral(JOBWRIGHT_SOURCE_DIR "/tests/data/xml/") + file;
-        if (file == u"huge.xml") {
+        static const QHash<QString, QByteArray> made{
+            {u"huge.xml"_s, QByteArray((256 << 20) + 1, ' ')},
+            {u"many.xml"_s, "<a>" + QByteArray("<b/>").repeated(4'000'000) + "</a>"},
+            {u"deep.xml"_s, QByteArray("<a>").repeated(200)},
+            {u"long.xml"_s, "<a b='" + QByteArray(17 << 20, ' ') + "'/>"}};
+        if (made.contains(file)) {
             path = world.session->file(file);
-            QFile huge(path);
-            QVERIFY(huge.open(QIODevice::WriteOnly) && huge.resize((qint64(1) << 30) + 1));
+            QFile written(path);
+            QVERIFY(written.open(QIODevice::WriteOnly) && written.write(made[file]) == made[file].size());
         }
         const QByteArray before = contentHash(world.data().database());
         world.prompts.expect(message);

@@ -1,4 +1,5 @@
 // The doors from the workbench to its tools: toolbar, menus, keys, export and restore.
+#include "store/files/copyrestore.h"
 #include "support/runtest.h"
 #include "support/table.h"
 #include "workbench/bench.h"
@@ -133,7 +134,8 @@ private slots:
         bench.choose(u"Bolt"_s);
         QList<bool> progress;
         connect(bench.frm, &FrmData::importProgress, this, [&](bool running) { progress.append(running); });
-        bench.expect(u"A restore file was found."_s, Answer::Yes);
+        bench.expect(u"It does not bring back"_s, Answer::Yes);
+        bench.expect(u"was restored from the file"_s);
         bench.frm->restoreData();
         QCOMPARE(progress, (QList<bool>{true, false}));
         // The company that was shown is gone, and nothing of it stays on the screen.
@@ -141,6 +143,21 @@ private slots:
         QCOMPARE(bench.shown(u"txtTitle"_s), QString());
         bench.choose(u"Acme"_s);
         QCOMPARE(bench.shown(u"txtCity"_s), u"Acme City"_s);
+    }
+
+    void copyIsRestored()
+    {
+        Bench bench;
+        bench.addCompany(u"Acme"_s);
+        QVERIFY(copyBefore(*bench.world.session, u"restore"_s));
+        bench.addCompany(u"Bolt"_s);
+        bench.frm->load();
+        bench.world.prompts.expectCompany(u"Restore a copy"_s,
+                                          copyLine(copiesIn(bench.world.folder.path()).front()));
+        bench.expect(u"What it holds now is copied first."_s, Answer::Yes);
+        bench.expect(u"again what it was then"_s);
+        bench.frm->restoreACopy();
+        QCOMPARE(bench.shell(), u"0||Acme,<New>|1 company · 0 positions · 0 contacts|"_s);
     }
 };
 

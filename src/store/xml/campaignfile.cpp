@@ -14,8 +14,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Ten times what the fullest campaign with 16-bit keys comes to; more is no campaign.
-constexpr qint64 largestFile = qint64{1} << 30;
+/// Several times what the fullest campaign with 16-bit keys comes to; more is no campaign.
+constexpr qint64 largestFile = qint64{256} << 20;
+/// What a file may take in memory while it is read, with all that is made of its elements and attributes.
+constexpr qint64 mostMemory = qint64{1} << 30;
+/// No record is longer between its brackets, or has as many equals signs.
+constexpr qsizetype longestElement = qsizetype{16} << 20;
+constexpr qsizetype mostEqualsSigns = 100'000;
 
 /// Places of strays that are told apart; a file that is made to hold thousands would fill the log.
 constexpr size_t mostPlaces = 50;
@@ -50,7 +55,28 @@ QString readBytes(const QString& path, QByteArray& bytes)
         return say("The file %1 could not be read: %2").arg(path, file.errorString());
     if (bytes.trimmed().isEmpty())
         return say("The file %1 is empty.").arg(path);
+    if (!isModest(bytes))
+        return say("The file %1 holds more than a Jobwright file can hold.").arg(path);
     return {};
+}
+
+/// True when the text, well-formed or not, cannot come to need much more memory than a campaign of this size
+/// does. What costs memory are elements and attributes, and each of them has a bracket or an equals sign.
+bool isModest(QByteArrayView bytes)
+{
+    constexpr qint64 anElement = 300;
+    constexpr qint64 anAttribute = 40;
+    qint64 memory = bytes.size();
+    for (qsizetype at = bytes.indexOf('<'); at >= 0 && memory <= mostMemory;) {
+        const qsizetype next = bytes.indexOf('<', at + 1);
+        const QByteArrayView element = bytes.sliced(at, (next < 0 ? bytes.size() : next) - at);
+        const qsizetype signs = std::count(element.begin(), element.end(), '=');
+        if (element.size() > longestElement || signs > mostEqualsSigns)
+            return false;
+        memory += anElement + anAttribute * signs;
+        at = next;
+    }
+    return memory <= mostMemory;
 }
 
 const CampaignFile::Records& found(const std::unordered_map<std::string_view, CampaignFile::Records>& index,

@@ -115,7 +115,7 @@ private:
         if (passText("/>"))
             return true;
         m_open.push_back(element);
-        return passText(">");
+        return m_open.size() <= deepestXml && passText(">");
     }
     bool passAttribute()
     {

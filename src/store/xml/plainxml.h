@@ -5,6 +5,9 @@
 
 #include <optional>
 
+/// How deep elements may stand within each other; in a campaign file they stand three deep.
+inline constexpr int deepestXml = 100;
+
 /// True for a character that an XML file may hold, as it stands or by its number. From the production Char of
 /// the XML 1.0 recommendation.
 [[nodiscard]] bool isXmlCharacter(uint c);

@@ -101,8 +101,12 @@ QString checkXml(const QString& path, QByteArray& bytes)
     const qint64 linesBefore = QByteArrayView(bytes).first(blanks).count('\n');
     QXmlStreamReader reader(&buffer);
     reader.setNamespaceProcessing(false);
+    int depth = 0;
     while (!reader.atEnd()) {
         const QXmlStreamReader::TokenType token = reader.readNext();
+        depth += token == QXmlStreamReader::StartElement ? 1 : token == QXmlStreamReader::EndElement ? -1 : 0;
+        if (depth > deepestXml)
+            return say("The file %1 has elements within elements to no end. It was not read.").arg(path);
         if (token == QXmlStreamReader::StartDocument && !isUtf8Name(reader.documentEncoding()))
             return notUtf8(path);
         // No file of the program has one, and entities of its own are a way to make a small file grow without

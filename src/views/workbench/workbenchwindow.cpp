@@ -157,9 +157,13 @@ void WorkbenchWindow::buildMenus()
 {
     using Slot = void (FrmData::*)();
     const QList<std::pair<QAction*, Slot>> own = {
-        {m_ui->FileExport, &FrmData::fileExport}, {m_ui->RestoreData, &FrmData::restoreData},
-        {m_ui->FilePrint, &FrmData::filePrint},   {m_ui->Setup, &FrmData::setup},
-        {m_ui->Preview, &FrmData::preview},       {m_ui->FileExit, &FrmData::fileExit},
+        {m_ui->FileExport, &FrmData::fileExport},
+        {m_ui->RestoreData, &FrmData::restoreData},
+        {m_ui->RestoreCopy, &FrmData::restoreACopy},
+        {m_ui->FilePrint, &FrmData::filePrint},
+        {m_ui->Setup, &FrmData::setup},
+        {m_ui->Preview, &FrmData::preview},
+        {m_ui->FileExit, &FrmData::fileExit},
         {m_ui->HelpAbout, &FrmData::helpAbout},
     };
     for (const auto& [action, slot] : own)
