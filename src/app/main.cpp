@@ -27,6 +27,7 @@ struct Line
     std::string folder;
     bool noSplash = false;
     bool exitWhenShown = false;
+    bool asksForDisplay = false;
     Command command; ///< empty: open the workbench
 };
 
@@ -39,6 +40,8 @@ void describe(CLI::App& app, Line& line)
     app.add_flag("--no-splash", line.noSplash, help("Open the workbench at once"));
     app.add_flag("--exit-when-shown", line.exitWhenShown,
                  help("Leave again when the window is filled (for timing)"))
+        ->group("");
+    app.add_flag("--has-display", line.asksForDisplay, help("End with status 0 when a window can be opened"))
         ->group("");
     app.require_subcommand(0, 1);
     app.fallthrough(); // --folder may stand behind the command too
@@ -93,6 +96,8 @@ int finish(int code)
 /// What the command line asks for, done.
 int run(int argc, char** argv, const Line& line)
 {
+    if (line.asksForDisplay)
+        return hasDisplay() ? Done : Failed;
     if (!line.command && !hasDisplay()) {
         printError(tr(
             "There is no display to open the workbench on. \"jobwright --help\" lists what works without."));
@@ -117,7 +122,7 @@ int run(int argc, char** argv, const Line& line)
 int refuse(const CLI::App& app, const CLI::ParseError& error)
 {
     const std::vector<std::string> tooMany = app.remaining(true);
-    if (error.get_name() != "ExtrasError" || tooMany.empty())
+    if (!dynamic_cast<const CLI::ExtrasError*>(&error) || tooMany.empty())
         return finish(app.exit(error) == 0 ? Done : WrongUsage);
     QStringList words;
     for (const std::string& word : tooMany)

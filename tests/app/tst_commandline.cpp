@@ -102,9 +102,8 @@ private slots:
         row("--version", 0, "Jobwright 1.");
         row("frobnicate|a|b", 2, "too many: frobnicate a b.");
         row("init", 1, "holds a campaign already");
-        row("query|--safe|Select '=1+1', '-', 'a=b', -1 from Status", 0, "\r\n'=1+1,'-,a=b,-1\r\n");
         row("restore|nothing.db|--yes", 1, "no copy nothing.db");
-        row("copies", 0, "Companies");
+        row("copies", 0, "");
         row("summary", 2, "NAME"); // without its argument
         row("", 1, "no display");
         row("summary|Nobody & Sons", 1, "no company");
@@ -240,6 +239,9 @@ private slots:
         QCOMPARE(row[u"Name"].toString(), u"Quinn, \"Q\" & Co"_s);
         QCOMPARE(row[u"CompanyKey"], QJsonValue(1));
         QVERIFY(row[u"Industry"].isNull());
+        query(folder.path(), {u"Update Company set Industry='=1+1',Name='a=b',Notes='-'"_s});
+        QVERIFY(run(folder.path(), select + QStringList{u"--safe"_s})
+                    .out.endsWith(u"a=b,'-,2026-01-02,'=1+1,1\r\n"));
     }
 
     void agendaAndDueSayWhatThereIsAndChangeNothing()

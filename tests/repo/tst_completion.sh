@@ -7,6 +7,11 @@ trap 'rm -rf "$area"' EXIT
 cat >"$area/jobwright" <<'PROGRAM'
 #!/bin/bash
 if [ "$*" = "--folder other companies" ]; then echo Larch; exit; fi
+case $* in
+status) printf 'TimeDelta\t10\nTimeFreq\tweeks\n' ;;
+query*) printf 'FirstName,LastName\r\nAnn,Lee\r\n"Bo, Jr",New\r\n' ;;
+copies) printf 'Copy  Made\nPostledger-2026-11-22-daily.db  2026-11-22\n' ;;
+esac
 [ "$*" = companies ] && printf '~ Planning ~\nAlder Works\nAlder & Daughters\nBirch "B" Ltd\n'
 PROGRAM
 chmod +x "$area/jobwright"
@@ -28,7 +33,10 @@ offers() {
     failures=$((failures + 1))
 }
 
-offers "companies|contacts|copy" co
+offers "companies|contacts|copy|copies" co
+offers "TimeDelta|TimeFreq" status time
+offers 'Ann\ Lee' history an
+offers "Postledger-2026-11-22-daily.db" restore Post
 offers "--folder" --f
 offers "--json" query --j
 offers "--json" pipeline --j

@@ -38,6 +38,25 @@ QString shortText(std::string_view name)
     return QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())).left(100);
 }
 
+/// True when the text, well-formed or not, cannot come to need much more memory than a campaign of this size
+/// does. What costs memory are elements and attributes, and each of them has a bracket or an equals sign.
+bool isModest(QByteArrayView bytes)
+{
+    constexpr qint64 anElement = 300;
+    constexpr qint64 anAttribute = 40;
+    qint64 memory = bytes.size();
+    for (qsizetype at = bytes.indexOf('<'); at >= 0 && memory <= mostMemory;) {
+        const qsizetype next = bytes.indexOf('<', at + 1);
+        const QByteArrayView element = bytes.sliced(at, (next < 0 ? bytes.size() : next) - at);
+        const qsizetype signs = std::count(element.begin(), element.end(), '=');
+        if (element.size() > longestElement || signs > mostEqualsSigns)
+            return false;
+        memory += anElement + anAttribute * signs;
+        at = next;
+    }
+    return memory <= mostMemory;
+}
+
 QString readBytes(const QString& path, QByteArray& bytes)
 {
     const QFileInfo info(path);
@@ -58,25 +77,6 @@ QString readBytes(const QString& path, QByteArray& bytes)
     if (!isModest(bytes))
         return say("The file %1 holds more than a Jobwright file can hold.").arg(path);
     return {};
-}
-
-/// True when the text, well-formed or not, cannot come to need much more memory than a campaign of this size
-/// does. What costs memory are elements and attributes, and each of them has a bracket or an equals sign.
-bool isModest(QByteArrayView bytes)
-{
-    constexpr qint64 anElement = 300;
-    constexpr qint64 anAttribute = 40;
-    qint64 memory = bytes.size();
-    for (qsizetype at = bytes.indexOf('<'); at >= 0 && memory <= mostMemory;) {
-        const qsizetype next = bytes.indexOf('<', at + 1);
-        const QByteArrayView element = bytes.sliced(at, (next < 0 ? bytes.size() : next) - at);
-        const qsizetype signs = std::count(element.begin(), element.end(), '=');
-        if (element.size() > longestElement || signs > mostEqualsSigns)
-            return false;
-        memory += anElement + anAttribute * signs;
-        at = next;
-    }
-    return memory <= mostMemory;
 }
 
 const CampaignFile::Records& found(const std::unordered_map<std::string_view, CampaignFile::Records>& index,
