@@ -8,6 +8,7 @@
 #include "store/files/settings.h"
 
 #include <QObject>
+#include <QSet>
 #include <QString>
 #include <QTime>
 
@@ -104,6 +105,11 @@ public:
     QString lastScreen;   ///< name of the screen that was closed last, of those that note it; "" for none
 
 signals:
+    /// What is in the store has changed: sent once behind each outermost Action, and behind each operation
+    /// that writes outside of one, with the names of the tables, as the schema spells them, in which a row
+    /// was added, changed or taken out. Not sent when no row was, or when all of it was taken back. The store
+    /// may be read and written in a receiver; what it writes is told by a signal of its own.
+    void changed(const QSet<QString>& tables);
     void statusLineChanged(const QString& line);
     /// A restore or import has stored a row; @p done of @p total records are behind it (0 of 0: unknown).
     void progressChanged(int done, int total);

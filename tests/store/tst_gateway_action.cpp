@@ -1,3 +1,4 @@
+#include "store/campaignfile.h"
 #include "store/engine/enginecall.h"
 #include "store/engine/storeerror.h"
 #include "support/campaign.h"
@@ -30,6 +31,30 @@ void fillTheDisk(World& world)
     sqlite3* const handle = world.data().database().handle();
     const QString pages = engine::value(handle, "PRAGMA page_count");
     engine::execute(handle, "PRAGMA max_page_count=" + pages.toLatin1());
+}
+
+/// Names of the tables of each signal, a blank between two signals.
+class Told
+{
+public:
+    explicit Told(World& world)
+    {
+        QObject::connect(world.session.get(), &Session::changed, world.session.get(),
+                         [this](const QSet<QString>& tables) {
+                             QStringList names(tables.cbegin(), tables.cend());
+                             names.sort();
+                             m_signals.append(names.join(u'+'));
+                         });
+    }
+    QString take() { return std::exchange(m_signals, {}).join(u' '); }
+
+private:
+    QStringList m_signals;
+};
+
+QString content(World& world)
+{
+    return QString::fromLatin1(contentHash(world.data().database()).toHex());
 }
 
 QString hugeNotes()
@@ -75,6 +100,109 @@ private slots:
         QCOMPARE(onDisk(world), QString());
         QVERIFY(outer.commit());
         QCOMPARE(onDisk(world), u"1,2"_s);
+        // A power cut behind the end of an action must not take it back.
+        QCOMPARE(engine::value(world.data().database().handle(), "PRAGMA synchronous"), u"2"_s);
+    }
+
+    void tellOnceWhichTablesChanged()
+    {
+        World world;
+        loadCampaign(world);
+        Told told(world);
+        send(world, {u"delete * from CONTACT where ContactKey=1"_s, u"Delete * from Contact"_s});
+        QCOMPARE(told.take(), u"Contact Contact"_s);
+        send(world, {u"Delete * from Contact"_s, u"Update Event set Event='' where EventKey=99"_s});
+        world.data().getCompanyNames();
+        QCOMPARE(told.take(), QString());
+        world.data().updateContactSubset(7, 1);
+        QCOMPARE(told.take(), u"Event+History"_s);
+        {
+            const Action outer(world.data());
+            const Action inner(world.data());
+            send(world, {insertDay.arg(1), insertDay.arg(2), u"Delete * from Document"_s});
+            QCOMPARE(told.take(), QString());
+        }
+        QCOMPARE(told.take(), u"Document+Status"_s);
+        // A receiver may write; what it does is told by itself.
+        QObject::connect(world.session.get(), &Session::changed, this, [&](const QSet<QString>& tables) {
+            if (tables.contains(u"Position"_s))
+                world.data().delDox();
+        });
+        send(world, {u"INSERT INTO Document(Document) VALUES('CV')"_s, u"Delete * from Position"_s});
+        QCOMPARE(told.take(), u"Document Position Document"_s);
+    }
+
+    void changeAllOrNothing_data()
+    {
+        columns<GatewayCall>("call");
+        const auto row = [](const char* name, auto operation) {
+            QTest::newRow(name) << GatewayCall([operation](DataJW& data) {
+                operation(data);
+                return QString();
+            });
+        };
+        row("writeStatus", [](DataJW& data) { data.writeStatus(u"MinLog"_s, u"7"_s, true); });
+        row("delContactsByCompany", [](DataJW& data) { data.delContactsByCompany(1); });
+        row("updateCompanySubset", [](DataJW& data) { data.updateCompanySubset(u"Borealis"_s, 1); });
+        row("updateContactSubset", [](DataJW& data) { data.updateContactSubset(9, 1); });
+        row("updateContactList", [](DataJW& data) { data.updateContactList(9, 3, u"Contact"_s, 0); });
+        row("updateContactLists", [](DataJW& data) { data.updateContactLists({{9, 5}}, u"Contact"_s); });
+        row("updateDocList", [](DataJW& data) { data.updateDocList(9, 1, u"Contact"_s, 0); });
+    }
+    void changeAllOrNothing()
+    {
+        QFETCH(GatewayCall, call);
+        for (const bool inside : {false, true}) {
+            QString whole;
+            for (int failing = 1; whole.isEmpty(); ++failing) {
+                World world;
+                loadCampaign(world);
+                send(world, {u"Update Contact set ContactList='3,5' where ContactKey<3"_s});
+                const QString before = content(world);
+                world.prompts.acceptAll(Answer::Ok);
+                Told told(world);
+                int at = 0;
+                world.data().database().setInterceptor([&](QStringView) {
+                    if (++at == failing)
+                        throw StoreError(u"made to fail"_s, 999, u"test"_s);
+                });
+                {
+                    std::optional<Action> action;
+                    if (inside)
+                        action.emplace(world.data());
+                    call(world.data());
+                }
+                world.data().database().setInterceptor({});
+                if (at < failing) {
+                    whole = content(world);
+                    QVERIFY(failing > 2 && whole != before);
+                } else {
+                    QCOMPARE(content(world), before);
+                    QCOMPARE(told.take(), QString());
+                }
+            }
+        }
+    }
+
+    void knowInsideThatAllIsLost()
+    {
+        World world;
+        world.prompts.acceptAll(Answer::Ok);
+        Told told(world);
+        Action outer(world.data());
+        send(world, {insertDay.arg(1)});
+        fillTheDisk(world);
+        {
+            Action inner(world.data());
+            QVERIFY(!world.data().execQuery(hugeNotes()));
+            QVERIFY(!inner.commit());
+        }
+        QVERIFY(!world.data().writeStatus(u"Day"_s, u"2"_s, true));
+        Action later(world.data());
+        QVERIFY(!later.commit());
+        QVERIFY(!outer.commit());
+        QCOMPARE(told.take(), QString());
+        QCOMPARE(onDisk(world), QString());
     }
 
     void takeAllBackWhenTheDiskIsFull()
@@ -174,7 +302,8 @@ private slots:
             QVERIFY2(entries.back().text.startsWith(u"DataJW-%1\r\nQuery: "_s.arg(tag)), qPrintable(tag));
             QVERIFY(!QFile::exists(world.session->databasePath()));
             Action action(world.data()); // does no harm and is not written
-            QVERIFY(!action.commit());
+            Action inner(world.data());
+            QVERIFY(!inner.commit() && !action.commit());
         }
     }
 };

@@ -179,12 +179,14 @@ private slots:
         World world;
         world.prompts.acceptAll(Answer::Ok);
         QVERIFY(QFile::remove(world.session->databasePath()));
+        const ReadWatch watch(world.data());
         const QString answer = call(world.data());
         QVERIFY2(defaults.contains(answer), qPrintable(answer));
         const auto entries = LogEntry::parse(world.errorLog());
         const QString operation = QString::fromLatin1(QTest::currentDataTag()).section(u'(', 0, 0);
         if (QByteArray(QTest::currentDataTag()).endsWith("true)") || operation == u"getPositionNames")
             return; // these need not ask
+        QVERIFY(watch.failed());
         const QString tag = entries.back().text.section(u"\r\n"_s, 0, 0);
         QCOMPARE(tag.toLower(), QString(u"datajw-" + tags.value(operation, operation).toLower()));
         QVERIFY(!entries.back().suppressed);
@@ -254,7 +256,9 @@ private slots:
         const QString text = said.startsWith(u' ') ? QString(u"DataJW -" + said) : QString(u"DataJW-" + said);
         if (shown)
             world.prompts.expect(text);
+        const ReadWatch watch(world.data());
         QCOMPARE(call(world.data()), expected);
+        QVERIFY(!watch.failed());
         const auto entries = LogEntry::parse(world.errorLog());
         QCOMPARE(entries.size(), 1U);
         QCOMPARE(entries[0].text, text);

@@ -88,9 +88,10 @@ enum class StatementKind { Select, Insert, Update, Delete };
 struct Translation
 {
     StatementKind kind = StatementKind::Select;
-    QByteArray sql;                    ///< the engine's text, parameters ?1, ?2, ... in order
-    std::vector<Parameter> parameters; ///< for ?1, ?2, ...
-    std::vector<ResultColumn> columns; ///< of a Select
+    const schema::Table* target = nullptr; ///< what an Insert, Update or Delete writes; null for a Select
+    QByteArray sql;                        ///< the engine's text, parameters ?1, ?2, ... in order
+    std::vector<Parameter> parameters;     ///< for ?1, ?2, ...
+    std::vector<ResultColumn> columns;     ///< of a Select
 };
 
 /// Parses a whole statement and renders it for the engine.

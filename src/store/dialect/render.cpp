@@ -182,6 +182,7 @@ void StatementRenderer::listColumns(const Select& select)
 void StatementRenderer::insert(const Insert& insert)
 {
     m_out.kind = StatementKind::Insert;
+    m_out.target = insert.target;
     m_out.sql = "insert into " + quotedName(insert.target->name);
     const char* separator = " (";
     for (const ColumnName& column : insert.columns) {
@@ -205,6 +206,7 @@ void StatementRenderer::insert(const Insert& insert)
 void StatementRenderer::update(const Update& update)
 {
     m_out.kind = StatementKind::Update;
+    m_out.target = update.target;
     m_out.sql = "update " + quotedName(update.target->name);
     const char* separator = " set ";
     for (const Assignment& assignment : update.assignments) {
@@ -219,6 +221,7 @@ void StatementRenderer::update(const Update& update)
 void StatementRenderer::deletion(const Delete& deletion)
 {
     m_out.kind = StatementKind::Delete;
+    m_out.target = deletion.target;
     m_out.sql = "delete from " + quotedName(deletion.target->name);
     where(deletion.where);
 }

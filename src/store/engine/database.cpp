@@ -117,6 +117,7 @@ struct Database::Impl
     QString path;
     engine::Connection connection;
     std::function<void(QStringView)> interceptor;
+    const schema::Table* changed = nullptr;
     std::list<Prepared> recent; // the one used last in front
     QHash<QString, std::list<Prepared>::iterator> byKey;
 
@@ -164,6 +165,7 @@ Database::~Database() = default;
 
 RecordSet Database::run(QStringView statement, const dialect::Want& want)
 {
+    m_impl->changed = nullptr;
     if (m_impl->interceptor)
         m_impl->interceptor(statement);
     dialect::Shape shape = dialect::splitShape(statement);
@@ -186,7 +188,14 @@ RecordSet Database::run(QStringView statement, const dialect::Want& want)
     }
     if (code != SQLITE_DONE)
         throw engine::failure(m_impl->connection.get());
+    if (prepared.translation.target && sqlite3_changes(m_impl->connection.get()) > 0)
+        m_impl->changed = prepared.translation.target;
     return RecordSet(std::move(rows));
+}
+
+const schema::Table* Database::changedTable() const
+{
+    return m_impl->changed;
 }
 
 void Database::beginTransaction()
@@ -204,6 +213,22 @@ void Database::rollbackTransaction()
     // Nothing to give up when the engine has done it already.
     if (inTransaction())
         engine::execute(m_impl->connection.get(), "ROLLBACK");
+}
+
+void Database::beginPart()
+{
+    engine::execute(m_impl->connection.get(), "SAVEPOINT part");
+}
+
+void Database::endPart()
+{
+    engine::execute(m_impl->connection.get(), "RELEASE part");
+}
+
+void Database::takeBackPart()
+{
+    engine::execute(m_impl->connection.get(), "ROLLBACK TO part");
+    endPart();
 }
 
 bool Database::inTransaction() const

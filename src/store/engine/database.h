@@ -30,10 +30,17 @@ public:
     /// Runs one statement of the dialect. The result has rows for a Select only.
     RecordSet run(QStringView statement, const dialect::Want& want = {});
 
+    /// The table in which the latest run() changed a row; null when it changed none, or failed.
+    [[nodiscard]] const schema::Table* changedTable() const;
+
     /// Begins, ends or gives up the transaction of an action; Action is the way to call these.
     void beginTransaction();
     void commitTransaction();
     void rollbackTransaction();
+    /// Within a transaction: what follows can be taken back alone. Each begin has one end, the latest first.
+    void beginPart();
+    void endPart();
+    void takeBackPart();
     /// True between beginTransaction() and its end, unless the engine gave the transaction up by itself.
     [[nodiscard]] bool inTransaction() const;
 

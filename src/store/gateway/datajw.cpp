@@ -113,7 +113,10 @@ RecordSet DataJW::Impl::run(const QString& statement, const dialect::Want& want)
         throw gateway::refusal(StoreError::ActionLost,
                                gateway::tr("The change that this belongs to was given up before."));
     try {
-        return database->run(statement, want);
+        RecordSet rows = database->run(statement, want);
+        if (const schema::Table* table = database->changedTable())
+            changed.insert(table->name);
+        return rows;
     } catch (const StoreError& failure) {
         noteLoss(failure);
         throw;
@@ -122,6 +125,9 @@ RecordSet DataJW::Impl::run(const QString& statement, const dialect::Want& want)
 
 void DataJW::Impl::report(const Call& call, const StoreError& failure)
 {
+    // Where a first row is asked for and there is none, the table was read.
+    if (call.statement().startsWith(u"select", Qt::CaseInsensitive) && failure.number() != StoreError::NoRow)
+        ++failedReads;
     if (call.isQuiet())
         return;
     // The end of a lost action tells the user once; its statements only leave their trace.
@@ -156,6 +162,27 @@ Database& DataJW::database()
     if (!m_impl->database)
         throw gateway::refusal(StoreError::NotConnected, gateway::tr("The database is not open."));
     return *m_impl->database;
+}
+
+int DataJW::failedReads() const
+{
+    return m_impl->failedReads;
+}
+
+ReadWatch::ReadWatch(const DataJW& dataJW)
+    : m_dataJW(dataJW)
+    , m_before(dataJW.failedReads())
+{
+}
+
+bool ReadWatch::failed() const
+{
+    return m_dataJW.failedReads() != m_before;
+}
+
+void ReadWatch::restart()
+{
+    m_before = m_dataJW.failedReads();
 }
 
 void DataJW::logError(const QString& text, int level)

@@ -3,6 +3,8 @@
 
 #include "base/key.h"
 #include "store/engine/database.h"
+#include "store/gateway/action.h"
+#include "store/gateway/readwatch.h"
 #include "store/gateway/records.h"
 #include "store/gateway/recordset.h"
 
@@ -14,31 +16,12 @@
 
 class Session;
 
-/// Keeps what several statements of one user action do together: nothing of it is on the disk until the end.
-/// A statement that fails inside is logged and the rest goes on, unless the disk is full or broken: then
-/// nothing more is sent and nothing is written. A process that dies inside leaves the state before. Actions
-/// nest; the outermost one writes.
-class Action
-{
-public:
-    explicit Action(class DataJW& dataJW);
-    ~Action(); ///< commits when commit() was not called
-    Action(const Action&) = delete;
-    Action& operator=(const Action&) = delete;
-    /// Writes the action to the disk. False, with the failure logged and shown, when that did not succeed
-    /// (a full disk): the store is then as it was before the action.
-    bool commit();
-
-private:
-    DataJW& m_dataJW;
-    bool m_open = true;
-};
-
 /// All of the program's statements and what they answer. No failure leaves an operation: it is logged under
 /// the operation's tag (at level 0 with a message to the user) and the operation answers its default: 0, "",
-/// false, an empty list, or a record set that isNothing(). Arguments named quiet keep a "not found" or a
-/// failure out of the log. Arguments named skip answer the default without asking the store. Texts go into
-/// the statements as they are; callers pass a user's text through text::quoteFix first.
+/// false, an empty list, or a record set that isUnread(). A ReadWatch tells such a default from an answer. An
+/// operation of several writing statements does all of them or none. Arguments named quiet keep a "not found"
+/// or a failure out of the log. Arguments named skip answer the default without asking the store. Texts go
+/// into the statements as they are; callers pass a user's text through text::quoteFix first.
 class DataJW
 {
 public:
@@ -169,6 +152,9 @@ public:
     /// Reads such a file, replacing or merging as its root says. "Did the import complete" is
     /// Session::statusLine() == "Import Complete".
     void importXML(const QString& path);
+
+    /// How many reads have failed so far; ReadWatch is the way to ask.
+    [[nodiscard]] int failedReads() const;
 
     /// Logs a condition or the failure at hand: level 1 to the log only, any other level with a message.
     void logError(const QString& text, int level = 0);

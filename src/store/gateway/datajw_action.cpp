@@ -60,22 +60,35 @@ void DataJW::Impl::beginAction()
     }
 }
 
-bool DataJW::Impl::endAction()
+std::optional<StoreError> DataJW::Impl::closeAction()
 {
-    if (--depth > 0)
-        return !lost;
-    if (!database)
-        return false; // every statement has told so by itself
+    if (--depth > 0 || !database)
+        return std::nullopt;
     std::optional<StoreError> failure = std::exchange(lost, std::nullopt);
     if (!failure) {
         try {
             database->commitTransaction();
-            return true;
+            return std::nullopt;
         } catch (const StoreError& atEnd) {
             failure = atEnd;
         }
     }
     rollback();
+    changed.clear();
+    return failure;
+}
+
+bool DataJW::Impl::endAction()
+{
+    const std::optional<StoreError> failure = closeAction();
+    if (!database)
+        return false; // every statement has told so by itself
+    if (depth > 0)
+        return !lost && database->inTransaction();
+    if (!failure) {
+        tellChanges();
+        return true;
+    }
     QString reason = failure->description();
     if (reason.endsWith(u'.'))
         reason.chop(1);
@@ -83,6 +96,59 @@ bool DataJW::Impl::endAction()
         gateway::tr("The change was not saved: %1. The database is as it was before.").arg(reason);
     session.logError(u"DataJW-Action"_s + text::crlf + message, 0, &*failure);
     return false;
+}
+
+void DataJW::Impl::tellChanges()
+{
+    if (depth == 0 && calls == 0 && !changed.isEmpty())
+        emit session.changed(std::exchange(changed, {}));
+}
+
+DataJW::Impl::Whole::Whole(Impl& impl)
+    : m_impl(impl)
+    , m_changedBefore(impl.changed)
+{
+    m_impl.beginAction();
+    if (m_impl.depth > 1 && m_impl.database && m_impl.database->inTransaction()) {
+        m_impl.database->beginPart();
+        m_isPart = true;
+    }
+    if (m_impl.depth > 1 || !m_impl.lost)
+        return;
+    --m_impl.depth;
+    throw *std::exchange(m_impl.lost, std::nullopt);
+}
+
+DataJW::Impl::Whole::~Whole()
+{
+    if (m_open)
+        takeBack();
+}
+
+void DataJW::Impl::Whole::end()
+{
+    if (m_isPart && m_impl.database->inTransaction())
+        m_impl.database->endPart();
+    m_open = false;
+    if (const std::optional<StoreError> failure = m_impl.closeAction())
+        throw *failure;
+}
+
+void DataJW::Impl::Whole::takeBack()
+{
+    m_impl.changed = m_changedBefore;
+    if (--m_impl.depth == 0) {
+        m_impl.lost.reset();
+        if (m_impl.database)
+            m_impl.rollback();
+    } else if (m_isPart && m_impl.database->inTransaction()) {
+        try {
+            m_impl.database->takeBackPart();
+        } catch (const StoreError& failure) {
+            m_impl.rollback();
+            m_impl.lost = failure;
+        }
+    }
 }
 
 Action::Action(DataJW& dataJW)

@@ -7,7 +7,7 @@ using gateway::keyOf;
 
 RecordSet DataJW::getCompany(const QString& name)
 {
-    return m_impl->guarded(u"DataJW-GetCompany"_s, RecordSet(), [&](auto& call) {
+    return m_impl->guarded(u"DataJW-GetCompany"_s, RecordSet::unread(), [&](auto& call) {
         if (name == u"*")
             return call.run(u"Select * from Company"_s);
         return call.run(u"Select * from Company where Name = '"_s + name + u'\'');

@@ -16,7 +16,7 @@ QString selectPerson(const QString& first, const QString& last)
 
 RecordSet DataJW::getContact(const QString& first, const QString& last)
 {
-    return m_impl->guarded(u"DataJW-GetContact"_s, RecordSet(), [&](auto& call) {
+    return m_impl->guarded(u"DataJW-GetContact"_s, RecordSet::unread(), [&](auto& call) {
         const Key key = getContactKey(first, last, u"*"_s);
         return call.rowsOr(u"Select * from Contact where ContactKey="_s + gateway::text(key),
                            u"DataJW-GetContact - Contact Key not found."_s, 0);
@@ -51,7 +51,7 @@ QString DataJW::getContactByKey(Key key, bool skip)
 
 RecordSet DataJW::getContactDataByKey(Key key)
 {
-    return m_impl->guarded(u"DataJW-GetContactDataByKey"_s, RecordSet(), [&](auto& call) {
+    return m_impl->guarded(u"DataJW-GetContactDataByKey"_s, RecordSet::unread(), [&](auto& call) {
         return call.rowsOr(u"Select * from Contact where ContactKey="_s + gateway::text(key),
                            u"DataJW-GetContactDataByKey - Contact Key not found."_s, 0);
     });

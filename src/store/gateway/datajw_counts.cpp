@@ -42,7 +42,7 @@ Key DataJW::getPositionsExpiredCount(Key companyKey)
 
 RecordSet DataJW::getProgressCount(const QString& column, QDate from, QDate to)
 {
-    return m_impl->guarded(u"DataJW-GetPositionData"_s, RecordSet(), [&](auto& call) {
+    return m_impl->guarded(u"DataJW-GetPositionData"_s, RecordSet::unread(), [&](auto& call) {
         // Divisions again, as no quotes stand around the days: the answer has no rows. getProgressDateCount
         // counts.
         return call.run(u"Select * from Position where "_s + column + u'>' + dates::mdyyyy(from) + u" and " +

@@ -33,14 +33,14 @@ Dox readDox(const RecordSet& row)
 
 RecordSet DataJW::getAddress(Key key)
 {
-    return m_impl->guarded(u"DataJW-GetAddress"_s, RecordSet(), [&](auto& call) {
+    return m_impl->guarded(u"DataJW-GetAddress"_s, RecordSet::unread(), [&](auto& call) {
         return call.run(u"Select * from Address where AddressKey = "_s + gateway::text(key));
     });
 }
 
 RecordSet DataJW::getAddressAll()
 {
-    return m_impl->guarded(u"DataJW-GetAddressAll"_s, RecordSet(),
+    return m_impl->guarded(u"DataJW-GetAddressAll"_s, RecordSet::unread(),
                            [&](auto& call) { return call.run(u"Select * from Address"_s); });
 }
 
@@ -56,7 +56,7 @@ Key DataJW::getAddressKey(const QString& name)
 
 RecordSet DataJW::getDocument(Key key)
 {
-    return m_impl->guarded(u"DataJW-GetDocument"_s, RecordSet(), [&](auto& call) {
+    return m_impl->guarded(u"DataJW-GetDocument"_s, RecordSet::unread(), [&](auto& call) {
         return call.rowsOr(selectDocument(key), u"DataJW-GetDocument - DocumentKey not found."_s, 0);
     });
 }

@@ -17,7 +17,7 @@ Key DataJW::getHistoryCount(Key contactKey)
 
 RecordSet DataJW::getHistoryByContactKeyCnt(Key key)
 {
-    return m_impl->guarded(u"DataJW-GetHistoryByContactKeyCnt"_s, RecordSet(), [&](auto& call) {
+    return m_impl->guarded(u"DataJW-GetHistoryByContactKeyCnt"_s, RecordSet::unread(), [&](auto& call) {
         return call.run(u"Select * from History where ContactKey = "_s + gateway::text(key) +
                         u" Order by ContactDate,ContactCount");
     });
@@ -25,7 +25,7 @@ RecordSet DataJW::getHistoryByContactKeyCnt(Key key)
 
 RecordSet DataJW::getHistoryByContactKey(Key key)
 {
-    return m_impl->guarded(u"DataJW-GetHistoryByContactKey"_s, RecordSet(), [&](auto& call) {
+    return m_impl->guarded(u"DataJW-GetHistoryByContactKey"_s, RecordSet::unread(), [&](auto& call) {
         return call.run(u"Select * from History where ContactKey = "_s + gateway::text(key) +
                         u" Order by ContactDate");
     });
@@ -33,7 +33,7 @@ RecordSet DataJW::getHistoryByContactKey(Key key)
 
 RecordSet DataJW::getEventByKey(Key key)
 {
-    return m_impl->guarded(u"DataJW-GetEventByKey"_s, RecordSet(), [&](auto& call) {
+    return m_impl->guarded(u"DataJW-GetEventByKey"_s, RecordSet::unread(), [&](auto& call) {
         return call.run(u"Select * from Event where EventKey = "_s + gateway::text(key) +
                         u" Order by EventDate");
     });
@@ -41,7 +41,7 @@ RecordSet DataJW::getEventByKey(Key key)
 
 RecordSet DataJW::getEventByPositionKey(Key key)
 {
-    return m_impl->guarded(u"DataJW-GetEventByPositionKey"_s, RecordSet(), [&](auto& call) {
+    return m_impl->guarded(u"DataJW-GetEventByPositionKey"_s, RecordSet::unread(), [&](auto& call) {
         // An event has no column "Date", so the store refuses this and the caller gets nothing. Screens rely
         // on a position showing no events of its own; with the right column they would suddenly list them.
         return call.run(u"Select * from Event where PositionKey = "_s + gateway::text(key) +
@@ -51,7 +51,7 @@ RecordSet DataJW::getEventByPositionKey(Key key)
 
 RecordSet DataJW::getEventAll(const QString& type)
 {
-    return m_impl->guarded(u"DataJW-GetEventAll"_s, RecordSet(), [&](auto& call) {
+    return m_impl->guarded(u"DataJW-GetEventAll"_s, RecordSet::unread(), [&](auto& call) {
         if (type.isEmpty())
             return call.run(u"Select * from Event Order by EventDate"_s);
         return call.run(u"Select * from Event where eventType='"_s + type + u"' Order by EventDate");

@@ -38,7 +38,7 @@ bool DataJW::execQuery(const QString& sql)
 
 RecordSet DataJW::getExecQueryRecords(const QString& sql)
 {
-    return m_impl->guarded(u"DataJW-GetExecQueryRecords"_s, RecordSet(),
+    return m_impl->guarded(u"DataJW-GetExecQueryRecords"_s, RecordSet::unread(),
                            [&](auto& call) { return call.run(sql); });
 }
 

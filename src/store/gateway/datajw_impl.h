@@ -14,6 +14,7 @@
 struct DataJW::Impl
 {
     class Call;
+    class Whole;
 
     explicit Impl(Session& owner)
         : session(owner)
@@ -25,12 +26,18 @@ struct DataJW::Impl
     template<class Result, class Body>
     Result guarded(const QString& tag, Result fallback, Body&& body, bool quiet = false);
 
+    template<class Result, class Body> Result attempt(Call& call, Result fallback, Body&& body);
+
     void open();
     RecordSet run(const QString& statement, const dialect::Want& want);
     void report(const Call& call, const StoreError& failure);
 
     void beginAction();
     bool endAction();
+    /// Ends the action at hand; why it was not written, nothing when it was, or when it is an inner one.
+    std::optional<StoreError> closeAction();
+    /// Sends Session::changed() when nothing is under way any more.
+    void tellChanges();
     /// Gives the whole action up when the failure leaves no hope for it, and remembers why.
     void noteLoss(const StoreError& failure);
     void rollback();
@@ -38,7 +45,10 @@ struct DataJW::Impl
     Session& session;
     std::unique_ptr<Database> database; ///< null when the store could not be opened
     int depth = 0;                      ///< how many actions are open, one inside the other
-    std::optional<StoreError> lost;     ///< why the action at hand was given up
+    int calls = 0;                      ///< how many operations are at work, one inside the other
+    int failedReads = 0;
+    QSet<QString> changed;          ///< tables changed since the last signal
+    std::optional<StoreError> lost; ///< why the action at hand was given up
 };
 
 /// One call of an operation: sends its statements and knows the one at work, so that a failure can name it.
@@ -71,6 +81,10 @@ public:
     /// The rows of a Select; nothing, with @p notFound said, when it has none.
     RecordSet rowsOr(const QString& statement, const QString& notFound, int level);
 
+    /// Sends the statements of @p body as one change: all of them, or none when one fails or the change
+    /// cannot be written.
+    template<class Body> auto whole(Body&& body);
+
     /// Logs a condition that is no failure of the store, unless the call is quiet.
     void say(const QString& text, int level = 1);
     /// From here on a failure goes under another tag, or names another statement.
@@ -87,6 +101,34 @@ private:
     QString m_statement;
     bool m_quiet;
 };
+
+/// An action of an operation's own: taken back unless it is ended, within another action alone.
+class DataJW::Impl::Whole
+{
+public:
+    explicit Whole(Impl& impl);
+    ~Whole();
+    Whole(const Whole&) = delete;
+    Whole& operator=(const Whole&) = delete;
+    /// Throws StoreError when the outermost action could not be written.
+    void end();
+
+private:
+    void takeBack();
+
+    Impl& m_impl;
+    QSet<QString> m_changedBefore;
+    bool m_isPart = false; ///< of an action around it
+    bool m_open = true;
+};
+
+template<class Body> auto DataJW::Impl::Call::whole(Body&& body)
+{
+    Whole whole(m_impl);
+    const auto answer = body();
+    whole.end();
+    return answer;
+}
 
 /// Conversions between cells, names and statements that the operations share.
 namespace gateway {
@@ -123,6 +165,21 @@ template<class Result, class Body>
 Result DataJW::Impl::guarded(const QString& tag, Result fallback, Body&& body, bool quiet)
 {
     Call call(*this, tag, quiet);
+    ++calls;
+    const int failedBefore = failedReads;
+    Result answer = attempt(call, fallback, body);
+    // An operation that asks for a key first finds nothing when that read has failed.
+    if constexpr (std::is_same_v<Result, RecordSet>) {
+        if (failedReads != failedBefore && answer.isEmpty())
+            answer = std::move(fallback);
+    }
+    --calls;
+    tellChanges();
+    return answer;
+}
+
+template<class Result, class Body> Result DataJW::Impl::attempt(Call& call, Result fallback, Body&& body)
+{
     try {
         return body(call);
     } catch (const StoreError& failure) {

@@ -26,7 +26,7 @@ QString trimBlanks(QStringView word)
 
 RecordSet DataJW::getPosition(const QString& company, const QString& title)
 {
-    return m_impl->guarded(u"DataJW-GetPosition"_s, RecordSet(), [&](auto& call) {
+    return m_impl->guarded(u"DataJW-GetPosition"_s, RecordSet::unread(), [&](auto& call) {
         if (title == u"*")
             return call.rowsOr(u"Select * from position order by Title"_s,
                                u"DataJW-GetPosition- No positions found."_s, 1);
@@ -38,7 +38,7 @@ RecordSet DataJW::getPosition(const QString& company, const QString& title)
 RecordSet DataJW::getPositionByKey(Key key)
 {
     // Fails under the tag of getPosition, as both send the same statement.
-    return m_impl->guarded(u"DataJW-GetPosition"_s, RecordSet(), [&](auto& call) {
+    return m_impl->guarded(u"DataJW-GetPosition"_s, RecordSet::unread(), [&](auto& call) {
         return call.rowsOr(selectPosition(key), u"DataJW-GetPositionByKey - Position Key not found."_s, 1);
     });
 }

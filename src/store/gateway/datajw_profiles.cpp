@@ -66,14 +66,14 @@ Target firstOf(const std::vector<Target>& targets)
 RecordSet DataJW::getUProfileByKey(Key key)
 {
     // Fails under the tag of getUProfileKey; only the "not found" carries its own name.
-    return m_impl->guarded(u"DataJW-GetUProfileKey"_s, RecordSet(), [&](auto& call) {
+    return m_impl->guarded(u"DataJW-GetUProfileKey"_s, RecordSet::unread(), [&](auto& call) {
         return call.rowsOr(selectProfile(key), u"DataJW-GetUProfileByKey - UProfile not found."_s, 0);
     });
 }
 
 RecordSet DataJW::getUProfile(const QString& title, const QString& subtitle)
 {
-    return m_impl->guarded(u"DataJW-GetUProfile"_s, RecordSet(), [&](auto& call) {
+    return m_impl->guarded(u"DataJW-GetUProfile"_s, RecordSet::unread(), [&](auto& call) {
         return call.rowsOr(selectProfile(getUProfileKey(title, subtitle)),
                            u"DataJW-GetUProfile- UProfile not found."_s, 0);
     });

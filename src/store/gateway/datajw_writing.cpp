@@ -76,11 +76,13 @@ int replaceInLists(Call& call, Key newKey, Key oldKey, const QString& select, co
 bool DataJW::writeStatus(const QString& name, const QString& value, bool replace)
 {
     return m_impl->guarded(u"DataJW-WriteStatus"_s, false, [&](auto& call) {
-        if (replace)
-            call.run(u"Delete * from Status where StatusDescription='"_s + name + u'\'');
-        call.run(u"INSERT INTO STATUS (StatusDescription,StatusDate,StatusValue) VALUES ('"_s + name +
-                 u"','" + m_impl->session.todayText() + u"','" + value + u"');");
-        return true;
+        return call.whole([&] {
+            if (replace)
+                call.run(u"Delete * from Status where StatusDescription='"_s + name + u'\'');
+            call.run(u"INSERT INTO STATUS (StatusDescription,StatusDate,StatusValue) VALUES ('"_s + name +
+                     u"','" + m_impl->session.todayText() + u"','" + value + u"');");
+            return true;
+        });
     });
 }
 
@@ -143,27 +145,35 @@ void DataJW::delContactsByCompany(Key key)
             call.keys(u"Select * from Contact where CompanyKey="_s + company, u"ContactKey"_s);
         if (contacts.empty())
             call.say(u"DataJW-DelContactsByCompany - No Contacts"_s);
-        for (const Key contact : contacts)
-            call.run(u"Delete * from History where ContactKey="_s + gateway::text(contact));
-        call.run(u"Delete * from Contact where CompanyKey="_s + company);
-        // The contacts' addresses stay; the address clean-up finds them.
-        for (const QStringView table : {u"Position", u"Event", u"Cprofile", u"Jprofile"})
-            call.run(u"Delete * from "_s + table + u" where companykey=" + company);
-        return true;
+        return call.whole([&] {
+            for (const Key contact : contacts)
+                call.run(u"Delete * from History where ContactKey="_s + gateway::text(contact));
+            call.run(u"Delete * from Contact where CompanyKey="_s + company);
+            // The contacts' addresses stay; the address clean-up finds them.
+            for (const QStringView table : {u"Position", u"Event", u"Cprofile", u"Jprofile"})
+                call.run(u"Delete * from "_s + table + u" where companykey=" + company);
+            return true;
+        });
     });
 }
 
 bool DataJW::updateCompanySubset(const QString& name, Key oldKey)
 {
     return m_impl->guarded(u"DataJW-UpdateCompanySubset"_s, false, [&](auto& call) {
+        const ReadWatch watch(*this);
         const Key newKey = getCompanyKey(name);
         if (oldKey == 0)
             return true;
-        // Events are not among these: the company screen moves them itself.
-        for (const QStringView table : {u"Position", u"Contact", u"CProfile", u"JProfile"})
-            call.run(u"Update "_s + table + u" set CompanyKey=" + gateway::text(newKey) +
-                     u" where CompanyKey=" + gateway::text(oldKey));
-        return false;
+        if (watch.failed())
+            throw gateway::refusal(StoreError::NoRow,
+                                   gateway::tr("The new key of the company could not be read."));
+        return call.whole([&] {
+            // Events are not among these: the company screen moves them itself.
+            for (const QStringView table : {u"Position", u"Contact", u"CProfile", u"JProfile"})
+                call.run(u"Update "_s + table + u" set CompanyKey=" + gateway::text(newKey) +
+                         u" where CompanyKey=" + gateway::text(oldKey));
+            return false;
+        });
     });
 }
 
@@ -171,20 +181,25 @@ void DataJW::updateContactSubset(Key newKey, Key oldKey)
 {
     m_impl->guarded(u"DataJW-UpdateContactSubset"_s, false, [&](auto& call) {
         const QString fresh = gateway::text(newKey);
-        for (const QStringView table : {u"Event", u"History"})
-            call.run(u"Update "_s + table + u" set ContactKey=" + fresh + u" where ContactKey=" +
-                     gateway::text(oldKey));
-        call.run(u"Update History set HistoryKey=('"_s + fresh + u"-' & ContactCount) where contactkey=" +
-                 fresh);
-        return true;
+        return call.whole([&] {
+            for (const QStringView table : {u"Event", u"History"})
+                call.run(u"Update "_s + table + u" set ContactKey=" + fresh + u" where ContactKey=" +
+                         gateway::text(oldKey));
+            call.run(u"Update History set HistoryKey=('"_s + fresh + u"-' & ContactCount) where contactkey=" +
+                     fresh);
+            return true;
+        });
     });
 }
 
 int DataJW::updateContactList(Key newKey, Key oldKey, const QString& table, int)
 {
     return m_impl->guarded(u"DataJW-UpdateContactList"_s, 0, [&](auto& call) {
-        return replaceInLists(call, newKey, oldKey, u"Select * from "_s + table + u" where contactlist > ''",
-                              table, u"ContactList"_s, table + u"Key");
+        return call.whole([&] {
+            return replaceInLists(call, newKey, oldKey,
+                                  u"Select * from "_s + table + u" where contactlist > ''", table,
+                                  u"ContactList"_s, table + u"Key");
+        });
     });
 }
 
@@ -197,22 +212,27 @@ int DataJW::updateContactLists(const std::vector<std::pair<Key, Key>>& newOld, c
         const QString statement = u"Select * from "_s + table + u" where contactlist > ''";
         RecordSet keys = call.oneColumn(statement, keyColumn);
         RecordSet lists = call.oneColumn(statement, u"ContactList"_s);
-        for (; !lists.atEnd(); lists.next(), keys.next()) {
-            const QString before = lists.text(0);
-            const auto [list, replacements] = rewriter.rewrite(before);
-            changed += replacements;
-            // Keys that are what they were need no writing.
-            if (list != before)
-                call.run(updateList(table, u"ContactList"_s, list, keyColumn, keyOf(keys.value(0))));
-        }
-        return changed;
+        return call.whole([&] {
+            for (; !lists.atEnd(); lists.next(), keys.next()) {
+                const QString before = lists.text(0);
+                const auto [list, replacements] = rewriter.rewrite(before);
+                changed += replacements;
+                // Keys that are what they were need no writing.
+                if (list != before)
+                    call.run(updateList(table, u"ContactList"_s, list, keyColumn, keyOf(keys.value(0))));
+            }
+            return changed;
+        });
     });
 }
 
 int DataJW::updateDocList(Key newKey, Key oldKey, const QString& table, int)
 {
     return m_impl->guarded(u"DataJW-UpdateDocList"_s, 0, [&](auto& call) {
-        return replaceInLists(call, newKey, oldKey, u"Select * from "_s + table + u" where documentlist > ''",
-                              table, u"DocumentList"_s, u"ContactKey"_s);
+        return call.whole([&] {
+            return replaceInLists(call, newKey, oldKey,
+                                  u"Select * from "_s + table + u" where documentlist > ''", table,
+                                  u"DocumentList"_s, u"ContactKey"_s);
+        });
     });
 }

@@ -1,5 +1,12 @@
 #include "store/gateway/recordset.h"
 
+RecordSet RecordSet::unread()
+{
+    RecordSet answer;
+    answer.m_unread = true;
+    return answer;
+}
+
 QString RecordSet::columnName(int column) const
 {
     return column >= 0 && column < columnCount() ? m_rows->columns[static_cast<size_t>(column)].name

@@ -36,8 +36,14 @@ public:
     {
     }
 
+    /// What an operation answers that could not read its rows.
+    [[nodiscard]] static RecordSet unread();
+
     /// True for the result of an operation that failed or found nothing: there are not even columns.
     [[nodiscard]] bool isNothing() const { return !m_rows; }
+    /// True when the rows could not be read: what they hold is unknown and must not be written over. False
+    /// for a record that is not there.
+    [[nodiscard]] bool isUnread() const { return m_unread; }
     [[nodiscard]] bool isEmpty() const { return rowCount() == 0; }
     [[nodiscard]] int rowCount() const { return m_rows ? m_rows->count : 0; }
     [[nodiscard]] int columnCount() const { return m_rows ? static_cast<int>(m_rows->columns.size()) : 0; }
@@ -67,4 +73,5 @@ public:
 private:
     std::shared_ptr<const Rows> m_rows;
     int m_row = 0;
+    bool m_unread = false;
 };
