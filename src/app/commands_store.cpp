@@ -2,6 +2,7 @@
 #include "app/commandtexts.h"
 #include "app/output.h"
 #include "base/text.h"
+#include "store/engine/storeerror.h"
 #include "store/files/appfolder.h"
 #include "store/files/copyrestore.h"
 #include "store/files/demo.h"

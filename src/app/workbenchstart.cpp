@@ -11,6 +11,7 @@
 #include "desktop/desktopservices.h"
 #include "desktop/endrequests.h"
 #include "desktop/printing.h"
+#include "store/engine/storeerror.h"
 #include "store/files/appfolder.h"
 #include "store/files/copies.h"
 #include "store/files/storecheck.h"

@@ -5,6 +5,7 @@
 #include "store/engine/storeerror.h"
 #include "store/files/logs.h"
 #include "store/gateway/datajw.h"
+#include "store/gateway/undostack.h"
 
 #include <utility>
 
@@ -14,6 +15,7 @@ Session::Session(QString folder, Clock clock, Prompts& prompts, Desktop& desktop
     , m_prompts(prompts)
     , m_desktop(desktop)
     , m_settings(m_folder)
+    , m_undoStack(std::make_unique<UndoStack>(*this))
 {
 }
 
@@ -44,6 +46,7 @@ DataJW& Session::dataJW()
 void Session::releaseDataJW()
 {
     m_dataJW.reset();
+    m_undoStack->clear();
 }
 
 Answer Session::msgBox(const QString& text, Buttons buttons, const QString& title)

@@ -16,6 +16,7 @@
 
 class DataJW;
 class StoreError;
+class UndoStack;
 
 /// Folder, flags, logs and the gateway of one run. Created once by main (or a test) with its ports; there is
 /// no other global state.
@@ -43,6 +44,8 @@ public:
     DataJW& dataJW();
     [[nodiscard]] bool hasDataJW() const { return m_dataJW != nullptr; }
     void releaseDataJW();
+    /// What can be taken back of this run's changes; empty after releaseDataJW().
+    [[nodiscard]] UndoStack& undoStack() { return *m_undoStack; }
 
     [[nodiscard]] Prompts& prompts() { return m_prompts; }
     [[nodiscard]] Desktop& desktop() { return m_desktop; }
@@ -127,6 +130,7 @@ private:
     SilentProgress m_noProgress;
     Progress* m_progress = &m_noProgress;
     RegAccess m_settings;
+    std::unique_ptr<UndoStack> m_undoStack;
     std::unique_ptr<DataJW> m_dataJW;
     QString m_statusLine;
     bool m_logLost = false;

@@ -1,6 +1,7 @@
 #include "store/campaignfile.h"
 #include "store/engine/enginecall.h"
 #include "store/engine/storeerror.h"
+#include "store/gateway/undostack.h"
 #include "support/campaign.h"
 #include "support/errorlog.h"
 #include "support/gatewaycalls.h"
@@ -130,6 +131,47 @@ private slots:
         });
         send(world, {u"INSERT INTO Document(Document) VALUES('CV')"_s, u"Delete * from Position"_s});
         QCOMPARE(told.take(), u"Document Position Document"_s);
+    }
+
+    void takeBackAndDoAgain()
+    {
+        World world;
+        loadCampaign(world);
+        UndoStack& stack = world.session->undoStack();
+        stack.clear();
+        const auto buyers = [&] { return world.cells(u"Select Title from Position where Notes='n'"_s); };
+        send(world, {u"INSERT INTO Position(Title,Notes) VALUES('Buyer','n')"_s});
+        QCOMPARE(stack.undoText(), u"new position Buyer"_s);
+        world.data().writeStatus(u"MinLog"_s, u"7"_s, true); // a setting
+        send(world, {u"Update Position set Title='Baker' where Notes='n'"_s});
+        QCOMPARE(stack.undoText(), u"change of position Baker"_s);
+        {
+            const Action outer(world.data());
+            const Action inner(world.data(), u"dismissal"_s);
+            QVERIFY(!stack.undo());
+            send(world, {u"Delete * from Position where Notes='n'"_s, u"Delete * from Event"_s});
+        }
+        QCOMPARE(stack.undoText(), u"dismissal"_s);
+        Told told(world);
+        QVERIFY(stack.undo() && stack.canRedo());
+        QCOMPARE(told.take(), u"Event+Position"_s);
+        QCOMPARE(buyers(), u"Baker"_s);
+        QCOMPARE(stack.redoText(), u"dismissal"_s);
+        QVERIFY(stack.undo());
+        QCOMPARE(buyers(), u"Buyer"_s);
+        QVERIFY(stack.redo());
+        QCOMPARE(buyers(), u"Baker"_s);
+        // Another program's change, past the gateway.
+        engine::execute(world.data().database().handle(), "UPDATE Position SET Title='Cook' WHERE Notes='n'");
+        world.prompts.expect(u"\"change of position Baker\" cannot be taken back"_s);
+        QVERIFY(!stack.undo());
+        QCOMPARE(buyers(), u"Cook"_s);
+        QVERIFY(!stack.canUndo() || stack.undoText() == u"new position Buyer");
+        {
+            const Action restore(world.data(), Action::NotUndoable());
+            send(world, {u"Delete * from Document"_s});
+        }
+        QVERIFY(!stack.canUndo() && !stack.canRedo());
     }
 
     void changeAllOrNothing_data()

@@ -224,6 +224,9 @@ void StatementRenderer::deletion(const Delete& deletion)
     m_out.target = deletion.target;
     m_out.sql = "delete from " + quotedName(deletion.target->name);
     where(deletion.where);
+    // Without a condition the engine empties the table at one stroke, past what records the rows' changes.
+    if (!deletion.where)
+        m_out.sql += " where true";
 }
 
 } // namespace

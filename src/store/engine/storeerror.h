@@ -25,6 +25,7 @@ public:
         BadStatement = 3075, ///< not a statement of the program's dialect
         UnknownName = 3061,  ///< a table or column that does not exist
         NoRow = 3021,        ///< a first row was asked for where there is none
+        Conflict = 3197,     ///< rows are not what a recorded change set expects
         ActionLost = 3022,   ///< the engine gave up the whole action (a full disk, an input/output error)
     };
 

@@ -185,7 +185,7 @@ bool loadDemo(Session& session, const QString& xmlPath)
         session.msgBox(failure);
         return false;
     }
-    Action action(data);
+    Action action(data, Action::NotUndoable());
     xmlimport::read(session, restoreFile, false);
     CampaignFile campaign;
     const bool done = session.statusLine() == u"Import Complete" && campaign.load(restoreFile).isEmpty() &&

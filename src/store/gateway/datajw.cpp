@@ -38,6 +38,11 @@ Key countOf(qint64 count)
     return *key;
 }
 
+bool isSelect(const QString& statement)
+{
+    return QStringView(statement).trimmed().startsWith(u"select", Qt::CaseInsensitive);
+}
+
 std::pair<QString, QString> splitName(const QString& name)
 {
     const qsizetype blank = name.indexOf(u' ');
@@ -112,12 +117,20 @@ RecordSet DataJW::Impl::run(const QString& statement, const dialect::Want& want)
     if (depth > 0 && (lost || !database->inTransaction()))
         throw gateway::refusal(StoreError::ActionLost,
                                gateway::tr("The change that this belongs to was given up before."));
+    // Outside of an action a writing statement is one by itself.
+    const bool isAction = depth == 0 && !gateway::isSelect(statement);
+    if (isAction)
+        record();
     try {
         RecordSet rows = database->run(statement, want);
         if (const schema::Table* table = database->changedTable())
             changed.insert(table->name);
+        if (isAction)
+            push(takeRecorded());
         return rows;
     } catch (const StoreError& failure) {
+        if (isAction)
+            recorder.reset();
         noteLoss(failure);
         throw;
     }
@@ -126,7 +139,7 @@ RecordSet DataJW::Impl::run(const QString& statement, const dialect::Want& want)
 void DataJW::Impl::report(const Call& call, const StoreError& failure)
 {
     // Where a first row is asked for and there is none, the table was read.
-    if (call.statement().startsWith(u"select", Qt::CaseInsensitive) && failure.number() != StoreError::NoRow)
+    if (gateway::isSelect(call.statement()) && failure.number() != StoreError::NoRow)
         ++failedReads;
     if (call.isQuiet())
         return;

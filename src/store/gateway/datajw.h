@@ -2,7 +2,6 @@
 #pragma once
 
 #include "base/key.h"
-#include "store/engine/database.h"
 #include "store/gateway/action.h"
 #include "store/gateway/readwatch.h"
 #include "store/gateway/records.h"
@@ -14,6 +13,7 @@
 #include <utility>
 #include <vector>
 
+class Database;
 class Session;
 
 /// All of the program's statements and what they answer. No failure leaves an operation: it is logged under
@@ -152,6 +152,17 @@ public:
     /// Reads such a file, replacing or merging as its root says. "Did the import complete" is
     /// Session::statusLine() == "Import Complete".
     void importXML(const QString& path);
+
+    // --- Undo ---------------------------------------------------------------------------------------------
+    enum class Applied {
+        Done,
+        NoLongerFits, ///< a row that the changes meet is not what they expect; nothing was changed
+        Failed,       ///< logged and shown; nothing was changed
+    };
+    /// Writes a recorded change set, or what takes it back, in an action of its own; UndoStack is the way to
+    /// call it.
+    Applied applyChanges(const QByteArray& changes, bool backwards);
+    [[nodiscard]] bool isInAction() const;
 
     /// How many reads have failed so far; ReadWatch is the way to ask.
     [[nodiscard]] int failedReads() const;

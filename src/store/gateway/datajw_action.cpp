@@ -1,6 +1,7 @@
 #include "store/gateway/datajw_impl.h"
 
 #include "base/text.h"
+#include "store/gateway/stepname.h"
 
 #include <sqlite3.h>
 
@@ -55,9 +56,49 @@ void DataJW::Impl::beginAction()
         return;
     try {
         database->beginTransaction();
+        record();
     } catch (const StoreError& failure) {
         lost = failure;
     }
+}
+
+void DataJW::Impl::record()
+{
+    actionName.clear();
+    undoable = true;
+    recorder.reset();
+    if (!UndoStack::isAvailable())
+        return;
+    try {
+        recorder.emplace(database->handle());
+    } catch (const StoreError&) {
+        // Only for want of memory: the change goes on without a way back.
+    }
+}
+
+std::optional<UndoStack::Step> DataJW::Impl::takeRecorded()
+{
+    const std::optional<engine::ChangeRecorder> finished = std::exchange(recorder, std::nullopt);
+    // Settings are no part of the campaign.
+    if (!finished || changed.isEmpty() || changed == QSet<QString>{u"Status"_s})
+        return std::nullopt;
+    try {
+        UndoStack::Step step{actionName, finished->changes()};
+        if (step.name.isEmpty())
+            step.name = stepName(*database, step.changes);
+        return step;
+    } catch (const StoreError&) {
+        undoable = false; // no memory for it
+        return std::nullopt;
+    }
+}
+
+void DataJW::Impl::push(std::optional<UndoStack::Step> step)
+{
+    if (!undoable && !changed.isEmpty())
+        session.undoStack().clear();
+    else if (step && !step->changes.isEmpty())
+        session.undoStack().push(std::move(*step));
 }
 
 std::optional<StoreError> DataJW::Impl::closeAction()
@@ -67,12 +108,15 @@ std::optional<StoreError> DataJW::Impl::closeAction()
     std::optional<StoreError> failure = std::exchange(lost, std::nullopt);
     if (!failure) {
         try {
+            std::optional<UndoStack::Step> step = takeRecorded();
             database->commitTransaction();
+            push(std::move(step));
             return std::nullopt;
         } catch (const StoreError& atEnd) {
             failure = atEnd;
         }
     }
+    recorder.reset();
     rollback();
     changed.clear();
     return failure;
@@ -139,6 +183,7 @@ void DataJW::Impl::Whole::takeBack()
     m_impl.changed = m_changedBefore;
     if (--m_impl.depth == 0) {
         m_impl.lost.reset();
+        m_impl.recorder.reset();
         if (m_impl.database)
             m_impl.rollback();
     } else if (m_isPart && m_impl.database->inTransaction()) {
@@ -151,10 +196,46 @@ void DataJW::Impl::Whole::takeBack()
     }
 }
 
-Action::Action(DataJW& dataJW)
+DataJW::Applied DataJW::applyChanges(const QByteArray& changes, bool backwards)
+{
+    bool fits = true;
+    const bool done = m_impl->guarded(u"DataJW-Undo"_s, false, [&](auto& call) {
+        return call.whole([&] {
+            m_impl->recorder.reset(); // the stack knows what this changes
+            try {
+                engine::applyChanges(database().handle(), backwards ? engine::inverted(changes) : changes);
+            } catch (const StoreError& failure) {
+                fits = failure.number() != StoreError::Conflict;
+                if (fits)
+                    throw;
+                return false;
+            }
+            for (const engine::RowChange& row : engine::rowsOf(changes))
+                m_impl->changed.insert(row.table);
+            return true;
+        });
+    });
+    return done ? Applied::Done : fits ? Applied::Failed : Applied::NoLongerFits;
+}
+
+bool DataJW::isInAction() const
+{
+    return m_impl->depth > 0;
+}
+
+Action::Action(DataJW& dataJW, const QString& name)
     : m_dataJW(dataJW)
 {
     m_dataJW.m_impl->beginAction();
+    if (m_dataJW.m_impl->actionName.isEmpty())
+        m_dataJW.m_impl->actionName = name;
+}
+
+Action::Action(DataJW& dataJW, NotUndoable)
+    : Action(dataJW)
+{
+    m_dataJW.m_impl->recorder.reset();
+    m_dataJW.m_impl->undoable = false;
 }
 
 Action::~Action()

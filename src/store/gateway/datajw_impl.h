@@ -1,8 +1,11 @@
 // What the gateway's files share: one call of an operation with its trapping, its log entry and its default.
 #pragma once
 
+#include "store/engine/changeset.h"
+#include "store/engine/database.h"
 #include "store/engine/storeerror.h"
 #include "store/gateway/datajw.h"
+#include "store/gateway/undostack.h"
 #include "store/session.h"
 
 #include <QCoreApplication>
@@ -26,6 +29,12 @@ struct DataJW::Impl
     template<class Result, class Body>
     Result guarded(const QString& tag, Result fallback, Body&& body, bool quiet = false);
 
+    /// Begins to record for the way back, when the engine can.
+    void record();
+    /// What was recorded, for pushing once it is on the disk; nothing when there is nothing to take back.
+    std::optional<UndoStack::Step> takeRecorded();
+    void push(std::optional<UndoStack::Step> step);
+
     template<class Result, class Body> Result attempt(Call& call, Result fallback, Body&& body);
 
     void open();
@@ -47,7 +56,10 @@ struct DataJW::Impl
     int depth = 0;                      ///< how many actions are open, one inside the other
     int calls = 0;                      ///< how many operations are at work, one inside the other
     int failedReads = 0;
-    QSet<QString> changed;          ///< tables changed since the last signal
+    QSet<QString> changed; ///< tables changed since the last signal
+    std::optional<engine::ChangeRecorder> recorder;
+    QString actionName;             ///< of the action at hand, "" for none
+    bool undoable = true;           ///< the action at hand may be taken back
     std::optional<StoreError> lost; ///< why the action at hand was given up
 };
 
@@ -155,6 +167,8 @@ inline QString text(Key key)
 {
     return QString::number(key);
 }
+
+[[nodiscard]] bool isSelect(const QString& statement);
 
 /// "First Last" at its first blank; without one all of it is the first name.
 std::pair<QString, QString> splitName(const QString& name);

@@ -1,5 +1,6 @@
 #include "store/xml/xmlimporter.h"
 
+#include "store/engine/database.h"
 #include "store/gateway/datajw.h"
 #include "store/session.h"
 

@@ -1,4 +1,5 @@
 // What stands around the walk over a campaign file: the file's check, the copy, the action, and the report.
+#include "store/engine/database.h"
 #include "store/engine/enginecall.h"
 #include "store/files/copies.h"
 #include "store/gateway/datajw.h"
@@ -70,7 +71,7 @@ struct Outcome
 Outcome walk(Session& session, const CampaignFile& file)
 {
     const WideCache cache(session.dataJW().database());
-    Action action(session.dataJW());
+    Action action(session.dataJW(), Action::NotUndoable());
     if (!raiseKeys(session.dataJW(), file))
         report(session,
                say("The keys of the contacts in the file are too high to keep new ones apart from "
