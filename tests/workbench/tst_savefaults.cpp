@@ -56,11 +56,11 @@ Sweep<Bench> companySave()
         {u"INSERT INTO COMPANY"_s, u" 0 0 0 0 0"_s},
         {u"Delete * from Company"_s, u"1|1|3/5/2024;3|3|3/5/2024 1 1 1 1 1"_s},
         {u"Select * from company where name="_s, u"3|3|3/5/2024 3 3 3 3 0"_s}, // the event uses this key
-        {u"Select * from company where name="_s, u"3|3|3/5/2024 0 0 0 0 3"_s}, // all others use this one
+        {u"Select * from company where name="_s, u"3|3|3/5/2024 1 1 1 1 3"_s}, // all others use this one
         {u"Update Position"_s, u"3|3|3/5/2024 1 1 1 1 3"_s},
-        {u"Update Contact"_s, u"3|3|3/5/2024 3 1 1 1 3"_s},
-        {u"Update CProfile"_s, u"3|3|3/5/2024 3 3 1 1 3"_s},
-        {u"Update JProfile"_s, u"3|3|3/5/2024 3 3 3 1 3"_s},
+        {u"Update Contact"_s, u"3|3|3/5/2024 1 1 1 1 3"_s},
+        {u"Update CProfile"_s, u"3|3|3/5/2024 1 1 1 1 3"_s},
+        {u"Update JProfile"_s, u"3|3|3/5/2024 1 1 1 1 3"_s},
         {u"Update Event"_s, u"3|3|3/5/2024 3 3 3 3 1"_s}};
     return {furnish,
             [](Bench& bench) { bench.company().cmdUpdate1(); },
