@@ -22,6 +22,8 @@ private slots:
             for (const auto& column :
                  m_engine.execute("pragma table_info(\"" + table.name.toUtf8() + "\")")) {
                 const QString name = column[1].toString();
+                if (name == u"RowNumber")
+                    continue; // of a table without a key of its own
                 const schema::ColumnType type = table.columns.at(table.indexOf(name)).type;
                 const QString word = type == schema::ColumnType::Date  ? u"date"_s
                                      : column[2].toString() == u"TEXT" ? u"text"_s

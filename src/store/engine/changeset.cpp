@@ -12,6 +12,13 @@
 
 namespace engine {
 
+bool recordsAllTables(sqlite3* connection)
+{
+    return value(connection, "select count(*) from sqlite_schema as s where s.type = 'table' and s.name not "
+                             "like 'sqlite_%' and not exists "
+                             "(select 1 from pragma_table_info(s.name) where pk > 0)") == u"0";
+}
+
 #ifdef JOBWRIGHT_HAS_SESSION
 
 namespace {

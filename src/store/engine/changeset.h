@@ -16,6 +16,10 @@ namespace engine {
 /// False when the engine was built without the session extension: nothing is recorded then.
 bool canRecordChanges();
 
+/// False when a table of the file has no primary key: what is done to its rows would be missing in the
+/// record.
+bool recordsAllTables(sqlite3* connection);
+
 /// Records what is done to the rows of all tables from its construction on. It needs a primary key on each,
 /// and ends before its connection.
 class ChangeRecorder

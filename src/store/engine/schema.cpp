@@ -279,6 +279,9 @@ QString createTable(const Table& table)
     QStringList columns;
     for (const Column& column : table.columns)
         columns.append(u"\"%1\" %2"_s.arg(column.name, engineType(column.type)));
+    // What was done to a row is recorded by its key. No statement of the program sees this one.
+    if (table.columns.front().type != Auto)
+        columns.append(u"\"RowNumber\" INTEGER PRIMARY KEY"_s);
     return u"create table \"%1\" (%2) strict"_s.arg(table.name, columns.join(u", "_s));
 }
 

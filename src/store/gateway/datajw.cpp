@@ -108,6 +108,7 @@ void DataJW::Impl::open()
     if (file.state != FileState::Good)
         throw gateway::refusal(StoreError::NotConnected, file.message);
     database = std::make_unique<Database>(path);
+    canRecord = UndoStack::isAvailable() && engine::recordsAllTables(database->handle());
 }
 
 RecordSet DataJW::Impl::run(const QString& statement, const dialect::Want& want)

@@ -67,7 +67,7 @@ void DataJW::Impl::record()
     actionName.clear();
     undoable = true;
     recorder.reset();
-    if (!UndoStack::isAvailable())
+    if (!canRecord)
         return;
     try {
         recorder.emplace(database->handle());

@@ -59,6 +59,7 @@ struct DataJW::Impl
     QSet<QString> changed; ///< tables changed since the last signal
     std::optional<engine::ChangeRecorder> recorder;
     QString actionName;             ///< of the action at hand, "" for none
+    bool canRecord = false;         ///< the engine can, and every table of the file has a key
     bool undoable = true;           ///< the action at hand may be taken back
     std::optional<StoreError> lost; ///< why the action at hand was given up
 };
