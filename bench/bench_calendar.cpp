@@ -65,7 +65,7 @@ int main(int argc, char** argv)
     Session session(
         folder.path(), [] { return QDateTime(QDate(2026, 11, 22), QTime(9, 30)); }, ports, ports);
     fill(session.dataJW());
-    FrmEvCal calendar(session, ports);
+    FrmEvCal calendar(session);
     QSettings layout(folder.filePath(u"layout.ini"_s), QSettings::IniFormat);
     calendar.load();
     CalendarView view(calendar, layout);

@@ -1,9 +1,9 @@
 // What a contact costs on a full campaign: opening the Contact screen, choosing another company, a save with
 // its clean-up of addresses. Milliseconds of the wall, the middle of several tries.
-#include "app/presenters.h"
 #include "base/silentports.h"
 #include "generate.h"
 #include "measure.h"
+#include "program/presenters.h"
 
 #include "base/clock.h"
 #include "store/engine/database.h"

@@ -75,8 +75,7 @@ int main()
     Silent ports;
     Session session(folder.path(), systemClock(), ports, ports);
     generate::campaign(session.dataJW().database(), generate::fullCampaign);
-    FrmEvCal calendar(session, ports);
-    FrmHistory history(session, calendar);
+    FrmHistory history(session, ports);
     for (const int followUps : {10, histories}) {
         fill(session, followUps);
         const auto open = [&] { history.load(contactKey); };

@@ -1,15 +1,15 @@
 // What the Pipeline screen costs on a full campaign, window included: opening it, choosing a position, a page
 // of bars, another company. Milliseconds of the wall, the middle of several tries, and as a ratio to the
 // engine reading the same rows by itself.
-#include "app/presenters.h"
 #include "base/silentports.h"
 #include "generate.h"
 #include "measure.h"
+#include "program/presenters.h"
 
 #include "base/clock.h"
 #include "store/engine/database.h"
-#include "store/gateway/datajw.h"
 #include "store/engine/enginecall.h"
+#include "store/gateway/datajw.h"
 #include "store/session.h"
 #include "views/workbench/workbenchwindow.h"
 #include "workbench/pipelinescreen.h"

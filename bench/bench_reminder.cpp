@@ -44,8 +44,7 @@ int main()
     Session session(folder.path(), systemClock(), prompts, desktop);
     generate::campaign(session.dataJW().database(), generate::fullCampaign);
     SilentNavigator screens;
-    FrmEvCal calendar(session, screens);
-    FrmReminder reminder(session, calendar);
+    FrmReminder reminder(session, screens);
     reminder.load();
     report("5000 events, all open", reminder);
     session.dataJW().execQuery(u"Update Event set Complete='OkEvent' where EventKey>60"_s);

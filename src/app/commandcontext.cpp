@@ -2,9 +2,9 @@
 #include "app/commandtexts.h"
 #include "app/consoleprogress.h"
 #include "app/consoleprompts.h"
-#include "app/openstore.h"
 #include "app/output.h"
 #include "base/clock.h"
+#include "program/openstore.h"
 #include "store/files/appfolder.h"
 #include "store/gateway/datajw.h"
 

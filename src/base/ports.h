@@ -2,6 +2,8 @@
 // test's.
 #pragma once
 
+#include "base/navigator.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -27,19 +29,6 @@ public:
     virtual QString pickFolder(const QString& title, const QString& folder) = 0;
     /// One of @p companies, or empty when the user gave up.
     virtual QString pickCompany(const QString& title, const QStringList& companies) = 0;
-};
-
-/// The ways from one screen to another. A screen is named by its presenter's name ("FrmHistory").
-class Navigator
-{
-public:
-    virtual ~Navigator() = default;
-    /// True when the program has this screen; the shell disables the doors to those it has not.
-    [[nodiscard]] virtual bool hasScreen(const QString& screen) const = 0;
-    /// Opens a screen; a modal one has been closed again when this returns.
-    virtual void openScreen(const QString& screen) = 0;
-    /// The help page of a control, shown beside the workbench.
-    virtual void openHelp(int contextId) = 0;
 };
 
 /// The user's desktop around the program.

@@ -33,7 +33,11 @@ public:
 class SilentNavigator : public Navigator
 {
 public:
+    [[nodiscard]] const std::vector<ScreenRow>& screens() const override { return m_none; }
     [[nodiscard]] bool hasScreen(const QString&) const override { return false; }
-    void openScreen(const QString&) override {}
+    QVariant open(const QString&, const QVariant&) override { return {}; }
     void openHelp(int) override {}
+
+private:
+    std::vector<ScreenRow> m_none;
 };

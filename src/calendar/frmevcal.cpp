@@ -28,9 +28,8 @@ std::vector<FieldRow> calendarForm()
 
 } // namespace
 
-FrmEvCal::FrmEvCal(Session& session, Navigator& navigator)
+FrmEvCal::FrmEvCal(Session& session)
     : m_session(session)
-    , m_navigator(navigator)
     , m_form(calendarForm())
     , m_page(session, m_form)
     , m_frame(session, m_form)
@@ -53,10 +52,6 @@ void FrmEvCal::load()
     m_page.loadEvents();
     m_page.fillEvents();
     emit changed();
-    if (const auto key = std::exchange(m_preparedEvent, std::nullopt))
-        openEvent(*key);
-    if (const auto values = std::exchange(m_preparedTask, std::nullopt))
-        openHistoryTask(*values);
 }
 
 void FrmEvCal::unload()
@@ -66,27 +61,18 @@ void FrmEvCal::unload()
     m_page.forget();
 }
 
-void FrmEvCal::showEvent(Key eventKey)
+void FrmEvCal::show(const QVariant& request)
 {
-    if (m_loaded) { // another screen stands beside the open calendar
-        openEvent(eventKey);
-        return;
-    }
-    m_preparedEvent = eventKey;
-    m_navigator.openScreen(u"FrmEvCal"_s);
-    m_preparedEvent.reset(); // a program without this screen has not taken it
+    if (request.canConvert<Key>())
+        openEvent(request.value<Key>());
+    else if (request.isValid())
+        createHistoryEvent(request.value<QHash<QString, QString>>());
 }
 
 void FrmEvCal::createHistoryEvent(const QHash<QString, QString>& values)
 {
-    if (m_loaded) {
-        if (mayLeaveFrame())
-            openHistoryTask(values);
-        return;
-    }
-    m_preparedTask = values;
-    m_navigator.openScreen(u"FrmEvCal"_s);
-    m_preparedTask.reset();
+    if (mayLeaveFrame())
+        openHistoryTask(values);
 }
 
 void FrmEvCal::reload()

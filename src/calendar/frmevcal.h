@@ -10,6 +10,7 @@
 
 #include <QHash>
 #include <QObject>
+#include <QVariant>
 
 #include <optional>
 #include <vector>
@@ -26,7 +27,7 @@ class FrmEvCal : public QObject
 public:
     static constexpr int timerCalInterval = 1500; ///< ms that a drag rests on a month arrow before it steps
 
-    FrmEvCal(Session& session, Navigator& navigator);
+    explicit FrmEvCal(Session& session);
     ~FrmEvCal() override;
 
     /// The controls of MonthPage and EventFrame.
@@ -53,17 +54,17 @@ public:
     bool mayLeaveFrame();
 
     // --- Called by other screens --------------------------------------------------------------------------
-    /// The screen opens: reads the events and shows today's month, unless showEvent() or createHistoryEvent()
-    /// has just prepared something else.
+    /// The screen opens: reads the events and shows today's month.
     void load();
     /// The screen has been closed.
     void unload();
-    /// Opens the screen with the frame on this event. A calendar that is open already shows it, once what is
-    /// unsaved in its frame has been asked for; so does the next.
-    void showEvent(Key eventKey);
-    /// Opens the screen with the frame on a new task made of these values: "H0" company, "H1" contact, "H2"
-    /// position, "H3" event type, "H4" description, "H5" date in any of the program's forms (else today),
-    /// "H6" medium. "NONE" means empty. An event type that begins with "net" makes it a networking event.
+    [[nodiscard]] bool isLoaded() const { return m_loaded; }
+    /// Shows what the screen was opened with: the event of a Key, or the values of createHistoryEvent(). What
+    /// is unsaved in the frame is asked for first.
+    void show(const QVariant& request);
+    /// Puts the frame on a new task made of these values: "H0" company, "H1" contact, "H2" position, "H3"
+    /// event type, "H4" description, "H5" date in any of the program's forms (else today), "H6" medium.
+    /// "NONE" means empty. An event type that begins with "net" makes it a networking event.
     void createHistoryEvent(const QHash<QString, QString>& values);
     /// Something else has changed events: an open calendar reads and paints them again, and its frame
     /// follows.
@@ -129,11 +130,8 @@ private:
     void removeRows(const std::vector<Key>& rows);
 
     Session& m_session;
-    Navigator& m_navigator;
     Form m_form;
     MonthPage m_page;
     EventFrame m_frame;
     bool m_loaded = false;
-    std::optional<Key> m_preparedEvent;
-    std::optional<QHash<QString, QString>> m_preparedTask;
 };

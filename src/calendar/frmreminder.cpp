@@ -3,7 +3,6 @@
 
 #include "base/dates.h"
 #include "base/fieldtext.h"
-#include "calendar/frmevcal.h"
 #include "store/gateway/datajw.h"
 #include "store/gateway/steps.h"
 
@@ -37,13 +36,12 @@ bool isInterval(const QString& text)
 
 } // namespace
 
-FrmReminder::FrmReminder(Session& session, FrmEvCal& calendar)
+FrmReminder::FrmReminder(Session& session, Navigator& navigator)
     : m_session(session)
-    , m_calendar(calendar)
+    , m_navigator(navigator)
     , m_form({{u"txtInterval"_s, {}, SaveOn::Never}, {u"lblNote"_s, {}, SaveOn::Never}})
     , m_list(headings())
 {
-    connect(&calendar, &FrmEvCal::recordsChanged, this, &FrmReminder::lookAgain);
 }
 
 FrmReminder::~FrmReminder() = default;
@@ -172,7 +170,7 @@ void FrmReminder::open(const QString& key)
         return;
     select(key);
     m_session.trace(u"Open Calendar Screen"_s);
-    m_calendar.showEvent(m_selectedEventKey);
+    m_navigator.open(u"FrmEvCal"_s, m_selectedEventKey);
     lookAgain(); // time has passed there, too
 }
 

@@ -13,7 +13,6 @@
 #include <set>
 #include <vector>
 
-class FrmEvCal;
 class RecordSet;
 struct DueEvent;
 
@@ -27,7 +26,7 @@ public:
     /// Timer1 of the view ticks so often while timer1Enabled().
     static constexpr int timer1Interval = 64000; // ms
 
-    FrmReminder(Session& session, FrmEvCal& calendar);
+    FrmReminder(Session& session, Navigator& navigator);
     ~FrmReminder() override;
 
     /// txtInterval, and lblNote: why the list is empty or ends early.
@@ -47,6 +46,8 @@ public:
     void load();   ///< with the session's start: hidden, Timer1 on
     void unload(); ///< with the session's end, before the gateway goes; a second call does nothing
     void tick();   ///< Timer1_Timer
+    /// Events are no longer what they were: an open list looks at them again.
+    void lookAgain();
     /// One look at the events; a reader of the list is shown or hidden by it.
     void checkEvents();
     /// The toolbar's button: the screen as it is, due or not.
@@ -85,7 +86,6 @@ private:
     void comeForward(bool byUser);
     void playAlarm();
     bool look(); ///< true when there is something to show
-    void lookAgain();
     void showRows(const std::vector<DueEvent>& events);
     void noteLook(const std::vector<DueEvent>& events);
     void tellWhatCameDue(const std::vector<DueEvent>& events, const QDateTime& lastLook);
@@ -95,7 +95,7 @@ private:
     void writeStep(const QString& event, const QString& date, Key position, Key medium);
 
     Session& m_session;
-    FrmEvCal& m_calendar;
+    Navigator& m_navigator;
     Form m_form;
     RowModel m_list;
     std::set<Key> m_matchedKeys; ///< only grows; kept, though nothing in the program asks for it yet

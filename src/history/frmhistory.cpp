@@ -74,9 +74,9 @@ ListRow rowOf(const History& entry, int slot, QDate today)
 
 } // namespace
 
-FrmHistory::FrmHistory(Session& session, FrmEvCal& calendar)
+FrmHistory::FrmHistory(Session& session, Navigator& navigator)
     : m_session(session)
-    , m_calendar(calendar)
+    , m_navigator(navigator)
     , m_form(historyForm())
     , m_list({tr("Date"), tr("Topic"), tr("Medium"), tr("Length"), tr("Location"), tr("Next call"),
               tr("Return")})

@@ -13,7 +13,6 @@
 #include <QSet>
 
 class DataJW;
-class FrmEvCal;
 
 /// Loads all entries of a contact, edits them in memory, and writes them back as a whole at its closing.
 class FrmHistory : public QObject
@@ -32,7 +31,7 @@ public:
         ReturnColumn
     };
 
-    FrmHistory(Session& session, FrmEvCal& calendar);
+    FrmHistory(Session& session, Navigator& navigator);
     ~FrmHistory() override;
 
     [[nodiscard]] Form& form() { return m_form; }
@@ -93,7 +92,7 @@ private:
     [[nodiscard]] QString firstPosition() const;
 
     Session& m_session;
-    FrmEvCal& m_calendar;
+    Navigator& m_navigator;
     Form m_form;
     RowModel m_list;
     HistoryEntries m_entries;

@@ -4,7 +4,6 @@
 #include "base/dates.h"
 #include "base/fieldtext.h"
 #include "base/text.h"
-#include "calendar/frmevcal.h"
 #include "history/historyclosing.h"
 #include "store/engine/storeerror.h"
 #include "store/gateway/datajw.h"
@@ -182,5 +181,5 @@ QHash<QString, QString> FrmHistory::eventValues() const
 void FrmHistory::cmdAddEvent()
 {
     m_session.trace(u"Open Calendar Screen"_s);
-    m_calendar.createHistoryEvent(eventValues());
+    m_navigator.open(u"FrmEvCal"_s, QVariant::fromValue(eventValues()));
 }

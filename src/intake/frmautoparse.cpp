@@ -44,15 +44,15 @@ FrmAutoParse::FrmAutoParse(Session& session)
 {
 }
 
-void FrmAutoParse::load(const QString& current, const QString& company)
+void FrmAutoParse::load(const Request& request)
 {
     m_mode = Undecided;
-    m_company = company;
+    m_company = request.company;
     m_form.clear();
-    m_form.setText(u"txtCurrent"_s, current);
+    m_form.setText(u"txtCurrent"_s, request.current);
     for (const QString& button : {u"cmdSave"_s, u"cmdMerge"_s, u"cmdDiscard"_s})
         m_form.setEnabled(button, false);
-    m_form.setEnabled(u"cmdLocation"_s, !company.isEmpty());
+    m_form.setEnabled(u"cmdLocation"_s, !m_company.isEmpty());
     m_form.requestFocus(u"txtBizCard"_s);
     m_classifier = readAreaCodes();
 }
@@ -71,26 +71,12 @@ CardClassifier FrmAutoParse::readAreaCodes()
     return CardClassifier(AreaCodes());
 }
 
-bool FrmAutoParse::fill(Form& target, const CardFields& controls, const QString& company,
-                        Navigator& navigator)
+FrmAutoParse::Answer FrmAutoParse::answer() const
 {
-    const QString screen = u"FrmAutoParse"_s;
-    if (!navigator.hasScreen(screen))
-        return false;
-    load(joined(target, controls), company);
-    {
-        const BusyScope busy(m_session);
-        navigator.openScreen(screen);
-    }
-    if (m_mode != Save && m_mode != Merge)
-        return false;
-    for (int field = 0; field < CardFieldCount; ++field) {
-        const QString& control = controls[field];
-        // A street box may hold the line break between its two stored lines and nothing else: that is empty.
-        if (m_mode == Save || target.text(control).trimmed().isEmpty())
-            target.amend(control, m_form.text(cardControls()[field]));
-    }
-    return true;
+    QStringList fields;
+    for (const QString& control : cardControls())
+        fields.append(m_form.text(control));
+    return {m_mode, fields};
 }
 
 void FrmAutoParse::cmdVerify()
@@ -138,4 +124,22 @@ void FrmAutoParse::cmdLocation()
                                                                       .city = address.text(u"City"),
                                                                       .state = address.text(u"State"),
                                                                       .zip = address.text(u"Zip")}));
+}
+
+bool fillFromCard(Form& target, const CardFields& controls, const QString& company, Navigator& navigator)
+{
+    const auto answer =
+        navigator
+            .open(u"FrmAutoParse"_s,
+                  QVariant::fromValue(FrmAutoParse::Request{joined(target, controls), company}))
+            .value<FrmAutoParse::Answer>();
+    if (answer.mode != FrmAutoParse::Save && answer.mode != FrmAutoParse::Merge)
+        return false;
+    for (int field = 0; field < CardFieldCount; ++field) {
+        const QString& control = controls[field];
+        // A street box may hold the line break between its two stored lines and nothing else: that is empty.
+        if (answer.mode == FrmAutoParse::Save || target.text(control).trimmed().isEmpty())
+            target.amend(control, answer.fields.value(field));
+    }
+    return true;
 }

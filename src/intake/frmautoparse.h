@@ -28,14 +28,23 @@ public:
     [[nodiscard]] Form& form() { return m_form; }
     [[nodiscard]] Mode mode() const { return m_mode; }
 
-    /// Begins a new card. @p current is what the caller has, for txtCurrent; @p company the name of the
-    /// company that the street map shows, empty for none. Reads the area codes; without them the failure is
-    /// shown and no line passes for a telephone number.
-    void load(const QString& current, const QString& company);
-    /// The whole call of another screen: opens this one on the texts of @p target's @p controls (in the order
-    /// of the card's fields) and puts the card's fields into them as the user decides. True when the user
-    /// took the card over, and the caller should save.
-    bool fill(Form& target, const CardFields& controls, const QString& company, Navigator& navigator);
+    /// What the screen is opened with.
+    struct Request
+    {
+        QString current; ///< what the caller has, for txtCurrent
+        QString company; ///< the name of the company that the street map shows; empty: none
+    };
+    /// What it brings back: the decision, and the card's fields in their order.
+    struct Answer
+    {
+        Mode mode = Undecided;
+        QStringList fields;
+    };
+
+    /// Begins a new card. Reads the area codes; without them the failure is shown and no line passes for a
+    /// telephone number.
+    void load(const Request& request);
+    [[nodiscard]] Answer answer() const;
 
 public slots:
     void cmdVerify();   ///< sorts the card
@@ -58,3 +67,8 @@ private:
     QString m_company;
     Mode m_mode = Undecided;
 };
+
+/// The whole call of another screen: opens this one on the texts of @p target's @p controls (in the order of
+/// the card's fields) and puts the card's fields into them as the user decides. True when the user took the
+/// card over, and the caller should save. @p company as in the request.
+bool fillFromCard(Form& target, const CardFields& controls, const QString& company, Navigator& navigator);

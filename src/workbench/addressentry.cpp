@@ -44,9 +44,8 @@ QString shownStreet(const RecordSet& address)
 
 } // namespace
 
-FrmAddressEntry::FrmAddressEntry(Shell& shell, FrmAutoParse& autoParse)
+FrmAddressEntry::FrmAddressEntry(Shell& shell)
     : m_shell(shell)
-    , m_autoParse(autoParse)
     , m_form(addressForm())
 {
 }
@@ -56,13 +55,13 @@ DataJW& FrmAddressEntry::dataJW() const
     return m_shell.session().dataJW();
 }
 
-void FrmAddressEntry::load(Key contactKey, Key addressKey)
+void FrmAddressEntry::load(const Request& request)
 {
     m_saved = false;
-    m_contactKey = contactKey;
-    m_addressKey = addressKey;
+    m_contactKey = request.contactKey;
+    m_addressKey = request.addressKey;
     m_form.clear();
-    const RecordSet address = addressKey > 0 ? dataJW().getAddress(addressKey) : RecordSet();
+    const RecordSet address = m_addressKey > 0 ? dataJW().getAddress(m_addressKey) : RecordSet();
     if (address.isEmpty()) {
         // A key that points nowhere: a save gives the contact a row of its own.
         if (!address.isNothing())
@@ -171,7 +170,7 @@ void FrmAddressEntry::cmdFastParser()
                                      u"txtEP1"_s,      u"txtEP2"_s,   u"txtEP3"_s,    u"txtEFax"_s,
                                      u"txtEEM1"_s,     u"txtEEM2"_s,  u"txtEURL1"_s,  u"txtEURL2"_s};
     const QString company = m_shell.selection().selectedCompanyName();
-    m_autoParse.fill(m_form, controls,
-                     text::isUnsaved(company) || text::isCategory(company) ? QString() : company,
-                     m_shell.navigator());
+    fillFromCard(m_form, controls,
+                 text::isUnsaved(company) || text::isCategory(company) ? QString() : company,
+                 m_shell.navigator());
 }

@@ -7,7 +7,6 @@
 #include <QObject>
 
 class DataJW;
-class FrmAutoParse;
 class Shell;
 
 /// Edits the Address row of one contact; can take the company's address over.
@@ -16,11 +15,18 @@ class FrmAddressEntry : public QObject
     Q_OBJECT
 
 public:
-    FrmAddressEntry(Shell& shell, FrmAutoParse& autoParse);
+    explicit FrmAddressEntry(Shell& shell);
+
+    /// What the screen is opened with; both 0 for a contact that is not saved yet.
+    struct Request
+    {
+        Key contactKey = 0;
+        Key addressKey = 0;
+    };
 
     [[nodiscard]] Form& form() { return m_form; }
-    /// Fills the fields for a contact with its Address row; both keys 0 for a contact that is not saved yet.
-    void load(Key contactKey, Key addressKey);
+    /// Fills the fields for a contact with its Address row.
+    void load(const Request& request);
     /// The flag for the workbench: a save has happened since load().
     [[nodiscard]] bool saved() const { return m_saved; }
     /// The row that the contact has now.
@@ -45,7 +51,6 @@ private:
     bool addRow();
 
     Shell& m_shell;
-    FrmAutoParse& m_autoParse;
     Form m_form;
     Key m_contactKey = 0;
     Key m_addressKey = 0;

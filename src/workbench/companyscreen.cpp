@@ -62,9 +62,8 @@ QString shownRatio(double ratio)
 
 } // namespace
 
-CompanyScreen::CompanyScreen(Shell& shell, FrmAutoParse& autoParse)
+CompanyScreen::CompanyScreen(Shell& shell)
     : m_shell(shell)
-    , m_autoParse(autoParse)
     , m_form(companyForm())
 {
     m_form.setVisible(u"imgTgt"_s, false);

@@ -9,7 +9,6 @@
 
 #include <QObject>
 
-class FrmAutoParse;
 class Shell;
 
 /// Shows, saves and removes a company; lists its contacts and positions; opens its web pages and its street
@@ -19,7 +18,7 @@ class CompanyScreen : public QObject
     Q_OBJECT
 
 public:
-    CompanyScreen(Shell& shell, FrmAutoParse& autoParse);
+    explicit CompanyScreen(Shell& shell);
     ~CompanyScreen() override;
 
     [[nodiscard]] Form& form() { return m_form; }
@@ -78,7 +77,6 @@ private:
     bool removeRecords(const QString& name);
 
     Shell& m_shell;
-    FrmAutoParse& m_autoParse;
     Form m_form;
     TreeModel m_tree;
     double m_pointerPlace = 0;

@@ -58,7 +58,7 @@ void CompanyScreen::cmdFastParser()
 {
     const QString selected = m_shell.selection().selectedCompanyName();
     const bool saved = !text::isUnsaved(selected) && !text::isCategory(selected);
-    if (!m_autoParse.fill(m_form, cardControls(), saved ? selected : QString(), m_shell.navigator()))
+    if (!fillFromCard(m_form, cardControls(), saved ? selected : QString(), m_shell.navigator()))
         return;
     if (saved) {
         cmdUpdate1();

@@ -213,7 +213,7 @@ void ContactScreen::cmdHistory1()
     }
     if (!historyAvailable())
         return;
-    m_shell.navigator().openScreen(u"FrmHistory"_s);
+    m_shell.navigator().open(u"FrmHistory"_s, m_shell.selection().currentContactKey);
     // Before anything is saved, which writes the day of the last contact too.
     showReached(dataJW().getContactDataByKey(keyShown()));
     // As a click on the box shows its contact anew, what is not stored yet is asked about first. By the key
@@ -226,13 +226,13 @@ void ContactScreen::cmdAddress1()
 {
     m_shell.session().trace(u"Toggle Address"_s);
     const Key key = keyShown();
-    m_addressEntry->load(key, m_addressKey);
-    m_shell.navigator().openScreen(u"FrmAddressEntry"_s);
-    if (!m_addressEntry->saved())
+    const QVariant saved = m_shell.navigator().open(
+        u"FrmAddressEntry"_s, QVariant::fromValue(FrmAddressEntry::Request{key, m_addressKey}));
+    if (!saved.isValid())
         return;
     const QString name = contactShown();
     // What was typed on this screen meanwhile stays; only the address can have become another row.
-    m_addressKey = m_addressEntry->addressKey();
+    m_addressKey = saved.value<Key>();
     loadContactList();
     reselect(key);
     m_shell.showMessage(tr("Update of ") + name + tr(" is complete."));

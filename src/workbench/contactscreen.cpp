@@ -59,11 +59,10 @@ bool isRating(const QString& control)
 
 } // namespace
 
-ContactScreen::ContactScreen(Shell& shell, const Form& companyForm, FrmAutoParse& autoParse)
+ContactScreen::ContactScreen(Shell& shell, const Form& companyForm)
     : m_shell(shell)
     , m_companyForm(companyForm)
     , m_form(contactForm())
-    , m_addressEntry(std::make_unique<FrmAddressEntry>(shell, autoParse))
 {
     m_others.add({}, tr("Contacts"), u"A0"_s, u"contact"_s);
     m_documents.add({}, tr("Documents"), u"D0"_s, u"document"_s);

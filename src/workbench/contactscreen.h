@@ -13,8 +13,6 @@
 #include <vector>
 
 class DataJW;
-class FrmAddressEntry;
-class FrmAutoParse;
 class Shell;
 struct ContactName;
 
@@ -26,7 +24,7 @@ class ContactScreen : public QObject
 
 public:
     /// @p companyForm is the Company screen's: a new contact begins with the address in it.
-    ContactScreen(Shell& shell, const Form& companyForm, FrmAutoParse& autoParse);
+    ContactScreen(Shell& shell, const Form& companyForm);
     ~ContactScreen() override;
 
     [[nodiscard]] Form& form() { return m_form; }
@@ -34,7 +32,6 @@ public:
     /// filling.
     [[nodiscard]] TreeModel& tvwOtherContact() { return m_others; }
     [[nodiscard]] TreeModel& tvwDocument() { return m_documents; }
-    [[nodiscard]] FrmAddressEntry& addressEntry() { return *m_addressEntry; }
     /// The names of cmbOtherContact: the contacts of all companies, or of the one picked with
     /// lblOtherContacts. Read when first asked for.
     [[nodiscard]] const QStringList& otherContactNames();
@@ -129,7 +126,6 @@ private:
     QStringList m_storedDocuments;
     QPersistentModelIndex m_selectedOther;
     QPersistentModelIndex m_selectedDocument;
-    std::unique_ptr<FrmAddressEntry> m_addressEntry;
     std::optional<QStringList> m_otherNames; ///< nothing: not read yet
     QString m_otherCompany;                  ///< whose contacts they are, empty for all
     Key m_addressKey = 0;                    ///< of the contact shown

@@ -42,13 +42,13 @@ QString categoryCaption(QString name)
 
 } // namespace
 
-FrmData::FrmData(Session& session, Navigator& navigator, FrmAutoParse& autoParse, FrmReminder& reminder)
+FrmData::FrmData(Session& session, Navigator& navigator, FrmReminder& reminder)
     : Shell(session, navigator)
     , m_reminder(reminder)
     , m_form(shellForm())
-    , m_company(std::make_unique<CompanyScreen>(*this, autoParse))
+    , m_company(std::make_unique<CompanyScreen>(*this))
     , m_position(std::make_unique<PositionScreen>(*this))
-    , m_contact(std::make_unique<ContactScreen>(*this, m_company->form(), autoParse))
+    , m_contact(std::make_unique<ContactScreen>(*this, m_company->form()))
     , m_document(std::make_unique<DocumentScreen>(*this))
     , m_pipeline(std::make_unique<PipelineScreen>(*this, *m_position))
 {

@@ -13,7 +13,6 @@
 class CompanyScreen;
 class ContactScreen;
 class DocumentScreen;
-class FrmAutoParse;
 class FrmReminder;
 class PipelineScreen;
 class PositionScreen;
@@ -31,8 +30,8 @@ class FrmData : public QObject, public Shell
     Q_OBJECT
 
 public:
-    /// All four must outlive the main screen.
-    FrmData(Session& session, Navigator& navigator, FrmAutoParse& autoParse, FrmReminder& reminder);
+    /// All three must outlive the main screen.
+    FrmData(Session& session, Navigator& navigator, FrmReminder& reminder);
     ~FrmData() override;
 
     // --- Parts of the window ------------------------------------------------------------------------------
@@ -115,6 +114,8 @@ public:
     void tbarButtonClick(const QString& key) override;
     /// The same for a menu entry by its name ("Uprofile", "Goals", "FileImport", ...).
     void menuClick(const QString& entry);
+    /// The tool of this toolbar key or menu entry; null for what is no tool.
+    [[nodiscard]] const ScreenRow* tool(const QString& key) const;
     /// True when what stands behind this toolbar key or menu entry exists; else its button is disabled.
     [[nodiscard]] bool toolAvailable(const QString& key) const;
 
@@ -129,6 +130,7 @@ public slots:
     void filePrint() { emit printRequested(); }
     void setup() { emit printSetupRequested(); }
     void preview() { emit previewRequested(); }
+    void documentation();
     void helpAbout();
     void ctrlS();
     void help(int contextId);
@@ -164,7 +166,6 @@ private:
     void openTool(const QString& key, bool fromMenu);
     void checkReminders();
     void positionStored();
-    void documentation();
     void writeUsage();
     void release();
     void writeRestoreFile(const QString& name);

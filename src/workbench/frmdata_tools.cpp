@@ -13,52 +13,10 @@
 #include <QFileInfo>
 
 #include <algorithm>
-#include <array>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// What happens when a tool's screen is closed again.
-enum class Then { Stay, CompanyScreen, CompanyScreenFocused };
-
-struct Tool
-{
-    QStringView key;    ///< of its toolbar button
-    QStringView entry;  ///< name of its menu entry
-    QStringView screen; ///< as the navigator knows it
-    QStringView toolbarLine;
-    QStringView menuLine;
-    Then then = Then::Stay;
-};
-
-constexpr std::array<Tool, 14> tools{{
-    {u"uprofile", u"Uprofile", u"FrmUProfile", u"Open Profile Screen - from Toolbar",
-     u"Open Profile Screen - from Menu", Then::CompanyScreenFocused},
-    {u"goals", u"Goals", u"FrmGoals", u"Open Goals Screen", u"Open Goals Screen from Menu",
-     Then::CompanyScreen},
-    {u"keysearch", u"Keysearch", u"FrmKeySearch", u"Open/Set Focus on KeySearch Screen",
-     u"Open/Set Focus on KeySearch Screen from Menu", Then::CompanyScreen},
-    // What the user prefers in a company or position is what the template asks for: hence the entry's name.
-    {u"editor", u"ToolsPreferences", u"FrmEditor", {}, u"Open Profile Editor from Menu"},
-    {u"reminder", u"Reminder", u"FrmReminder", {}, {}},
-    {u"events", u"Events", u"FrmEvCal", u"Open Calendar Screen", u"Open Calendar Screen"},
-    {u"import", u"FileImport", u"FrmImport", {}, {}},
-    {u"options", u"ToolsOptions", u"FrmOptions", {}, {}},
-    {u"stats", {}, u"FrmStats", {}, {}},
-    {u"help", u"HelpAll", u"FrmHelpBox", {}, {}},
-    {u"target", u"targets", u"FrmTargets", {}, {}},
-    {u"plan", u"ActionPlan", u"FrmActionPlan", {}, {}},
-    {u"launch", {}, u"FrmLaunchGuide", {}, {}},
-    {u"report", u"PrintReport", u"FrmReport", {}, {}},
-}};
-
-const Tool* findTool(const QString& keyOrEntry)
-{
-    const auto found = std::ranges::find_if(
-        tools, [&](const Tool& tool) { return tool.key == keyOrEntry || tool.entry == keyOrEntry; });
-    return found == tools.end() ? nullptr : &*found;
-}
 
 /// The tab that an entry of the toolbar button's drop-down stands for; empty for any other key.
 QString tabOf(const QString& key)
@@ -75,10 +33,18 @@ QString documentationPath(const Session& session)
 
 } // namespace
 
+const ScreenRow* FrmData::tool(const QString& key) const
+{
+    const auto found = std::ranges::find_if(m_navigator.screens(), [&](const ScreenRow& row) {
+        return !key.isEmpty() && (row.tool == key || row.entry == key);
+    });
+    return found == m_navigator.screens().end() ? nullptr : &*found;
+}
+
 bool FrmData::toolAvailable(const QString& key) const
 {
-    if (const Tool* tool = findTool(key))
-        return m_navigator.hasScreen(tool->screen.toString());
+    if (const ScreenRow* row = tool(key))
+        return m_navigator.hasScreen(row->screen);
     if (key == u"helpdox" || key == u"Documentation")
         return !m_session.helpDocument.isEmpty() && QFileInfo::exists(documentationPath(m_session));
     return true;
@@ -100,31 +66,23 @@ void FrmData::tbarButtonClick(const QString& key)
 
 void FrmData::menuClick(const QString& entry)
 {
-    if (entry == u"Documentation")
-        documentation();
-    else
-        openTool(entry, true);
+    openTool(entry, true);
 }
 
 void FrmData::openTool(const QString& key, bool fromMenu)
 {
-    const Tool* tool = findTool(key);
-    if (!tool || !toolAvailable(key))
+    const ScreenRow* row = tool(key);
+    if (!row || !m_navigator.hasScreen(row->screen))
         return;
-    if (const QStringView line = fromMenu ? tool->menuLine : tool->toolbarLine; !line.isEmpty())
-        m_session.trace(line.toString());
-    if (fromMenu && tool->key == u"reminder") {
+    if (const QString& line = fromMenu ? row->menuLine : row->toolLine; !line.isEmpty())
+        m_session.trace(line);
+    if (fromMenu && row->screen == u"FrmReminder")
         checkReminders();
-    } else if (tool->key == u"editor") {
-        // Reminders must not come up while the template is open.
-        const BusyScope busy(m_session);
-        m_navigator.openScreen(tool->screen.toString());
-    } else {
-        m_navigator.openScreen(tool->screen.toString());
-    }
-    if (tool->then == Then::CompanyScreenFocused)
+    else
+        m_navigator.open(row->screen);
+    if (row->then == Then::CompanyScreenFocused)
         m_form.requestFocus(u"TabStrip1"_s);
-    if (tool->then != Then::Stay)
+    if (row->then != Then::Stay)
         tabStrip1Click(u"Company"_s);
 }
 

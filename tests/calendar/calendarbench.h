@@ -20,7 +20,7 @@ public:
         run(u"Insert into Position(Title,CompanyKey) Values('Engineer',1)"_s);
     }
 
-    FrmEvCal calendar{*world.session, navigator};
+    FrmEvCal calendar{*world.session};
 
     /// What the controls show, with "|" between them.
     QString shown(const QString& controls) { return shownIn(calendar.form(), controls); }

@@ -311,17 +311,17 @@ private slots:
         CalendarBench bench;
         bench.addEvent(u"3/9/2027"_s, u"10:30 AM"_s);
         QStringList seen;
-        bench.navigator.whileOpen = [&] {
+        const auto open = [&](Key event) {
             bench.calendar.load();
+            bench.calendar.show(event);
             seen += bench.shown(u"lblMonth"_s) +
                     (bench.calendar.isFrameOpen() ? bench.calendar.frameDate().toString(u" M/d"_s) : u""_s);
             bench.calendar.unload();
         };
-        bench.calendar.showEvent(1);
+        open(1);
         bench.expect(u"This entry is no longer in the calendar."_s);
-        bench.calendar.showEvent(77);
+        open(77);
         QCOMPARE(seen, (QStringList{u"March 2027 3/9"_s, u"November 2026"_s}));
-        QCOMPARE(bench.navigator.opened, (QStringList{u"FrmEvCal"_s, u"FrmEvCal"_s}));
         bench.calendar.reload(); // a shut calendar paints nothing
         QVERIFY(!bench.calendar.isFrameOpen());
     }
@@ -331,22 +331,19 @@ private slots:
         CalendarBench bench;
         bench.addEvent(u"11/24/2026"_s, u"10:30 AM"_s);
         bench.addEvent(u"12/3/2026"_s, u"9:00 AM"_s, u"Referral"_s);
-        bool second = false;
-        bench.navigator.whileOpen = [&] { second = true; };
         bench.calendar.load();
         bench.calendar.openEntry(u"EV1"_s);
         bench.type(u"txtEvDescription"_s, u"typed"_s);
         bench.expect(u"Save the changes to this entry?"_s, Answer::Cancel);
-        bench.calendar.showEvent(2);
+        bench.calendar.show(Key(2));
         QCOMPARE(bench.shown(u"txtEvDescription"_s), u"typed"_s);
         bench.expect(u"Save the changes to this entry?"_s, Answer::Yes);
-        bench.calendar.showEvent(2);
+        bench.calendar.show(Key(2));
         QCOMPARE(bench.shown(u"txtEvName"_s), u"Referral"_s);
         QCOMPARE(bench.cells(u"Select Description from Event where Event='Interview'"_s), u"typed"_s);
         QCOMPARE(bench.chips(), u"3 EV2 9:00 Referral"_s); // its month, with its events
         bench.calendar.createHistoryEvent({{u"H3"_s, u"Contact Inquiry"_s}});
         QVERIFY(bench.calendar.isNewEntry() && bench.shown(u"txtEvName"_s) == u"Contact Inquiry");
-        QVERIFY(!second);
     }
 
     void untimedEventStaysAnEvent()
@@ -420,15 +417,13 @@ private slots:
         QHash<QString, QString> named;
         for (int i = 0; i < 7; ++i)
             named.insert(u"H%1"_s.arg(i), values.section(u'|', i, i));
-        bench.navigator.whileOpen = [&] {
-            bench.calendar.load();
-            QVERIFY(bench.calendar.isNewEntry() && bench.calendar.isFrameDirty());
-            QCOMPARE(bench.shown(u"chkTask"_s), u"1"_s);
-            bench.calendar.cmdAdd1();
-        };
+        bench.calendar.load();
+        bench.calendar.show(QVariant::fromValue(named));
+        QVERIFY(bench.calendar.isNewEntry() && bench.calendar.isFrameDirty());
+        QCOMPARE(bench.shown(u"chkTask"_s), u"1"_s);
         if (!asks.isEmpty())
             bench.expect(placeholderQuestion, Answer::No);
-        bench.calendar.createHistoryEvent(named);
+        bench.calendar.cmdAdd1();
         QCOMPARE(bench.stored(u"Event,EventDate,EventTime,Description,PositionKey,ContactKey,CompanyKey,"
                               u"Medium,EventType"_s),
                  stored);

@@ -21,8 +21,9 @@ struct ReminderDesk : ScreenBench
     ReminderDesk() { begin(); }
     void begin()
     {
-        calendar = std::make_unique<FrmEvCal>(*world.session, navigator);
-        frm = std::make_unique<FrmReminder>(*world.session, *calendar);
+        calendar = std::make_unique<FrmEvCal>(*world.session);
+        frm = std::make_unique<FrmReminder>(*world.session, navigator);
+        QObject::connect(calendar.get(), &FrmEvCal::recordsChanged, frm.get(), &FrmReminder::lookAgain);
         world.session->reminderInterval = 10;
         frm->load();
     }
@@ -269,6 +270,7 @@ private slots:
         desk.frm->checkEvents();
         QSignalSpy forward(desk.frm.get(), &FrmReminder::cameForward);
         desk.calendar->load();
+        desk.navigator.whileOpen = [&] { desk.calendar->show(desk.navigator.request); };
         desk.frm->open(u'A' + QString::number(due));
         desk.calendar->frame().chooseFormat(u"Meeting"_s);
         desk.calendar->cmdAdd1();

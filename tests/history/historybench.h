@@ -1,7 +1,6 @@
 // The contact history on a store of its own.
 #pragma once
 
-#include "calendar/frmevcal.h"
 #include "history/frmhistory.h"
 #include "support/screenbench.h"
 
@@ -22,8 +21,7 @@ public:
             "CompanyKey) Values('Ann','Lee','Buyer',1,'10010001','mornings','12/31/1999',1)"_s);
     }
 
-    FrmEvCal calendar{*world.session, navigator};
-    FrmHistory history{*world.session, calendar};
+    FrmHistory history{*world.session, navigator};
     const Key ann;
 
     void addPosition(const QString& title, const QString& contactList)

@@ -4,6 +4,7 @@
 #include "calendar/frmreminder.h"
 #include "history/frmhistory.h"
 #include "intake/frmautoparse.h"
+#include "program/screens.h"
 #include "store/files/demo.h"
 #include "views/calendar/calendarview.h"
 #include "views/calendar/reminderview.h"
@@ -151,8 +152,8 @@ bool grabReminder(Scene& scene)
 
 bool grabCard(Scene& scene)
 {
-    FrmAutoParse& parser = scene.bench.presenters->autoParse;
-    parser.load(u"88 Creamery Lane\nWooster, OH 44691"_s, u"Brightwater Dairy Cooperative"_s);
+    FrmAutoParse parser(*scene.bench.world.session);
+    parser.load({u"88 Creamery Lane\nWooster, OH 44691"_s, u"Brightwater Dairy Cooperative"_s});
     parser.form().edit(u"txtBizCard"_s,
                        u"Desmond Okafor\nVice President Supply Chain\n88 Creamery Lane\n"
                        "Wooster, OH 44691\n(330) 555-0107\nFax (330) 555-0109\n"
@@ -166,7 +167,9 @@ bool grabAddress(Scene& scene)
 {
     bool written = false;
     scene.bench.navigator.whileOpen = [&] {
-        AddressEntryView view(scene.frm().contactScreen().addressEntry(), scene.layout);
+        FrmAddressEntry entry(scene.frm());
+        entry.load(scene.bench.navigator.request.value<FrmAddressEntry::Request>());
+        AddressEntryView view(entry, scene.layout);
         written = show(view, scene.file);
     };
     scene.frm().tabStrip1Click(u"Contact"_s);
@@ -212,9 +215,10 @@ int main(int argc, char** argv)
     loadDemo(*bench.world.session, arguments.at(1));
     QFile::copy(QStringLiteral(JOBWRIGHT_SOURCE_DIR "/data/areacodes.jwd"),
                 bench.world.session->file(u"areacodes.jwd"_s));
+    Screens screens(*bench.world.session);
     bench.navigator.hasAll = false;
-    bench.navigator.has = {u"FrmEvCal"_s, u"FrmReminder"_s, u"FrmHistory"_s, u"FrmAutoParse"_s,
-                           u"FrmAddressEntry"_s};
+    bench.navigator.program = &screens;
+    bench.restart();
     bench.frm->load();
     QSettings layout(bench.world.folder.filePath(u"layout.ini"_s), QSettings::IniFormat);
     WorkbenchWindow window(*bench.frm, layout);

@@ -8,28 +8,41 @@
 #include <sqlite3.h>
 
 #include <functional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
-/// Notes which screens were asked for; has those that a test gives it.
+/// Notes which screens were asked for, and leaves the opening to a test or to the program's own navigator.
 class NotedNavigator : public Navigator
 {
 public:
     bool hasAll = true;
-    QStringList has; ///< beside hasAll
+    std::vector<ScreenRow> rows;     ///< the table, where no other navigator brings one
+    Navigator* program = nullptr;    ///< opens the screens unless whileOpen does
+    std::function<void()> whileOpen; ///< stands in for the screen that was opened last...
+    QVariant request;                ///< ...with this...
+    QVariant answer;                 ///< ...and brings this back
     QStringList opened;
     QList<int> helped;
-    std::function<void()> whileOpen;
 
+    [[nodiscard]] const std::vector<ScreenRow>& screens() const override
+    {
+        return program ? program->screens() : rows;
+    }
     [[nodiscard]] bool hasScreen(const QString& screen) const override
     {
-        return hasAll || has.contains(screen);
+        return hasAll || (program && program->hasScreen(screen));
     }
-    void openScreen(const QString& screen) override
+    QVariant open(const QString& screen, const QVariant& with = {}) override
     {
         opened.append(screen);
-        if (whileOpen)
-            whileOpen();
+        request = with;
+        if (!whileOpen)
+            return program ? program->open(screen, with) : QVariant();
+        answer = {};
+        const auto act = whileOpen; // which may put another in its place
+        act();
+        return std::exchange(answer, {});
     }
     void openHelp(int contextId) override { helped.append(contextId); }
 };

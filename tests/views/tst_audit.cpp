@@ -3,6 +3,7 @@
 #include "support/runtest.h"
 #include "views/windowbench.h"
 
+#include "intake/frmautoparse.h"
 #include "views/calendar/calendarview.h"
 #include "views/calendar/daylist.h"
 #include "views/calendar/reminderview.h"
@@ -309,8 +310,7 @@ private:
         using T = TestAudit;
         return {
             {u"addressentryview"_s, [](T& t) { return t.address(); }},
-            {u"autoparseview"_s,
-             [](T& t) { return t.keep<AutoParseView>(t.m_bench->presenters->autoParse); }},
+            {u"autoparseview"_s, [](T& t) { return t.cardParser(); }},
             {u"calendarview"_s, [](T& t) { return t.calendar(); }},
             {u"companyview"_s, [](T& t) { return t.tab(u"Company"_s, t.m_bench->company()); }},
             {u"contactview"_s, [](T& t) { return t.tab(u"Contact"_s, t.m_bench->frm->contactScreen()); }},
@@ -342,9 +342,6 @@ private:
         m_splash.reset();
         m_bench = std::make_unique<WindowBench>();
         m_bench->navigator.hasAll = false;
-        m_bench->navigator.has = {u"FrmAutoParse"_s, u"FrmAddressEntry"_s, u"FrmReminder"_s, u"FrmEvCal"_s,
-                                  u"FrmHistory"_s};
-        m_bench->restart();
         m_bench->addContact(u"Ann"_s, u"Lee"_s, m_bench->addCompany(u"Acme"_s));
         m_bench->run(u"Insert into Position(Title,CompanyKey) Values('Planner',1)"_s);
         m_bench->run(u"Insert into Document(Document,Type) Values('cv.pdf','Resume')"_s);
@@ -396,9 +393,14 @@ private:
     }
     Opened address()
     {
-        FrmAddressEntry& address = m_bench->frm->contactScreen().addressEntry();
-        address.load(1, 0);
-        return keep<AddressEntryView>(address);
+        m_address = std::make_unique<FrmAddressEntry>(*m_bench->frm);
+        m_address->load({1, 0});
+        return keep<AddressEntryView>(*m_address);
+    }
+    Opened cardParser()
+    {
+        m_parser = std::make_unique<FrmAutoParse>(*m_bench->world.session);
+        return keep<AutoParseView>(*m_parser);
     }
     Opened calendar()
     {
@@ -420,6 +422,8 @@ private:
 
     std::unique_ptr<WindowBench> m_bench;
     std::unique_ptr<FrmSplash> m_splash;
+    std::unique_ptr<FrmAddressEntry> m_address;
+    std::unique_ptr<FrmAutoParse> m_parser;
     std::unique_ptr<QWidget> m_view; ///< beside the window
 };
 

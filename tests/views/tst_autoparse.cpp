@@ -1,7 +1,5 @@
 // The card parser as a user meets it: from the double click on the street to the saved address.
-#include "intake/frmautoparse.h"
 #include "support/runtest.h"
-#include "views/intake/autoparseview.h"
 #include "views/windowbench.h"
 
 #include <QClipboard>
@@ -17,11 +15,9 @@ public:
         QFile::copy(QStringLiteral(JOBWRIGHT_SOURCE_DIR) + u"/data/areacodes.jwd",
                     world.folder.filePath(u"areacodes.jwd"_s));
         addCompany(u"Acme"_s);
-        navigator.whileOpen = [this] { inDialog<AutoParseView>(presenters->autoParse, user); };
         open();
         find(u"Acme"_s, Qt::Key_Return);
     }
-    std::function<void()> user;
 };
 
 } // namespace
@@ -36,7 +32,7 @@ private slots:
         CardBench bench;
         QApplication::clipboard()->setText(
             u"6 Spindle Court\r\nBoston, MA 02139\r\n617-555-0142\r\nann@mill.example"_s);
-        bench.user = [&] {
+        const auto user = [&] {
             QVERIFY(bench.text(u"txtCurrent"_s).startsWith(u"1 Main"_s));
             QVERIFY(!bench.find(u"cmdSave"_s)->isEnabled());
             bench.click(u"cmdPaste"_s);
@@ -47,8 +43,11 @@ private slots:
             bench.write(u"txtCity"_s, u"Cambridge"_s);
             bench.click(u"cmdSave"_s);
         };
-        QTest::mouseDClick(bench.find<QPlainTextEdit>(u"txtAddress"_s)->viewport(), Qt::LeftButton);
-        QCoreApplication::processEvents();
+        auto* street = bench.find<QPlainTextEdit>(u"txtAddress"_s)->viewport();
+        bench.inDialog(user, [&] {
+            QTest::mouseDClick(street, Qt::LeftButton);
+            QCoreApplication::processEvents();
+        });
         QCOMPARE(bench.navigator.opened, QStringList{u"FrmAutoParse"_s});
         QCOMPARE(bench.text(u"txtCity"_s), u"Cambridge"_s);
         QCOMPARE(bench.cells(u"Select Address1,City,Phone1 from Address order by AddressKey DESC"_s)
@@ -59,9 +58,8 @@ private slots:
     void escapeLeavesEverythingAsItWas()
     {
         CardBench bench;
-        bench.user = [&] { QTest::keyClick(bench.find(u"cmdVerify"_s), Qt::Key_Escape); };
-        bench.click(u"cmdFastParser"_s);
-        QCOMPARE(bench.navigator.opened.size(), 1);
+        bench.inDialog([&] { QTest::keyClick(bench.find(u"cmdVerify"_s), Qt::Key_Escape); },
+                       [&] { bench.click(u"cmdFastParser"_s); });
         QCOMPARE(bench.text(u"txtCity"_s), u"Acme City"_s);
         QCOMPARE(bench.rows(u"Address"_s), 1);
     }

@@ -2,8 +2,6 @@
 #include "desktop/companypicker.h"
 #include "support/runtest.h"
 #include "views/windowbench.h"
-#include "views/workbench/addressentryview.h"
-#include "workbench/addressentry.h"
 #include "workbench/contactscreen.h"
 
 #include <QCheckBox>
@@ -59,21 +57,19 @@ private slots:
         ContactWindow bench;
         bench.write(u"cmbContacts"_s, u"lee\n"_s);
         for (const bool save : {true, false}) {
-            bench.navigator.whileOpen = [&] {
-                bench.inDialog<AddressEntryView>(bench.frm->contactScreen().addressEntry(), [&] {
-                    QTRY_COMPARE(QApplication::focusWidget()->objectName(), u"txtEAddress"_s);
-                    bench.type(save ? u"7 Mill Lane\nSuite 2"_s : u"Nowhere"_s);
-                    bench.press(Qt::Key_Tab);
-                    bench.type(u"Troy"_s);
-                    if (save)
-                        bench.press(Qt::Key_Return);
-                    else
-                        bench.click(u"cmdCancel"_s);
-                });
-            };
             if (save)
                 bench.world.prompts.expect(u"Update of Ann Lee is complete."_s);
-            bench.click(u"cmdAddress1"_s);
+            const auto act = [&] {
+                QTRY_COMPARE(QApplication::focusWidget()->objectName(), u"txtEAddress"_s);
+                bench.type(save ? u"7 Mill Lane\nSuite 2"_s : u"Nowhere"_s);
+                bench.press(Qt::Key_Tab);
+                bench.type(u"Troy"_s);
+                if (save)
+                    bench.press(Qt::Key_Return);
+                else
+                    bench.click(u"cmdCancel"_s);
+            };
+            bench.inDialog(act, [&] { bench.click(u"cmdAddress1"_s); });
             QCOMPARE(bench.cells(u"Select Address1,Address2,City from Address where City='Troy'"_s),
                      u"7 Mill Lane|Suite 2|Troy"_s);
         }

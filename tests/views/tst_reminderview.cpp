@@ -25,6 +25,7 @@ struct Desk : WindowBench
         addCompany(u"Acme"_s);
         run(u"Insert into Position(Title,CompanyKey) Values('Planner',1)"_s);
         open();
+        navigator.whileOpen = [] {}; // no other screen
         reminder = std::make_unique<ReminderView>(presenters->reminder, *layout, window.get());
         front = reminder.get();
         for (const int each : hours)

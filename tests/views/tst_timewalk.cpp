@@ -1,14 +1,10 @@
 // A campaign in time, by hand: a follow-up planned from a history, an interview planned, dragged to another
 // day, reminded and closed, a restart.
-#include "calendar/frmevcal.h"
 #include "calendar/frmreminder.h"
-#include "history/frmhistory.h"
 #include "support/runtest.h"
-#include "views/calendar/calendarview.h"
 #include "views/calendar/daylist.h"
 #include "views/calendar/reminderlistview.h"
 #include "views/calendar/reminderview.h"
-#include "views/history/historyview.h"
 #include "views/windowbench.h"
 #include "workbench/contactscreen.h"
 
@@ -24,16 +20,13 @@ private slots:
     {
         m_bench.addContact(u"Ann"_s, u"Lee"_s, m_bench.addCompany(u"Acme"_s));
         m_bench.run(u"Insert into Position(Title,CompanyKey,ContactList) Values('Planner',1,'1')"_s);
-        m_bench.navigator.whileOpen = [this] { openAsked(); };
         m_bench.open();
         m_bench.world.session->outlookAvailable = true;
         m_bench.choose(u"Acme"_s);
         m_bench.frm->tabStrip1Click(u"Contact"_s);
         m_bench.frm->contactScreen().showContact(u"Ann Lee"_s);
-        m_inCalendar = [this] { saveAsItIs(); };
-        m_bench.click(u"cmdHistory1"_s);
-        m_inCalendar = [this] { planAndDrag(); };
-        m_bench.frm->tbarButtonClick(u"events"_s);
+        m_bench.inDialog([this] { talkAndPromise(); }, [this] { m_bench.click(u"cmdHistory1"_s); });
+        m_bench.inDialog([this] { planAndDrag(); }, [this] { m_bench.frm->tbarButtonClick(u"events"_s); });
         closeReminded();
         m_bench.window->close();
         m_bench.presenters.reset();
@@ -55,28 +48,18 @@ private slots:
     }
 
 private:
-    /// What the application's navigator does.
-    void openAsked()
+    /// The follow-up is saved as the history has laid it out.
+    void talkAndPromise()
     {
-        Presenters& presenters = *m_bench.presenters;
-        if (m_bench.navigator.opened.last() == u"FrmEvCal") {
-            presenters.calendar.load();
-            m_bench.inDialog<CalendarView>(presenters.calendar, m_inCalendar);
-            presenters.calendar.unload();
-        } else if (presenters.history.load(presenters.workbench.selection().currentContactKey)) {
-            m_bench.inDialog<HistoryView>(presenters.history, [this] {
-                m_bench.write(u"txtTopic"_s, u"Called"_s);
-                m_bench.click(u"cmdAddHistory"_s);
-                m_bench.click(u"cmdAddEvent"_s);
-                m_bench.click(u"cmdClose"_s);
-            });
-        }
-    }
-    /// The follow-up as the history has laid it out.
-    void saveAsItIs()
-    {
-        m_bench.click(u"cmdAdd1"_s);
-        m_bench.press(Qt::Key_Escape);
+        m_bench.write(u"txtTopic"_s, u"Called"_s);
+        m_bench.click(u"cmdAddHistory"_s);
+        m_bench.inDialog(
+            [this] {
+                m_bench.click(u"cmdAdd1"_s);
+                m_bench.press(Qt::Key_Escape);
+            },
+            [this] { m_bench.click(u"cmdAddEvent"_s); });
+        m_bench.click(u"cmdClose"_s);
     }
     void planAndDrag()
     {
@@ -109,7 +92,6 @@ private:
     }
 
     WindowBench m_bench;
-    std::function<void()> m_inCalendar;
 };
 
 JOBWRIGHT_TEST(TestTimeWalk)

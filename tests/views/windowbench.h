@@ -1,154 +1,44 @@
 // The workbench's window on a store of its own, driven as a user drives it.
 #pragma once
 
-#include "views/common/companyselector.h"
+#include "program/screens.h"
+#include "support/windowdriver.h"
 #include "views/workbench/workbenchwindow.h"
 #include "workbench/bench.h"
 
-#include <QApplication>
-#include <QDialog>
-#include <QDragEnterEvent>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMenu>
-#include <QMimeData>
-#include <QPlainTextEdit>
-#include <QPushButton>
-#include <QScopedValueRollback>
 #include <QSettings>
-#include <QTabBar>
-#include <QTimer>
-
-#include <algorithm>
 
 /// Bench and window. Companies are put in before open().
-class WindowBench : public Bench
+class WindowBench : public Bench, public WindowDriver
 {
 public:
-    WindowBench() { layoutPath = world.folder.filePath(u"layout.ini"_s); }
+    using WindowDriver::type;
+
+    WindowBench()
+    {
+        layoutPath = world.folder.filePath(u"layout.ini"_s);
+        restart();
+    }
+    /// As Bench::restart, among the program's own screens.
+    void restart()
+    {
+        screens = std::make_unique<Screens>(*world.session);
+        navigator.program = screens.get();
+        Bench::restart();
+    }
 
     void open()
     {
         frm->load();
         layout = std::make_unique<QSettings>(layoutPath, QSettings::IniFormat);
         window = std::make_unique<WorkbenchWindow>(*frm, *layout);
-        front = window.get();
+        screens->furnish(*presenters, *layout, *window);
         window->show();
-        QVERIFY(QTest::qWaitForWindowActive(front));
-    }
-    /// Opens a dialog over the window; @p act is what the user does in it, closing included.
-    template<typename View, typename Screen> void inDialog(Screen& screen, const std::function<void()>& act)
-    {
-        View view(screen, *layout, window.get());
-        const QScopedValueRollback<QWidget*> before(front, &view);
-        QTimer::singleShot(0, &view, [&] {
-            if (QTest::qWaitFor([&] { return QApplication::activeWindow() == &view; }))
-                act();
-            if (view.isVisible())
-                QTest::qFail("the dialog was left open", __FILE__, __LINE__);
-            view.hide(); // in case the test has given up before it closed it
-        });
-        view.exec();
+        use(*window);
     }
 
-    /// Lets something be dropped as the desktop reports it; false when the place refuses it.
-    static bool drop(QWidget& target, QMimeData* what)
-    {
-        const std::unique_ptr<QMimeData> data(what);
-        const QPoint place = target.rect().center();
-        QDragEnterEvent enter(place, Qt::MoveAction, data.get(), Qt::LeftButton, {});
-        QApplication::sendEvent(&target, &enter);
-        if (!enter.isAccepted())
-            return false;
-        QDropEvent event(place, Qt::MoveAction, data.get(), Qt::LeftButton, {});
-        QApplication::sendEvent(&target, &event);
-        return true;
-    }
-
-    /// A control of the window in front.
-    template<typename Widget = QWidget> Widget* find(const QString& name)
-    {
-        auto* widget = front->findChild<Widget*>(name);
-        if (!widget)
-            QTest::qFail(qPrintable(u"no control "_s + name), __FILE__, __LINE__);
-        return widget;
-    }
-    QLineEdit* line(const QString& name) { return find<QLineEdit>(name); }
-    CompanySelector* selector() { return find<CompanySelector>(u"cmbSelection"_s); }
-    /// What a label, a field or a selector shows.
-    QString text(const QString& name)
-    {
-        const QWidget* widget = find(name);
-        const char* property = qobject_cast<const QComboBox*>(widget)        ? "currentText"
-                               : qobject_cast<const QPlainTextEdit*>(widget) ? "plainText"
-                                                                             : "text";
-        return widget->property(property).toString();
-    }
-    void click(const QString& name) { QTest::mouseClick(find(name), Qt::LeftButton); }
-    /// Opens a button's menu and clicks one of its choices.
-    void pick(const QString& button, const QString& choice)
-    {
-        QTimer::singleShot(0, front, [choice] {
-            QMenu* menu = nullptr;
-            if (!QTest::qWaitFor(
-                    [&] { return (menu = qobject_cast<QMenu*>(QApplication::activePopupWidget())); }))
-                return QTest::qFail("no menu came up", __FILE__, __LINE__);
-            const QList<QAction*> actions = menu->actions();
-            const auto found = std::ranges::find(actions, choice, &QAction::text);
-            if (found == actions.end())
-                return menu->close(), QTest::qFail(qPrintable(u"no choice "_s + choice), __FILE__, __LINE__);
-            QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(*found).center());
-        });
-        click(button);
-        // Without a window manager the closed menu would keep the keyboard.
-        QApplication::setActiveWindow(front);
-    }
-    /// Sends a text key by key to whatever has the focus; other alphabets too.
-    void type(const QString& text)
-    {
-        for (const QChar letter : text) {
-            if (letter == u'\n')
-                press(Qt::Key_Return);
-            else
-                QTest::sendKeyEvent(QTest::Click, QApplication::focusWidget(), Qt::Key_unknown,
-                                    QString(letter), {});
-        }
-    }
-    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
-    {
-        QTest::keyClick(QApplication::focusWidget(), key, modifiers);
-    }
-    /// Goes into a field with the mouse, empties it and types.
-    void enter(const QString& name, const QString& text)
-    {
-        click(name);
-        find(name)->setFocus();
-        press(Qt::Key_A, Qt::ControlModifier);
-        press(Qt::Key_Delete);
-        type(text);
-    }
-    /// Goes into a field or a selector by the keyboard and types over what it holds.
-    void write(const QString& name, const QString& text)
-    {
-        find(name)->setFocus();
-        press(Qt::Key_A, Qt::ControlModifier);
-        type(text);
-    }
-    /// Chooses a company by typing and Enter.
-    void find(const QString& typed, Qt::Key end)
-    {
-        press(Qt::Key_F, Qt::ControlModifier);
-        type(typed);
-        press(end);
-    }
-    QString tab()
-    {
-        const auto* strip = find<QTabBar>(u"TabStrip1"_s);
-        return strip->tabData(strip->currentIndex()).toString();
-    }
-
+    std::unique_ptr<Screens> screens;
     QString layoutPath;
     std::unique_ptr<QSettings> layout;
     std::unique_ptr<WorkbenchWindow> window;
-    QWidget* front = nullptr;
 };

@@ -1,8 +1,8 @@
 // A workbench of its own for each test, on a real store.
 #pragma once
 
-#include "app/presenters.h"
 #include "base/dates.h"
+#include "program/presenters.h"
 #include "support/screenbench.h"
 #include "workbench/companyscreen.h"
 

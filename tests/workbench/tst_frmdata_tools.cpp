@@ -29,49 +29,36 @@ private slots:
     void toolOpensItsScreen_data()
     {
         // door: its key, that of a menu with "menu" before it
-        table({"door", "screen", "line", "tabAfter"},
-              {{"uprofile", "uprofile", "FrmUProfile", "Open Profile Screen - from Toolbar", "Company"},
-               {"Uprofile", "menu Uprofile", "FrmUProfile", "Open Profile Screen - from Menu", "Company"},
-               {"goals", "goals", "FrmGoals", "Open Goals Screen :", "Company"},
-               {"Goals", "menu Goals", "FrmGoals", "Open Goals Screen from Menu", "Company"},
-               {"keysearch", "keysearch", "FrmKeySearch", "Open/Set Focus on KeySearch Screen :", "Company"},
-               {"Keysearch", "menu Keysearch", "FrmKeySearch", "Open/Set Focus on KeySearch Screen from Menu",
-                "Company"},
-               {"events", "events", "FrmEvCal", "Open Calendar Screen", "Contact"},
-               {"editor", "editor", "FrmEditor", "", "Contact"},
-               {"ToolsPreferences", "menu ToolsPreferences", "FrmEditor", "Open Profile Editor from Menu",
-                "Contact"},
-               {"target", "target", "FrmTargets", "", "Contact"},
-               {"PrintReport", "menu PrintReport", "FrmReport", "", "Contact"}});
+        table({"door", "line", "tabAfter"}, {{"stay", "stay", "By tool", "Contact"},
+                                             {"stay, menu", "menu Stay", "By menu", "Contact"},
+                                             {"leave", "leave", "", "Company"},
+                                             {"leave, menu", "menu Leave", "", "Company"}});
     }
     void toolOpensItsScreen()
     {
-        FETCH(QString, door, screen, line);
+        FETCH(QString, door, line);
         const QString key = door.section(u' ', -1);
         AcmeBench bench;
+        bench.navigator.rows = {
+            {.screen = u"FrmTool"_s,
+             .tool = u"stay"_s,
+             .entry = u"Stay"_s,
+             .toolLine = u"By tool"_s,
+             .menuLine = u"By menu"_s},
+            {.screen = u"FrmTool"_s, .tool = u"leave"_s, .entry = u"Leave"_s, .then = Then::CompanyScreen}};
         QVERIFY(bench.frm->toolAvailable(key));
         bench.world.session->debugMode = true;
         const auto before = bench.world.opLog().size();
-        door == key ? bench.frm->tbarButtonClick(key) : bench.frm->menuClick(key);
+        const auto use = [&] { door == key ? bench.frm->tbarButtonClick(key) : bench.frm->menuClick(key); };
+        use();
         const QString traced = bench.world.opLog().mid(before);
-        QCOMPARE(bench.navigator.opened, QStringList{screen});
+        QCOMPARE(bench.navigator.opened, QStringList{u"FrmTool"_s});
         QTEST(bench.frm->currentTab(), "tabAfter");
-        QVERIFY2(line.isEmpty() ? traced.isEmpty() : traced.startsWith(line), qPrintable(traced));
-    }
-
-    void editorKeepsRemindersOutAndMissingToolsOpenNothing()
-    {
-        Bench bench;
-        QList<bool> busy;
-        bench.navigator.whileOpen = [&] { busy.append(bench.world.session->dialogBusy); };
-        bench.frm->tbarButtonClick(u"editor"_s);
-        bench.frm->tbarButtonClick(u"events"_s);
-        QCOMPARE(busy, (QList<bool>{true, false}));
-        // What is not there is not opened either, by whichever door.
+        QVERIFY2(line.isEmpty() || traced.startsWith(line), qPrintable(traced));
+        // What is not there is not opened either.
         bench.navigator.hasAll = false;
-        bench.company().imgTgt();
-        bench.frm->menuClick(u"FileImport"_s);
-        QCOMPARE(bench.navigator.opened.size(), 2);
+        use();
+        QCOMPARE(bench.navigator.opened.size(), 1);
     }
 
     void keysAnswer()

@@ -110,29 +110,51 @@ void WorkbenchWindow::buildTabs()
 
 void WorkbenchWindow::buildTools()
 {
-    for (const ToolButton& tool : workbenchtools::buttons()) {
-        if (tool.key.isEmpty())
-            m_ui->tbar->addSeparator();
-        else
-            buildToolButton(tool.key, tool.text, tool.icon, tool.tip);
+    QAction* create = addToolAction(*m_ui->tbar, u"new"_s, tr("New"), u"document-new"_s, {});
+    m_ui->tbar->addSeparator();
+    auto* more = new QMenu(tr("More"), this);
+    more->setObjectName(u"mnuMore"_s);
+    more->setToolTipsVisible(true);
+    for (const ScreenRow& row : m_presenter.navigator().screens()) {
+        if (row.tool.isEmpty())
+            continue;
+        const bool there = m_presenter.toolAvailable(row.tool);
+        QWidget& place = there ? static_cast<QWidget&>(*m_ui->tbar) : *more;
+        addToolAction(place, row.tool, row.caption, row.icon, row.tip);
     }
+    addToolAction(*more, u"helpdox"_s, tr("Manual"), u"edit-copy"_s, tr("The manual as a document"));
+    m_ui->tbar->addSeparator();
+    m_ui->tbar->addAction(more->menuAction());
+    auto* drop = static_cast<QToolButton*>(m_ui->tbar->widgetForAction(more->menuAction()));
+    drop->setObjectName(u"cmdMore"_s);
+    drop->setAccessibleName(more->title());
+    drop->setPopupMode(QToolButton::InstantPopup);
+    buildNewMenu(*create);
 }
 
-void WorkbenchWindow::buildToolButton(const QString& key, const QString& text, const QString& icon,
-                                      const QString& tip)
+/// Adds a tool to the toolbar or to its menu of further ones.
+QAction* WorkbenchWindow::addToolAction(QWidget& place, const QString& key, const QString& text,
+                                        const QString& icon, const QString& tip)
 {
-    QAction* action = m_ui->tbar->addAction(icons::named(icon), text);
+    auto* action = new QAction(icons::named(icon), text, this);
     action->setObjectName(u"tbar_"_s + key);
     action->setData(key);
-    const bool available = key == "new"_L1 || m_presenter.toolAvailable(key);
-    action->setEnabled(available);
-    action->setToolTip(available ? tip : tr("%1: not part of this version").arg(tip));
+    describeTool(*action, key, tip);
     connect(action, &QAction::triggered, this, [this, key] { runTool(key); });
-    QWidget* button = m_ui->tbar->widgetForAction(action);
-    button->setObjectName(u"cmdTool_"_s + key);
-    button->setAccessibleName(text);
-    if (key == "new"_L1)
-        buildNewMenu(*action);
+    place.addAction(action);
+    if (QWidget* button = m_ui->tbar->widgetForAction(action)) {
+        button->setObjectName(u"cmdTool_"_s + key);
+        button->setAccessibleName(text);
+    }
+    return action;
+}
+
+/// Enables a door to a tool that is there, and says of any other why it is shut.
+void WorkbenchWindow::describeTool(QAction& action, const QString& key, const QString& tip)
+{
+    const bool available = m_presenter.toolAvailable(key);
+    action.setEnabled(available);
+    action.setToolTip(available ? tip : tr("%1: not part of this version").arg(tip));
 }
 
 void WorkbenchWindow::buildNewMenu(QAction& button)
@@ -156,33 +178,46 @@ void WorkbenchWindow::buildNewMenu(QAction& button)
 void WorkbenchWindow::buildMenus()
 {
     using Slot = void (FrmData::*)();
-    const QList<std::pair<QAction*, Slot>> own = {
-        {m_ui->FileExport, &FrmData::fileExport},
-        {m_ui->RestoreData, &FrmData::restoreData},
-        {m_ui->RestoreCopy, &FrmData::restoreACopy},
-        {m_ui->FilePrint, &FrmData::filePrint},
-        {m_ui->Setup, &FrmData::setup},
-        {m_ui->Preview, &FrmData::preview},
-        {m_ui->FileExit, &FrmData::fileExit},
-        {m_ui->HelpAbout, &FrmData::helpAbout},
+    struct Entry
+    {
+        QAction* action;
+        Slot slot;
+        QString icon;
     };
-    for (const auto& [action, slot] : own)
-        connect(action, &QAction::triggered, this, [this, slot = slot] {
+    const QList<Entry> own = {
+        {m_ui->FileExport, &FrmData::fileExport, u"document-export"_s},
+        {m_ui->RestoreData, &FrmData::restoreData, u"document-revert"_s},
+        {m_ui->RestoreCopy, &FrmData::restoreACopy, u"document-revert"_s},
+        {m_ui->FilePrint, &FrmData::filePrint, u"document-print"_s},
+        {m_ui->Setup, &FrmData::setup, {}},
+        {m_ui->Preview, &FrmData::preview, u"document-print-preview"_s},
+        {m_ui->FileExit, &FrmData::fileExit, u"application-exit"_s},
+        {m_ui->Documentation, &FrmData::documentation, u"edit-copy"_s},
+        {m_ui->HelpAbout, &FrmData::helpAbout, u"help-about"_s},
+    };
+    for (const Entry& entry : own) {
+        if (!entry.icon.isEmpty())
+            entry.action->setIcon(icons::named(entry.icon));
+        describeTool(*entry.action, entry.action->objectName(), entry.action->toolTip());
+        connect(entry.action, &QAction::triggered, this, [this, slot = entry.slot] {
             leaveField();
             std::invoke(slot, m_presenter);
         });
-    for (QAction* action : {m_ui->FileImport, m_ui->PrintReport, m_ui->Uprofile, m_ui->Goals, m_ui->targets,
-                            m_ui->Events, m_ui->ActionPlan, m_ui->Reminder, m_ui->ToolsPreferences,
-                            m_ui->ToolsOptions, m_ui->Keysearch, m_ui->HelpAll, m_ui->Documentation}) {
-        const QString entry = action->objectName();
-        connect(action, &QAction::triggered, this, [this, entry] { runMenu(entry); });
-        if (m_presenter.toolAvailable(entry))
-            continue;
-        action->setEnabled(false);
-        action->setToolTip(tr("%1: not part of this version").arg(QString(action->text()).remove(u'&')));
     }
-    for (const auto& [entry, picture] : workbenchtools::menuIcons())
-        findChild<QAction*>(entry)->setIcon(icons::named(picture));
+    for (const ScreenRow& row : m_presenter.navigator().screens()) {
+        if (auto* action = row.entry.isEmpty() ? nullptr : findChild<QAction*>(row.entry))
+            buildToolEntry(*action, row);
+    }
+}
+
+/// The menus know where a tool stands in them; the rest is its row's.
+void WorkbenchWindow::buildToolEntry(QAction& action, const ScreenRow& row)
+{
+    action.setText(row.menuText);
+    action.setIcon(icons::named(row.icon));
+    action.setShortcut(QKeySequence(row.shortcut));
+    describeTool(action, row.entry, row.tip);
+    connect(&action, &QAction::triggered, this, [this, entry = row.entry] { runMenu(entry); });
 }
 
 void WorkbenchWindow::buildStatusBar()

@@ -16,6 +16,7 @@ class QTextDocument;
 class QToolBar;
 class ScreenFrame;
 class ScreenView;
+struct ScreenRow;
 
 namespace Ui {
 class WorkbenchWindow;
@@ -43,9 +44,12 @@ private:
     void buildFrames();
     void buildTabs();
     void buildTools();
-    void buildToolButton(const QString& key, const QString& text, const QString& icon, const QString& tip);
+    QAction* addToolAction(QWidget& place, const QString& key, const QString& text, const QString& icon,
+                           const QString& tip);
+    void describeTool(QAction& action, const QString& key, const QString& tip);
     void buildNewMenu(QAction& button);
     void buildMenus();
+    void buildToolEntry(QAction& action, const ScreenRow& row);
     void buildStatusBar();
     void buildShortcuts();
     void connectSelector();

@@ -1,9 +1,10 @@
-#include "app/openstore.h"
+#include "program/openstore.h"
 
 #include "store/engine/database.h"
 #include "store/files/appfolder.h"
 #include "store/session.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 
@@ -30,4 +31,21 @@ FileReport openOrCreateStore(Session& session, const QString& version)
     if (firstRun && inspectStore(session.databasePath()).state == FileState::Good)
         provisionFirstRun(session, version);
     return {};
+}
+
+bool readyStore(Session& session, const QString& version)
+{
+    const auto tr = [](const char* text) { return QCoreApplication::translate("OpenStore", text); };
+    const FileReport report = openOrCreateStore(session, version);
+    if (report.state != FileState::Missing)
+        return true; // good, or the gateway says what is wrong and the workbench comes up empty
+    const Answer answer = session.msgBox(
+        QString(report.message + u"\n\n" + tr("Would you like to start with a new, empty database?")),
+        Buttons::YesNoDefaultNo, tr("Database not found"));
+    if (answer != Answer::Yes)
+        return false;
+    const FileReport made = createStore(session);
+    if (made.state != FileState::Good)
+        session.msgBox(made.message);
+    return made.state == FileState::Good;
 }

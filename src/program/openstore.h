@@ -14,3 +14,7 @@ FileReport openOrCreateStore(Session& session, const QString& version);
 
 /// Makes an empty store in a folder whose store has gone missing, as the user asked.
 FileReport createStore(Session& session);
+
+/// Sees to the store before the workbench opens, and asks before one that has gone missing is made anew.
+/// False when the user would rather leave.
+bool readyStore(Session& session, const QString& version);

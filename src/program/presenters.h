@@ -4,22 +4,21 @@
 #include "calendar/frmevcal.h"
 #include "calendar/frmreminder.h"
 #include "history/frmhistory.h"
-#include "intake/frmautoparse.h"
 #include "workbench/frmdata.h"
 
-/// Owns the workbench and every screen beside it. A new screen is a member here and a line in
-/// Screens::furnish. All in the header, so that a test stands among the same presenters without the program
-/// around them.
+/// Owns the workbench and the screens that others go on using while they are shut. A screen that nothing
+/// needs but its own view is made where it is opened (screentable.cpp). All in the header, so that a test
+/// stands among the same presenters without the program around them.
 struct Presenters
 {
     /// Both must outlive the presenters.
     Presenters(Session& session, Navigator& navigator)
-        : autoParse(session)
-        , calendar(session, navigator)
-        , reminder(session, calendar)
-        , history(session, calendar)
-        , workbench(session, navigator, autoParse, reminder)
+        : calendar(session)
+        , reminder(session, navigator)
+        , history(session, navigator)
+        , workbench(session, navigator, reminder)
     {
+        QObject::connect(&calendar, &FrmEvCal::recordsChanged, &reminder, &FrmReminder::lookAgain);
         QObject::connect(&reminder, &FrmReminder::recordsChanged, &calendar, &FrmEvCal::reload);
         // Whoever writes steps of positions tells the screens that show them.
         QObject::connect(&reminder, &FrmReminder::recordsChanged, &workbench, &FrmData::stepsChanged);
@@ -27,7 +26,6 @@ struct Presenters
         QObject::connect(&history, &FrmHistory::recordsChanged, &workbench, &FrmData::stepsChanged);
     }
 
-    FrmAutoParse autoParse;
     FrmEvCal calendar;
     FrmReminder reminder;
     FrmHistory history;

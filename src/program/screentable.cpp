@@ -1,0 +1,205 @@
+// The table of screens: what each is called, where it is opened, how it is made.
+#include "intake/frmautoparse.h"
+#include "program/presenters.h"
+#include "program/screens.h"
+#include "views/calendar/calendarview.h"
+#include "views/history/historyview.h"
+#include "views/intake/autoparseview.h"
+#include "views/workbench/addressentryview.h"
+#include "workbench/addressentry.h"
+
+#include <QCoreApplication>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString tr(const char* text)
+{
+    return QCoreApplication::translate("Screens", text);
+}
+
+/// Request: nothing, or what FrmEvCal::show() takes. A calendar that is open already shows it.
+QVariant openCalendar(ScreenHost& host, const QVariant& request)
+{
+    FrmEvCal& calendar = host.presenters->calendar;
+    if (calendar.isLoaded()) {
+        calendar.show(request);
+        return {};
+    }
+    calendar.load();
+    calendar.show(request);
+    CalendarView(calendar, *host.layout, host.parent()).exec();
+    calendar.unload();
+    return {};
+}
+
+/// Request: the contact's Key.
+QVariant openHistory(ScreenHost& host, const QVariant& request)
+{
+    FrmHistory& history = host.presenters->history;
+    if (!history.load(request.value<Key>()))
+        return {};
+    HistoryView(history, *host.layout, host.parent()).exec();
+    // The dialog has written what was changed, unless the program is ending under it.
+    history.unload();
+    return {};
+}
+
+/// Request: FrmAutoParse::Request; answer: FrmAutoParse::Answer.
+QVariant openCardParser(ScreenHost& host, const QVariant& request)
+{
+    FrmAutoParse parser(host.session);
+    parser.load(request.value<FrmAutoParse::Request>());
+    AutoParseView(parser, *host.layout, host.parent()).exec();
+    return QVariant::fromValue(parser.answer());
+}
+
+/// Request: FrmAddressEntry::Request; answer: the address row's Key when it was saved.
+QVariant openAddressEntry(ScreenHost& host, const QVariant& request)
+{
+    FrmAddressEntry entry(host.presenters->workbench);
+    entry.load(request.value<FrmAddressEntry::Request>());
+    AddressEntryView(entry, *host.layout, host.parent()).exec();
+    return entry.saved() ? QVariant(entry.addressKey()) : QVariant();
+}
+
+/// The row's way to make its screen, tied to what it is made from.
+auto with(ScreenHost& host, QVariant (*open)(ScreenHost&, const QVariant&))
+{
+    return [&host, open](const QVariant& request) { return open(host, request); };
+}
+
+} // namespace
+
+std::vector<ScreenRow> screenTable(ScreenHost& host)
+{
+    // The tools first, in the order of their buttons; then the screens that only others open. A row without
+    // "open" is a screen that the program does not have yet.
+    return {
+        {.screen = u"FrmTargets"_s,
+         .tool = u"target"_s,
+         .entry = u"targets"_s,
+         .caption = tr("Targets"),
+         .menuText = tr("&Targets"),
+         .tip = tr("Target companies"),
+         .icon = u"flag"_s},
+        {.screen = u"FrmImport"_s,
+         .tool = u"import"_s,
+         .entry = u"FileImport"_s,
+         .caption = tr("Import"),
+         .menuText = tr("&Import"),
+         .tip = tr("Import contacts and companies"),
+         .icon = u"document-import"_s},
+        {.screen = u"FrmUProfile"_s,
+         .tool = u"uprofile"_s,
+         .entry = u"Uprofile"_s,
+         .caption = tr("Profile"),
+         .menuText = tr("&User Profile"),
+         .tip = tr("User profile"),
+         .icon = u"user-identity"_s,
+         .toolLine = u"Open Profile Screen - from Toolbar"_s,
+         .menuLine = u"Open Profile Screen - from Menu"_s,
+         .then = Then::CompanyScreenFocused},
+        // What the user prefers in a company or position is what the template asks for: hence the entry's
+        // name.
+        {.screen = u"FrmEditor"_s,
+         .tool = u"editor"_s,
+         .entry = u"ToolsPreferences"_s,
+         .caption = tr("Questions"),
+         .menuText = tr("&Preferences"),
+         .tip = tr("Edit the questionnaires"),
+         .icon = u"document-edit"_s,
+         .menuLine = u"Open Profile Editor from Menu"_s,
+         .holdsReminders = true},
+        {.screen = u"FrmEvCal"_s,
+         .tool = u"events"_s,
+         .entry = u"Events"_s,
+         .caption = tr("Calendar"),
+         .menuText = tr("&Events Calendar"),
+         .tip = tr("Events calendar"),
+         .icon = u"view-calendar"_s,
+         .shortcut = u"Ctrl+E"_s,
+         .toolLine = u"Open Calendar Screen"_s,
+         .menuLine = u"Open Calendar Screen"_s,
+         .open = with(host, openCalendar)},
+        {.screen = u"FrmReminder"_s,
+         .tool = u"reminder"_s,
+         .entry = u"Reminder"_s,
+         .caption = tr("Reminder"),
+         .menuText = tr("&Reminder"),
+         .tip = tr("What is due"),
+         .icon = u"appointment-reminder"_s,
+         .shortcut = u"Ctrl+R"_s,
+         .open = with(host,
+                      [](ScreenHost& program, const QVariant&) {
+                          program.presenters->reminder.showScreen();
+                          return QVariant();
+                      })},
+        {.screen = u"FrmGoals"_s,
+         .tool = u"goals"_s,
+         .entry = u"Goals"_s,
+         .caption = tr("Goals"),
+         .menuText = tr("&Performance"),
+         .tip = tr("Goals and performance"),
+         .icon = u"office-chart-bar"_s,
+         .toolLine = u"Open Goals Screen"_s,
+         .menuLine = u"Open Goals Screen from Menu"_s,
+         .then = Then::CompanyScreen},
+        {.screen = u"FrmActionPlan"_s,
+         .tool = u"plan"_s,
+         .entry = u"ActionPlan"_s,
+         .caption = tr("Plan"),
+         .menuText = tr("&Action Plan"),
+         .tip = tr("Action plan"),
+         .icon = u"view-task"_s},
+        {.screen = u"FrmStats"_s,
+         .tool = u"stats"_s,
+         .caption = tr("Statistics"),
+         .tip = tr("Usage statistics"),
+         .icon = u"office-chart-pie"_s},
+        {.screen = u"FrmKeySearch"_s,
+         .tool = u"keysearch"_s,
+         .entry = u"Keysearch"_s,
+         .caption = tr("Search"),
+         .menuText = tr("&Keysearch"),
+         .tip = tr("Search the whole database"),
+         .icon = u"edit-find"_s,
+         .shortcut = u"Ctrl+Shift+F"_s,
+         .toolLine = u"Open/Set Focus on KeySearch Screen"_s,
+         .menuLine = u"Open/Set Focus on KeySearch Screen from Menu"_s,
+         .then = Then::CompanyScreen},
+        {.screen = u"FrmReport"_s,
+         .tool = u"report"_s,
+         .entry = u"PrintReport"_s,
+         .caption = tr("Reports"),
+         .menuText = tr("Print &Report"),
+         .tip = tr("Printed reports"),
+         .icon = u"document-print"_s},
+        {.screen = u"FrmOptions"_s,
+         .tool = u"options"_s,
+         .entry = u"ToolsOptions"_s,
+         .caption = tr("Options"),
+         .menuText = tr("&Options"),
+         .tip = tr("Options"),
+         .icon = u"configure"_s},
+        {.screen = u"FrmLaunchGuide"_s,
+         .tool = u"launch"_s,
+         .caption = tr("Guide"),
+         .tip = tr("Launch guide"),
+         .icon = u"help-about"_s},
+        {.screen = u"FrmHelpBox"_s,
+         .tool = u"help"_s,
+         .entry = u"HelpAll"_s,
+         .caption = tr("Help"),
+         .menuText = tr("&Help"),
+         .tip = tr("Help"),
+         .icon = u"help-contents"_s},
+
+        {.screen = u"FrmHistory"_s, .open = with(host, openHistory)},
+        {.screen = u"FrmAddressEntry"_s, .open = with(host, openAddressEntry)},
+        {.screen = u"FrmAutoParse"_s, .holdsReminders = true, .open = with(host, openCardParser)},
+        {.screen = u"FrmProfileComp"_s},
+        {.screen = u"FrmProfileJob"_s},
+    };
+}
