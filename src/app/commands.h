@@ -11,6 +11,8 @@
 #include <optional>
 #include <string>
 
+class DataJW;
+
 namespace CLI {
 class App;
 }
@@ -62,6 +64,11 @@ void addCalendarCommands(CLI::App& app, Command& chosen);
 /// Adds the intake's command: parse-card.
 void addIntakeCommands(CLI::App& app, Command& chosen);
 
-/// The company that the user means among @p names: the name itself in any case, else the only one that holds
-/// the text. Nothing, with the reason printed, when there is none or no single one.
-std::optional<QString> findCompany(const QStringList& names, const QString& wanted);
+struct FoundCompany
+{
+    Key key;
+    QString name;
+};
+/// The company that the user means: of the name itself in any case, else the only one whose name holds the
+/// text. Nothing, with the reason printed, when there is none or no single one.
+std::optional<FoundCompany> findCompany(DataJW& dataJW, const QString& wanted);

@@ -1,104 +1,109 @@
 #include "app/commands.h"
 #include "app/commandtexts.h"
 #include "app/output.h"
-#include "base/dates.h"
+#include "base/letters.h"
 #include "base/text.h"
 #include "store/gateway/datajw.h"
+#include "store/gateway/listings.h"
 
 #include <QJsonObject>
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
 using commands::help;
 using commands::tr;
 
 namespace {
 
-/// What the command tells of one contact.
-struct ContactLine
+using listings::ContactRow;
+
+/// True when one of the texts by which a person is remembered holds @p part, which is folded.
+bool isFoundBy(const QString& part, const ContactRow& row)
 {
-    QString name;
-    QString company;
-    QString title;
-    QString phone;
-    QDate lastContact; ///< invalid for nobody reached yet
-    int level = 0;     ///< quality and influence, a digit each
+    const QStringList texts{row.name, row.company, row.title, row.mail, row.secondMail};
+    return part.isEmpty() || std::ranges::any_of(texts, [&](const QString& text) {
+               return letters::folded(text).contains(part);
+           });
+}
+
+class ContactTable
+{
+public:
+    explicit ContactTable(bool withCompany)
+        : m_withCompany(withCompany)
+        , m_table(withCompany ? QList<int>{26, 26, 30, 16, 12, -5} : QList<int>{26, 30, 16, 12, -5})
+    {
+        print({tr("Contact"), tr("Company"), tr("Title"), tr("Phone"), tr("Last contact"), tr("Level")});
+    }
+    void add(const ContactRow& row) const
+    {
+        print({row.name, row.company, row.title, row.phone,
+               row.lastContact.isValid() ? row.lastContact.toString(Qt::ISODate) : u"-"_s,
+               QString::number(row.level).rightJustified(2, u'0')});
+    }
+
+private:
+    void print(QStringList cells) const
+    {
+        if (!m_withCompany)
+            cells.removeAt(1);
+        m_table.row(cells);
+    }
+
+    bool m_withCompany;
+    Table m_table;
 };
 
-ContactLine readContact(DataJW& dataJW, Key key, const QString& company)
+QJsonObject asJson(const ContactRow& row)
 {
-    const RecordSet contact = dataJW.getContactDataByKey(key);
-    const RecordSet address = dataJW.getAddress(contact.key(u"AddressKey").value_or(0));
-    const QDate reached = contact.date(u"LastContact");
-    return {.name = contact.text(u"FirstName").trimmed() + u' ' + contact.text(u"LastName").trimmed(),
-            .company = company,
-            .title = contact.text(u"Title"),
-            .phone = address.text(u"Phone1"),
-            .lastContact = reached > dates::sentinel ? reached : QDate(),
-            .level = contact.key(u"ContactLevel").value_or(0)};
+    return {{u"name"_s, row.name},
+            {u"company"_s, row.company},
+            {u"title"_s, row.title},
+            {u"phone"_s, row.phone},
+            {u"level"_s, row.level},
+            {u"lastContact"_s,
+             row.lastContact.isValid() ? QJsonValue(row.lastContact.toString(Qt::ISODate)) : QJsonValue()}};
 }
 
-/// The contacts of the companies, company after company.
-std::vector<ContactLine> readContacts(DataJW& dataJW, const QStringList& companies)
+/// What was asked for on the command line.
+struct Wanted
 {
-    std::vector<ContactLine> lines;
-    for (const QString& company : companies) {
-        for (const Key key : dataJW.getContactKeys(company))
-            lines.push_back(readContact(dataJW, key, company));
-    }
-    return lines;
-}
+    QString company;
+    QString part;
+    bool json = false;
+};
 
-void printTable(const std::vector<ContactLine>& lines, bool withCompany)
-{
-    const Table table(withCompany ? QList<int>{26, 26, 30, 16, 12, -5} : QList<int>{26, 30, 16, 12, -5});
-    const auto row = [&](QStringList cells) {
-        if (!withCompany)
-            cells.removeAt(1);
-        table.row(cells);
-    };
-    row({tr("Contact"), tr("Company"), tr("Title"), tr("Phone"), tr("Last contact"), tr("Level")});
-    for (const ContactLine& line : lines)
-        row({line.name, line.company, line.title, line.phone,
-             line.lastContact.isValid() ? line.lastContact.toString(Qt::ISODate) : QStringLiteral("-"),
-             QString::number(line.level).rightJustified(2, u'0')});
-}
-
-void printAsJson(const std::vector<ContactLine>& lines)
-{
-    QJsonArray array;
-    for (const ContactLine& line : lines) {
-        QJsonObject contact{{QStringLiteral("name"), line.name},
-                            {QStringLiteral("company"), line.company},
-                            {QStringLiteral("title"), line.title},
-                            {QStringLiteral("phone"), line.phone},
-                            {QStringLiteral("level"), line.level}};
-        contact.insert(QStringLiteral("lastContact"), line.lastContact.isValid()
-                                                          ? QJsonValue(line.lastContact.toString(Qt::ISODate))
-                                                          : QJsonValue());
-        array.append(contact);
-    }
-    printJson(array);
-}
-
-int contacts(CommandContext& context, const QString& wanted, bool json)
+int contacts(CommandContext& context, const Wanted& wanted)
 {
     Session* const session = context.openSession();
     if (!session)
         return context.exitCode;
-    QStringList companies = session->dataJW().getCompanyNames();
-    if (!wanted.isEmpty()) {
-        const auto name = findCompany(companies, text::quoteFix(wanted));
-        if (!name)
+    Key company = 0;
+    if (!wanted.company.isEmpty()) {
+        const auto found = findCompany(session->dataJW(), wanted.company);
+        if (!found)
             return Failed;
-        companies = {*name};
+        company = found->key;
     }
-    const std::vector<ContactLine> lines = readContacts(session->dataJW(), companies);
-    if (json)
-        printAsJson(lines);
-    else
-        printTable(lines, wanted.isEmpty());
-    return Done;
+    // Stored texts hold backquotes where the user types apostrophes.
+    const QString part = letters::folded(text::quoteFix(wanted.part));
+    const auto list = [&](const std::function<void(const ContactRow&)>& show) {
+        return listings::contacts(session->dataJW(), company, [&](const ContactRow& row) {
+            if (isFoundBy(part, row))
+                show(row);
+        });
+    };
+    if (!wanted.json) {
+        const ContactTable table(company == 0);
+        return list([&](const ContactRow& row) { table.add(row); }) ? Done : Failed;
+    }
+    JsonList array;
+    const bool whole = list([&](const ContactRow& row) { array.add(asJson(row)); });
+    array.end();
+    return whole ? Done : Failed;
 }
 
 } // namespace
@@ -111,10 +116,16 @@ void addContactCommands(CLI::App& app, Command& chosen)
     auto json = std::make_shared<bool>(false);
     command->add_option("COMPANY", *company,
                         help("Only those of this company; a part that only one name has will do"));
+    auto part = std::make_shared<std::string>();
+    command
+        ->add_option("--find", *part, help("Only those of whose name, company, mail or title TEXT is a part"))
+        ->type_name("TEXT");
     command->add_flag("--json", *json, help("The same as JSON"));
     command->callback([=, &chosen] {
         chosen = [=](CommandContext& context) {
-            return contacts(context, QString::fromStdString(*company), *json);
+            return contacts(context, {.company = QString::fromStdString(*company),
+                                      .part = QString::fromStdString(*part),
+                                      .json = *json});
         };
     });
 }

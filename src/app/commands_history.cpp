@@ -3,6 +3,7 @@
 #include "app/commandtexts.h"
 #include "app/output.h"
 #include "base/dates.h"
+#include "base/letters.h"
 #include "base/text.h"
 #include "store/gateway/datajw.h"
 #include "store/gateway/names.h"
@@ -54,9 +55,9 @@ std::optional<Person> findPerson(const std::vector<Person>& people, const QStrin
     std::vector<Person> same;
     std::vector<Person> holding;
     for (const Person& person : people) {
-        if (person.name.compare(wanted, Qt::CaseInsensitive) == 0)
+        if (letters::same(person.name, wanted))
             same.push_back(person);
-        if (person.withCompany().contains(wanted, Qt::CaseInsensitive))
+        if (letters::folded(person.withCompany()).contains(letters::folded(wanted)))
             holding.push_back(person);
     }
     const std::vector<Person>& found = same.empty() ? holding : same;

@@ -2,24 +2,22 @@
 #include "app/commands.h"
 #include "app/commandtexts.h"
 #include "app/output.h"
-#include "base/text.h"
 #include "store/gateway/datajw.h"
-#include "store/gateway/names.h"
+#include "store/gateway/listings.h"
 #include "workbench/pipelinesteps.h"
 
-#include <QHash>
 #include <QJsonArray>
 #include <QJsonObject>
 
 #include <CLI/CLI.hpp>
-
-#include <algorithm>
 
 using namespace Qt::StringLiterals;
 using commands::help;
 using commands::tr;
 
 namespace {
+
+using listings::PositionOrder;
 
 /// A position with what the commands print of it.
 struct Stand
@@ -30,19 +28,14 @@ struct Stand
     PipelineSteps steps;
 };
 
-/// The positions whose row fulfils @p condition (all without one), in the order of their titles.
-std::vector<Stand> gather(DataJW& dataJW, const QString& condition = {})
+/// Shows the positions of a company, or of all for 0.
+bool list(DataJW& dataJW, Key company, PositionOrder order, const std::function<void(const Stand&)>& show)
 {
-    const QHash<Key, QString> companies =
-        names::byKey(dataJW.getExecQueryRecords(u"Select CompanyKey,Name from Company"_s));
-    std::vector<Stand> stands;
-    RecordSet rows = dataJW.getExecQueryRecords(u"Select * from Position"_s + condition + u" order by Title");
-    for (; !rows.atEnd(); rows.next()) {
-        const QDate expires = rows.date(u"Expires");
-        stands.push_back({rows.text(u"Title"), companies.value(rows.key(u"CompanyKey").value_or(0)),
-                          PipelineSteps::isDone(expires) ? expires : QDate(), PipelineSteps(rows)});
-    }
-    return stands;
+    return listings::positions(dataJW, company, order, [&](const RecordSet& row, const QString& name) {
+        const QDate expires = row.date(u"Expires");
+        show({row.text(u"Title"), name, PipelineSteps::isDone(expires) ? expires : QDate(),
+              PipelineSteps(row)});
+    });
 }
 
 QString figure(int progress)
@@ -77,39 +70,44 @@ QJsonArray stepsAsJson(const PipelineSteps& steps)
     return array;
 }
 
+bool printBars(DataJW& dataJW)
+{
+    const Table table({32, 28, PipelineSteps::count, -5}, 1);
+    return list(dataJW, 0, PositionOrder::Title, [&](const Stand& stand) {
+        const int progress = stand.steps.progress();
+        table.row({stand.title, stand.company,
+                   QString(progress, u'#') + QString(PipelineSteps::count - progress, u'-'),
+                   figure(progress)});
+    });
+}
+
 int pipeline(CommandContext& context, bool json)
 {
     Session* const session = context.openSession();
     if (!session)
         return context.exitCode;
-    const Table table({32, 28, PipelineSteps::count, -5}, 1);
-    QJsonArray array;
-    for (const Stand& stand : gather(session->dataJW())) {
-        const int progress = stand.steps.progress();
-        if (json) {
-            QJsonObject object = asJson(stand);
-            object.insert(u"steps"_s, stepsAsJson(stand.steps));
-            array.append(object);
-            continue;
-        }
-        const QString bar = QString(progress, u'#') + QString(PipelineSteps::count - progress, u'-');
-        table.row({stand.title, stand.company, bar, figure(progress)});
-    }
-    if (json)
-        printJson(array);
-    return Done;
+    if (!json)
+        return printBars(session->dataJW()) ? Done : Failed;
+    JsonList array;
+    const bool whole = list(session->dataJW(), 0, PositionOrder::Title, [&](const Stand& stand) {
+        QJsonObject object = asJson(stand);
+        object.insert(u"steps"_s, stepsAsJson(stand.steps));
+        array.add(object);
+    });
+    array.end();
+    return whole ? Done : Failed;
 }
 
-void printTable(const std::vector<Stand>& stands)
+bool printTable(DataJW& dataJW, Key company)
 {
     const Table table({32, 28, -5, 10, 0});
     table.row({tr("Position"), tr("Company"), tr("Steps"), tr("Expires"), tr("Next step")});
-    for (const Stand& stand : stands) {
+    return list(dataJW, company, PositionOrder::Company, [&](const Stand& stand) {
         const QString next = stand.steps.getNextStep();
         table.row({stand.title, stand.company, figure(stand.steps.progress()),
                    stand.expires.isValid() ? stand.expires.toString(Qt::ISODate) : u"-"_s,
                    next.isEmpty() ? u"-"_s : next});
-    }
+    });
 }
 
 int positions(CommandContext& context, const QString& wanted, bool json)
@@ -118,27 +116,20 @@ int positions(CommandContext& context, const QString& wanted, bool json)
     if (!session)
         return context.exitCode;
     DataJW& dataJW = session->dataJW();
-    QString condition;
+    Key company = 0;
     if (!wanted.isEmpty()) {
-        // Stored names hold backquotes where the user types apostrophes.
-        const auto company = findCompany(dataJW.getCompanyNames(), text::quoteFix(wanted));
-        if (!company)
+        const auto found = findCompany(dataJW, wanted);
+        if (!found)
             return Failed;
-        condition = u" where CompanyKey="_s + QString::number(dataJW.getCompanyKey(*company));
+        company = found->key;
     }
-    std::vector<Stand> stands = gather(dataJW, condition);
-    std::ranges::stable_sort(stands, [](const Stand& left, const Stand& right) {
-        return left.company.compare(right.company, Qt::CaseInsensitive) < 0;
-    });
-    if (!json) {
-        printTable(stands);
-        return Done;
-    }
-    QJsonArray array;
-    for (const Stand& stand : stands)
-        array.append(asJson(stand));
-    printJson(array);
-    return Done;
+    if (!json)
+        return printTable(dataJW, company) ? Done : Failed;
+    JsonList array;
+    const bool whole =
+        list(dataJW, company, PositionOrder::Company, [&](const Stand& stand) { array.add(asJson(stand)); });
+    array.end();
+    return whole ? Done : Failed;
 }
 
 } // namespace

@@ -1,9 +1,10 @@
 #include "app/commands.h"
 #include "app/commandtexts.h"
 #include "app/output.h"
-#include "base/dates.h"
+#include "base/letters.h"
 #include "base/text.h"
 #include "store/gateway/datajw.h"
+#include "store/gateway/listings.h"
 #include "store/session.h"
 #include "workbench/companysummary.h"
 
@@ -14,47 +15,39 @@
 #include <algorithm>
 #include <optional>
 
+using namespace Qt::StringLiterals;
 using commands::help;
 using commands::tr;
 
 namespace {
 
-QString lastContactText(QDate date)
-{
-    return date > dates::sentinel ? date.toString(Qt::ISODate) : QStringLiteral("-");
-}
+using listings::CompanyRow;
 
-/// Every company with its figures, in columns.
-void printTable(Session& session, const QStringList& names)
+bool printTable(DataJW& dataJW)
 {
     const Table table({40, -9, -9, -12});
     table.row({tr("Company"), tr("Positions"), tr("Contacts"), tr("Last contact")});
-    for (const QString& name : names) {
-        const CompanyFigures figures = gatherFigures(session.dataJW(), name, session.today());
-        table.row({name, QString::number(figures.positionCount), QString::number(figures.contactCount),
-                   lastContactText(figures.lastContact)});
-    }
+    return listings::companies(dataJW, [&](const CompanyRow& row) {
+        table.row({row.name, QString::number(row.positions), QString::number(row.contacts),
+                   row.lastContact.isValid() ? row.lastContact.toString(Qt::ISODate) : u"-"_s});
+    });
 }
 
-void printAsJson(Session& session, const QStringList& names)
+bool printAsJson(DataJW& dataJW)
 {
-    QJsonArray array;
-    for (const QString& name : names) {
-        const CompanyFigures figures = gatherFigures(session.dataJW(), name, session.today());
-        QJsonObject company{
-            {QStringLiteral("name"), name},
-            {QStringLiteral("category"), text::isCategory(name)},
-            {QStringLiteral("positions"), figures.positionCount},
-            {QStringLiteral("contacts"), figures.contactCount},
-            {QStringLiteral("interactions"), figures.interactionCount},
-        };
-        company.insert(QStringLiteral("lastContact"),
-                       figures.lastContact > dates::sentinel
-                           ? QJsonValue(figures.lastContact.toString(Qt::ISODate))
-                           : QJsonValue());
-        array.append(company);
-    }
-    printJson(array);
+    JsonList array;
+    const bool whole = listings::companies(dataJW, [&](const CompanyRow& row) {
+        array.add(
+            {{u"name"_s, row.name},
+             {u"category"_s, text::isCategory(row.name)},
+             {u"positions"_s, row.positions},
+             {u"contacts"_s, row.contacts},
+             {u"interactions"_s, row.interactions},
+             {u"lastContact"_s,
+              row.lastContact.isValid() ? QJsonValue(row.lastContact.toString(Qt::ISODate)) : QJsonValue()}});
+    });
+    array.end();
+    return whole;
 }
 
 int companies(CommandContext& context, bool table, bool json)
@@ -62,34 +55,40 @@ int companies(CommandContext& context, bool table, bool json)
     Session* const session = context.openSession();
     if (!session)
         return context.exitCode;
-    const QStringList names = session->dataJW().getCompanyNames();
+    DataJW& dataJW = session->dataJW();
     if (json)
-        printAsJson(*session, names);
-    else if (table)
-        printTable(*session, names);
-    else
-        std::ranges::for_each(names, [](const QString& name) { printLine(onOneLine(name)); });
+        return printAsJson(dataJW) ? Done : Failed;
+    if (table)
+        return printTable(dataJW) ? Done : Failed;
+    for (const QString& name : dataJW.getCompanyNames())
+        printLine(onOneLine(name));
     return Done;
 }
 
 } // namespace
 
-std::optional<QString> findCompany(const QStringList& names, const QString& wanted)
+std::optional<FoundCompany> findCompany(DataJW& dataJW, const QString& wanted)
 {
-    QStringList close;
-    for (const QString& name : names) {
-        if (name.compare(wanted, Qt::CaseInsensitive) == 0)
-            return name;
-        if (name.contains(wanted, Qt::CaseInsensitive))
-            close.append(name);
+    // Stored names hold backquotes where the user types apostrophes.
+    const QString part = letters::folded(text::quoteFix(wanted));
+    std::vector<FoundCompany> close;
+    RecordSet rows = dataJW.getExecQueryRecords(u"Select CompanyKey,Name from Company order by Name"_s);
+    for (; !rows.atEnd(); rows.next()) {
+        const QString name = letters::folded(rows.text(1));
+        const FoundCompany company{rows.key(u"CompanyKey").value_or(-1), rows.text(1)};
+        if (name == part)
+            return company;
+        if (name.contains(part))
+            close.push_back(company);
     }
     if (close.size() == 1)
-        return close.first();
-    if (close.isEmpty())
-        printError(tr("There is no company of the name %1.").arg(wanted));
-    else
-        printError(tr("Several companies are called like that: %1")
-                       .arg(onOneLine(close.mid(0, 10).join(QStringLiteral(", ")))));
+        return close.front();
+    QStringList names;
+    for (std::size_t i = 0; i < std::min<std::size_t>(close.size(), 10); ++i)
+        names.append(close[i].name);
+    printError(close.empty() ? tr("There is no company of the name %1.").arg(wanted)
+                             : tr("Several companies are called like that: %1")
+                                   .arg(onOneLine(names.join(QStringLiteral(", ")))));
     return std::nullopt;
 }
 
@@ -100,11 +99,11 @@ int summary(CommandContext& context, const QString& wanted)
     Session* const session = context.openSession();
     if (!session)
         return context.exitCode;
-    // Stored names hold backquotes where the user types apostrophes.
-    const auto name = findCompany(session->dataJW().getCompanyNames(), text::quoteFix(wanted));
-    if (!name)
+    const auto company = findCompany(session->dataJW(), wanted);
+    if (!company)
         return Failed;
-    printLine(companySummary(gatherFigures(session->dataJW(), *name, session->today()), session->today()));
+    printLine(
+        companySummary(gatherFigures(session->dataJW(), company->name, session->today()), session->today()));
     return Done;
 }
 

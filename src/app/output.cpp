@@ -7,6 +7,8 @@
 
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 void write(FILE* stream, const QString& text)
@@ -130,6 +132,18 @@ void printJson(RecordSet rows)
         array.append(object);
     }
     printJson(array);
+}
+
+void JsonList::add(const QJsonObject& object)
+{
+    QByteArray text = QJsonDocument(object).toJson(QJsonDocument::Indented).trimmed();
+    print((m_isEmpty ? u"[\n    "_s : u",\n    "_s) + QString::fromUtf8(text.replace("\n", "\n    ")));
+    m_isEmpty = false;
+}
+
+void JsonList::end()
+{
+    print(m_isEmpty ? u"[\n]\n"_s : u"\n]\n"_s);
 }
 
 void printJson(const QJsonArray& array)

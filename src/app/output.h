@@ -51,4 +51,14 @@ void printCsv(RecordSet rows, bool safe);
 /// Rows as a JSON array of objects; NULL is null, numbers are numbers, dates are ISO texts.
 void printJson(RecordSet rows);
 void printJson(const QJsonArray& array);
+
+/// Prints a JSON array object by object, so that a long one is never whole in memory.
+class JsonList
+{
+public:
+    void add(const QJsonObject& object);
+    void end(); ///< closes the array
+private:
+    bool m_isEmpty = true;
+};
 void printJson(const QJsonObject& object);

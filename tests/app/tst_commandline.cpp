@@ -112,6 +112,7 @@ private slots:
         row("pipeline", 0, "##########- 10/11\n");
         row("contacts|alder & f", 0, "Mara Lindqvist");
         row("contacts|Nobody & Sons", 1, "no company");
+        row("contacts|--find|LINDQ", 0, "Mara Lindqvist");
         row("history|mara lind", 0, "Next call");
         row("history|Nobody At All", 1, "no contact");
         row("history|a", 1, "Several");

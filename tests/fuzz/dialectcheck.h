@@ -39,26 +39,28 @@ private:
                 return QStringLiteral("other values give other SQL");
             m_engine.tryOut(statement, want);
         } catch (const StoreError& error) {
-            return badRefusal(error);
-        } catch (const std::runtime_error& error) {
+            if (error.source() != QStringLiteral("SQLite"))
+                return badRefusal(error);
             // A row may be too much for a table (a key that exists already); SQL itself must always be good.
-            const QString words = QString::fromUtf8(error.what());
-            if (!words.startsWith(QStringLiteral("UNIQUE constraint failed")))
-                return words;
+            if (!error.description().startsWith(QStringLiteral("UNIQUE constraint failed")))
+                return error.description();
         }
         return std::nullopt;
     }
 
-    /// Each literal of the statement is bound exactly once, in order.
+    /// Each literal of the statement is bound, in order; one that is compared by letters with its bounds.
     static std::optional<QString> badParameters(const dialect::Shape& shape,
                                                 const dialect::Translation& translation)
     {
-        if (translation.parameters.size() != shape.literals.size())
-            return QStringLiteral("not every literal is a parameter");
-        for (std::size_t i = 0; i < translation.parameters.size(); ++i) {
-            if (translation.parameters[i].literal != static_cast<int>(i))
+        int next = 0;
+        for (const dialect::Parameter& parameter : translation.parameters) {
+            const bool isBound =
+                parameter.as == dialect::BindAs::LowestAlike || parameter.as == dialect::BindAs::HighestAlike;
+            if (parameter.literal != (isBound ? next - 1 : next++))
                 return QStringLiteral("literals are out of order");
         }
+        if (next != static_cast<int>(shape.literals.size()))
+            return QStringLiteral("not every literal is a parameter");
         return std::nullopt;
     }
 
@@ -66,6 +68,7 @@ private:
     {
         QString other = shape.key;
         other.replace(QChar(u'\''), QStringLiteral("'Or'"))
+            .replace(QChar(u'"'), QStringLiteral("'\u00d6r'"))
             .replace(QChar(u'?'), QStringLiteral("7.5"))
             .replace(QChar(u'#'), QStringLiteral("#1/1/2001#"));
         return dialect::translate(other, want);

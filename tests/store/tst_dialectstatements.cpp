@@ -66,11 +66,10 @@ private slots:
             m_engine.tryOut(statement);
             QCOMPARE(u"ok"_s, verdict);
         } catch (const StoreError& error) {
+            QVERIFY2(error.source() != u"SQLite", qPrintable(error.description()));
             QVERIFY2(codes.contains(verdict), qPrintable(u"refused: "_s + error.description()));
             QCOMPARE(error.number(), codes.value(verdict));
             QVERIFY2(error.description().contains(words), qPrintable(error.description()));
-        } catch (const std::runtime_error& error) {
-            QFAIL(error.what());
         }
     }
 
@@ -97,17 +96,17 @@ private slots:
             return;
         const dialect::Shape shape = dialect::splitShape(statement);
         QString other = shape.key;
-        other.replace(u'\'', u"'Or 1=1'"_s).replace(u'?', u"987654.25"_s).replace(u'#', u"#1/1/2001#"_s);
+        other.replace(u'\'', u"'Or 1=1'"_s).replace(u'"', u"'Ör 1=1'"_s);
+        other.replace(u'?', u"987654.25"_s).replace(u'#', u"#1/1/2001#"_s);
         QCOMPARE(dialect::splitShape(other).key, shape.key);
         const dialect::Translation translation = dialect::translate(statement);
         const dialect::Translation otherTranslation = dialect::translate(other);
         QCOMPARE(otherTranslation.sql, translation.sql);
-        QCOMPARE(translation.parameters.size(), shape.literals.size());
         for (std::size_t i = 0; i < translation.parameters.size(); ++i) {
             QCOMPARE(otherTranslation.parameters[i].literal, translation.parameters[i].literal);
             QCOMPARE(otherTranslation.parameters[i].as, translation.parameters[i].as);
         }
-        QVERIFY(!translation.sql.contains("Or 1=1"));
+        QVERIFY(!translation.sql.contains("r 1=1"));
     }
 
 private:

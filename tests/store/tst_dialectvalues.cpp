@@ -62,8 +62,7 @@ private slots:
                      QStringList{stored});
         sqlite3_set_authorizer(m_engine->handle(), nullptr, nullptr);
         const QString type = column == u"AddressKey" ? u"integer"_s : u"text"_s;
-        QCOMPARE(m_engine->execute(typeQuery).front().front().toString(),
-                 stored == u"NULL" ? u"null"_s : type);
+        QCOMPARE(m_engine->execute(typeQuery).front(), stored == u"NULL" ? u"null"_s : type);
     }
 
     void condition_findsRows_data()
@@ -72,6 +71,11 @@ private slots:
               {{"joined text in another case", "'X' & Name='xacme'", "Acme"},
                {"texts alone in another case", "'a'='A' And Name='Dane'", "Dane"},
                {"no text joins as nothing", "'x' & Notes & 'y'='xy'", "Berg,Cole,Dane"},
+               {"letters with marks in another case", "Name='éTOILE du nord'", "Étoile du Nord"},
+               {"a mark behind plain letters", "Name='NESTLÉ'", "Nestlé"},
+               {"plain letters are not marked ones", "Name='etoile du nord'", ""},
+               {"another than letters with marks", "Name<>'étoile DU nord' And Notes='m'", "Nestlé"},
+               {"above, beside the plain letter", "Name>'dzz' And Name<'f'", "Étoile du Nord"},
                {"quoted number", "AddressKey='20'", "Berg"},
                {"quoted numbers order as numbers", "AddressKey>'9'", "Acme,Berg"},
                {"empty text against a number", "AddressKey=''", ""},
@@ -97,6 +101,8 @@ private slots:
                       "Values (2,'Berg',20,'11/6/2026 2:05 PM')"_s);
         m_engine->run(u"Insert Into Company (CompanyKey,Name,EntryDate) Values (3,'Cole','12/29/1899')"_s);
         m_engine->run(u"Insert Into Company (CompanyKey,Name) Values (4,'Dane')"_s);
+        m_engine->run(u"Insert Into Company (CompanyKey,Name,Notes) Values (5,'Étoile du Nord','m')"_s);
+        m_engine->run(u"Insert Into Company (CompanyKey,Name,Notes) Values (6,'Nestlé','m')"_s);
         FETCH(QString, condition, names);
         QCOMPARE(m_engine->column(u"Select Name From Company Where "_s + condition).join(u','), names);
     }
@@ -147,9 +153,8 @@ private slots:
             m_engine->run(
                 u"Insert Into Target (TargetKey,Name,EntryDate) Values (%1,'T%1','1/%1/2026')"_s.arg(key));
         m_engine->run(u"INSERT INTO TargetRecovery select * From Target"_s);
-        const QString all = u" Order By TargetKey"_s;
-        QCOMPARE(m_engine->run(u"Select * From TargetRecovery"_s + all),
-                 m_engine->run(u"Select * From Target"_s + all));
+        QCOMPARE(m_engine->execute("select * from TargetRecovery order by 1"),
+                 m_engine->execute("select * from Target order by 1"));
         // A journal's keys are its own: the row gets the next one.
         m_engine->run(u"Insert Into TargetRecovery (Name) Values ('later')"_s);
         QCOMPARE(m_engine->column(u"Select TargetKey From TargetRecovery Where Name='later'"_s),
@@ -180,8 +185,6 @@ private slots:
             } catch (const StoreError& error) {
                 QCOMPARE(error.number(), static_cast<int>(StoreError::BadStatement));
                 refused = true;
-            } catch (const std::runtime_error& error) {
-                QFAIL(error.what());
             }
         }
         QVERIFY(refused);

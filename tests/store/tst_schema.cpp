@@ -19,16 +19,17 @@ private slots:
         QStringList described;
         for (const schema::Table& table : schema::tables()) {
             QStringList columns;
-            for (const auto& column :
+            for (const QString& row :
                  m_engine.execute("pragma table_info(\"" + table.name.toUtf8() + "\")")) {
-                const QString name = column[1].toString();
+                const QStringList column = row.split(u'|');
+                const QString& name = column[1];
                 if (name == u"RowNumber")
                     continue; // of a table without a key of its own
                 const schema::ColumnType type = table.columns.at(table.indexOf(name)).type;
-                const QString word = type == schema::ColumnType::Date  ? u"date"_s
-                                     : column[2].toString() == u"TEXT" ? u"text"_s
-                                     : column[5].toInt() == 1          ? u"auto"_s
-                                                                       : u"int"_s;
+                const QString word = type == schema::ColumnType::Date ? u"date"_s
+                                     : column[2] == u"TEXT"           ? u"text"_s
+                                     : column[5] == u"1"              ? u"auto"_s
+                                                                      : u"int"_s;
                 columns.append(name + u':' + word);
             }
             described.append(table.name + u": " + columns.join(u' '));
@@ -47,6 +48,8 @@ private slots:
         };
         row(u"Select * from Contact where ContactKey=12"_s);
         row(u"Select * from company where name='acme'"_s);
+        row(u"Select * from company where name='Nestlé'"_s);
+        row(u"Select * from company where name='Étoile'"_s);
         row(u"Select * from contact where firstName='Ana' and lastName='Ruiz'"_s);
         row(u"Select * from Contact where firstName='Ana' and lastName='Ruiz' and companykey=3"_s);
         row(u"Select * from Contact where companyKey=3"_s);
@@ -73,8 +76,10 @@ private slots:
         QFETCH(dialect::Want::Kind, kind);
         const bool wholeTable = !statement.contains(u" where "_s);
         for (const QString& step : plan(statement, {kind, {}})) {
-            // The few rows of one contact may be sorted.
-            if (step.startsWith(u"USE TEMP B-TREE") && statement.contains(u"where ContactKey="_s))
+            // The few rows of one contact may be sorted, and those of names that are the same.
+            const bool few =
+                statement.contains(u"where ContactKey="_s) || statement.contains(u"where name='"_s);
+            if (step.startsWith(u"USE TEMP B-TREE") && few)
                 continue;
             QVERIFY2(!step.startsWith(u"USE TEMP B-TREE"), qPrintable(step));
             QVERIFY2(wholeTable || step.startsWith(u"SEARCH"), qPrintable(step));
@@ -84,9 +89,8 @@ private slots:
     void valueOfAnotherKind_isRefusedByTheTables()
     {
         QVERIFY_EXCEPTION_THROWN(m_engine.execute("insert into Company (AddressKey) values ('twelve')"),
-                                 std::runtime_error);
-        QVERIFY_EXCEPTION_THROWN(m_engine.execute("insert into Company (Name) values (x'00')"),
-                                 std::runtime_error);
+                                 StoreError);
+        QVERIFY_EXCEPTION_THROWN(m_engine.execute("insert into Company (Name) values (x'00')"), StoreError);
     }
 
 private:
@@ -94,9 +98,9 @@ private:
     {
         sqlite3_set_authorizer(m_engine.handle(), nullptr, nullptr);
         QStringList steps;
-        for (const auto& row :
+        for (const QString& row :
              m_engine.execute("explain query plan " + dialect::translate(statement, want).sql))
-            steps.append(row.at(3).toString());
+            steps.append(row.section(u'|', 3));
         return steps;
     }
 

@@ -52,6 +52,13 @@ enum class ExprKind {
     Or,
 };
 
+/// How a comparison compares texts; without meaning for other values.
+enum class Collation {
+    Column,         ///< as the column's index sorts: all but A to Z count as they are
+    Letters,        ///< with the case of all letters folded
+    LettersInRange, ///< the same, among the rows that the column's index leaves
+};
+
 struct Expr;
 using ExprPtr = std::unique_ptr<Expr>;
 
@@ -72,8 +79,8 @@ struct Expr
 
     // Set by typing.
     BindAs bind = BindAs::Text;
-    bool asSerial = false;   ///< a date column that takes part as its day number
-    bool ignoreCase = false; ///< a comparison of texts that no column's collation rules
+    bool asSerial = false; ///< a date column that takes part as its day number
+    Collation collation = Collation::Column;
 };
 
 /// One result of a Select: a column, or a count.

@@ -4,6 +4,7 @@
 
 #include "base/dates.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -114,12 +115,39 @@ BoundValue date(const Literal& literal)
     return dates::toIso(*moment);
 }
 
+/// A text's letters of A to Z at its beginning: every text that is the same begins with them, too.
+QString plainBeginning(QStringView text)
+{
+    const auto* const end = std::ranges::find_if(text, [](QChar c) { return c.unicode() >= 0x80; });
+    return text.first(end - text.begin()).toString();
+}
+
+QString lowestAlike(QStringView text)
+{
+    const QString beginning = plainBeginning(text);
+    return beginning.isEmpty() ? QString(QChar(0x80)) : beginning;
+}
+
+QString highestAlike(QStringView text)
+{
+    const char32_t last = QChar::LastValidCodePoint;
+    return plainBeginning(text) + QString::fromUcs4(&last, 1);
+}
+
 } // namespace
 
 BoundValue bindValue(const Literal& literal, BindAs as)
 {
-    if (as == BindAs::Text)
+    switch (as) {
+    case BindAs::Text:
         return literal.text.toString();
+    case BindAs::LowestAlike:
+        return lowestAlike(literal.text);
+    case BindAs::HighestAlike:
+        return highestAlike(literal.text);
+    default:
+        break;
+    }
     if (literal.text.isEmpty())
         return std::monostate{};
     switch (as) {
@@ -129,9 +157,7 @@ BoundValue bindValue(const Literal& literal, BindAs as)
         return compared(literal);
     case BindAs::Real:
         return finite(realValue(numberOf(literal)), literal);
-    case BindAs::Text:
-    case BindAs::StoredDate:
-    case BindAs::Date:
+    default:
         break;
     }
     return date(literal);

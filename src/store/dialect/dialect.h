@@ -19,9 +19,10 @@
 namespace dialect {
 
 enum class LiteralKind : quint8 {
-    Text,   ///< 'text': no quote inside, quotes are never doubled
-    Number, ///< digits with an optional decimal part; signs and divisions are operators
-    Date,   ///< #date#
+    Text,    ///< 'text': no quote inside, quotes are never doubled
+    Letters, ///< a text with letters beyond A to Z, to the right of = or <>
+    Number,  ///< digits with an optional decimal part; signs and divisions are operators
+    Date,    ///< #date#
 };
 
 /// A literal of a statement: a view into the statement's text without its delimiters.
@@ -67,6 +68,8 @@ enum class BindAs : quint8 {
     Number,        ///< compared with an integer column or used in arithmetic: "" is NULL
     Real,          ///< operand of arithmetic, always a real number, so that a division is a real division
     Date,          ///< compared with a date column: "" is NULL, any date form becomes ISO
+    LowestAlike,   ///< of a text: not above any text that is the same, as the indexes sort them
+    HighestAlike,  ///< of a text: not below any text that is the same
 };
 
 struct Parameter

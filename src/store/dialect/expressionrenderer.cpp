@@ -167,9 +167,23 @@ void ExpressionRenderer::concatOperand(const Expr& expr)
 
 void ExpressionRenderer::compare(const Expr& expr, int parts)
 {
+    if (expr.collation == Collation::LettersInRange)
+        return comparedInRange(expr);
     comparedFirst(expr, parts);
     m_out.sql += ' ' + expr.op.toUtf8() + ' ';
     operand(*expr.operands[1], parts + 2);
+}
+
+void ExpressionRenderer::comparedInRange(const Expr& expr)
+{
+    const QByteArray name = qualifiedName(expr.operands[0]->column.id);
+    const auto value = [&](BindAs as) -> QByteArray {
+        m_out.parameters.push_back({expr.operands[1]->literal, as});
+        return '?' + QByteArray::number(static_cast<qulonglong>(m_out.parameters.size()));
+    };
+    m_out.sql += '(' + name + " collate letters = " + value(BindAs::Text);
+    m_out.sql += " and " + name + " >= " + value(BindAs::LowestAlike);
+    m_out.sql += " and " + name + " <= " + value(BindAs::HighestAlike) + ')';
 }
 
 void ExpressionRenderer::between(const Expr& expr, int parts)
@@ -184,8 +198,8 @@ void ExpressionRenderer::between(const Expr& expr, int parts)
 void ExpressionRenderer::comparedFirst(const Expr& expr, int parts)
 {
     operand(*expr.operands[0], parts);
-    if (expr.ignoreCase)
-        m_out.sql += " collate nocase";
+    if (expr.collation == Collation::Letters)
+        m_out.sql += " collate letters";
 }
 
 } // namespace dialect

@@ -41,6 +41,7 @@ private:
     void concat(const Expr& expr, int parts);
     void concatOperand(const Expr& expr);
     void compare(const Expr& expr, int parts);
+    void comparedInRange(const Expr& expr);
     void between(const Expr& expr, int parts);
     void comparedFirst(const Expr& expr, int parts);
     void refuseDeep(const Expr& expr, int parts) const;

@@ -38,6 +38,8 @@ std::optional<LiteralKind> markedLiteral(QChar c)
     switch (c.unicode()) {
     case u'\'':
         return LiteralKind::Text;
+    case u'"':
+        return LiteralKind::Letters;
     case u'#':
         return LiteralKind::Date;
     case u'?':

@@ -147,7 +147,8 @@ void StatementRenderer::orderBy(const Select& select, bool reversed)
         if (std::find(seen.begin(), seen.end(), wanted.column.id) != seen.end())
             continue;
         seen.push_back(wanted.column.id);
-        term(qualifiedName(wanted.column.id), wanted.descending);
+        const bool text = wanted.column.id.column().type == schema::ColumnType::Text;
+        term(qualifiedName(wanted.column.id) + (text ? " collate letters" : ""), wanted.descending);
     }
     // Rows that the order leaves equal come in the order in which they were stored, each time the same.
     for (const schema::Table* table : select.from)

@@ -4,6 +4,7 @@
 
 #include <QVarLengthArray>
 
+#include <algorithm>
 #include <array>
 
 namespace dialect {
@@ -62,6 +63,7 @@ private:
     void step();
     void number();
     void text();
+    [[nodiscard]] bool isCompared() const;
     void date();
     void bracketedName();
     void symbol();
@@ -160,7 +162,21 @@ void Splitter::text()
     if (end + 1 < m_text.size() && m_text[end + 1] == u'\'')
         refuse(Refusal::tr("A quote follows a text directly; quotes are not doubled: %1")
                    .arg(Refusal::quoted(m_text.sliced(m_pos))));
-    literal(LiteralKind::Text, m_text.sliced(m_pos + 1, end - m_pos - 1), end + 1, u'\'');
+    const QStringView value = m_text.sliced(m_pos + 1, end - m_pos - 1);
+    // The indexes know the case of A to Z; a text with other letters is looked for in another way.
+    if (isCompared() && std::ranges::any_of(value, [](QChar c) { return c.unicode() >= charClasses.size(); }))
+        literal(LiteralKind::Letters, value, end + 1, u'"');
+    else
+        literal(LiteralKind::Text, value, end + 1, u'\'');
+}
+
+/// True when the sign in front of the literal at hand is that of a comparison.
+bool Splitter::isCompared() const
+{
+    qsizetype before = m_pos - 1;
+    while (before >= 0 && m_text[before].isSpace())
+        --before;
+    return before >= 0 && (m_text[before] == u'=' || m_text[before] == u'>' || m_text[before] == u'<');
 }
 
 void Splitter::date()

@@ -59,6 +59,7 @@ private:
     Value arithmetic(Expr& expr) const;
     Value concat(Expr& expr) const;
     Value compare(Expr& expr) const;
+    [[nodiscard]] static Collation collationOf(const Expr& expr);
     Value isNull(Expr& expr) const;
     Value logic(Expr& expr) const;
     bool storedText(Expr& expr, Value value) const;
@@ -103,6 +104,7 @@ Value Typing::literal(const Expr& expr) const
 {
     switch (expr.literalKind) {
     case LiteralKind::Text:
+    case LiteralKind::Letters:
         return TextLiteral;
     case LiteralKind::Number:
         return NumberLiteral;
@@ -169,8 +171,23 @@ Value Typing::compare(Expr& expr) const
         else
             operand->bind = domain == Domain::Date ? BindAs::Date : BindAs::Real;
     }
-    expr.ignoreCase = domain == Domain::Text && expr.operands.front()->kind != ExprKind::Column;
+    if (domain == Domain::Text)
+        expr.collation = collationOf(expr);
     return Condition;
+}
+
+/// Where a column is told by a text of plain letters, its index has the answer.
+Collation Typing::collationOf(const Expr& expr)
+{
+    const Expr& left = *expr.operands[0];
+    const Expr& right = *expr.operands[1];
+    const bool lookup = left.kind == ExprKind::Column && right.kind == ExprKind::Literal &&
+                        (expr.op == u"=" || expr.op == u"<>");
+    if (!lookup)
+        return Collation::Letters;
+    if (right.literalKind != LiteralKind::Letters)
+        return Collation::Column;
+    return expr.op == u"=" ? Collation::LettersInRange : Collation::Letters;
 }
 
 Value Typing::isNull(Expr& expr) const

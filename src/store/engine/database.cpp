@@ -74,22 +74,6 @@ void Bindings::bindText(sqlite3_stmt* statement, int place, QStringView text)
     sqlite3_bind_text(statement, place, utf8.constData(), static_cast<int>(utf8.size()), SQLITE_STATIC);
 }
 
-QVariant cell(sqlite3_stmt* statement, int column)
-{
-    switch (sqlite3_column_type(statement, column)) {
-    case SQLITE_INTEGER:
-        return QVariant(static_cast<qlonglong>(sqlite3_column_int64(statement, column)));
-    case SQLITE_FLOAT:
-        return QVariant(sqlite3_column_double(statement, column));
-    case SQLITE_NULL:
-        return {};
-    default:
-        break;
-    }
-    const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
-    return QVariant(QString::fromUtf8(text, sqlite3_column_bytes(statement, column)));
-}
-
 /// Resets a statement at the end of its use, however that comes about.
 class Use
 {
@@ -153,6 +137,7 @@ Database::Database(const QString& path)
     m_impl->connection = engine::open(path, SQLITE_OPEN_READWRITE);
     sqlite3* const handle = m_impl->connection.get();
     sqlite3_busy_timeout(handle, engine::busyTimeoutMs);
+    engine::addLetters(handle);
     // A committed action must survive a power cut, so every commit waits for the disk.
     engine::execute(handle, "PRAGMA journal_mode=DELETE");
     engine::execute(handle, "PRAGMA synchronous=FULL");
@@ -183,7 +168,7 @@ RecordSet Database::run(QStringView statement, const dialect::Want& want)
     int code = sqlite3_step(compiled);
     for (; code == SQLITE_ROW; code = sqlite3_step(compiled)) {
         for (int i = 0; i < columns; ++i)
-            rows->cells.push_back(cell(compiled, i));
+            rows->cells.push_back(engine::cell(compiled, i));
         ++rows->count;
     }
     if (code != SQLITE_DONE)

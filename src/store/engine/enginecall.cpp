@@ -1,5 +1,7 @@
 #include "store/engine/enginecall.h"
 
+#include "base/letters.h"
+
 #include <QCoreApplication>
 #include <QFile>
 
@@ -46,6 +48,19 @@ QString inWords(sqlite3* connection, int code)
 }
 
 } // namespace
+
+void addLetters(sqlite3* connection)
+{
+    const auto compare = [](void*, int leftSize, const void* left, int rightSize, const void* right) {
+        const auto text = [](const void* bytes, int size) {
+            return std::string_view(static_cast<const char*>(bytes), static_cast<std::size_t>(size));
+        };
+        return letters::compare(text(left, leftSize), text(right, rightSize));
+    };
+    if (sqlite3_create_collation_v2(connection, "letters", SQLITE_UTF8, nullptr, compare, nullptr) !=
+        SQLITE_OK)
+        throw failure(connection);
+}
 
 void CloseConnection::operator()(sqlite3* connection) const
 {
@@ -103,6 +118,22 @@ QString value(sqlite3* connection, const QByteArray& sql)
     if (code != SQLITE_DONE)
         throw failure(connection);
     return {};
+}
+
+QVariant cell(sqlite3_stmt* statement, int column)
+{
+    switch (sqlite3_column_type(statement, column)) {
+    case SQLITE_INTEGER:
+        return QVariant(static_cast<qlonglong>(sqlite3_column_int64(statement, column)));
+    case SQLITE_FLOAT:
+        return QVariant(sqlite3_column_double(statement, column));
+    case SQLITE_NULL:
+        return {};
+    default:
+        break;
+    }
+    const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
+    return QVariant(QString::fromUtf8(text, sqlite3_column_bytes(statement, column)));
 }
 
 StoreError failure(sqlite3* connection)

@@ -5,6 +5,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QVariant>
 
 #include <memory>
 
@@ -28,6 +29,9 @@ using Statement = std::unique_ptr<sqlite3_stmt, FinalizeStatement>;
 /// How long a statement waits for another program that holds the file.
 inline constexpr int busyTimeoutMs = 2000;
 
+/// Gives the connection the collation "letters", which compares as letters::compare does. Statements name it;
+/// the file does not, so that every program can read it. Throws StoreError.
+void addLetters(sqlite3* connection);
 /// Opens a file with SQLITE_OPEN_... flags for the use of one thread at a time; throws StoreError.
 Connection open(const QString& path, int flags);
 /// Compiles one statement; throws StoreError.
@@ -36,6 +40,8 @@ Statement prepare(sqlite3* connection, const QByteArray& sql);
 void execute(sqlite3* connection, const QByteArray& sql);
 /// The single text value that a statement gives, "" without a row; throws StoreError.
 QString value(sqlite3* connection, const QByteArray& sql);
+/// A cell of the row at hand: invalid for NULL, a number, or text.
+QVariant cell(sqlite3_stmt* statement, int column);
 /// The connection's latest failure.
 StoreError failure(sqlite3* connection);
 

@@ -16,7 +16,8 @@ QString RecordSet::columnName(int column) const
 int RecordSet::columnIndex(QStringView name) const
 {
     for (int i = 0; i < columnCount(); ++i) {
-        if (name.compare(m_rows->columns[static_cast<size_t>(i)].name, Qt::CaseInsensitive) == 0)
+        const QString& column = m_rows->columns[static_cast<size_t>(i)].name;
+        if (column.size() == name.size() && name.compare(column, Qt::CaseInsensitive) == 0)
             return i;
     }
     return -1;
