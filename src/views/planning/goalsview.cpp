@@ -62,6 +62,10 @@ void GoalsView::setUpRows()
 void GoalsView::render()
 {
     setWindowTitle(m_presenter.caption());
+    // Tab comes to the chosen option of the group, and the arrow keys go from there.
+    const auto options = m_ui->frmeInterval->findChildren<QRadioButton*>();
+    for (QRadioButton* option : options)
+        option->setFocusPolicy(option->isChecked() ? Qt::StrongFocus : Qt::ClickFocus);
     for (int row = 1; row <= rowCount; ++row) {
         const GoalBar& bar = m_presenter.bar(row);
         const auto control = [this, row](const char* name) {
