@@ -61,6 +61,8 @@ void addContactCommands(CLI::App& app, Command& chosen);
 void addHistoryCommands(CLI::App& app, Command& chosen);
 /// Adds the commands that say what is planned and what is due: agenda, due.
 void addCalendarCommands(CLI::App& app, Command& chosen);
+/// Adds the commands that say how the campaign keeps its pace: goals, plan, objectives, stats.
+void addPlanningCommands(CLI::App& app, Command& chosen);
 /// Adds the intake's command: parse-card.
 void addIntakeCommands(CLI::App& app, Command& chosen);
 

@@ -49,6 +49,7 @@ void describe(CLI::App& app, Line& line)
     addPipelineCommands(app, line.command);
     addHistoryCommands(app, line.command);
     addCalendarCommands(app, line.command);
+    addPlanningCommands(app, line.command);
     addIntakeCommands(app, line.command);
     addContactCommands(app, line.command);
     addStoreCommands(app, line.command);

@@ -30,6 +30,7 @@ FileReport openOrCreateStore(Session& session, const QString& version)
     }
     if (firstRun && inspectStore(session.databasePath()).state == FileState::Good)
         provisionFirstRun(session, version);
+    layDeliveredFiles(session.folder());
     return {};
 }
 

@@ -6,6 +6,7 @@
 #include "store/files/logs.h"
 #include "store/gateway/datajw.h"
 #include "store/gateway/undostack.h"
+#include "store/lastfailure.h"
 
 #include <utility>
 
@@ -78,6 +79,11 @@ void Session::logError(const QString& text, int level, const StoreError* failure
     if (shown == 1)
         return;
     ++m_held;
+    QString reason;
+    if (failure)
+        reason =
+            failure->number() == StoreError::Overflow ? QStringLiteral("> 32767") : failure->description();
+    setProperty(lastfailure::property, reason);
     if (m_quiet == 0)
         msgBox(u"Error Occurred :" + message + lostLogText());
 }

@@ -2,6 +2,7 @@
 
 #include "base/dates.h"
 #include "base/fieldtext.h"
+#include "base/numbers.h"
 #include "base/text.h"
 #include "store/engine/storeerror.h"
 #include "store/gateway/datajw.h"
@@ -11,8 +12,6 @@
 #include "workbench/shell.h"
 
 #include <QLocale>
-
-#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -57,7 +56,7 @@ QString shownRatio(double ratio)
 {
     if (ratio <= 0)
         return {};
-    return QLocale().toString(std::nearbyint(ratio * 100) / 100, 'f', QLocale::FloatingPointShortest);
+    return numbers::shown(ratio, 2);
 }
 
 } // namespace

@@ -4,6 +4,9 @@
 #include "calendar/frmreminder.h"
 #include "history/frmhistory.h"
 #include "intake/frmautoparse.h"
+#include "planning/frmactionplan.h"
+#include "planning/frmgoals.h"
+#include "planning/frmstats.h"
 #include "program/screens.h"
 #include "store/files/demo.h"
 #include "views/calendar/calendarview.h"
@@ -12,6 +15,9 @@
 #include "views/history/historyview.h"
 #include "views/intake/autoparseview.h"
 #include "views/palettes.h"
+#include "views/planning/actionplanview.h"
+#include "views/planning/goalsview.h"
+#include "views/planning/statsview.h"
 #include "views/workbench/addressentryview.h"
 #include "views/workbench/workbenchwindow.h"
 #include "workbench/addressentry.h"
@@ -178,14 +184,55 @@ bool grabAddress(Scene& scene)
     return written;
 }
 
+/// The demo's own goals, which are counted on the way.
+GoalChart loadGoals(Scene& scene, FrmGoals& goals)
+{
+    GoalChart chart;
+    QObject::connect(&goals, &FrmGoals::computed, &goals, [&](const GoalChart& counted) { chart = counted; });
+    goals.load();
+    goals.loadFile(scene.bench.world.session->file(u"goals-demo.jwg"_s));
+    goals.form().setText(u"txtTemplateName"_s, u"goals-demo.jwg"_s);
+    return chart;
+}
+
+bool grabGoals(Scene& scene)
+{
+    FrmGoals goals(*scene.bench.world.session, scene.bench.navigator);
+    loadGoals(scene, goals);
+    GoalsView view(goals, scene.layout);
+    return show(view, scene.file);
+}
+
+bool grabStats(Scene& scene)
+{
+    FrmGoals goals(*scene.bench.world.session, scene.bench.navigator);
+    FrmStats stats(*scene.bench.world.session);
+    stats.setGoals(loadGoals(scene, goals));
+    stats.load();
+    stats.choosePoint(2);
+    StatsView view(stats, scene.layout);
+    return show(view, scene.file);
+}
+
+bool grabPlan(Scene& scene)
+{
+    FrmActionPlan plan(*scene.bench.world.session);
+    plan.load();
+    plan.loadFile(scene.bench.world.session->file(u"objplan-demo.jwg"_s));
+    plan.form().setText(u"txtObjcvg"_s, u"objplan-demo.jwg"_s);
+    ActionPlanView view(plan, scene.layout);
+    for (int slot = 0; slot < FrmActionPlan::slotCount; ++slot)
+        plan.imgTMClick(slot);
+    return show(view, scene.file);
+}
+
 /// False for a screen of no such name, too.
 bool grabScreen(Scene& scene, const QString& screen)
 {
-    static const QHash<QString, bool (*)(Scene&)> dialogs{{u"Calendar"_s, grabCalendar},
-                                                          {u"History"_s, grabHistory},
-                                                          {u"Reminder"_s, grabReminder},
-                                                          {u"Card"_s, grabCard},
-                                                          {u"Address"_s, grabAddress}};
+    static const QHash<QString, bool (*)(Scene&)> dialogs{
+        {u"Calendar"_s, grabCalendar}, {u"History"_s, grabHistory}, {u"Reminder"_s, grabReminder},
+        {u"Card"_s, grabCard},         {u"Goals"_s, grabGoals},     {u"Plan"_s, grabPlan},
+        {u"Statistics"_s, grabStats},  {u"Address"_s, grabAddress}};
     if (const auto dialog = dialogs.value(screen))
         return dialog(scene);
     return grabTab(scene, screen);
@@ -213,8 +260,9 @@ int main(int argc, char** argv)
     Bench bench(QDateTime(QDate(2026, 11, 22), QTime(9, 30)));
     bench.world.prompts.acceptAll(Answer::Ok);
     loadDemo(*bench.world.session, arguments.at(1));
-    QFile::copy(QStringLiteral(JOBWRIGHT_SOURCE_DIR "/data/areacodes.jwd"),
-                bench.world.session->file(u"areacodes.jwd"_s));
+    for (const QString& delivered : {u"areacodes.jwd"_s, u"objectives.jwd"_s})
+        QFile::copy(QStringLiteral(JOBWRIGHT_SOURCE_DIR "/data/") + delivered,
+                    bench.world.session->file(delivered));
     Screens screens(*bench.world.session);
     bench.navigator.hasAll = false;
     bench.navigator.program = &screens;

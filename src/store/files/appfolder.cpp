@@ -88,19 +88,6 @@ void writeDataSource(Session& session)
     session.addLog(QStringLiteral("ODBC Data Sources Modified"));
 }
 
-/// Delivered files that the folder does not have yet. A user's own file of the same name is left alone.
-void copyDeliveredFiles(const QString& folder)
-{
-    const QString delivered = deliveredFolder();
-    if (delivered.isEmpty())
-        return;
-    for (const QFileInfo& file : QDir(delivered).entryInfoList(QDir::Files)) {
-        const QString target = folder + u'/' + file.fileName();
-        if (!QFile::exists(target))
-            QFile::copy(file.absoluteFilePath(), target);
-    }
-}
-
 /// The program's folder among the user's data. Without a home folder the system would name the root of all
 /// files instead.
 QString dataFolder()
@@ -150,6 +137,19 @@ static QString specialFile(const QString& folder)
             return file.filePath();
     }
     return {};
+}
+
+void layDeliveredFiles(const QString& folder)
+{
+    const QString delivered = deliveredFolder();
+    if (delivered.isEmpty())
+        return;
+    const QFileInfoList files = QDir(delivered).entryInfoList(QDir::Files);
+    for (const QFileInfo& file : files) {
+        const QString target = folder + u'/' + file.fileName();
+        if (!QFile::exists(target))
+            QFile::copy(file.absoluteFilePath(), target);
+    }
 }
 
 QString prepareFolder(const QString& folder)
@@ -247,7 +247,6 @@ void provisionFirstRun(Session& session, const QString& version)
     writeProgramEntries(session, version);
     writeFileTypes(session);
     writeDataSource(session);
-    copyDeliveredFiles(session.folder());
     QDir().mkpath(session.file(QStringLiteral("exchange")));
     // Last, so that a first start that dies on the way is a first start again.
     session.settings().SetKeyValue(RegAccess::Hive::CurrentUser, programKey, QStringLiteral("Version"),

@@ -17,6 +17,10 @@ QString applicationFolder(const QString& named);
 /// data in a source tree. Empty when there is none.
 QString deliveredFolder();
 
+/// Copies the delivered files that the folder lacks into it: at each start, as a later version may bring more
+/// of them. A file that is there, the user's own or a changed one, is left alone.
+void layDeliveredFiles(const QString& folder);
+
 /// Makes the folder when it is missing. "" on success, else why it cannot be used; an empty name is that of a
 /// user without a home folder. A pipe or a device in the place of a file of the program is refused.
 QString prepareFolder(const QString& folder);
@@ -51,6 +55,6 @@ private:
 /// True until provisionFirstRun() has been through once for this folder.
 bool isFirstRun(Session& session);
 
-/// What the first start of an installation does: settings entries, file types, the delivered data files, the
-/// exchange folder. The marker of a first run is set last.
+/// What the first start of an installation does: settings entries, file types, the exchange folder. The
+/// marker of a first run is set last.
 void provisionFirstRun(Session& session, const QString& version);

@@ -2,6 +2,7 @@
 
 #include "base/dates.h"
 #include "base/text.h"
+#include "base/textlines.h"
 #include "base/wholefile.h"
 #include "store/engine/schema.h"
 #include "store/gateway/datajw.h"
@@ -10,7 +11,9 @@
 #include "store/xml/xmlimporter.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 #include <algorithm>
 #include <sstream>
@@ -52,6 +55,22 @@ void shiftTable(pugi::xml_node data, qint64 days)
     }
 }
 
+/// Lays the demo's goals and plans, the files beside the campaign's, into the folder, with the days on their
+/// lines moved. "" or what went wrong.
+QString layPlans(const Session& session, const QDir& from, qint64 days)
+{
+    for (const QFileInfo& file : from.entryInfoList({u"*.jwg"_s}, QDir::Files)) {
+        TextLines read = textlines::read(file.filePath());
+        for (QString& line : read.lines) {
+            if (const auto moment = dates::parse(line))
+                line = dates::mmddyyyy(moment->date.addDays(days));
+        }
+        if (QString problem = textlines::write(session.file(file.fileName()), read.lines); !problem.isEmpty())
+            return problem;
+    }
+    return {};
+}
+
 /// Writes the campaign with today's days; "" or what went wrong.
 QString writeShifted(const Session& session, const QString& from, const QString& to)
 {
@@ -64,6 +83,9 @@ QString writeShifted(const Session& session, const QString& from, const QString&
         return say("The file %1 is no demo campaign.").arg(from);
     for (const pugi::xml_node data : root.children("Data"))
         shiftTable(data, recorded->date.daysTo(session.today()));
+    if (QString problem = layPlans(session, QFileInfo(from).dir(), recorded->date.daysTo(session.today()));
+        !problem.isEmpty())
+        return problem;
     // The mark stays: a file with it may be written over by a later call.
     root.attribute(mark).set_value(session.today().toString(Qt::ISODate).toUtf8().constData());
     std::ostringstream text;

@@ -1,18 +1,8 @@
 #include "views/workbench/rankchart.h"
 
+#include "views/common/chartpaint.h"
+
 #include <QPainter>
-
-#include <algorithm>
-#include <cmath>
-
-namespace {
-
-double onScale(double place)
-{
-    return std::isfinite(place) ? std::clamp(place, 0.0, 1.0) : 0.0;
-}
-
-} // namespace
 
 RankChart::RankChart(QWidget* parent)
     : QWidget(parent)
@@ -23,14 +13,12 @@ RankChart::RankChart(QWidget* parent)
 
 void RankChart::setPointer(double company, double position)
 {
-    m_company = onScale(company);
-    m_position = onScale(position);
-    const QString words =
-        tr("By their questionnaires the company reaches %1 % of its scale, the position %2 %.")
-            .arg(qRound(m_company * 100))
-            .arg(qRound(m_position * 100));
-    setToolTip(words);
-    setAccessibleDescription(words);
+    const auto percent = [](const ChartAxis& axis, double rank) { return qRound(axis.place(rank) * 100); };
+    m_chart = {{}, {tr("Company")}, {tr("Position")}, {{{}, company, position, {}}}, {}};
+    m_chart.words = tr("By their questionnaires the company reaches %1 % of its scale, the position %2 %.")
+                        .arg(percent(m_chart.across, company))
+                        .arg(percent(m_chart.up, position));
+    chartpaint::describe(*this, m_chart);
     update();
 }
 
@@ -54,7 +42,9 @@ QRectF RankChart::plot() const
 QPointF RankChart::pointerCentre() const
 {
     const QRectF field = plot();
-    return {field.left() + m_company * field.width(), field.bottom() - m_position * field.height()};
+    const ChartPoint& point = m_chart.points.front();
+    return {field.left() + m_chart.across.place(point.across) * field.width(),
+            field.bottom() - m_chart.up.place(point.up) * field.height()};
 }
 
 void RankChart::paintEvent(QPaintEvent*)
@@ -64,23 +54,15 @@ void RankChart::paintEvent(QPaintEvent*)
     const QRectF field = plot();
     const double line = fontMetrics().height();
 
-    QColor grid = palette().color(QPalette::PlaceholderText);
-    painter.setPen(QPen(grid, 1.2));
-    painter.drawLine(field.bottomLeft(), field.topLeft());
-    painter.drawLine(field.bottomLeft(), field.bottomRight());
-    painter.drawText(QRectF(0, 0, width(), line), Qt::AlignLeft | Qt::AlignVCenter, tr("Position"));
-    painter.drawText(QRectF(0, height() - line, width(), line), Qt::AlignRight | Qt::AlignVCenter,
-                     tr("Company"));
-
-    grid.setAlphaF(grid.alphaF() * 0.35F);
-    painter.setPen(QPen(grid, 1));
     constexpr int marks = 4;
-    for (int mark = 1; mark <= marks; ++mark) {
-        const double x = field.left() + field.width() * mark / marks;
-        const double y = field.bottom() - field.height() * mark / marks;
-        painter.drawLine(QPointF(x, field.top()), QPointF(x, field.bottom()));
-        painter.drawLine(QPointF(field.left(), y), QPointF(field.right(), y));
-    }
+    const auto project = [&field](double across, double up) {
+        return QPointF(field.left() + across * field.width(), field.bottom() - up * field.height());
+    };
+    chartpaint::drawPlane(painter, palette(), project, {marks, marks});
+    painter.setPen(palette().color(QPalette::PlaceholderText));
+    painter.drawText(QRectF(0, 0, width(), line), Qt::AlignLeft | Qt::AlignVCenter, m_chart.up.title);
+    painter.drawText(QRectF(0, height() - line, width(), line), Qt::AlignRight | Qt::AlignVCenter,
+                     m_chart.across.title);
 
     painter.setBrush(palette().color(QPalette::Highlight));
     painter.setPen(QPen(palette().color(QPalette::WindowText), 1));

@@ -1,6 +1,8 @@
 // The chart that shows how high the user has ranked a position and its company.
 #pragma once
 
+#include "base/chart.h"
+
 #include <QWidget>
 
 /// Two axes, the company's rank to the right and the position's upward, with the pointer between them; grows
@@ -27,6 +29,5 @@ protected:
 private:
     [[nodiscard]] QRectF plot() const;
 
-    double m_company = 0;
-    double m_position = 0;
+    Chart m_chart; ///< with one point, the pointer
 };
