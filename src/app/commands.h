@@ -61,6 +61,9 @@ void addHistoryCommands(CLI::App& app, Command& chosen);
 void addCalendarCommands(CLI::App& app, Command& chosen);
 /// Adds the intake's command: parse-card.
 void addIntakeCommands(CLI::App& app, Command& chosen);
+/// Adds the commands that find and show: search, find, report. @p draws becomes true when the command that was
+/// chosen paints pages, for which the program needs its fonts.
+void addOutputCommands(CLI::App& app, Command& chosen, bool& draws);
 
 /// The company that the user means among @p names: the name itself in any case, else the only one that holds
 /// the text. Nothing, with the reason printed, when there is none or no single one.
