@@ -4,6 +4,7 @@
 #include "store/engine/background.h"
 #include "support/campaign.h"
 #include "support/runtest.h"
+#include "support/table.h"
 
 #include <QSignalSpy>
 
