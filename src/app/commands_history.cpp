@@ -5,6 +5,7 @@
 #include "base/dates.h"
 #include "base/letters.h"
 #include "base/text.h"
+#include "output/historyspan.h"
 #include "store/gateway/datajw.h"
 #include "store/gateway/names.h"
 
@@ -133,24 +134,82 @@ int history(CommandContext& context, const QString& wanted, bool json)
     return Done;
 }
 
+// --- All contacts between two days ------------------------------------------------------------------------
+
+void printSpan(const std::vector<Happened>& span, bool json)
+{
+    if (!json) {
+        const Table table({10, 24, 24, 13, 0});
+        table.row({tr("Date"), tr("Contact"), tr("Company"), tr("Medium"), tr("Topic")});
+        for (const Happened& one : span)
+            table.row({one.date.toString(Qt::ISODate), one.contact, one.company, one.medium, one.topic});
+        return;
+    }
+    QJsonArray array;
+    for (const Happened& one : span)
+        array.append(QJsonObject{{u"date"_s, dateOrNull(one.date)},
+                                 {u"contact"_s, one.contact},
+                                 {u"company"_s, one.company},
+                                 {u"medium"_s, one.medium},
+                                 {u"topic"_s, one.topic},
+                                 {u"details"_s, one.details}});
+    printJson(array);
+}
+
+struct HistoryOptions
+{
+    std::string contact;
+    std::string from;
+    std::string to;
+    bool json = false;
+};
+
+int historySpan(CommandContext& context, const HistoryOptions& options)
+{
+    // Without an end of its own the span ends today, without a beginning it has all that was before.
+    const auto dayOf = [](const std::string& text, QDate otherwise) {
+        const auto moment = dates::parse(QString::fromStdString(text));
+        return text.empty() ? otherwise : moment ? moment->date : QDate();
+    };
+    Session* const session = context.openSession();
+    if (!session)
+        return context.exitCode;
+    const QDate from = dayOf(options.from, QDate(1900, 1, 1));
+    const QDate to = dayOf(options.to, session->today());
+    if (!from.isValid() || !to.isValid()) {
+        printError(tr("\"%1\" is no day. Write it as in 2026-11-22.")
+                       .arg(QString::fromStdString(from.isValid() ? options.to : options.from)));
+        return WrongUsage;
+    }
+    printSpan(historyspan::read(session->dataJW(), from, to), options.json);
+    return Done;
+}
+
 } // namespace
 
 void addHistoryCommands(CLI::App& app, Command& chosen)
 {
-    auto* const command =
-        app.add_subcommand("history", help("List the histories of a contact, the oldest first"));
-    auto name = std::make_shared<std::string>();
-    auto json = std::make_shared<bool>(false);
-    command
-        ->add_option(
-            "CONTACT", *name,
-            help("First and last name in any case, or a part that only one contact has; behind it the "
-                 "company in brackets where two have the same name"))
-        ->required();
-    command->add_flag("--json", *json, help("The same as JSON, with place, details and document"));
+    auto* const command = app.add_subcommand(
+        "history",
+        help("List the histories of a contact, the oldest first, or what happened between two days"));
+    auto options = std::make_shared<HistoryOptions>();
+    auto* const contact = command->add_option(
+        "CONTACT", options->contact,
+        help("First and last name in any case, or a part that only one contact has; behind it the company in "
+             "brackets where two have the same name"));
+    auto* const from =
+        command->add_option("--from", options->from, help("All contacts from this day (2026-11-22)"));
+    auto* const to =
+        command->add_option("--to", options->to, help("All contacts to this day, which is in it"));
+    command->add_flag("--json", options->json, help("The same as JSON, with place, details and document"));
+    contact->excludes(from)->excludes(to);
     command->callback([=, &chosen] {
+        const bool span = from->count() > 0 || to->count() > 0;
+        if (!span && contact->count() == 0)
+            throw CLI::RequiredError("CONTACT");
         chosen = [=](CommandContext& context) {
-            return history(context, QString::fromStdString(*name), *json);
+            return span ? historySpan(context, *options)
+                        : history(context, QString::fromStdString(options->contact), options->json);
         };
     });
 }

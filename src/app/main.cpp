@@ -6,6 +6,7 @@
 #include "store/files/appfolder.h"
 
 #include <QCoreApplication>
+#include <QGuiApplication>
 
 #include <CLI/CLI.hpp>
 
@@ -13,6 +14,7 @@
 #include <cstdio>
 #include <iostream>
 #include <langinfo.h>
+#include <memory>
 #include <new>
 
 using commands::help;
@@ -28,7 +30,8 @@ struct Line
     bool noSplash = false;
     bool exitWhenShown = false;
     bool asksForDisplay = false;
-    Command command; ///< empty: open the workbench
+    Command command;    ///< empty: open the workbench
+    bool draws = false; ///< the command paints pages
 };
 
 void describe(CLI::App& app, Line& line)
@@ -52,6 +55,7 @@ void describe(CLI::App& app, Line& line)
     addPlanningCommands(app, line.command);
     addIntakeCommands(app, line.command);
     addContactCommands(app, line.command);
+    addOutputCommands(app, line.command, line.draws);
     addStoreCommands(app, line.command);
     addCopyCommands(app, line.command);
     app.footer(help("Without a command the workbench opens.\n"
@@ -108,7 +112,11 @@ int run(int argc, char** argv, const Line& line)
         return startWorkbench(argc, argv,
                               {QString::fromStdString(line.folder), line.noSplash, line.exitWhenShown});
 
-    QCoreApplication application(argc, argv);
+    // Fonts need no display, but an application that knows of them.
+    if (line.draws)
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    const std::unique_ptr<QCoreApplication> application(line.draws ? new QGuiApplication(argc, argv)
+                                                                   : new QCoreApplication(argc, argv));
     CommandContext context;
     context.folder = applicationFolder(QString::fromStdString(line.folder));
     if (context.folder.isEmpty()) {

@@ -1,65 +1,51 @@
 #include "desktop/printing.h"
 
+#include "desktop/pagepainter.h"
+#include "desktop/pdffile.h"
+
+#include <QApplication>
 #include <QPageSetupDialog>
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
 
-#include <QFileInfo>
-#include <memory>
-
 using namespace Qt::StringLiterals;
 
-namespace {
-
-/// Paper is white whatever the screen's palette, and the document of a screen must stay as it was.
-void printOnto(QPrinter& printer, const QTextDocument& document)
+QPrinter& Printing::printer()
 {
-    const std::unique_ptr<QTextDocument> pages(document.clone());
-    pages->print(&printer);
+    if (!m_printer) {
+        m_printer.emplace(QPrinter::HighResolution);
+        m_printer->setCreator(u"Jobwright"_s);
+    }
+    return *m_printer;
 }
 
-} // namespace
-
-Printing::Printing()
-    : m_printer(QPrinter::HighResolution)
+bool Printing::print(const ReportDocument& document, const Step& step)
 {
-    m_printer.setCreator(u"Jobwright"_s);
-}
-
-bool Printing::print(QWidget* parent, const QTextDocument& document)
-{
-    QPrintDialog dialog(&m_printer, parent);
+    printer().setDocName(document.title);
+    QPrintDialog dialog(&printer(), QApplication::activeWindow());
     dialog.setObjectName(u"printDialog"_s);
-    if (dialog.exec() != QDialog::Accepted)
-        return false;
-    printOnto(m_printer, document);
-    return true;
+    return dialog.exec() == QDialog::Accepted && PagePainter::paint(printer(), document, step);
 }
 
-void Printing::preview(QWidget* parent, const QTextDocument& document)
+void Printing::preview(const ReportDocument& document)
 {
-    QPrintPreviewDialog dialog(&m_printer, parent);
+    printer().setDocName(document.title);
+    QPrintPreviewDialog dialog(&printer(), QApplication::activeWindow());
     dialog.setObjectName(u"printPreview"_s);
+    dialog.setWindowTitle(document.title);
     QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog,
-                     [&document](QPrinter* printer) { printOnto(*printer, document); });
+                     [&document](QPrinter* pages) { PagePainter::paint(*pages, document); });
     dialog.exec();
 }
 
-void Printing::setUpPage(QWidget* parent)
+void Printing::setUpPage()
 {
-    QPageSetupDialog dialog(&m_printer, parent);
+    QPageSetupDialog dialog(&printer(), QApplication::activeWindow());
     dialog.setObjectName(u"pageSetup"_s);
     dialog.exec();
 }
 
-bool Printing::printToPdf(const QTextDocument& document, const QString& path) const
+bool Printing::writePdf(const ReportDocument& document, const QString& path, const Step& step)
 {
-    if (path.isEmpty() || !QFileInfo(QFileInfo(path).absolutePath()).isWritable())
-        return false;
-    QPrinter file(QPrinter::HighResolution);
-    file.setOutputFormat(QPrinter::PdfFormat);
-    file.setOutputFileName(path);
-    file.setPageLayout(m_printer.pageLayout());
-    printOnto(file, document);
-    return file.printerState() != QPrinter::Error && QFileInfo(path).size() > 0;
+    return pdffile::write(document, path, step);
 }

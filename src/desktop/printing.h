@@ -1,23 +1,27 @@
-// A page to paper, to a file, or onto the screen first.
+// A document to paper, to a file, or onto the screen first.
 #pragma once
 
-#include <QPrinter>
-#include <QTextDocument>
-#include <QWidget>
+#include "base/paper.h"
 
-/// Prints documents with the printer and the page set up last; both live as long as this object.
-class Printing
+#include <QPrinter>
+
+#include <optional>
+
+class QWidget;
+
+/// Prints documents with the printer and the page set up last; both live as long as this object. The system
+/// is asked for its printers with the first of them, as that takes longer than the whole start. Dialogs
+/// belong to the window in which the user works.
+class Printing : public Paper
 {
 public:
-    Printing();
-
-    /// Asks for the printer (a PDF file is one of them) and prints; false when the user gave up.
-    bool print(QWidget* parent, const QTextDocument& document);
-    void preview(QWidget* parent, const QTextDocument& document);
-    void setUpPage(QWidget* parent);
-    /// Writes the pages to a PDF file without asking; false when the file cannot be written.
-    [[nodiscard]] bool printToPdf(const QTextDocument& document, const QString& path) const;
+    bool print(const ReportDocument& document, const Step& step = {}) override;
+    void preview(const ReportDocument& document) override;
+    bool writePdf(const ReportDocument& document, const QString& path, const Step& step = {}) override;
+    void setUpPage();
 
 private:
-    QPrinter m_printer;
+    [[nodiscard]] QPrinter& printer();
+
+    std::optional<QPrinter> m_printer;
 };

@@ -4,6 +4,8 @@
 #include "calendar/frmevcal.h"
 #include "calendar/frmreminder.h"
 #include "history/frmhistory.h"
+#include "output/findanything.h"
+#include "output/frmkeysearch.h"
 #include "workbench/frmdata.h"
 
 /// Owns the workbench and the screens that others go on using while they are shut. A screen that nothing
@@ -17,6 +19,8 @@ struct Presenters
         , reminder(session, navigator)
         , history(session, navigator)
         , workbench(session, navigator, reminder)
+        , keySearch(session, RecordOpener(session, navigator, workbench))
+        , find(session, RecordOpener(session, navigator, workbench))
     {
         QObject::connect(&calendar, &FrmEvCal::recordsChanged, &reminder, &FrmReminder::lookAgain);
         QObject::connect(&reminder, &FrmReminder::recordsChanged, &calendar, &FrmEvCal::reload);
@@ -29,5 +33,7 @@ struct Presenters
     FrmEvCal calendar;
     FrmReminder reminder;
     FrmHistory history;
-    FrmData workbench; ///< the last: its end releases the gateway, and puts the reminder off before
+    FrmData workbench; ///< its end releases the gateway, and puts the reminder off before
+    FrmKeySearch keySearch;
+    FindAnything find;
 };

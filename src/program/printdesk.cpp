@@ -1,21 +1,14 @@
 #include "program/printdesk.h"
 
+#include "desktop/printing.h"
 #include "views/workbench/workbenchwindow.h"
 #include "workbench/frmdata.h"
 
-#include <QTextDocument>
-
-PrintDesk::PrintDesk(FrmData& workbench, WorkbenchWindow& window)
+PrintDesk::PrintDesk(FrmData& workbench, WorkbenchWindow& window, Printing& printing)
 {
     connect(&workbench, &FrmData::printRequested, this,
-            [this, &window] { printing().print(&window, *window.printableForm()); });
+            [&window, &printing] { printing.print(window.printableForm()); });
     connect(&workbench, &FrmData::previewRequested, this,
-            [this, &window] { printing().preview(&window, *window.printableForm()); });
-    connect(&workbench, &FrmData::printSetupRequested, this,
-            [this, &window] { printing().setUpPage(&window); });
-}
-
-Printing& PrintDesk::printing()
-{
-    return m_printing ? *m_printing : m_printing.emplace();
+            [&window, &printing] { printing.preview(window.printableForm()); });
+    connect(&workbench, &FrmData::printSetupRequested, this, [&printing] { printing.setUpPage(); });
 }

@@ -55,7 +55,8 @@ bool ProgramRun::start(bool silently)
     QSettings& layout = m_session.settings().file();
     m_window.emplace(m_presenters.workbench, layout);
     m_screens.furnish(m_presenters, layout, *m_window);
-    m_printDesk.emplace(m_presenters.workbench, *m_window);
+    m_printDesk.emplace(m_presenters.workbench, *m_window, m_screens.printing());
+    m_findDesk.emplace(m_presenters.find, *m_window);
     m_window->show();
     m_endRequests.emplace(*m_window);
     return true;

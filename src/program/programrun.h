@@ -3,6 +3,7 @@
 
 #include "desktop/endrequests.h"
 #include "program/dailycopyrunner.h"
+#include "program/finddesk.h"
 #include "program/presenters.h"
 #include "program/printdesk.h"
 #include "program/screens.h"
@@ -34,6 +35,7 @@ private:
     Presenters m_presenters;
     std::optional<WorkbenchWindow> m_window;
     std::optional<PrintDesk> m_printDesk;
+    std::optional<FindDesk> m_findDesk;
     std::optional<EndRequests> m_endRequests;
     std::optional<ReminderView> m_reminder;
     std::optional<DailyCopyRunner> m_copies;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/navigator.h"
+#include "desktop/printing.h"
 
 #include <QPointer>
 #include <QSettings>
@@ -19,6 +20,7 @@ struct ScreenHost
     Presenters* presenters = nullptr;
     QSettings* layout = nullptr; ///< remembers sizes
     QPointer<QWidget> window{};  ///< the workbench's
+    Printing printing{};
 
     /// The window that a dialog opened now belongs to: the one the user works in.
     [[nodiscard]] QWidget* parent() const;
@@ -36,6 +38,8 @@ public:
     /// The main screen's window stands from now on; all three must outlive the last opening of a screen.
     void furnish(Presenters& presenters, QSettings& layout, QWidget& window);
 
+    /// The one printer, with the page that was set up last.
+    [[nodiscard]] Printing& printing() { return m_host.printing; }
     [[nodiscard]] const std::vector<ScreenRow>& screens() const override { return m_rows; }
     [[nodiscard]] bool hasScreen(const QString& screen) const override;
     QVariant open(const QString& screen, const QVariant& request = {}) override;

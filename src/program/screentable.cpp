@@ -1,10 +1,13 @@
 // The table of screens: what each is called, where it is opened, how it is made.
 #include "intake/frmautoparse.h"
+#include "output/frmreport.h"
 #include "program/presenters.h"
 #include "program/screens.h"
 #include "views/calendar/calendarview.h"
 #include "views/history/historyview.h"
 #include "views/intake/autoparseview.h"
+#include "views/output/keysearchview.h"
+#include "views/output/reportview.h"
 #include "views/workbench/addressentryview.h"
 #include "workbench/addressentry.h"
 
@@ -62,6 +65,30 @@ QVariant openAddressEntry(ScreenHost& host, const QVariant& request)
     entry.load(request.value<FrmAddressEntry::Request>());
     AddressEntryView(entry, *host.layout, host.parent()).exec();
     return entry.saved() ? QVariant(entry.addressKey()) : QVariant();
+}
+
+/// Request: nothing. The window is made once and comes forward from then on.
+QVariant openKeySearch(ScreenHost& host, const QVariant&)
+{
+    auto* view = host.window ? host.window->findChild<KeySearchView*>() : nullptr;
+    if (!view) {
+        host.presenters->keySearch.load();
+        view = new KeySearchView(host.presenters->keySearch, *host.layout, host.window);
+        view->setAttribute(Qt::WA_DeleteOnClose);
+    }
+    view->show();
+    view->raise();
+    view->activateWindow();
+    return {};
+}
+
+/// Request: nothing.
+QVariant openReport(ScreenHost& host, const QVariant&)
+{
+    FrmReport report(host.session, host.printing);
+    report.load();
+    ReportView(report, *host.layout, host.parent()).exec();
+    return {};
 }
 
 /// The row's way to make its screen, tied to what it is made from.
@@ -168,14 +195,17 @@ std::vector<ScreenRow> screenTable(ScreenHost& host)
          .shortcut = u"Ctrl+Shift+F"_s,
          .toolLine = u"Open/Set Focus on KeySearch Screen"_s,
          .menuLine = u"Open/Set Focus on KeySearch Screen from Menu"_s,
-         .then = Then::CompanyScreen},
+         .then = Then::CompanyScreen,
+         .open = with(host, openKeySearch)},
         {.screen = u"FrmReport"_s,
          .tool = u"report"_s,
          .entry = u"PrintReport"_s,
          .caption = tr("Reports"),
          .menuText = tr("Print &Report"),
          .tip = tr("Printed reports"),
-         .icon = u"document-print"_s},
+         .icon = u"document-print"_s,
+         .shortcut = u"Ctrl+Shift+P"_s,
+         .open = with(host, openReport)},
         {.screen = u"FrmOptions"_s,
          .tool = u"options"_s,
          .entry = u"ToolsOptions"_s,

@@ -1,5 +1,7 @@
 #include "store/session.h"
 
+#include "store/engine/background.h"
+
 #include "base/dates.h"
 #include "base/text.h"
 #include "store/engine/storeerror.h"
@@ -46,6 +48,7 @@ DataJW& Session::dataJW()
 
 void Session::releaseDataJW()
 {
+    Background::endAll(*this);
     m_dataJW.reset();
     m_undoStack->clear();
 }

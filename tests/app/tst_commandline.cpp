@@ -117,6 +117,17 @@ private slots:
         row("history|Nobody At All", 1, "no contact");
         row("history|a", 1, "Several");
         row("history| ", 2, "name is empty");
+        row("history", 2, "CONTACT");
+        row("history|--from|2026-01-01|--json", 0, "\"contact\": \"Mara Lindqvist\"");
+        row("history|--to|soon", 2, "no day");
+        row("search|contact|LINDQ", 0, "Contact by LastName : 1\n  Mara Lindqvist#");
+        row("search|history|zzz|--json", 0, "\"sum\": 0");
+        row("search|e|x", 2, "The kinds are");
+        row("find|lindqvist|mara", 0, "Contacts (1)\n  Mara Lindqvist");
+        row("find|%", 0, "");
+        row("report|position|--pages", 0, "Progress:10");
+        row("report|contact|--pdf|/nowhere/at.pdf", 1, "could not be written");
+        row("report|everything", 2, "");
         row("query|drop table Company", 1, "jobwright: ");
         row("query|Select * from Company; Delete * from Company", 1, "jobwright: ");
         row("query|Select Count(*) from Event where EventKey=0", 0, "EXPR1000\r\n0\r\n");
@@ -161,6 +172,8 @@ private slots:
         row("positions", 2);
         row("pipeline", 1);
         row("history|Ann", 2);
+        row("history|--to|2026-11-22", 2);
+        row("find|ann", 2);
         row("agenda|--month|2020-03", 2);
         row("due", 2);
         row("status|Tainted", 1);

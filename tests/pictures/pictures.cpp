@@ -2,8 +2,10 @@
 // jobwright_pictures CAMPAIGN.xml light|dark SCREEN OUT.png
 #include "calendar/frmevcal.h"
 #include "calendar/frmreminder.h"
+#include "desktop/printing.h"
 #include "history/frmhistory.h"
 #include "intake/frmautoparse.h"
+#include "output/frmreport.h"
 #include "planning/frmactionplan.h"
 #include "planning/frmgoals.h"
 #include "planning/frmstats.h"
@@ -14,6 +16,9 @@
 #include "views/common/housestyle.h"
 #include "views/history/historyview.h"
 #include "views/intake/autoparseview.h"
+#include "views/output/findview.h"
+#include "views/output/keysearchview.h"
+#include "views/output/reportview.h"
 #include "views/palettes.h"
 #include "views/planning/actionplanview.h"
 #include "views/planning/goalsview.h"
@@ -30,6 +35,8 @@
 #include <QApplication>
 #include <QSettings>
 #include <QStyleFactory>
+#include <QTabWidget>
+#include <QThread>
 
 #include <cstdio>
 
@@ -226,13 +233,58 @@ bool grabPlan(Scene& scene)
     return show(view, scene.file);
 }
 
+bool grabSearch(Scene& scene)
+{
+    FrmKeySearch& search = scene.bench.presenters->keySearch;
+    search.load();
+    KeySearchView view(search, scene.layout);
+    search.form().edit(u"txtSearch"_s, u"plan"_s);
+    search.cmdSearchByPosition1();
+    return show(view, scene.file);
+}
+
+bool grabHappened(Scene& scene)
+{
+    FrmKeySearch& search = scene.bench.presenters->keySearch;
+    search.load();
+    KeySearchView view(search, scene.layout);
+    search.form().setText(u"dtpFrom"_s, u"2026-01-01"_s);
+    search.cmdHappened();
+    view.findChild<QTabWidget*>()->setCurrentIndex(1);
+    return show(view, scene.file);
+}
+
+bool grabReport(Scene& scene)
+{
+    Printing printing;
+    FrmReport report(*scene.bench.world.session, printing);
+    report.load();
+    ReportView view(report, scene.layout);
+    report.imgPosition1();
+    return show(view, scene.file);
+}
+
+bool grabFind(Scene& scene)
+{
+    FindAnything& finder = scene.bench.presenters->find;
+    FindView view(finder, &scene.window);
+    view.placeOver(scene.window);
+    view.setText(u"plan"_s);
+    for (int i = 0; finder.isSearching() && i < 1000; ++i) {
+        QCoreApplication::processEvents();
+        QThread::msleep(1);
+    }
+    return show(view, scene.file);
+}
+
 /// False for a screen of no such name, too.
 bool grabScreen(Scene& scene, const QString& screen)
 {
     static const QHash<QString, bool (*)(Scene&)> dialogs{
         {u"Calendar"_s, grabCalendar}, {u"History"_s, grabHistory}, {u"Reminder"_s, grabReminder},
         {u"Card"_s, grabCard},         {u"Goals"_s, grabGoals},     {u"Plan"_s, grabPlan},
-        {u"Statistics"_s, grabStats},  {u"Address"_s, grabAddress}};
+        {u"Statistics"_s, grabStats},  {u"Address"_s, grabAddress}, {u"Search"_s, grabSearch},
+        {u"Happened"_s, grabHappened}, {u"Report"_s, grabReport},   {u"Find"_s, grabFind}};
     if (const auto dialog = dialogs.value(screen))
         return dialog(scene);
     return grabTab(scene, screen);

@@ -41,6 +41,8 @@ offers "--folder" --f
 offers "--json" query --j
 offers "--json" pipeline --j
 offers "history" hi
+offers "--from" history --fr
+offers "position" report --pdf x.pdf pos
 offers 'Alder\ Works|Alder\ \&\ Daughters' positions alder
 offers "--yes" --folder other import --y
 offers 'Alder\ Works|Alder\ \&\ Daughters' summary alder

@@ -4,6 +4,7 @@
 #include "views/windowbench.h"
 
 #include "intake/frmautoparse.h"
+#include "output/frmreport.h"
 #include "planning/frmactionplan.h"
 #include "planning/frmgoals.h"
 #include "planning/frmstats.h"
@@ -12,6 +13,9 @@
 #include "views/calendar/reminderview.h"
 #include "views/history/historyview.h"
 #include "views/intake/autoparseview.h"
+#include "views/output/findview.h"
+#include "views/output/keysearchview.h"
+#include "views/output/reportview.h"
 #include "views/planning/actionplanview.h"
 #include "views/planning/goalsview.h"
 #include "views/planning/statsview.h"
@@ -341,15 +345,19 @@ private:
             {u"companyview"_s, [](T& t) { return t.tab(u"Company"_s, t.m_bench->company()); }},
             {u"contactview"_s, [](T& t) { return t.tab(u"Contact"_s, t.m_bench->frm->contactScreen()); }},
             {u"documentview"_s, [](T& t) { return t.tab(u"Document"_s, t.m_bench->frm->documentScreen()); }},
+            {u"findview"_s, [](T& t) { return t.finder(); }},
             {u"goalsview"_s, [](T& t) { return t.own<GoalsView, FrmGoals>(t.m_bench->navigator); }},
             {u"historyview"_s, [](T& t) { return t.history(); }},
             {u"importprogressview"_s,
              [](T& t) {
                  return Opened{t.m_bench->find(u"frmImportProg"_s), nullptr};
              }},
+            {u"keysearchview"_s,
+             [](T& t) { return t.keep<KeySearchView>(t.m_bench->presenters->keySearch); }},
             {u"pipelineview"_s, [](T& t) { return t.tab(u"Pipeline"_s, t.m_bench->frm->pipelineScreen()); }},
             {u"positionview"_s, [](T& t) { return t.tab(u"Position"_s, t.m_bench->frm->positionScreen()); }},
             {u"reminderview"_s, [](T& t) { return t.keep<ReminderView>(t.m_bench->presenters->reminder); }},
+            {u"reportview"_s, [](T& t) { return t.report(); }},
             {u"statsview"_s, [](T& t) { return t.own<StatsView, FrmStats>(); }},
             {u"splashview"_s, [](T& t) { return t.splash(); }},
             {u"workbenchwindow"_s, [](T& t) { return t.workbench(); }},
@@ -452,6 +460,16 @@ private:
         m_bench->presenters->history.load(1);
         return keep<HistoryView>(m_bench->presenters->history);
     }
+    Opened finder()
+    {
+        m_view = std::make_unique<FindView>(m_bench->presenters->find);
+        return {m_view.get(), nullptr};
+    }
+    Opened report()
+    {
+        m_report = std::make_unique<FrmReport>(*m_bench->world.session, m_bench->screens->printing());
+        return keep<ReportView>(*m_report);
+    }
     Opened splash()
     {
         m_splash = std::make_unique<FrmSplash>(*m_bench->world.session);
@@ -463,6 +481,7 @@ private:
     std::unique_ptr<FrmSplash> m_splash;
     std::unique_ptr<FrmAddressEntry> m_address;
     std::unique_ptr<FrmAutoParse> m_parser;
+    std::unique_ptr<FrmReport> m_report;
     std::shared_ptr<QObject> m_screen; ///< behind m_view, when it is the audit's own
     std::unique_ptr<QWidget> m_view;   ///< beside the window
 };

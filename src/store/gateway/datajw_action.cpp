@@ -1,6 +1,7 @@
 #include "store/gateway/datajw_impl.h"
 
 #include "base/text.h"
+#include "store/engine/background.h"
 #include "store/gateway/stepname.h"
 
 #include <sqlite3.h>
@@ -54,6 +55,7 @@ void DataJW::Impl::beginAction()
 {
     if (depth++ > 0 || !database)
         return;
+    Background::endAll(session); // a reader would keep the action from its commit
     try {
         database->beginTransaction();
         record();

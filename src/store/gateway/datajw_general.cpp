@@ -1,6 +1,13 @@
 // Statements that belong to no single kind of record.
 #include "store/gateway/datajw_impl.h"
 
+#include "base/bytefinder.h"
+#include "store/engine/enginecall.h"
+
+#include <sqlite3.h>
+
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 using gateway::keyOf;
 
@@ -11,6 +18,69 @@ QString orderBy(const QString& orderField, const QString& keyField)
 {
     const QString& field = orderField.isEmpty() ? keyField : orderField;
     return field.isEmpty() ? QString() : QString(u" order by "_s + field);
+}
+
+/// Looks for a text, in any case, in one column of rows.
+class TextSearch
+{
+public:
+    TextSearch(const QString& text, const QString& table, const QString& field)
+        : m_wanted(text.toLower())
+        , m_bytes(m_wanted.toUtf8())
+        , m_isPlain(ByteFinder::isPlain(std::string_view(m_wanted.toUtf8())))
+    {
+        if (const schema::Table* const known = schema::findTable(table)) {
+            const auto column = std::ranges::find_if(known->columns, [&](const schema::Column& one) {
+                return one.name.compare(field, Qt::CaseInsensitive) == 0;
+            });
+            m_isDate = column != known->columns.end() && column->type == schema::ColumnType::Date;
+        }
+    }
+
+    [[nodiscard]] bool finds(sqlite3_stmt* row, int column) const
+    {
+        const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(row, column));
+        if (!text)
+            return false;
+        const std::string_view bytes(text, static_cast<size_t>(sqlite3_column_bytes(row, column)));
+        if (m_isDate) // found as it is read
+            return dateText(bytes).contains(m_wanted);
+        if (m_isPlain && m_bytes.occursIn(bytes))
+            return true;
+        return !ByteFinder::isPlain(bytes) &&
+               QString::fromUtf8(bytes.data(), qsizetype(bytes.size())).toLower().contains(m_wanted);
+    }
+
+private:
+    [[nodiscard]] static QString dateText(std::string_view bytes)
+    {
+        const QString text = QString::fromUtf8(bytes.data(), qsizetype(bytes.size()));
+        const auto moment = dates::fromIso(text);
+        return (moment ? dates::general(*moment) : text).toLower();
+    }
+
+    QString m_wanted;
+    ByteFinder m_bytes;
+    bool m_isPlain;
+    bool m_isDate = false;
+};
+
+/// Hands each row of a Select to @p look; the engine's bytes hold until it returns.
+template<class Look> void visitRows(Database& database, const QString& statement, Look&& look)
+{
+    const engine::Statement rows = engine::prepare(database.handle(), dialect::translate(statement).sql);
+    int code = sqlite3_step(rows.get());
+    for (; code == SQLITE_ROW; code = sqlite3_step(rows.get()))
+        look(rows.get());
+    if (code != SQLITE_DONE)
+        throw engine::failure(database.handle());
+}
+
+/// The contact's key in a history's key, "12-3".
+Key contactOf(sqlite3_stmt* row, int column)
+{
+    const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(row, column));
+    return keyOf(QVariant(QString::fromUtf8(text).section(u'-', 0, 0)));
 }
 
 /// The number of rows, or the value of the first column in the last one. Reading that value has a tag of its
@@ -127,15 +197,13 @@ std::vector<Key> DataJW::getKSearch(const QString& table, const QString& field, 
         // A history stands for its contact. The key of a Document has another name than the others, so a
         // search there fails.
         const bool isHistory = table == u"History";
-        RecordSet keys = call.oneColumn(statement, isHistory ? u"HistoryKey"_s : QString(table + u"Key"));
-        RecordSet values = call.oneColumn(statement, field);
-        const QString wanted = text.toLower();
-        for (; !values.atEnd(); values.next(), keys.next()) {
-            if (values.value(0).isNull() || !values.text(0).toLower().contains(wanted))
-                continue;
-            const QVariant key = keys.value(0);
-            found.push_back(keyOf(isHistory ? QVariant(key.toString().section(u'-', 0, 0)) : key));
-        }
+        const TextSearch search(text, table, field);
+        visitRows(
+            database(), u"Select "_s + table + u"Key," + field + u" FROM " + table, [&](sqlite3_stmt* row) {
+                if (search.finds(row, 1))
+                    found.push_back(isHistory ? contactOf(row, 0)
+                                              : keyOf(QVariant(qlonglong(sqlite3_column_int64(row, 0)))));
+            });
         return found;
     });
 }

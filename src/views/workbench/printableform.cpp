@@ -6,9 +6,6 @@
 #include <QCoreApplication>
 #include <QLabel>
 #include <QPlainTextEdit>
-#include <QTextCursor>
-#include <QTextDocument>
-#include <QTextTable>
 
 using namespace Qt::StringLiterals;
 
@@ -49,62 +46,26 @@ std::vector<Entry> entriesOf(const QWidget& view, const Form& form)
     return entries;
 }
 
-QTextCharFormat bold(double size)
-{
-    QTextCharFormat format;
-    format.setFontWeight(QFont::Bold);
-    format.setFontPointSize(size);
-    return format;
-}
-
-QTextCharFormat plain(double size)
-{
-    QTextCharFormat format;
-    format.setFontPointSize(size);
-    return format;
-}
-
-void addTable(QTextCursor& cursor, const std::vector<Entry>& entries)
-{
-    QTextTableFormat format;
-    format.setBorderStyle(QTextFrameFormat::BorderStyle_None);
-    format.setBorder(0);
-    format.setCellPadding(3);
-    const int rows = static_cast<int>(std::ranges::count(entries, false, &Entry::isLong));
-    if (rows == 0)
-        return;
-    QTextTable* table = cursor.insertTable(rows, 2, format);
-    int at = 0;
-    for (const Entry& entry : entries) {
-        if (entry.isLong)
-            continue;
-        table->cellAt(at, 0).firstCursorPosition().insertText(entry.label, bold(10));
-        table->cellAt(at, 1).firstCursorPosition().insertText(entry.value, plain(10));
-        ++at;
-    }
-    cursor.movePosition(QTextCursor::End);
-}
-
 } // namespace
 
-std::unique_ptr<QTextDocument> printableForm(const QWidget& view, const Form& form, const QString& heading)
+ReportDocument printableForm(const QWidget& view, const Form& form, const QString& heading)
 {
-    auto page = std::make_unique<QTextDocument>();
-    QTextCursor cursor(page.get());
-    QTextBlockFormat gap;
-    gap.setTopMargin(12);
-    gap.setBottomMargin(4);
-    cursor.insertText(heading, bold(18));
-    cursor.insertBlock(gap, plain(10));
+    using Block = ReportPage::Block;
     const std::vector<Entry> entries = entriesOf(view, form);
-    addTable(cursor, entries);
+    ReportPage page;
+    page.add(Block::Heading, heading);
+    for (const Entry& entry : entries) {
+        if (!entry.isLong)
+            page.addRow({entry.label, entry.value});
+    }
     for (const Entry& entry : entries) {
         if (!entry.isLong)
             continue;
-        cursor.insertBlock(gap, bold(12));
-        cursor.insertText(entry.label, bold(12));
-        cursor.insertBlock(QTextBlockFormat(), plain(10));
-        cursor.insertText(entry.value, plain(10));
+        page.add(Block::Subheading, entry.label);
+        page.add(Block::Paragraph, entry.value);
     }
-    return page;
+    ReportDocument document;
+    document.title = heading;
+    document.pages.push_back(std::move(page));
+    return document;
 }

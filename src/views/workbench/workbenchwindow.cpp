@@ -24,7 +24,6 @@
 #include <QScreen>
 #include <QShortcut>
 #include <QSignalBlocker>
-#include <QTextDocument>
 #include <QToolButton>
 
 #include <algorithm>
@@ -433,7 +432,7 @@ ScreenView& WorkbenchWindow::openScreen() const
     return (open == m_frames.end() ? m_frames.front() : *open)->build();
 }
 
-std::unique_ptr<QTextDocument> WorkbenchWindow::printableForm() const
+ReportDocument WorkbenchWindow::printableForm() const
 {
     ScreenView& screen = openScreen();
     return ::printableForm(screen, screen.form(), m_presenter.selection().selectedCompanyName());

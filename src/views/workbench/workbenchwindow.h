@@ -1,6 +1,8 @@
 // The main window around the five screens.
 #pragma once
 
+#include "base/reportpage.h"
+
 #include <QMainWindow>
 #include <QSettings>
 
@@ -12,7 +14,6 @@ class FrmData;
 class ImportProgressView;
 class QLabel;
 class QProgressBar;
-class QTextDocument;
 class QToolBar;
 class ScreenFrame;
 class ScreenView;
@@ -34,7 +35,7 @@ public:
     ~WorkbenchWindow() override;
 
     /// The visible screen as a page: the company's name as heading, the labelled values, the longer texts.
-    [[nodiscard]] std::unique_ptr<QTextDocument> printableForm() const;
+    [[nodiscard]] ReportDocument printableForm() const;
 
 protected:
     bool event(QEvent* event) override;
