@@ -61,6 +61,8 @@ void addHistoryCommands(CLI::App& app, Command& chosen);
 void addCalendarCommands(CLI::App& app, Command& chosen);
 /// Adds the intake's command: parse-card.
 void addIntakeCommands(CLI::App& app, Command& chosen);
+/// Adds the commands of the profile and the questionnaires: profile, evaluate, rank, template.
+void addAssessmentCommands(CLI::App& app, Command& chosen);
 
 /// The company that the user means among @p names: the name itself in any case, else the only one that holds
 /// the text. Nothing, with the reason printed, when there is none or no single one.

@@ -27,8 +27,9 @@ private slots:
                 const schema::ColumnType type = table.columns.at(table.indexOf(name)).type;
                 const QString word = type == schema::ColumnType::Date  ? u"date"_s
                                      : column[2].toString() == u"TEXT" ? u"text"_s
-                                     : column[5].toInt() == 1          ? u"auto"_s
-                                                                       : u"int"_s;
+                                     : name == table.columns.front().name && column[5].toInt() == 1
+                                         ? u"auto"_s
+                                         : u"int"_s;
                 columns.append(name + u':' + word);
             }
             described.append(table.name + u": " + columns.join(u' '));
