@@ -54,6 +54,7 @@ void describe(CLI::App& app, Line& line)
     addCalendarCommands(app, line.command);
     addPlanningCommands(app, line.command);
     addIntakeCommands(app, line.command);
+    addAssessmentCommands(app, line.command);
     addContactCommands(app, line.command);
     addOutputCommands(app, line.command, line.draws);
     addStoreCommands(app, line.command);

@@ -28,7 +28,8 @@ FileReport openOrCreateStore(Session& session, const QString& version)
         if (report.state != FileState::Good)
             return report;
     }
-    if (firstRun && inspectStore(session.databasePath()).state == FileState::Good)
+    const FileState state = firstRun ? inspectStore(session.databasePath()).state : FileState::Missing;
+    if (state == FileState::Good || state == FileState::Older)
         provisionFirstRun(session, version);
     layDeliveredFiles(session.folder());
     return {};

@@ -1,8 +1,16 @@
 // The table of screens: what each is called, where it is opened, how it is made.
+#include "assessment/frmeditor.h"
+#include "assessment/frmprofile.h"
+#include "assessment/frmquestionnaire.h"
+#include "assessment/frmuprofile.h"
 #include "intake/frmautoparse.h"
 #include "output/frmreport.h"
 #include "program/presenters.h"
 #include "program/screens.h"
+#include "views/assessment/editorview.h"
+#include "views/assessment/profileview.h"
+#include "views/assessment/questionnaireview.h"
+#include "views/assessment/uprofileview.h"
 #include "views/calendar/calendarview.h"
 #include "views/history/historyview.h"
 #include "views/intake/autoparseview.h"
@@ -91,6 +99,70 @@ QVariant openReport(ScreenHost& host, const QVariant&)
     return {};
 }
 
+/// Answer: true when the screen was left for a position, which the workbench shows then.
+QVariant openUProfile(ScreenHost& host, const QVariant&)
+{
+    FrmUProfile profile(host.session);
+    profile.load();
+    UProfileView view(profile, *host.layout, host.parent());
+    QString wantedCompany;
+    QString wantedTitle;
+    QObject::connect(&profile, &FrmUProfile::positionWanted, &view,
+                     [&](Key, const QString& company, const QString& title) {
+                         wantedCompany = company;
+                         wantedTitle = title;
+                     });
+    view.exec();
+    if (wantedTitle.isEmpty())
+        return {};
+    host.presenters->workbench.cmbSelectionClick(wantedCompany);
+    host.presenters->workbench.showOn(u"Position"_s, wantedTitle);
+    return true;
+}
+
+/// As FrmQuestionnaire::answer().
+QVariant ask(ScreenHost& host, const FrmQuestionnaire::Request& request)
+{
+    FrmQuestionnaire question;
+    question.load(request);
+    QuestionnaireView(question, host.parent()).exec();
+    return question.answer();
+}
+
+QVariant openQuestions(ScreenHost& host, FrmProfile::Kind kind, const QVariant& request)
+{
+    FrmProfile profile(host.session, kind,
+                       {[&host](const FrmQuestionnaire::Request& question) { return ask(host, question); },
+                        [&host] { host.navigator.open(u"FrmEditor"_s); }});
+    if (!profile.load(request.value<Key>()))
+        return {};
+    // A questionnaire counts as a step of research.
+    QObject::connect(&profile, &FrmProfile::recordsChanged, &host.presenters->workbench,
+                     &FrmData::stepsChanged);
+    ProfileView(profile, *host.layout, host.parent()).exec();
+    return {};
+}
+
+/// Request: the company's Key.
+QVariant openCompanyQuestions(ScreenHost& host, const QVariant& request)
+{
+    return openQuestions(host, FrmProfile::Company, request);
+}
+
+/// Request: the position's Key.
+QVariant openPositionQuestions(ScreenHost& host, const QVariant& request)
+{
+    return openQuestions(host, FrmProfile::Position, request);
+}
+
+QVariant openEditor(ScreenHost& host, const QVariant&)
+{
+    FrmEditor editor(host.session);
+    editor.load();
+    EditorView(editor, *host.layout, host.parent()).exec();
+    return {};
+}
+
 /// The row's way to make its screen, tied to what it is made from.
 auto with(ScreenHost& host, QVariant (*open)(ScreenHost&, const QVariant&))
 {
@@ -127,7 +199,8 @@ std::vector<ScreenRow> screenTable(ScreenHost& host)
          .icon = u"user-identity"_s,
          .toolLine = u"Open Profile Screen - from Toolbar"_s,
          .menuLine = u"Open Profile Screen - from Menu"_s,
-         .then = Then::CompanyScreenFocused},
+         .then = Then::CompanyScreenFocused,
+         .open = with(host, openUProfile)},
         // What the user prefers in a company or position is what the template asks for: hence the entry's
         // name.
         {.screen = u"FrmEditor"_s,
@@ -138,7 +211,8 @@ std::vector<ScreenRow> screenTable(ScreenHost& host)
          .tip = tr("Edit the questionnaires"),
          .icon = u"document-edit"_s,
          .menuLine = u"Open Profile Editor from Menu"_s,
-         .holdsReminders = true},
+         .holdsReminders = true,
+         .open = with(host, openEditor)},
         {.screen = u"FrmEvCal"_s,
          .tool = u"events"_s,
          .entry = u"Events"_s,
@@ -229,7 +303,7 @@ std::vector<ScreenRow> screenTable(ScreenHost& host)
         {.screen = u"FrmHistory"_s, .open = with(host, openHistory)},
         {.screen = u"FrmAddressEntry"_s, .open = with(host, openAddressEntry)},
         {.screen = u"FrmAutoParse"_s, .holdsReminders = true, .open = with(host, openCardParser)},
-        {.screen = u"FrmProfileComp"_s},
-        {.screen = u"FrmProfileJob"_s},
+        {.screen = u"FrmProfileComp"_s, .open = with(host, openCompanyQuestions)},
+        {.screen = u"FrmProfileJob"_s, .open = with(host, openPositionQuestions)},
     };
 }

@@ -191,6 +191,22 @@ void CompanyScreen::adjustProfile()
     emit changed();
 }
 
+void CompanyScreen::cmdProfile1()
+{
+    Session& session = m_shell.session();
+    const Key company = m_shell.selection().currentCompanyKey;
+    if (company == 0) {
+        m_shell.showMessage(tr("Please save or select a company before its questionnaire is answered."));
+        return;
+    }
+    m_shell.navigator().open(u"FrmProfileComp"_s, company);
+    adjustProfile();
+    // The rank stands in the summary, too. The fields stay as they are: they may hold what is not saved yet.
+    const QString name = m_shell.selection().selectedCompanyName();
+    m_form.setText(u"txtSummary"_s,
+                   companySummary(gatherFigures(session.dataJW(), name, session.today()), session.today()));
+}
+
 void CompanyScreen::showAsCategory(bool category)
 {
     static const QStringList companyOnly{

@@ -48,6 +48,7 @@ public:
 public slots:
     bool cmdUpdate1(); ///< true when all of it is stored
     void cmdRemove1();
+    void cmdProfile1(); ///< the questionnaire about the company
     void imgContact();
     void imgPosition();
     void lblURL1();

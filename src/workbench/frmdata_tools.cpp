@@ -78,8 +78,8 @@ void FrmData::openTool(const QString& key, bool fromMenu)
         m_session.trace(line);
     if (fromMenu && row->screen == u"FrmReminder")
         checkReminders();
-    else
-        m_navigator.open(row->screen);
+    else if (m_navigator.open(row->screen) == QVariant(true))
+        return; // left for a record, which stays in front
     if (row->then == Then::CompanyScreenFocused)
         m_form.requestFocus(u"TabStrip1"_s);
     if (row->then != Then::Stay)

@@ -360,6 +360,6 @@ void PositionScreen::cmdJProfile1()
         session.trace(u"Position not selected. Abort Open Profile."_s);
         return;
     }
-    m_shell.navigator().open(u"FrmProfileJob"_s);
+    m_shell.navigator().open(u"FrmProfileJob"_s, m_shell.selection().currentPositionKey);
     computeJptr();
 }

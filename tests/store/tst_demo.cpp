@@ -51,7 +51,7 @@ private slots:
         QVERIFY(loadDemo(*world.session, delivered)); // any message would fail the test
         const QList<std::pair<const char*, int>> least{{"Company", 18},  {"Contact", 45}, {"Position", 30},
                                                        {"History", 150}, {"Event", 20},   {"Target", 12},
-                                                       {"UProfile", 10}, {"Document", 8}, {"Question", 8},
+                                                       {"UProfile", 10}, {"Document", 8}, {"Question", 18},
                                                        {"CProfile", 15}, {"JProfile", 5}};
         for (const auto& [table, count] : least)
             QVERIFY2(world.data().getCount(QLatin1String(table), true) >= count, table);

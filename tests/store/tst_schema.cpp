@@ -26,10 +26,10 @@ private slots:
                 if (name == u"RowNumber")
                     continue; // of a table without a key of its own
                 const schema::ColumnType type = table.columns.at(table.indexOf(name)).type;
-                const QString word = type == schema::ColumnType::Date ? u"date"_s
-                                     : column[2] == u"TEXT"           ? u"text"_s
-                                     : column[5] == u"1"              ? u"auto"_s
-                                                                      : u"int"_s;
+                const QString word = type == schema::ColumnType::Date                          ? u"date"_s
+                                     : column[2] == u"TEXT"                                    ? u"text"_s
+                                     : name == table.columns.front().name && column[5] == u"1" ? u"auto"_s
+                                                                                               : u"int"_s;
                 columns.append(name + u':' + word);
             }
             described.append(table.name + u": " + columns.join(u' '));

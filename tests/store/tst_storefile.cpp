@@ -96,6 +96,28 @@ private slots:
         QCOMPARE(filesAfter, filesBefore);
     }
 
+    void storeOfTheFirstFormatIsBroughtUpToDate()
+    {
+        World world;
+        const QString path = world.session->databasePath();
+        engine::execute(
+            engine::open(path, SQLITE_OPEN_READWRITE).get(),
+            "DROP TABLE Question; CREATE TABLE Question(QKey INTEGER PRIMARY KEY AUTOINCREMENT, Question "
+            "TEXT, AnswerCount "
+            "INTEGER, AnswerPref INTEGER, Answers TEXT, AnswerType TEXT, ProfileType INTEGER) STRICT; "
+            "INSERT INTO Question(Question, ProfileType) VALUES('Pay?', 1), ('Size?', 0), ('Shift?', 1); "
+            "UPDATE Status SET StatusValue='25' WHERE StatusDescription='PositionThreshold'; "
+            "PRAGMA user_version=1");
+        QCOMPARE(inspectStore(path).state, FileState::Older);
+        QCOMPARE(world.cells(u"Select ProfileType,QKey,Question from Question order by ProfileType,QKey"_s),
+                 u"0|1|Size?;1|1|Pay?;1|2|Shift?"_s);
+        QCOMPARE(world.data().getStatusValue(u"PositionThreshold"_s), u"0.05"_s);
+        QCOMPARE(inspectStore(path).state, FileState::Good);
+        const QStringList copies = listCopies(world.folder.path());
+        QCOMPARE(copies.size(), 1);
+        QCOMPARE(inspectStore(copies.first()).state, FileState::Older);
+    }
+
     void storeHeldByAnotherProgramIsToBeTriedAgain()
     {
         World world;

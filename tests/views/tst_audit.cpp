@@ -3,11 +3,18 @@
 #include "support/runtest.h"
 #include "views/windowbench.h"
 
+#include "assessment/frmeditor.h"
+#include "assessment/frmprofile.h"
+#include "assessment/frmuprofile.h"
 #include "intake/frmautoparse.h"
 #include "output/frmreport.h"
 #include "planning/frmactionplan.h"
 #include "planning/frmgoals.h"
 #include "planning/frmstats.h"
+#include "views/assessment/editorview.h"
+#include "views/assessment/profileview.h"
+#include "views/assessment/questionnaireview.h"
+#include "views/assessment/uprofileview.h"
 #include "views/calendar/calendarview.h"
 #include "views/calendar/daylist.h"
 #include "views/calendar/reminderview.h"
@@ -347,6 +354,7 @@ private:
             {u"documentview"_s, [](T& t) { return t.tab(u"Document"_s, t.m_bench->frm->documentScreen()); }},
             {u"findview"_s, [](T& t) { return t.finder(); }},
             {u"goalsview"_s, [](T& t) { return t.own<GoalsView, FrmGoals>(t.m_bench->navigator); }},
+            {u"editorview"_s, [](T& t) { return t.editor(); }},
             {u"historyview"_s, [](T& t) { return t.history(); }},
             {u"importprogressview"_s,
              [](T& t) {
@@ -356,10 +364,18 @@ private:
              [](T& t) { return t.keep<KeySearchView>(t.m_bench->presenters->keySearch); }},
             {u"pipelineview"_s, [](T& t) { return t.tab(u"Pipeline"_s, t.m_bench->frm->pipelineScreen()); }},
             {u"positionview"_s, [](T& t) { return t.tab(u"Position"_s, t.m_bench->frm->positionScreen()); }},
+            {u"profileview"_s, [](T& t) { return t.profile(); }},
+            {u"questionnaireview"_s,
+             [](T& t) {
+                 t.m_question.load({u"Which?"_s, {u"One"_s, u"Two"_s}, 1, {}});
+                 t.m_view = std::make_unique<QuestionnaireView>(t.m_question);
+                 return Opened{t.m_view.get(), &t.m_question.form()};
+             }},
             {u"reminderview"_s, [](T& t) { return t.keep<ReminderView>(t.m_bench->presenters->reminder); }},
             {u"reportview"_s, [](T& t) { return t.report(); }},
             {u"statsview"_s, [](T& t) { return t.own<StatsView, FrmStats>(); }},
             {u"splashview"_s, [](T& t) { return t.splash(); }},
+            {u"uprofileview"_s, [](T& t) { return t.uprofile(); }},
             {u"workbenchwindow"_s, [](T& t) { return t.workbench(); }},
         };
     }
@@ -470,6 +486,26 @@ private:
         m_report = std::make_unique<FrmReport>(*m_bench->world.session, m_bench->screens->printing());
         return keep<ReportView>(*m_report);
     }
+    Opened editor()
+    {
+        m_editor = std::make_unique<FrmEditor>(*m_bench->world.session);
+        m_editor->load();
+        return keep<EditorView>(*m_editor);
+    }
+    Opened profile()
+    {
+        m_bench->world.prompts.acceptAll(Answer::Ok); // the folder has no template
+        m_profile =
+            std::make_unique<FrmProfile>(*m_bench->world.session, FrmProfile::Company, FrmProfile::Doors());
+        m_profile->load(1);
+        return keep<ProfileView>(*m_profile);
+    }
+    Opened uprofile()
+    {
+        m_uprofile = std::make_unique<FrmUProfile>(*m_bench->world.session);
+        m_uprofile->load();
+        return keep<UProfileView>(*m_uprofile);
+    }
     Opened splash()
     {
         m_splash = std::make_unique<FrmSplash>(*m_bench->world.session);
@@ -481,7 +517,11 @@ private:
     std::unique_ptr<FrmSplash> m_splash;
     std::unique_ptr<FrmAddressEntry> m_address;
     std::unique_ptr<FrmAutoParse> m_parser;
+    std::unique_ptr<FrmEditor> m_editor;
+    std::unique_ptr<FrmProfile> m_profile;
+    std::unique_ptr<FrmUProfile> m_uprofile;
     std::unique_ptr<FrmReport> m_report;
+    FrmQuestionnaire m_question;
     std::shared_ptr<QObject> m_screen; ///< behind m_view, when it is the audit's own
     std::unique_ptr<QWidget> m_view;   ///< beside the window
 };

@@ -1,5 +1,7 @@
 #include "store/engine/schema.h"
 
+#include "store/engine/storeformat.h"
+
 #include <array>
 
 using namespace Qt::StringLiterals;
@@ -161,7 +163,7 @@ Table status()
 Table question()
 {
     return {u"Question"_s,
-            {{u"QKey"_s, Auto},
+            {{u"QKey"_s, Integer},
              {u"Question"_s, Text},
              {u"AnswerCount"_s, Integer},
              {u"AnswerPref"_s, Integer},
@@ -274,15 +276,11 @@ QString engineType(ColumnType type)
     return u"TEXT"_s;
 }
 
-QString createTable(const Table& table)
+/// Columns that are the key together, where the program itself gives out the numbers; "" for any other table.
+QString writtenKey(const Table& table)
 {
-    QStringList columns;
-    for (const Column& column : table.columns)
-        columns.append(u"\"%1\" %2"_s.arg(column.name, engineType(column.type)));
-    // What was done to a row is recorded by its key. No statement of the program sees this one.
-    if (table.columns.front().type != Auto)
-        columns.append(u"\"RowNumber\" INTEGER PRIMARY KEY"_s);
-    return u"create table \"%1\" (%2) strict"_s.arg(table.name, columns.join(u", "_s));
+    // Both questionnaires number their questions from 1.
+    return table.name == u"Question" ? u"\"ProfileType\", \"QKey\""_s : QString();
 }
 
 QString createIndex(const Index& index)
@@ -337,11 +335,25 @@ const Table* findTable(QStringView name)
     return nullptr;
 }
 
+QString createStatement(const Table& table, const QString& name)
+{
+    QStringList columns;
+    for (const Column& column : table.columns)
+        columns.append(u"\"%1\" %2"_s.arg(column.name, engineType(column.type)));
+    // What was done to a row is recorded by its key. No statement of the program sees a row number.
+    if (const QString key = writtenKey(table); !key.isEmpty())
+        columns.append(u"primary key (%1)"_s.arg(key));
+    else if (table.columns.front().type != Auto)
+        columns.append(u"\"RowNumber\" INTEGER PRIMARY KEY"_s);
+    return u"create table \"%1\" (%2) strict"_s.arg(name.isEmpty() ? table.name : name,
+                                                    columns.join(u", "_s));
+}
+
 QStringList createStatements()
 {
     QStringList statements;
     for (const Table& table : tables())
-        statements.append(createTable(table));
+        statements.append(createStatement(table));
     for (const Index& index : indexes)
         statements.append(createIndex(index));
     return statements;

@@ -1,6 +1,7 @@
 // A new, empty store: all tables, and the settings that the program is delivered with.
 #include "store/engine/database.h"
 #include "store/engine/enginecall.h"
+#include "store/engine/storeformat.h"
 
 #include <QDate>
 #include <QFile>
@@ -26,7 +27,7 @@ constexpr std::array deliveredRows{
     DeliveredRow{"ScreenGraphics", "0"},      DeliveredRow{"ExecutionLog", "0"},
     DeliveredRow{"ActionWordTest", "1"},      DeliveredRow{"CriticalityWordTest", "1"},
     DeliveredRow{"QuantificationTest", "1"},  DeliveredRow{"OccupationTest", "1"},
-    DeliveredRow{"PositionCorrelation", "1"}, DeliveredRow{"PositionThreshold", "25"},
+    DeliveredRow{"PositionCorrelation", "1"}, DeliveredRow{"PositionThreshold", "0.05"},
     DeliveredRow{"DetailStats", "0"},         DeliveredRow{"WriteEvents2Outlook", "0"},
     DeliveredRow{"ShowComplete", "1"},        DeliveredRow{"OutlookIncoming", "Inbox"},
     DeliveredRow{"MailImportInterval", "7"},  DeliveredRow{"AlarmFile", ""},
@@ -40,7 +41,7 @@ void fill(sqlite3* connection)
 {
     engine::execute(connection, "PRAGMA page_size=4096");
     engine::execute(connection, "PRAGMA application_id=" + QByteArray::number(schema::applicationId));
-    engine::execute(connection, "PRAGMA user_version=" + QByteArray::number(schema::version));
+    engine::execute(connection, "PRAGMA user_version=" + QByteArray::number(schema::format));
     engine::execute(connection, "BEGIN");
     for (const QString& statement : schema::createStatements())
         engine::execute(connection, statement.toUtf8());

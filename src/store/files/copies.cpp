@@ -115,6 +115,11 @@ void rotate(const QString& folder)
 
 } // namespace
 
+QString copyPath(const QString& folder, const QDateTime& now, const QString& kind)
+{
+    return freePath(backupsFolder(folder), copyName(now, kind));
+}
+
 std::vector<CopyInfo> copiesIn(const QString& folder)
 {
     const QDir backups(backupsFolder(folder));
@@ -175,7 +180,7 @@ bool copyBefore(Session& session, const QString& reason, std::chrono::millisecon
         if (!QDir().mkpath(folder))
             failure = tr("the folder %1 cannot be made").arg(folder);
         else
-            failure = copyTo(session.dataJW().database(), freePath(folder, copyName(session.now(), reason)),
+            failure = copyTo(session.dataJW().database(), copyPath(session.folder(), session.now(), reason),
                              patience);
     } catch (const StoreError& error) {
         failure = error.description();

@@ -1,7 +1,7 @@
 // Copies of the database: made with the engine, checked, and kept for a while.
 #pragma once
 
-#include <QDate>
+#include <QDateTime>
 #include <QString>
 #include <QStringList>
 #include <QTime>
@@ -34,6 +34,9 @@ std::vector<CopyInfo> copiesIn(const QString& folder);
 
 /// Their paths.
 QStringList listCopies(const QString& folder);
+
+/// A path in the folder's "backups" that no copy has yet, for one of this kind ("restore", "reset").
+QString copyPath(const QString& folder, const QDateTime& now, const QString& kind);
 
 /// Checks a database file in whole. "" when it is sound, else what was found.
 QString checkFile(const QString& path);

@@ -4,6 +4,7 @@
 #include "store/files/growingcopy.h"
 #include "store/files/storecheck.h"
 #include "store/files/storefile.h"
+#include "store/files/storemigrate.h"
 #include "store/gateway/datajw.h"
 #include "store/session.h"
 
@@ -46,7 +47,11 @@ public:
     /// Throws StoreError for a copy that is no sound database of the program; @p copy is its name.
     void check(const QString& copy) const
     {
-        const FileReport report = inspectStore(m_path);
+        FileReport report = inspectStore(m_path);
+        if (report.state == FileState::Older) {
+            bringUpToDate(m_path);
+            report = inspectStore(m_path);
+        }
         const QString found = report.state == FileState::Good ? checkFile(m_path) : report.detail;
         if (!found.isEmpty())
             throw refusal(say("The copy %1 cannot be used: %2").arg(QDir::toNativeSeparators(copy), found));
@@ -122,6 +127,7 @@ bool restore(Session& session, const QString& path, std::chrono::milliseconds pa
     replacement.check(path);
     switch (present.state) {
     case FileState::Good:
+    case FileState::Older: // the gateway brings it up to date as it opens it
         // After the replacement was made: this may remove the oldest copy.
         if (!copyBefore(session, u"restore"_s, patience))
             return false;

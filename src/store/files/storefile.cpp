@@ -1,7 +1,7 @@
 #include "store/files/storefile.h"
 
 #include "store/engine/enginecall.h"
-#include "store/engine/schema.h"
+#include "store/engine/storeformat.h"
 #include "store/files/copies.h"
 
 #include <QCoreApplication>
@@ -51,6 +51,12 @@ FileReport report(FileState state, const QString& path, const QString& detail)
     case FileState::Damaged:
         message = tr("The database %1 is damaged (%2). Nothing in it was changed.").arg(file, detail) +
                   u'\n' + newestCopyAdvice(path);
+        break;
+    case FileState::Older:
+        message =
+            tr("The database %1 was written by an earlier version of Jobwright (%2) and will be brought up "
+               "to date when it is opened.")
+                .arg(file, detail);
         break;
     case FileState::Newer:
         message =
@@ -102,12 +108,13 @@ FileReport inspectHeader(const QString& path)
     if (qFromBigEndian<qint32>(header.constData() + applicationIdAt) != schema::applicationId)
         return report(FileState::Foreign, path, tr("it belongs to another program"));
     const auto version = qFromBigEndian<qint32>(header.constData() + userVersionAt);
-    // There is one format so far; a later version brings older files up to date here, after a copy.
-    if (version < schema::version)
+    if (version < 1)
         return report(FileState::Damaged, path, tr("format %1 never existed").arg(version));
-    if (version > schema::version)
+    if (version > schema::format)
         return report(FileState::Newer, path,
-                      tr("format %1, this version knows %2").arg(version).arg(schema::version));
+                      tr("format %1, this version knows %2").arg(version).arg(schema::format));
+    if (version < schema::format)
+        return report(FileState::Older, path, tr("format %1").arg(version));
     return {};
 }
 
@@ -165,11 +172,13 @@ FileReport inspectStore(const QString& path)
         return report(FileState::Missing, path, {});
     if (!info.isFile())
         return report(FileState::Foreign, path, tr("it is no file"));
-    if (FileReport found = inspectHeader(path); found.state != FileState::Good)
-        return found;
+    const FileReport header = inspectHeader(path);
+    if (header.state != FileState::Good && header.state != FileState::Older)
+        return header;
     if (isWriteProtected(info))
         return report(FileState::ReadOnly, path, tr("the file is write-protected"));
     if (isWriteProtected(QFileInfo(info.absolutePath())))
         return report(FileState::ReadOnly, path, tr("its folder is write-protected"));
-    return inspectContent(path);
+    const FileReport content = inspectContent(path);
+    return content.state == FileState::Good ? header : content;
 }

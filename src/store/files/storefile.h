@@ -3,11 +3,13 @@
 
 #include <QString>
 
-/// What a look at the file tells. Only Good files are opened; no other is ever changed, moved or deleted.
+/// What a look at the file tells. Only Good and Older files are opened; no other is ever
+/// changed, moved or deleted.
 enum class FileState {
     Good,
     Missing,
     Damaged,  ///< the engine finds it malformed, it is empty, or tables are missing
+    Older,    ///< of an earlier version of this program: sound, and brought up to date when it is opened
     Newer,    ///< made by a later version of this program
     Foreign,  ///< not this program's database
     Locked,   ///< another program keeps everybody out for now

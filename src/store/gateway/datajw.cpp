@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "store/files/storefile.h"
+#include "store/files/storemigrate.h"
 
 #include <cmath>
 
@@ -104,7 +105,11 @@ void DataJW::Impl::Call::say(const QString& text, int level)
 void DataJW::Impl::open()
 {
     const QString path = session.databasePath();
-    const FileReport file = inspectStore(path);
+    FileReport file = inspectStore(path);
+    if (file.state == FileState::Older) {
+        migrateStore(path, session.now());
+        file = inspectStore(path);
+    }
     if (file.state != FileState::Good)
         throw gateway::refusal(StoreError::NotConnected, file.message);
     database = std::make_unique<Database>(path);

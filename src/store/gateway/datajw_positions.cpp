@@ -1,6 +1,7 @@
 #include "store/gateway/datajw_impl.h"
 
 #include "base/text.h"
+#include "base/words.h"
 
 using namespace Qt::StringLiterals;
 using gateway::keyOf;
@@ -10,16 +11,6 @@ namespace {
 QString selectPosition(Key key)
 {
     return u"Select * from Position where PositionKey="_s + gateway::text(key);
-}
-
-/// Blanks only: line ends inside a text belong to its words.
-QString trimBlanks(QStringView word)
-{
-    while (word.startsWith(u' '))
-        word = word.mid(1);
-    while (word.endsWith(u' '))
-        word.chop(1);
-    return word.toString();
 }
 
 } // namespace
@@ -94,40 +85,31 @@ QStringList DataJW::parsePositionText(Key key, bool full)
             call.say(u"DataJW-parsePositionText - Position key not found."_s, 0);
             return QStringList();
         }
-        QString words = position.text(u"Keyword") + u' ' + position.text(u"Title");
-        // No blank between title and responsibilities: the ranking of positions counts on this very text.
-        if (full)
-            words += position.text(u"Responsibilities") + u' ' + position.text(u"Qualifications") + u' ' +
-                     position.text(u"Notes");
-        return splitWords(words);
+        return splitWords(positionText(position, full));
     });
 }
 
-QStringList DataJW::splitWords(const QString& words)
+RecordSet DataJW::getPositionTexts(Key first, Key last)
 {
-    constexpr qsizetype shortest = 4;
-    qsizetype remaining = words.size();
-    // The first word is taken before the text is cleaned, so it keeps its punctuation and may be short or
-    // empty.
-    QStringList found{trimBlanks(QStringView(words).left(words.indexOf(u' ') + 1))};
+    return m_impl->guarded(u"DataJW-GetPositionTexts"_s, RecordSet(), [&](auto& call) {
+        return call.run(
+            u"Select PositionKey,Keyword,Title,Responsibilities,Qualifications,Notes from Position "
+            "where PositionKey>="_s +
+            gateway::text(first) + u" And PositionKey<=" + gateway::text(last) + u" order by PositionKey");
+    });
+}
 
-    QString cleaned = words;
-    cleaned.remove(u',').remove(u':').remove(u';').replace(u'-', u' ');
-    for (qsizetype cursor = 0;;) {
-        const bool isLast = remaining <= 0;
-        const qsizetype from = cleaned.indexOf(u' ', cursor);
-        const qsizetype to = from < 0 ? -1 : cleaned.indexOf(u' ', from + 1);
-        if (to < 0)
-            break;
-        const QString word = trimBlanks(QStringView(cleaned).mid(from, to - from));
-        if (word.size() >= shortest)
-            found.append(word);
-        if (isLast)
-            break;
-        // By the word's length, not to its end: behind a long first word the same word comes up several
-        // times, and the word evaluation weighs it by that.
-        cursor += to - from;
-        remaining -= to - from;
-    }
-    return found;
+QString DataJW::positionText(const RecordSet& row, bool full)
+{
+    QString text = row.text(u"Keyword") + u' ' + row.text(u"Title");
+    // No blank between title and responsibilities: the ranking of positions counts on this very text.
+    if (full)
+        text +=
+            row.text(u"Responsibilities") + u' ' + row.text(u"Qualifications") + u' ' + row.text(u"Notes");
+    return text;
+}
+
+QStringList DataJW::splitWords(const QString& text)
+{
+    return words::split(text, shortestWord);
 }

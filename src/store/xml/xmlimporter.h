@@ -71,6 +71,7 @@ private:
     /// The six tables that only a restore brings.
     void readFurtherTables();
     void readPlain(const char* table, QStringView opening, std::span<const char* const> columns);
+    void readQuestions();
     void readEvents();
     void readUProfiles();
 

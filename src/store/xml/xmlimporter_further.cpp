@@ -1,6 +1,8 @@
 // The tables that only a restore brings: questionnaires, calendar, targets and the user's own profile.
 #include "store/xml/xmlimporter.h"
 
+#include <QHash>
+
 #include <array>
 
 using namespace Qt::StringLiterals;
@@ -32,7 +34,7 @@ void XmlImport::readFurtherTables()
     // anew.
     readPlain("CProfile", u"INSERT INTO CProfile(", profileColumns);
     readPlain("JProfile", u"INSERT INTO JProfile(", profileColumns);
-    readPlain("Question", u"INSERT INTO Question(", questionColumns);
+    readQuestions();
     readEvents();
     readPlain("Target", u"INSERT INTO Target(", targetColumns);
     readUProfiles();
@@ -45,6 +47,19 @@ void XmlImport::readPlain(const char* table, QStringView opening, std::span<cons
         InsertText insert(opening);
         tick();
         store(insert.add(record, columns));
+    }
+}
+
+// Each questionnaire numbers its questions from 1, whatever keys they had.
+void XmlImport::readQuestions()
+{
+    QHash<QString, int> counts;
+    for (const pugi::xml_node& node : m_file.records("Question")) {
+        RecordReader question(node);
+        InsertText insert(u"INSERT INTO Question(");
+        insert.add("QKey", QString::number(++counts[question.text("ProfileType")]));
+        tick();
+        store(insert.add(question, questionColumns));
     }
 }
 
