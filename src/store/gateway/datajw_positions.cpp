@@ -85,31 +85,17 @@ QStringList DataJW::parsePositionText(Key key, bool full)
             call.say(u"DataJW-parsePositionText - Position key not found."_s, 0);
             return QStringList();
         }
-        return splitWords(positionText(position, full));
+        QString text = position.text(u"Keyword") + u' ' + position.text(u"Title");
+        // No blank between title and responsibilities: the ranking of positions counts on this very text.
+        if (full)
+            text += position.text(u"Responsibilities") + u' ' + position.text(u"Qualifications") + u' ' +
+                    position.text(u"Notes");
+        return splitWords(text);
     });
-}
-
-RecordSet DataJW::getPositionTexts(Key first, Key last)
-{
-    return m_impl->guarded(u"DataJW-GetPositionTexts"_s, RecordSet(), [&](auto& call) {
-        return call.run(
-            u"Select PositionKey,Keyword,Title,Responsibilities,Qualifications,Notes from Position "
-            "where PositionKey>="_s +
-            gateway::text(first) + u" And PositionKey<=" + gateway::text(last) + u" order by PositionKey");
-    });
-}
-
-QString DataJW::positionText(const RecordSet& row, bool full)
-{
-    QString text = row.text(u"Keyword") + u' ' + row.text(u"Title");
-    // No blank between title and responsibilities: the ranking of positions counts on this very text.
-    if (full)
-        text +=
-            row.text(u"Responsibilities") + u' ' + row.text(u"Qualifications") + u' ' + row.text(u"Notes");
-    return text;
 }
 
 QStringList DataJW::splitWords(const QString& text)
 {
-    return words::split(text, shortestWord);
+    constexpr qsizetype shortest = 4;
+    return words::split(text, shortest);
 }
