@@ -148,10 +148,10 @@ int rank(CommandContext& context, const QString& company, const QString& positio
     Key key = 0;
     QString name;
     if (!company.isEmpty()) {
-        const auto found = findCompany(data.getCompanyNames(), text::quoteFix(company));
+        const auto found = findCompany(data, company);
         if (!found)
             return Failed;
-        name = *found;
+        name = found->name;
         key = isPosition ? data.getPositionKey(text::quoteFix(position), name) : data.getCompanyKey(name);
         if (key == 0) {
             printError(tr("%1 has no position of the name %2.").arg(name, position));

@@ -2,6 +2,7 @@
 #include "assessment/frmprofile.h"
 
 #include "base/text.h"
+#include "store/engine/database.h"
 #include "store/files/storecheck.h"
 #include "store/gateway/datajw.h"
 

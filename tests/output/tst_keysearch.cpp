@@ -47,7 +47,7 @@ public:
         screen.form().edit(u"cmbSearchby"_s, kind);
         screen.form().edit(u"txtSearch"_s, text);
         screen.Image1();
-        return shown(screen.tvwFound());
+        return ::shown(screen.tvwFound());
     }
     void open(const QString& kind, const QString& text)
     {

@@ -30,7 +30,7 @@ void ReportText::setReport(const QString& text)
 
 QMimeData* ReportText::createMimeDataFromSelection() const
 {
-    QMimeData* data = QPlainTextEdit::createMimeDataFromSelection();
-    data->setText(data->text().remove(breakHere));
-    return data;
+    QMimeData* clip = QPlainTextEdit::createMimeDataFromSelection();
+    clip->setText(clip->text().remove(breakHere));
+    return clip;
 }
