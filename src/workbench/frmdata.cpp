@@ -148,7 +148,12 @@ void FrmData::setSelection(const QString& name)
 
 void FrmData::loadCompanyList()
 {
+    const ReadWatch watch(m_session.dataJW());
     QStringList names = m_session.dataJW().getCompanyNames();
+    if (watch.failed() && !m_companyList.isEmpty())
+        return; // the names that are there stay
+    if (std::exchange(m_unreadable, {}).isValid())
+        setSimpleText({});
     names.append(text::newEntry.toString());
     // The list is read at every return to the window; a view with thousands of names need not take it in
     // again when nothing is new.
@@ -258,6 +263,7 @@ void FrmData::stepsChanged()
 void FrmData::positionStored()
 {
     m_pipeline->load();
+    progress(0, 0, {});
     // It takes itself for the open screen, which is still the one that has stored.
     m_selection.currentScreen = u"Position"_s;
     // Showing an expired position raises the panel again, and nothing is left to be saved.

@@ -4,6 +4,7 @@
 #include "base/form.h"
 #include "workbench/shell.h"
 
+#include <QDateTime>
 #include <QObject>
 #include <QStringList>
 
@@ -170,6 +171,7 @@ private:
     void openTool(const QString& key, bool fromMenu);
     void checkReminders();
     void positionStored();
+    [[nodiscard]] QDateTime storeState() const;
     void writeUsage();
     void release();
     void writeRestoreFile(const QString& name);
@@ -190,5 +192,6 @@ private:
     QString m_newToolTip;
     QString m_newImage;
     QString m_countsPanel;
+    QDateTime m_unreadable; ///< the state of a store that could not be read; invalid once it could
     CompanyLabel m_companyLabel = CompanyLabel::Company;
 };

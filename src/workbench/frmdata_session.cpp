@@ -9,6 +9,7 @@
 #include "workbench/pipelinescreen.h"
 #include "workbench/positionscreen.h"
 
+#include <QFileInfo>
 #include <QLocale>
 
 #include <cmath>
@@ -88,11 +89,26 @@ void FrmData::readSettings()
 
 void FrmData::activated()
 {
-    // Without a store each look at it ends in a box, and each box that closes activates the window again.
-    if (!m_session.dataJW().isConnected())
+    // A box would activate the window again when it closes: what cannot be read is said once, in the window,
+    // and not tried again before something has changed.
+    if (!m_session.dataJW().isConnected() || (m_unreadable.isValid() && m_unreadable == storeState()))
         return;
-    loadCompanyList();
-    updateCounts();
+    const ReadWatch watch(m_session.dataJW());
+    {
+        const Session::QuietReports quiet(m_session);
+        loadCompanyList();
+        updateCounts();
+    }
+    if (!watch.failed())
+        return;
+    m_unreadable = storeState();
+    setSimpleText(tr("The database could not be read; the reason stands in ErrorLog.txt."));
+}
+
+/// When the database was written last, by this program or another.
+QDateTime FrmData::storeState() const
+{
+    return QFileInfo(m_session.databasePath()).lastModified();
 }
 
 void FrmData::forgetKeys()

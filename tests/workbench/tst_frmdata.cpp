@@ -41,6 +41,21 @@ class TestFrmData : public QObject
     Q_OBJECT
 
 private slots:
+    void storeThatCannotBeReadIsToldOnceAndNotInABox()
+    {
+        Bench bench;
+        bench.addCompany(u"Acme"_s);
+        bench.frm->load();
+        const auto everyRead = [](int, QStringView statement) { return statement.startsWith(u"Select"_s); };
+        const auto comeBack = [&] { bench.frm->activated(); };
+        QVERIFY(!bench.failing(everyRead, comeBack).isEmpty());
+        QVERIFY(bench.frm->form().text(u"sbar"_s).contains(u"could not be read"_s));
+        QVERIFY(bench.frm->companyList().contains(u"Acme"_s));
+        QVERIFY(bench.failing(everyRead, comeBack).isEmpty()); // it is not tried again
+        bench.frm->loadCompanyList();
+        QCOMPARE(bench.frm->form().text(u"sbar"_s), QString());
+    }
+
     void initTestCase() { QCoreApplication::setApplicationVersion(u"1.2.3"_s); }
 
     void loadedShellShowsTheCompanyScreen()
