@@ -180,7 +180,7 @@ QString whenText(const DueEvent& due)
     const QString day = due.when.date.toString(Qt::ISODate);
     if (due.when.time.isValid())
         return day + due.when.time.toString(u" HH:mm"_s);
-    return due.when.date.isValid() ? day : due.whenText();
+    return due.when.date.isValid() && !due.verdict.isUnreadable ? day : due.whenText();
 }
 
 void printDue(const std::vector<DueEvent>& events)

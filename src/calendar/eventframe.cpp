@@ -4,7 +4,6 @@
 #include "base/dates.h"
 #include "calendar/eventchoices.h"
 #include "calendar/eventstore.h"
-#include "calendar/ticks.h"
 #include "store/gateway/datajw.h"
 #include "store/session.h"
 
@@ -30,7 +29,7 @@ bool EventFrame::holds(Key eventKey) const
 
 bool EventFrame::isNoDate() const
 {
-    return ticks::isOn(m_form, u"chkNoDate"_s);
+    return m_form.isOn(u"chkNoDate"_s);
 }
 
 QDate EventFrame::date() const
@@ -47,7 +46,7 @@ QString EventFrame::heading() const
 
 QString EventFrame::completeCaption() const
 {
-    return ticks::isOn(m_form, u"chkComplete"_s) ? tr("Complete") : tr("Incomplete");
+    return m_form.isOn(u"chkComplete"_s) ? tr("Complete") : tr("Incomplete");
 }
 
 void EventFrame::load()
@@ -107,9 +106,9 @@ void EventFrame::fill(const JWevent& entry, const EventOwners& owners, QDate res
 {
     m_date = entry.hasDate() ? entry.eventDate : reserve;
     showTask(entry.isTask());
-    ticks::set(m_form, u"chkNoDate"_s, !entry.hasDate());
+    m_form.setOn(u"chkNoDate"_s, !entry.hasDate());
     setDate(m_date);
-    ticks::set(m_form, u"chkComplete"_s, entry.isDone());
+    m_form.setOn(u"chkComplete"_s, entry.isDone());
     m_form.setText(u"txtEvName"_s, entry.eventName);
     showMedium(entry.medium, entry.isTask());
     m_notes.fill(entry.eventDescription);
@@ -161,21 +160,21 @@ void EventFrame::followStore(QDate reserve)
     if (!m_dirty)
         fill(*entry, EventOwners::fromRow(stored), reserve);
     else if (entry && entry->isDone())
-        ticks::set(m_form, u"chkComplete"_s, true); // saving it must not open it again
+        m_form.setOn(u"chkComplete"_s, true); // saving it must not open it again
     m_form.setEnabled(u"cmdRemove1"_s, !m_rows.empty());
     emit changed();
 }
 
 void EventFrame::moveTo(QDate day)
 {
-    ticks::set(m_form, u"chkNoDate"_s, false);
+    m_form.setOn(u"chkNoDate"_s, false);
     setDate(day);
     emit changed();
 }
 
 void EventFrame::showComplete(bool complete)
 {
-    ticks::set(m_form, u"chkComplete"_s, complete);
+    m_form.setOn(u"chkComplete"_s, complete);
     emit changed();
 }
 
@@ -183,7 +182,7 @@ void EventFrame::showComplete(bool complete)
 
 void EventFrame::fieldChanged(const QString& control)
 {
-    const bool on = ticks::isOn(m_form, control);
+    const bool on = m_form.isOn(control);
     if (control == u"lblCompany" || control == u"lblContact" || control == u"lblPosition") {
         chooseOwner(control, m_form.text(control));
         return;
@@ -195,7 +194,7 @@ void EventFrame::fieldChanged(const QString& control)
     } else if (control == u"chkNoDate") {
         setNoDate(on);
     } else if (control == u"dtEvTsk") {
-        setDate(QDate::fromString(m_form.text(control), Qt::ISODate));
+        setDate(m_form.date(control));
         emit dayChosen(m_date);
     } else {
         m_times.changed(control);
@@ -209,7 +208,7 @@ void EventFrame::setDate(QDate day)
         m_date = day;
     const bool noDate = isNoDate();
     m_form.setText(u"frmeEventData"_s, noDate ? tr("No Date") : dates::mmddyyyy(m_date));
-    m_form.setText(u"dtEvTsk"_s, m_date.toString(Qt::ISODate));
+    m_form.setDate(u"dtEvTsk"_s, m_date);
     m_form.setEnabled(u"dtEvTsk"_s, !noDate);
 }
 
@@ -226,15 +225,15 @@ void EventFrame::setTask(bool task)
 
 void EventFrame::showTask(bool task)
 {
-    ticks::set(m_form, u"chkTask"_s, task);
+    m_form.setOn(u"chkTask"_s, task);
     m_form.setVisible(u"imgFormat"_s, !task);
     m_form.setVisible(u"imgPriority"_s, task);
 }
 
 void EventFrame::setNoDate(bool noDate)
 {
-    ticks::set(m_form, u"chkNoDate"_s, noDate);
-    if (noDate && !ticks::isOn(m_form, u"chkTask"_s))
+    m_form.setOn(u"chkNoDate"_s, noDate);
+    if (noDate && !m_form.isOn(u"chkTask"_s))
         setTask(true);
     setDate(m_date);
 }

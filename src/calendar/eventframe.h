@@ -5,6 +5,7 @@
 #include "calendar/framepeople.h"
 #include "calendar/frametimes.h"
 #include "calendar/jwevent.h"
+#include "store/record/recordreplacement.h"
 
 #include <QHash>
 #include <QObject>
@@ -103,7 +104,7 @@ private:
     [[nodiscard]] bool isStoredAsTask() const;
     [[nodiscard]] QString mediumStored() const;
     [[nodiscard]] JWevent entry() const;
-    Saved settle(bool inserted, Key newKey, std::vector<Key> left);
+    Saved settle(RecordReplacement::Outcome outcome, const RecordReplacement& replacement);
 
     Session& m_session;
     Form& m_form;

@@ -2,7 +2,6 @@
 #include "base/dates.h"
 #include "calendar/eventframe.h"
 #include "calendar/eventstore.h"
-#include "calendar/ticks.h"
 #include "store/files/storecheck.h"
 #include "store/gateway/datajw.h"
 #include "store/session.h"
@@ -34,38 +33,51 @@ EventFrame::Saved EventFrame::save()
         return {};
 
     DataJW& dataJW = m_session.dataJW();
-    Action action(dataJW);
-    const QString title =
-        placeholder ? eventstore::addPlaceholder(m_session, m_people.company(), *owners) : QString();
-    eventstore::Replaced replaced = eventstore::replaceRows(dataJW, m_rows, entry(), *owners);
-    const Key newKey = replaced.inserted ? dataJW.getLastEventAddedKey() : Key(0);
+    QString title;
+    const auto insert = [&] {
+        if (placeholder)
+            title = eventstore::addPlaceholder(m_session, m_people.company(), *owners);
+        return eventstore::insertStatement(entry(), *owners);
+    };
+    RecordReplacement replacement;
+    const auto outcome =
+        replacement.run(m_session, {.table = u"Event"_s,
+                                    .keyColumn = u"EventKey"_s,
+                                    .journal = u"EventRecovery"_s,
+                                    .order = ReplacementPlan::Order::DeleteFirst,
+                                    .oldKeys = m_rows,
+                                    .insert = insert,
+                                    .remove = [&](Key key) { eventstore::deleteRows(dataJW, {key}); },
+                                    .find = [&] { return dataJW.getLastEventAddedKey(); },
+                                    .move = {},
+                                    .finish = {}});
     // Without its end on the disk the store is as it was, and what was typed stays in the frame for another
     // try.
-    if (!action.commit())
+    if (!replacement.hasReachedDisk())
         return {};
     if (!title.isEmpty())
         m_people.showPosition(title);
-    return settle(replaced.inserted, newKey, std::move(replaced.left));
+    return settle(outcome, replacement);
 }
 
-EventFrame::Saved EventFrame::settle(bool inserted, Key newKey, std::vector<Key> left)
+EventFrame::Saved EventFrame::settle(RecordReplacement::Outcome outcome, const RecordReplacement& replacement)
 {
-    const bool whole = inserted && left.empty();
-    if (newKey > 0)
-        left.push_back(newKey);
-    m_rows = std::move(left);
-    m_form.setEnabled(u"cmdRemove1"_s, !m_rows.empty());
+    const Key newKey = replacement.newKey();
+    const bool whole = outcome == RecordReplacement::Outcome::Stored;
     // Else the old row is gone and the new one did not get in, or both are there: the frame stands for what
     // is left, and another save makes one row of it.
+    m_rows = whole ? std::vector<Key>{newKey} : replacement.waiting();
+    m_form.setEnabled(u"cmdRemove1"_s, !m_rows.empty());
     m_dirty = !whole;
     if (!whole)
         return {.written = true,
                 .key = newKey,
-                .trouble = inserted ? tr("The earlier version of this entry could not be removed. Please "
-                                         "save again.")
-                                    : tr("The entry could not be stored. All that you entered is still in "
-                                         "its frame: please save it again.")};
-    if (isStoredAsTask() && !ticks::isOn(m_form, u"chkTask"_s)) {
+                .trouble = outcome == RecordReplacement::Outcome::Unfinished
+                               ? tr("The earlier version of this entry could not be removed. Please "
+                                    "save again.")
+                               : tr("The entry could not be stored. All that you entered is still in "
+                                    "its frame: please save it again.")};
+    if (isStoredAsTask() && !m_form.isOn(u"chkTask"_s)) {
         showTask(true);
         showMedium(mediumStored(), true);
     }
@@ -77,7 +89,7 @@ EventFrame::Saved EventFrame::settle(bool inserted, Key newKey, std::vector<Key>
 
 bool EventFrame::isStoredAsTask() const
 {
-    return ticks::isOn(m_form, u"chkTask"_s) || m_times.isTimeless();
+    return m_form.isOn(u"chkTask"_s) || m_times.isTimeless();
 }
 
 QString EventFrame::mediumStored() const
@@ -95,7 +107,7 @@ JWevent EventFrame::entry() const
     entry.eventName = m_form.text(u"txtEvName"_s);
     entry.eventDescription = m_notes.text();
     entry.medium = mediumStored();
-    if (ticks::isOn(m_form, u"chkComplete"_s))
+    if (m_form.isOn(u"chkComplete"_s))
         entry.complete = task ? u"Complete"_s : u"OkEvent"_s;
     m_times.store(entry);
     return entry;

@@ -14,6 +14,10 @@ namespace {
 constexpr QStringView insertEvent = u"INSERT into Event(";
 constexpr QStringView insertPosition = u"INSERT INTO Position (";
 
+} // namespace
+
+namespace eventstore {
+
 QString insertStatement(const JWevent& entry, const EventOwners& owners)
 {
     const QStringList values{entry.eventName,
@@ -40,25 +44,10 @@ QString insertStatement(const JWevent& entry, const EventOwners& owners)
            quoted.join(u',') + u')';
 }
 
-} // namespace
-
-namespace eventstore {
-
 bool isStorable(QDate day)
 {
     // A year of two digits would be read as one of our days, and statements hold four at most.
     return day.isValid() && day.year() >= 100 && day.year() <= 9999;
-}
-
-Replaced replaceRows(DataJW& dataJW, const std::vector<Key>& rows, const JWevent& entry,
-                     const EventOwners& owners)
-{
-    const QString insert = insertStatement(entry, owners);
-    std::vector<Key> left = deleteRows(dataJW, rows);
-    const bool inserted = dataJW.execQuery(insert);
-    // The journal of versions takes what the user wrote even if the calendar itself could not.
-    dataJW.execQuery(recoveryInsert(insert, u"EventRecovery"_s));
-    return {inserted, std::move(left)};
 }
 
 std::vector<Key> deleteRows(DataJW& dataJW, const std::vector<Key>& rows)
@@ -84,10 +73,15 @@ bool setComplete(DataJW& dataJW, Key eventKey, bool complete)
                             QString::number(eventKey));
 }
 
+QString placeholderTitle(const Session& session)
+{
+    return u"Position"_s + QString::number(QTime(0, 0).secsTo(session.now().time()));
+}
+
 QString addPlaceholder(Session& session, const QString& company, EventOwners& owners)
 {
     DataJW& dataJW = session.dataJW();
-    const QString title = u"Position"_s + QString::number(QTime(0, 0).secsTo(session.now().time()));
+    const QString title = placeholderTitle(session);
     // A position that nobody is assigned to has an empty list of contacts.
     const QString contacts = owners.contact == 0 ? QString() : QString::number(owners.contact);
     const QString insert = insertPosition + u"Title,EntryDate,Notes,ContactList,CompanyKey) VALUES ('" +

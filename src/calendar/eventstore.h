@@ -14,21 +14,15 @@ namespace eventstore {
 /// False for an invalid day, and for one that a statement cannot hold or would read as another.
 [[nodiscard]] bool isStorable(QDate day);
 
-/// What became of an entry that was to take the place of rows.
-struct Replaced
-{
-    bool inserted = false;
-    std::vector<Key> left; ///< the old rows that could not be deleted
-};
-
-/// Deletes @p rows and inserts @p entry under a new key. Its texts are as a screen holds them, with LF.
-Replaced replaceRows(DataJW& dataJW, const std::vector<Key>& rows, const JWevent& entry,
-                     const EventOwners& owners);
+/// The Insert of an entry, whose texts are as a screen holds them, with LF.
+[[nodiscard]] QString insertStatement(const JWevent& entry, const EventOwners& owners);
 /// Those of @p rows that could not be deleted.
 std::vector<Key> deleteRows(DataJW& dataJW, const std::vector<Key>& rows);
 bool moveTo(DataJW& dataJW, Key eventKey, QDate day);
 /// Finishes a task or opens it again.
 bool setComplete(DataJW& dataJW, Key eventKey, bool complete);
+/// What a position that is made up at this moment is called.
+[[nodiscard]] QString placeholderTitle(const Session& session);
 /// Adds a position without a name of its own for these owners, and makes it theirs. Answers its title, ""
 /// when it could not be added.
 QString addPlaceholder(Session& session, const QString& company, EventOwners& owners);

@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "calendar/eventchoices.h"
+#include "calendar/eventstore.h"
 #include "store/gateway/datajw.h"
 #include "store/session.h"
 
@@ -35,15 +36,20 @@ bool FramePeople::isNetworking() const
 void FramePeople::fill(const EventOwners& owners)
 {
     DataJW& dataJW = m_session.dataJW();
+    const ReadWatch watch(dataJW);
     const QString company = dataJW.getCompanyNameByKey(owners.company, owners.company == 0);
     const QString contact = dataJW.getContactByKey(owners.contact, owners.contact == 0);
     const QString position = dataJW.getPositionNameByKey(owners.position, owners.position == 0);
     fillNames(isNetworking() ? eventchoices::networkingEvent.toString() : company, contact, position);
+    m_filled = {owners.contact, contact};
+    m_isWhole = !watch.failed();
 }
 
 void FramePeople::fillNames(const QString& company, const QString& contact, const QString& position)
 {
     m_company = company;
+    m_filled = {};
+    m_isWhole = true;
     m_form.setText(companyBox, company);
     m_form.setText(contactBox, contact);
     m_form.setText(positionBox, position);
@@ -95,6 +101,7 @@ bool FramePeople::chooseCompany(const QString& name)
     if (!allowed || name == m_company)
         return false;
     m_company = name;
+    m_filled = {};
     m_form.setText(contactBox, {});
     m_form.setText(positionBox, {});
     listPeople();
@@ -156,6 +163,11 @@ void FramePeople::listPeople()
 std::optional<EventOwners> FramePeople::owners()
 {
     EventOwners found;
+    if (!m_isWhole) {
+        m_session.msgBox(tr("The people of this entry could not be read from the database, so nothing was "
+                            "saved or changed. Please open it again."));
+        return std::nullopt;
+    }
     if (isNetworking()) {
         m_form.setText(companyBox, m_company);
         m_form.setText(contactBox, {});
@@ -178,7 +190,11 @@ std::optional<EventOwners> FramePeople::owners()
         return std::nullopt;
     }
     if (!contact.isEmpty() && contact != u"Contact") { // the label of a box with nobody in it
-        found.contact = contactKey(found.company);
+        found.contact = keptContact();
+        if (found.contact <= 0 && areSeveral(contact))
+            return std::nullopt;
+        if (found.contact <= 0)
+            found.contact = contactKey(found.company);
         if (found.contact <= 0)
             return refuse(contactBox);
     }
@@ -195,6 +211,30 @@ std::nullopt_t FramePeople::refuse(const QString& control)
     m_session.msgBox(noSuchOwner(control).arg(m_form.text(control)));
     m_form.requestFocus(control);
     return std::nullopt;
+}
+
+Key FramePeople::keptContact()
+{
+    // Somebody who was not touched stays who he is, whoever else has his name. A save of his has given him
+    // another key.
+    const QString shown = m_form.text(contactBox);
+    return m_filled.key > 0 && m_filled.name == shown &&
+                   m_session.dataJW().getContactByKey(m_filled.key) == shown
+               ? m_filled.key
+               : Key(0);
+}
+
+bool FramePeople::areSeveral(const QString& contact)
+{
+    const auto namesakes = m_form.items(contactBox).count(contact);
+    if (namesakes <= 1)
+        return false;
+    m_session.msgBox(tr("%1 contacts of this company are called \"%2\". Please give them different names "
+                        "before one of them is assigned.")
+                         .arg(namesakes)
+                         .arg(contact));
+    m_form.requestFocus(contactBox);
+    return true;
 }
 
 Key FramePeople::contactKey(Key company)
@@ -223,11 +263,13 @@ Key FramePeople::contactKey(Key company)
 
 bool FramePeople::wantsPlaceholder(const EventOwners& owners)
 {
-    if (owners.company == 0 || !m_form.text(positionBox).isEmpty())
+    // A category has no positions: one of its own could neither be opened nor removed.
+    if (owners.company == 0 || text::isCategory(m_company) || !m_form.text(positionBox).isEmpty())
         return false;
     return m_session.msgBox(tr("There are no positions for this company and contact.") + text::crlf +
-                                tr("Would you like to generate a placeholder position?"),
-                            Buttons::YesNo) == Answer::Yes;
+                                tr("Would you like to generate a placeholder position?") + text::crlf +
+                                tr("It would be called \"%1\".").arg(eventstore::placeholderTitle(m_session)),
+                            Buttons::YesNoDefaultNo) == Answer::Yes;
 }
 
 void FramePeople::showPosition(const QString& title)

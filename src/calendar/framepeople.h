@@ -56,10 +56,20 @@ private:
     void listPeople();
     [[nodiscard]] static QString noSuchOwner(const QString& control);
     std::nullopt_t refuse(const QString& control);
+    [[nodiscard]] Key keptContact();
+    [[nodiscard]] bool areSeveral(const QString& contact);
     [[nodiscard]] Key contactKey(Key company);
 
     Session& m_session;
     Form& m_form;
-    QString m_company; ///< whose people and positions are listed
+    struct Person
+    {
+        Key key = 0;
+        QString name;
+    };
+
+    Person m_filled;       ///< the contact with which the entry came
+    bool m_isWhole = true; ///< its people could all be read
+    QString m_company;     ///< whose people and positions are listed
     QStringList m_companies;
 };

@@ -2,7 +2,6 @@
 
 #include "calendar/eventchoices.h"
 #include "calendar/eventtimes.h"
-#include "calendar/ticks.h"
 
 #include <algorithm>
 #include <array>
@@ -49,19 +48,19 @@ void FrameTimes::fill(const JWevent& entry)
     tickLength();
     showEnd();
     const int lead = static_cast<int>(std::clamp<double>(eventtimes::number(entry.reminder1), 0, INT16_MAX));
-    ticks::set(m_form, bell, lead > 0);
+    m_form.setOn(bell, lead > 0);
     m_form.setText(u"txtRemind"_s, eventtimes::reminderText(lead));
 }
 
 bool FrameTimes::changed(const QString& control)
 {
-    const bool on = ticks::isOn(m_form, control);
+    const bool on = m_form.isOn(control);
     if (control == u"txtEvTimeS") {
         showEnd();
     } else if (control == u"txtEvTimeN") {
         takeEnd();
     } else if (control == u"txtRemind") {
-        ticks::set(m_form, bell, !m_form.text(control).isEmpty());
+        m_form.setOn(bell, !m_form.text(control).isEmpty());
     } else if (control == u"optStAM" || control == u"optStPM") {
         setHalf(u"optStAM"_s, u"optStPM"_s, on == (control == u"optStPM"));
         showEnd();
@@ -78,8 +77,8 @@ bool FrameTimes::changed(const QString& control)
 
 void FrameTimes::setHalf(const QString& am, const QString& pm, bool isPm)
 {
-    ticks::set(m_form, am, !isPm);
-    ticks::set(m_form, pm, isPm);
+    m_form.setOn(am, !isPm);
+    m_form.setOn(pm, isPm);
 }
 
 bool FrameTimes::normalise(const QString& control)
@@ -90,10 +89,10 @@ bool FrameTimes::normalise(const QString& control)
     const QString am = isStart ? u"optStAM"_s : u"optEnAM"_s;
     const QString pm = isStart ? u"optStPM"_s : u"optEnPM"_s;
     const QString typed = m_form.text(control).trimmed();
-    const auto time = eventtimes::readTime(typed, ticks::isOn(m_form, pm));
+    const auto time = eventtimes::readTime(typed, m_form.isOn(pm));
     if (!time)
         return typed.isEmpty();
-    if (time->text == m_form.text(control) && time->pm == ticks::isOn(m_form, pm))
+    if (time->text == m_form.text(control) && time->pm == m_form.isOn(pm))
         return true;
     m_form.setText(control, time->text);
     setHalf(am, pm, time->pm);
@@ -103,7 +102,7 @@ bool FrameTimes::normalise(const QString& control)
 
 void FrameTimes::showEnd()
 {
-    const bool isPm = ticks::isOn(m_form, u"optStPM"_s);
+    const bool isPm = m_form.isOn(u"optStPM"_s);
     const auto start = eventtimes::readTime(m_form.text(u"txtEvTimeS"_s), isPm);
     const double hours = eventtimes::number(m_duration);
     QStringList end;
@@ -115,8 +114,8 @@ void FrameTimes::showEnd()
 
 void FrameTimes::takeEnd()
 {
-    const bool startPm = ticks::isOn(m_form, u"optStPM"_s);
-    const bool endPm = ticks::isOn(m_form, u"optEnPM"_s);
+    const bool startPm = m_form.isOn(u"optStPM"_s);
+    const bool endPm = m_form.isOn(u"optEnPM"_s);
     const auto half = [](bool pm) -> QString { return pm ? u"PM"_s : u"AM"_s; };
     const auto start = eventtimes::readTime(m_form.text(u"txtEvTimeS"_s), startPm);
     const auto end = eventtimes::readTime(m_form.text(u"txtEvTimeN"_s), endPm);
@@ -128,16 +127,16 @@ void FrameTimes::takeEnd()
 void FrameTimes::tickLength()
 {
     for (const auto& [box, length] : lengthBoxes())
-        ticks::set(m_form, box, eventtimes::number(m_duration) == eventtimes::number(length));
+        m_form.setOn(box, eventtimes::number(m_duration) == eventtimes::number(length));
 }
 
 void FrameTimes::chooseLength(const QString& control)
 {
-    const bool on = ticks::isOn(m_form, control);
+    const bool on = m_form.isOn(control);
     for (const auto& [box, length] : lengthBoxes()) {
         if (on && box == control)
             m_duration = length;
-        ticks::set(m_form, box, on && box == control);
+        m_form.setOn(box, on && box == control);
     }
     // A length that is ticked off leaves the times as they are.
     if (on)
@@ -146,8 +145,8 @@ void FrameTimes::chooseLength(const QString& control)
 
 void FrameTimes::toggleBell()
 {
-    const bool set = !ticks::isOn(m_form, bell);
-    ticks::set(m_form, bell, set);
+    const bool set = !m_form.isOn(bell);
+    m_form.setOn(bell, set);
     if (set && m_form.text(u"txtRemind"_s).isEmpty())
         m_form.setText(u"txtRemind"_s, eventchoices::reminders().front());
 }
@@ -161,7 +160,7 @@ std::optional<FrameTrouble> FrameTimes::trouble()
                                     .arg(m_form.text(control))};
     }
     const QString reminder = m_form.text(u"txtRemind"_s);
-    if (!ticks::isOn(m_form, bell) || reminder.trimmed().isEmpty() || eventtimes::isReminder(reminder))
+    if (!m_form.isOn(bell) || reminder.trimmed().isEmpty() || eventtimes::isReminder(reminder))
         return std::nullopt;
     return FrameTrouble{u"txtRemind"_s,
                         tr("\"%1\" is no lead time. Please enter a number and one of hrs, dys and wks, such "
@@ -177,9 +176,10 @@ bool FrameTimes::isTimeless() const
 void FrameTimes::store(JWevent& entry) const
 {
     const QString start = m_form.text(u"txtEvTimeS"_s);
-    const bool reminds = ticks::isOn(m_form, bell);
+    const bool reminds = m_form.isOn(bell);
     entry.eventTime = start.isEmpty() && !entry.isTask() ? u"Nodate"_s : start;
-    entry.eventDuration = m_duration;
-    entry.ampm = ticks::isOn(m_form, u"optStPM"_s) ? u"PM"_s : u"AM"_s;
+    const bool isWhole = !start.isEmpty() && !m_form.text(u"txtEvTimeN"_s).isEmpty();
+    entry.eventDuration = m_duration.isEmpty() || (!isWhole && !m_untimed) ? u"0"_s : m_duration;
+    entry.ampm = m_form.isOn(u"optStPM"_s) ? u"PM"_s : u"AM"_s;
     entry.reminder1 = QString::number(reminds ? eventtimes::hoursOf(m_form.text(u"txtRemind"_s)) : 0);
 }

@@ -2,7 +2,6 @@
 #include "base/dates.h"
 #include "calendar/eventstore.h"
 #include "calendar/frmevcal.h"
-#include "calendar/ticks.h"
 #include "store/gateway/datajw.h"
 
 using namespace Qt::StringLiterals;
@@ -12,7 +11,7 @@ using namespace Qt::StringLiterals;
 void FrmEvCal::fieldChanged(const QString& control)
 {
     if (control == u"chkShowComplete")
-        setShowComplete(ticks::isOn(m_form, control));
+        setShowComplete(m_form.isOn(control));
     else
         m_frame.fieldChanged(control);
 }

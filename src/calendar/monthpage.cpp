@@ -4,7 +4,6 @@
 #include "calendar/entrytexts.h"
 #include "calendar/eventchoices.h"
 #include "calendar/monthsummary.h"
-#include "calendar/ticks.h"
 #include "store/gateway/datajw.h"
 #include "store/session.h"
 
@@ -34,7 +33,7 @@ void MonthPage::openAgain()
 {
     m_bounds.openAgain();
     m_showComplete = m_session.dataJW().getStatusValue(u"ShowComplete"_s) == u"1";
-    ticks::set(m_form, u"chkShowComplete"_s, m_showComplete);
+    m_form.setOn(u"chkShowComplete"_s, m_showComplete);
     m_chip.clear();
     m_people.forget(); // they may have got other names since
 }
@@ -63,7 +62,7 @@ void MonthPage::loadEvents()
 void MonthPage::setShowComplete(bool show)
 {
     m_showComplete = show;
-    ticks::set(m_form, u"chkShowComplete"_s, show);
+    m_form.setOn(u"chkShowComplete"_s, show);
     // The same row as in the options, so that the next opening is like this one.
     m_session.dataJW().writeStatus(u"ShowComplete"_s, show ? u"1"_s : u"0"_s, true);
 }

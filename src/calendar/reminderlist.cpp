@@ -85,13 +85,11 @@ public:
         m_found.looked = m_events.rowCount();
         m_found.open.reserve(static_cast<size_t>(m_found.looked));
         m_owners.reserve(m_found.open.capacity());
-        for (; !m_events.atEnd() && m_found.failure.isEmpty(); m_events.next()) {
+        for (; !m_events.atEnd(); m_events.next()) {
             // The store finds the kind in any case; an event is only what is written exactly so.
             if (text(EventType) == u"Event")
                 look();
         }
-        if (!m_found.failure.isEmpty() && !m_events.atEnd())
-            m_found.failure += u' ' + tr("Events behind it were not looked at.");
         nameThem();
         return std::move(m_found);
     }
@@ -126,11 +124,9 @@ private:
     {
         const auto verdict = m_rules.judge({text(EventDate), text(EventTime), text(AmPm), text(Reminder1)});
         if (!verdict) {
-            // One row that no one can read ends the look. The log names it, so that it can be mended.
-            m_found.failure =
-                tr("The event \"%1\" of %2 has a time or a reminder that cannot be read: \"%3\".")
-                    .arg(text(Event), m_events.text(u"EventDate"),
-                         QString(text(EventTime) + u' ' + text(AmPm) + u" / " + text(Reminder1)));
+            // The log names a row that cannot be listed, so that it can be mended.
+            m_found.failure = tr("The event \"%1\" has a date that cannot be read: \"%2\".")
+                                  .arg(text(Event), m_events.text(u"EventDate"));
             return;
         }
         if (!verdict->inTime)
@@ -151,8 +147,9 @@ private:
         const auto own = dates::parse(text(EventDate));
         if (!own || !dates::isDay(own->date))
             return {};
-        return text(EventTime) == u"Nodate" ? dates::Moment{own->date, {}}
-                                            : dates::Moment{verdict.moment.date(), verdict.moment.time()};
+        return text(EventTime) == u"Nodate" || verdict.isUnreadable
+                   ? dates::Moment{own->date, {}}
+                   : dates::Moment{verdict.moment.date(), verdict.moment.time()};
     }
 
     void list(Key eventKey, const ReminderVerdict& verdict)
@@ -193,7 +190,8 @@ private:
 
 QString DueEvent::whenText() const
 {
-    return when.date.isValid() ? dates::general(when) : tr("No Date");
+    const QString shown = when.date.isValid() ? dates::general(when) : tr("No Date");
+    return verdict.isUnreadable ? tr("%1 (its time or reminder cannot be read)").arg(shown) : shown;
 }
 
 DueEvents lookForDueEvents(DataJW& dataJW, const QDateTime& now)

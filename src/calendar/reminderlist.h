@@ -26,7 +26,8 @@ struct DueEvent
     QString position;
     QString company;
 
-    /// When it is, as a person reads it: "11/23/2026 5:30:00 AM", "11/23/2026", "No Date".
+    /// When it is, as a person reads it: "11/23/2026 5:30:00 AM", "11/23/2026", "No Date"; marked when the
+    /// row's time or reminder cannot be read.
     [[nodiscard]] QString whenText() const;
 };
 
@@ -36,8 +37,7 @@ struct DueEvents
     int looked = 0;             ///< event rows that there are
     std::vector<DueEvent> open; ///< in the order of their dates
     std::vector<Key> matched;   ///< every event inside its lead time, closed ones too
-    /// Why the look ended before its end, in words; empty when it did not. What stands before that row has
-    /// been found.
+    /// An event that could not be looked at, in words, or why none could; empty when all were.
     QString failure;
 };
 

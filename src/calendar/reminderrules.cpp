@@ -1,6 +1,7 @@
 #include "calendar/reminderrules.h"
 
 #include "base/dates.h"
+#include "calendar/eventtimes.h"
 #include "calendar/jwevent.h"
 
 #include <QCoreApplication>
@@ -26,15 +27,22 @@ qint64 wholeHours(const QDateTime& from, const QDateTime& to)
     return from.secsTo(to) / secondsAnHour;
 }
 
-std::optional<QDateTime> momentOf(const ReminderValues& values)
+/// An invalid time of day when it cannot be read; the beginning of the day without one.
+std::optional<dates::Moment> momentOf(const ReminderValues& values)
 {
     // A row without a date is as old as a row can be: it must not keep the others from being seen.
-    const QString text = (values.date.isEmpty() ? dates::mdyyyy(JWevent::zeroDate) : values.date) + u' ' +
-                         values.time.trimmed() + u' ' + values.ampm.trimmed();
-    const auto moment = dates::parse(text);
-    if (!moment)
+    const QString date = values.date.isEmpty() ? dates::mdyyyy(JWevent::zeroDate) : values.date;
+    const QString time = values.time.trimmed();
+    const QString half = values.ampm.trimmed();
+    if (const auto moment = dates::parse(QString(date + u' ' + time + u' ' + half)))
+        return dates::Moment{moment->date, moment->time.isValid() ? moment->time : QTime(0, 0)};
+    const auto day = dates::parse(date);
+    if (!day)
         return std::nullopt;
-    return QDateTime(moment->date, moment->time.isValid() ? moment->time : QTime(0, 0), Qt::UTC);
+    if (time.isEmpty())
+        return dates::Moment{day->date, QTime(0, 0)};
+    const auto read = eventtimes::readTime(time, half.compare(u"PM", Qt::CaseInsensitive) == 0);
+    return dates::Moment{day->date, read ? read->toTime() : QTime()};
 }
 
 /// An empty text is no reminder, as in the rows that other programs leave; any other has to be a number.
@@ -94,17 +102,18 @@ ReminderRules::ReminderRules(const QDateTime& now)
 
 std::optional<ReminderVerdict> ReminderRules::judge(const ReminderValues& values)
 {
+    bool isUnreadable = false;
     if (values.time != u"Nodate") {
         const auto moment = momentOf(values);
         if (!moment)
             return std::nullopt;
-        m_moment = *moment;
+        isUnreadable = !moment->time.isValid();
+        m_moment = QDateTime(moment->date, isUnreadable ? QTime(0, 0) : moment->time, Qt::UTC);
     }
     const auto lead = leadOf(values.lead);
-    if (!lead)
-        return std::nullopt;
-    ReminderVerdict verdict{m_moment, *lead, wholeHours(m_now, m_moment), false};
-    verdict.inTime = isInLead(verdict.hours, *lead);
+    ReminderVerdict verdict{m_moment, lead.value_or(0), wholeHours(m_now, m_moment), false,
+                            isUnreadable || !lead};
+    verdict.inTime = isInLead(verdict.hours, verdict.lead);
     return verdict;
 }
 

@@ -22,6 +22,9 @@ struct ReminderVerdict
     double lead = 0;     ///< hours, as stored
     qint64 hours = 0;    ///< whole hours until the moment, cut toward zero; negative behind it
     bool inTime = false; ///< the event lies inside its lead time
+    /// Its time of day cannot be read, so that it is judged by the beginning of its day; or its lead time
+    /// cannot, and counts as none.
+    bool isUnreadable = false;
 
     [[nodiscard]] QString timeLeft() const; ///< "24 hrs", "1 dys", "-3 hrs"
     [[nodiscard]] QString urgency() const;  ///< "unsel", "sel" or "Overdue"
@@ -40,7 +43,7 @@ public:
     /// @p now is the user's local time.
     explicit ReminderRules(const QDateTime& now);
 
-    /// Nothing when the date, the time of day or the lead time is no such thing.
+    /// Times of day are read as the calendar reads them ("9:", "14:30"). Nothing when the date is none.
     [[nodiscard]] std::optional<ReminderVerdict> judge(const ReminderValues& values);
 
     /// Whether an event of this moment and lead time is inside it at @p when (local time).

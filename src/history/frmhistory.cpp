@@ -185,6 +185,32 @@ QString FrmHistory::hint(int shownRows, const QString& words) const
 
 void FrmHistory::lvwHistoryClick(int row)
 {
+    const bool wantsNew = !m_entries.has(row + 1);
+    if (mayLeaveEntry())
+        choose(wantsNew ? m_entries.count() : row); // an entry that was taken over has moved "<New>" down
+    else
+        emit changed();
+}
+
+/// Nothing typed goes unasked when another entry takes the fields.
+bool FrmHistory::mayLeaveEntry()
+{
+    if (m_locked || !isEntryChanged())
+        return true;
+    switch (m_session.msgBox(tr("The changes to this history have not been saved. Save them?"),
+                             Buttons::YesNoCancel, tr("Changes not saved"))) {
+    case Answer::Yes:
+        cmdAddHistory();
+        return !isEntryChanged();
+    case Answer::No:
+        return true;
+    default:
+        return false;
+    }
+}
+
+void FrmHistory::choose(int row)
+{
     m_selected = row + 1;
     if (m_entries.has(m_selected))
         showEntry(m_entries.at(m_selected));
@@ -197,18 +223,16 @@ void FrmHistory::lvwHistoryClick(int row)
 void FrmHistory::showEntry(const History& entry)
 {
     // A missing day is shown as the one that stands for it.
-    const auto day = [](QDate stored) -> QString {
-        return (stored.isValid() ? stored : dates::missing).toString(Qt::ISODate);
-    };
-    m_form.setText(u"DTPContact"_s, day(entry.ContactDate));
+    const auto day = [](QDate stored) { return stored.isValid() ? stored : dates::missing; };
+    m_form.setDate(u"DTPContact"_s, day(entry.ContactDate));
     m_form.setText(u"txtTopic"_s, entry.topic);
     showChoice(u"cmbMedium"_s, entry.medium);
     showChoice(u"cmbLength"_s, entry.Length);
     m_form.setText(u"txtLocation"_s, entry.Location);
     m_form.setText(u"txtDetails"_s, fieldtext::toShown(entry.Details));
     showChoice(u"cmbReturn"_s, entry.ReturnCall);
-    m_form.setText(u"dtpNextCall"_s, day(entry.NextCall));
-    m_form.setText(u"chkDoxGiven"_s, entry.DocXfer.isEmpty() || entry.DocXfer == u"0" ? u"0"_s : u"1"_s);
+    m_form.setDate(u"dtpNextCall"_s, day(entry.NextCall));
+    m_form.setOn(u"chkDoxGiven"_s, !entry.DocXfer.isEmpty() && entry.DocXfer != u"0");
     noteDays();
     say({});
 }
@@ -229,17 +253,17 @@ void FrmHistory::clearHistoryEntry()
         m_form.setText(control, {});
     for (const QString& control : {u"cmbMedium"_s, u"cmbLength"_s, u"cmbReturn"_s})
         showChoice(control, {});
-    m_form.setText(u"DTPContact"_s, m_session.today().toString(Qt::ISODate));
-    m_form.setText(u"dtpNextCall"_s, m_session.today().addDays(1).toString(Qt::ISODate));
-    m_form.setText(u"chkDoxGiven"_s, u"0"_s);
+    m_form.setDate(u"DTPContact"_s, m_session.today());
+    m_form.setDate(u"dtpNextCall"_s, m_session.today().addDays(1));
+    m_form.setOn(u"chkDoxGiven"_s, false);
     noteDays();
     say({});
 }
 
 void FrmHistory::noteDays()
 {
-    m_day = m_form.text(u"DTPContact"_s);
-    m_call = m_form.text(u"dtpNextCall"_s);
+    m_day = m_form.date(u"DTPContact"_s);
+    m_call = m_form.date(u"dtpNextCall"_s);
 }
 
 void FrmHistory::enableButtons()

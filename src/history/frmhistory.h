@@ -74,6 +74,9 @@ signals:
 
 private:
     [[nodiscard]] DataJW& dataJW() const { return m_session.dataJW(); }
+    [[nodiscard]] bool isEntryChanged() const;
+    [[nodiscard]] bool mayLeaveEntry();
+    void choose(int row);
     void fillBoxes();
     void loadHistoryList(bool fresh);
     void readEntries();
@@ -101,6 +104,6 @@ private:
     bool m_locked = false; ///< not all of the entries are in memory, so nothing may be written back
     QSet<Key> m_hinted;    ///< contacts whose slots run out, as the user has been told
     QString m_company;
-    QString m_day;  ///< DTPContact as it stood when dtpNextCall was last set by itself
-    QString m_call; ///< dtpNextCall of that day
+    QDate m_day;  ///< DTPContact as it stood when dtpNextCall was last set by itself
+    QDate m_call; ///< dtpNextCall of that day
 };

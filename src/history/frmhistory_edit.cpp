@@ -29,14 +29,18 @@ void FrmHistory::fieldChanged(const QString& control)
         noteDays();
     if (control == u"DTPContact") {
         // A day that is taken back takes back what it did to the next call.
-        const QString day = m_form.text(u"DTPContact"_s);
-        m_form.setText(u"dtpNextCall"_s, day == m_day ? m_call : day);
+        const QDate day = m_form.date(u"DTPContact"_s);
+        m_form.setDate(u"dtpNextCall"_s, day == m_day ? m_call : day);
     }
     // What was typed and taken back again needs no Update.
-    const bool changed = std::ranges::any_of(m_form.rows(), [this](const FieldRow& row) {
+    say(isEntryChanged() ? tr("Changed: press Update to keep it.") : QString());
+}
+
+bool FrmHistory::isEntryChanged() const
+{
+    return std::ranges::any_of(m_form.rows(), [this](const FieldRow& row) {
         return row.control != u"cmbEventType" && m_form.isDirty(row.control);
     });
-    say(changed ? tr("Changed: press Update to keep it.") : QString());
 }
 
 // --- Taking over ------------------------------------------------------------------------------------------
@@ -44,7 +48,7 @@ void FrmHistory::fieldChanged(const QString& control)
 /// What a date control says. The day shown in place of a missing one is not taken for an answer.
 QDate FrmHistory::dayTyped(const QString& control, QDate stored) const
 {
-    const QDate day = QDate::fromString(m_form.text(control), Qt::ISODate);
+    const QDate day = m_form.date(control);
     return m_entries.has(m_selected) && !stored.isValid() && day == dates::missing ? stored : day;
 }
 
@@ -56,7 +60,7 @@ History FrmHistory::entryTyped() const
     entry.ContactDate = dayTyped(u"DTPContact"_s, before.ContactDate);
     entry.NextCall = dayTyped(u"dtpNextCall"_s, before.NextCall);
     entry.Details = fieldtext::toStored(m_form.text(u"txtDetails"_s));
-    entry.DocXfer = m_form.text(u"chkDoxGiven"_s) == u"1" ? u"1"_s : u"0"_s;
+    entry.DocXfer = m_form.isOn(u"chkDoxGiven"_s) ? u"1"_s : u"0"_s;
     entry.Length = line(u"cmbLength"_s);
     entry.medium = line(u"cmbMedium"_s);
     entry.Location = line(u"txtLocation"_s);
@@ -146,7 +150,7 @@ void FrmHistory::cmdRemoveHistory()
     m_dirty = true;
     loadHistoryList(false);
     // The fields must not go on showing what was removed: Update would write it over the next entry.
-    lvwHistoryClick(m_selected - 1);
+    choose(m_selected - 1);
 }
 
 // --- What follows -----------------------------------------------------------------------------------------
@@ -174,7 +178,7 @@ QHash<QString, QString> FrmHistory::eventValues() const
             {u"H2"_s, firstPosition()},
             {u"H3"_s, m_form.text(u"cmbEventType"_s)},
             {u"H4"_s, topic.isEmpty() ? details.section(u'\n', 0, 0) : topic},
-            {u"H5"_s, dates::mdyyyy(QDate::fromString(m_form.text(u"dtpNextCall"_s), Qt::ISODate))},
+            {u"H5"_s, dates::mdyyyy(m_form.date(u"dtpNextCall"_s))},
             {u"H6"_s, m_form.text(u"cmbMedium"_s)}};
 }
 

@@ -70,6 +70,10 @@ public:
     /// at the store; null when a caller reports a mere condition.
     void logError(const QString& text, int level = 0, const StoreError* failure = nullptr);
 
+    /// How many entries at level 0 there have been, shown or not: statements after which it is the same have
+    /// all succeeded.
+    [[nodiscard]] int reports() const { return m_held; }
+
     /// While one lives, entries that would be shown go to the log only and are counted: a walk over thousands
     /// of records reports once at its end instead of a box for each.
     class QuietReports

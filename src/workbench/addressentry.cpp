@@ -1,13 +1,12 @@
 #include "workbench/addressentry.h"
 
-#include "base/dates.h"
 #include "base/fieldtext.h"
 #include "base/text.h"
 #include "intake/frmautoparse.h"
 #include "store/gateway/datajw.h"
 #include "web/webpages.h"
+#include "workbench/addressrow.h"
 #include "workbench/shell.h"
-#include "workbench/wholerecord.h"
 
 using namespace Qt::StringLiterals;
 
@@ -34,19 +33,11 @@ std::vector<FieldRow> addressForm()
     };
 }
 
-/// The two street columns as one text, the second line only when there is one.
-QString shownStreet(const RecordSet& address)
-{
-    const QString second = address.text(u"Address2");
-    const QString first = address.text(u"Address1");
-    return fieldtext::toShown(second.isEmpty() ? first : QString(first + text::crlf + second));
-}
-
 } // namespace
 
 FrmAddressEntry::FrmAddressEntry(Shell& shell)
     : m_shell(shell)
-    , m_form(addressForm())
+    , m_form(shell.session(), u"Address"_s, u"AddressKey"_s, addressForm())
 {
 }
 
@@ -62,33 +53,11 @@ void FrmAddressEntry::load(const Request& request)
     m_addressKey = request.addressKey;
     m_form.clear();
     const RecordSet address = m_addressKey > 0 ? dataJW().getAddress(m_addressKey) : RecordSet();
-    if (address.isEmpty()) {
-        // A key that points nowhere: a save gives the contact a row of its own.
-        if (!address.isNothing())
-            m_addressKey = 0;
-        return;
-    }
-    for (const FieldRow& row : m_form.rows()) {
-        if (!row.column.isEmpty())
-            m_form.setText(row.control, fieldtext::toShown(address.text(row.column)));
-    }
-    m_form.setText(street, shownStreet(address));
-}
-
-/// The columns with their values, ready to stand in a statement, in the order of the table.
-QList<std::pair<QString, QString>> FrmAddressEntry::values() const
-{
-    // Lines behind the first are all kept in the second column, with their own line ends.
-    const QString lines = fieldtext::toShown(m_form.text(street));
-    const auto split = lines.indexOf(u'\n');
-    QList<std::pair<QString, QString>> values{
-        {u"Address1"_s, fieldtext::quoted(split < 0 ? lines : lines.left(split))},
-        {u"Address2"_s, fieldtext::quoted(split < 0 ? QString() : lines.mid(split + 1))}};
-    for (const FieldRow& row : m_form.rows()) {
-        if (!row.column.isEmpty())
-            values.append({row.column, fieldtext::quoted(m_form.text(row.control))});
-    }
-    return values;
+    // A key that points nowhere: a save gives the contact a row of its own.
+    if (address.isEmpty() && !address.isUnread())
+        m_addressKey = 0;
+    m_form.fill(address);
+    m_form.setText(street, addressrow::street(address));
 }
 
 void FrmAddressEntry::cmdSave1()
@@ -97,6 +66,8 @@ void FrmAddressEntry::cmdSave1()
         m_shell.showMessage(tr("Please save the contact before storing an address for it."));
         return;
     }
+    if (!m_form.mayBeStored({u"Address"_s}))
+        return;
     m_saved = m_addressKey > 0 ? updateRow() : addRow();
     if (m_saved)
         emit closeRequested();
@@ -105,8 +76,15 @@ void FrmAddressEntry::cmdSave1()
 bool FrmAddressEntry::updateRow()
 {
     QStringList parts;
-    for (const auto& [column, value] : values())
-        parts.append(column + u'=' + value);
+    const auto add = [&](const QString& column) {
+        parts.append(column + u'=' + addressrow::value(m_shell.session(), m_form, street, column));
+    };
+    add(u"Address1"_s);
+    add(u"Address2"_s);
+    for (const FieldRow& row : m_form.rows()) {
+        if (!row.column.isEmpty())
+            add(row.column);
+    }
     return dataJW().execQuery(u"Update Address  set "_s + parts.join(u", "_s) + u" WHERE AddressKey=" +
                               QString::number(m_addressKey));
 }
@@ -114,13 +92,8 @@ bool FrmAddressEntry::updateRow()
 /// People who came in without an address get one here, as an update would find no row.
 bool FrmAddressEntry::addRow()
 {
-    QString row = wholerecord::insertFront(dataJW(), u"Address"_s, u"Address"_s);
-    for (const auto& [column, value] : values())
-        row += value + u',';
     Action action(dataJW());
-    if (!dataJW().execQuery(row + u'\'' + dates::mdyy(m_shell.session().today()) + u"');"))
-        return false;
-    const Key added = dataJW().getCount(u"Address"_s, false, u"AddressKey"_s);
+    const Key added = addressrow::insert(m_shell.session(), m_form, street);
     const bool linked =
         added > 0 && dataJW().execQuery(u"Update Contact set AddressKey=" + QString::number(added) +
                                         u" where contactkey=" + QString::number(m_contactKey));
@@ -143,7 +116,7 @@ void FrmAddressEntry::cmdSetCompany()
     const RecordSet company = dataJW().getCompany(text::quoteFix(m_shell.selection().selectedCompanyName()));
     const RecordSet address = dataJW().getAddress(company.key(u"AddressKey").value_or(0));
     if (!address.text(u"Address1").isEmpty() || !address.text(u"Address2").isEmpty())
-        m_form.setText(street, shownStreet(address));
+        m_form.setText(street, addressrow::street(address));
     for (const FieldRow& row : m_form.rows()) {
         // Companies are entered without a country of their own: the contact's stands.
         if (row.column.isEmpty() || row.column == u"Country")

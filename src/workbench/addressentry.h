@@ -1,8 +1,8 @@
 // The Address entry screen: where one contact is to be reached.
 #pragma once
 
-#include "base/form.h"
 #include "base/key.h"
+#include "store/record/recordform.h"
 
 #include <QObject>
 
@@ -24,7 +24,7 @@ public:
         Key addressKey = 0;
     };
 
-    [[nodiscard]] Form& form() { return m_form; }
+    [[nodiscard]] RecordForm& form() { return m_form; }
     /// Fills the fields for a contact with its Address row.
     void load(const Request& request);
     /// The flag for the workbench: a save has happened since load().
@@ -46,12 +46,11 @@ signals:
 
 private:
     [[nodiscard]] DataJW& dataJW() const;
-    [[nodiscard]] QList<std::pair<QString, QString>> values() const;
     bool updateRow();
     bool addRow();
 
     Shell& m_shell;
-    Form m_form;
+    RecordForm m_form;
     Key m_contactKey = 0;
     Key m_addressKey = 0;
     bool m_saved = false;

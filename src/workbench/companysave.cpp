@@ -1,11 +1,9 @@
 // Saving and removing a whole company.
-#include "base/fieldtext.h"
 #include "base/text.h"
 #include "store/gateway/datajw.h"
-#include "workbench/companyaddress.h"
+#include "workbench/addressrow.h"
 #include "workbench/companyscreen.h"
 #include "workbench/shell.h"
-#include "workbench/wholerecord.h"
 
 using namespace Qt::StringLiterals;
 
@@ -22,14 +20,15 @@ bool CompanyScreen::mayBeSaved(const QString& title)
                                "add/remove categories."));
         return false;
     }
-    return wholerecord::mayBeStored(m_shell.session(), m_form, {u"Company"_s, u"Address"_s});
+    return m_form.mayBeStored({u"Company"_s, u"Address"_s});
 }
 
 Key CompanyScreen::keyToReplace(const QString& title)
 {
+    if (m_replacement.isUnfinished())
+        return m_replacement.newKey();
     const QString selected = m_shell.selection().selectedCompanyName();
-    return m_shell.session().dataJW().getCompanyKey(
-        text::quoteFix(text::isUnsaved(selected) ? title : selected));
+    return dataJW().getCompanyKey(text::quoteFix(text::isUnsaved(selected) ? title : selected));
 }
 
 bool CompanyScreen::replacementAgreed(Key oldKey, const QString& title)
@@ -48,8 +47,8 @@ bool CompanyScreen::replacementAgreed(Key oldKey, const QString& title)
                    Buttons::YesNoDefaultNo, tr("Replace Company")) == Answer::Yes;
     if (selected.compare(text::quoteFix(title), Qt::CaseInsensitive) == 0)
         return true;
-    const Key sameName = m_shell.session().dataJW().getCompanyKey(text::quoteFix(title));
-    if (sameName == 0 || sameName == oldKey)
+    const Key sameName = dataJW().getCompanyKey(text::quoteFix(title));
+    if (sameName == 0 || sameName == oldKey || m_replacement.isWaiting(sameName))
         return true;
     m_shell.showMessage(
         tr("Another company is already called \"%1\". Please choose a different title.").arg(title));
@@ -58,81 +57,70 @@ bool CompanyScreen::replacementAgreed(Key oldKey, const QString& title)
 
 bool CompanyScreen::cmdUpdate1()
 {
-    Session& session = m_shell.session();
-    session.trace(u"Update Company"_s);
+    m_shell.session().trace(u"Update Company"_s);
+    const ReadWatch watch(dataJW());
     const QString title = m_form.text(u"txtTitle"_s);
+    const QString name = text::quoteFix(title);
     if (!mayBeSaved(title))
         return false;
     const Key oldKey = keyToReplace(title);
     if (!replacementAgreed(oldKey, title))
         return false;
-    Action action(session.dataJW());
-    const bool inserted = insertRecord(oldKey, title);
-    const Key newKey = takeOver(oldKey, title);
-    // Without its end on the disk the store is as it was, and what was typed stays in the form for another
-    // try.
-    if (!action.commit())
-        return false;
-    const bool complete = inserted && newKey > 0 && newKey != oldKey;
-    showAfterSave(newKey, text::quoteFix(title), complete);
+    const auto outcome =
+        replace({.table = u"Company"_s,
+                 .keyColumn = u"CompanyKey"_s,
+                 .journal = {},
+                 .oldKeys = {oldKey},
+                 .watch = &watch,
+                 .insert = [&] { return insertStatement(oldKey); },
+                 .remove = {},
+                 .find = [&] { return dataJW().getCompanyKey(name); },
+                 .move = [&](Key newKey, Key replaced) { moveReferences(name, newKey, replaced); },
+                 .finish = {}});
+    const bool complete = outcome == RecordReplacement::Outcome::Stored;
+    if (complete || outcome == RecordReplacement::Outcome::Unfinished)
+        showAfterSave(name, complete);
     return complete;
 }
 
-bool CompanyScreen::insertRecord(Key oldKey, const QString& title)
+QString CompanyScreen::insertStatement(Key oldKey)
 {
-    DataJW& dataJW = m_shell.session().dataJW();
-    QString company = wholerecord::insertFront(dataJW, u"COMPANY"_s, u"Company"_s);
-    const bool addressInserted = insertAddress(m_shell.session(), m_form);
-    // The store is never asked for the number it gave: with one user the highest key is that of the row just
-    // added.
-    const Key addressKey = dataJW.getCount(u"Address"_s, false, u"AddressKey"_s);
-    // A text and not the joining of one, which would point at what is gone by then.
-    const auto value = [this](const QString& control) -> QString {
-        return fieldtext::quoted(m_form.text(control)) + u',';
-    };
-    company += fieldtext::quoted(title) + u',' + value(u"txtShort"_s) + u'\'' + QString::number(addressKey) +
-               u"'," + value(u"txtIndustry"_s) + value(u"txtCompanyNotes"_s) + u'\'' + entryDate(oldKey) +
-               u"');";
-    return dataJW.execQuery(company) && addressInserted && addressKey > 0;
+    const QStringList columns = recordcolumns::of(dataJW(), u"Company"_s);
+    const Key address =
+        columns.isEmpty() ? Key(0) : addressrow::insert(m_shell.session(), m_form, u"txtAddress"_s);
+    if (address <= 0)
+        return {};
+    const QString entered = entryDate(oldKey);
+    return recordcolumns::insert(u"COMPANY"_s, columns, [&](const QString& column) -> QString {
+        if (column == u"AddressKey")
+            return u'\'' + QString::number(address) + u'\'';
+        return column == u"EntryDate" ? QString(u'\'' + entered + u'\'') : m_form.columnValue(column);
+    });
 }
 
 QString CompanyScreen::entryDate(Key oldKey)
 {
-    Session& session = m_shell.session();
     if (oldKey <= 0)
-        return session.todayText();
-    DataJW& dataJW = session.dataJW();
-    return dataJW.getCompany(dataJW.getCompanyNameByKey(oldKey)).text(u"EntryDate");
+        return m_shell.session().todayText();
+    return dataJW().getCompany(dataJW().getCompanyNameByKey(oldKey)).text(u"EntryDate");
 }
 
-Key CompanyScreen::takeOver(Key oldKey, const QString& title)
+void CompanyScreen::moveReferences(const QString& name, Key newKey, Key oldKey)
 {
-    DataJW& dataJW = m_shell.session().dataJW();
-    const QString name = text::quoteFix(title);
-    // The row that was replaced goes before the new one is looked up by its name, or the old key would come
-    // back.
-    if (oldKey > 0)
-        dataJW.delRecord(oldKey, u"Company"_s);
-    const Key newKey = dataJW.getCompanyKey(name);
-    if (oldKey > 0) {
-        dataJW.updateCompanySubset(name, oldKey);
-        dataJW.execQuery(u"Update Event Set CompanyKey=" + QString::number(newKey) + u" where CompanyKey=" +
-                         QString::number(oldKey));
-    }
-    return newKey;
+    dataJW().updateCompanySubset(name, oldKey);
+    dataJW().execQuery(u"Update Event Set CompanyKey=" + QString::number(newKey) + u" where CompanyKey=" +
+                       QString::number(oldKey));
 }
 
-void CompanyScreen::showAfterSave(Key newKey, const QString& name, bool complete)
+void CompanyScreen::showAfterSave(const QString& name, bool complete)
 {
-    // When a part of the record did not get into the store, the form keeps what was typed, so that another
-    // save can bring it in.
-    if (complete)
-        m_shell.setSelection(name);
+    m_shell.setSelection(name);
     m_shell.loadCompanyList();
     m_shell.selectCategory();
     m_shell.savedSbar();
-    m_shell.selection().currentCompanyKey = newKey;
-    m_cutShort = !complete;
+    m_shell.selection().currentCompanyKey = m_replacement.newKey();
+    // When a part of the record did not get into the store, the form keeps what was typed, so that another
+    // save can bring it in.
     if (complete)
         loadCompanySelection(name);
     m_shell.updateCounts();
@@ -166,13 +154,12 @@ void CompanyScreen::cmdRemove1()
 
 bool CompanyScreen::removeRecords(const QString& name)
 {
-    DataJW& dataJW = m_shell.session().dataJW();
-    const Key key = text::isUnsaved(name) ? Key{0} : dataJW.getCompanyKey(text::quoteFix(name));
+    const Key key = text::isUnsaved(name) ? Key{0} : dataJW().getCompanyKey(text::quoteFix(name));
     // Events that belong to no company carry the key 0: removing "nothing" would take them all.
     if (key <= 0)
         return text::isUnsaved(name);
-    Action action(dataJW);
-    dataJW.removeRec(u"Company"_s, text::quoteFix(name));
-    dataJW.delContactsByCompany(key);
+    Action action(dataJW());
+    dataJW().removeRec(u"Company"_s, text::quoteFix(name));
+    dataJW().delContactsByCompany(key);
     return action.commit();
 }

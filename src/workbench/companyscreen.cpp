@@ -5,9 +5,8 @@
 #include "base/text.h"
 #include "store/engine/storeerror.h"
 #include "store/gateway/datajw.h"
+#include "store/record/recordkey.h"
 #include "workbench/companysummary.h"
-#include "workbench/fieldleaving.h"
-#include "workbench/recordkey.h"
 #include "workbench/shell.h"
 
 #include <QLocale>
@@ -63,8 +62,7 @@ QString shownRatio(double ratio)
 } // namespace
 
 CompanyScreen::CompanyScreen(Shell& shell)
-    : m_shell(shell)
-    , m_form(companyForm())
+    : RecordScreen(shell, u"Company"_s, u"companykey"_s, companyForm())
 {
     m_form.setVisible(u"imgTgt"_s, false);
     showAsCategory(false);
@@ -136,13 +134,9 @@ void CompanyScreen::fillForm(const RecordSet& record)
     m_shell.selection().currentCompanyKey =
         keyOrReport(session, record, u"CompanyKey", u"frmData - FillForm (Company)"_s);
     const RecordSet address = session.dataJW().getAddress(record.key(u"AddressKey").value_or(0));
-    m_cutShort = false;
-    for (const FieldRow& row : m_form.rows()) {
-        if (row.column.isEmpty())
-            continue;
-        const RecordSet& source = record.columnIndex(row.column) >= 0 ? record : address;
-        m_form.setText(row.control, fieldtext::toShown(source.text(row.column)));
-    }
+    m_replacement.showing(m_shell.selection().currentCompanyKey);
+    m_form.fill(record);
+    m_form.fillMore(address);
     // The line break stands there without a second line too: the save splits at the first one.
     m_form.setText(u"txtAddress"_s,
                    fieldtext::toShown(address.text(u"Address1") + text::crlf + address.text(u"Address2")));
@@ -153,7 +147,18 @@ void CompanyScreen::clearCompanyForm()
     m_form.clear();
     m_tree.clear();
     m_daysSinceContact = -1;
-    m_cutShort = false;
+    m_replacement.forget();
+}
+
+void CompanyScreen::countsChanged()
+{
+    if (!showsStored() || m_shell.selection().currentCompanyKey == 0)
+        return;
+    const RecordSet company = dataJW().getCompany(text::quoteFix(m_shell.selection().selectedCompanyName()));
+    if (company.isEmpty())
+        return;
+    showFigures(gatherFigures(dataJW(), company.text(u"Name"), m_shell.session().today()), company);
+    emit changed();
 }
 
 void CompanyScreen::showFigures(const CompanyFigures& figures, const RecordSet& company)
@@ -237,39 +242,22 @@ void CompanyScreen::tvwPosContactDblClick(const QModelIndex& index)
 
 // --- Events of the fields ---------------------------------------------------------------------------------
 
-void CompanyScreen::fieldKeyDown(const QString&)
+Key CompanyScreen::rowOfFields()
 {
-    m_shell.setSbar(u"Company"_s);
-}
-
-void CompanyScreen::fieldChanged(const QString&)
-{
-    m_shell.sbarVis();
-}
-
-void CompanyScreen::fieldLeft(const QString& control)
-{
-    const FieldRow* row = m_form.row(control);
-    // A text that was changed back leaves nothing to update.
-    if (!fieldleaving::hasUnsaved(m_form))
-        m_shell.savedSbar();
-    // A field that holds what is stored has nothing to write: walking through the form with the tab key costs
-    // nothing.
-    if (!row || row->save != SaveOn::Leave || !m_form.isDirty(control))
-        return;
     const QString selected = m_shell.selection().selectedCompanyName();
-    if (text::isUnsaved(selected) || text::isCategory(selected))
-        return;
-    DataJW& dataJW = m_shell.session().dataJW();
-    const Key key = dataJW.getCompanyKey(text::quoteFix(selected));
-    const bool written = key > 0 && dataJW.execQuery(u"Update Company set " + row->column + u"=" +
-                                                     fieldtext::quoted(m_form.text(control)) +
-                                                     u" where companykey=" + QString::number(key));
-    // What was not written stays marked as changed, and the next leaving of the field tries again.
-    if (!written)
-        return;
-    m_form.markClean(control);
-    m_shell.savedSbar();
+    return showsStored() ? dataJW().getCompanyKey(text::quoteFix(selected)) : Key(0);
+}
+
+bool CompanyScreen::showsStored() const
+{
+    const QString selected = m_shell.selection().selectedCompanyName();
+    return !text::isUnsaved(selected) && !text::isCategory(selected);
+}
+
+bool CompanyScreen::mayBeOffered() const
+{
+    // The save refuses a category.
+    return !text::isCategory(m_shell.selection().selectedCompanyName());
 }
 
 QString CompanyScreen::recordName() const
@@ -279,22 +267,4 @@ QString CompanyScreen::recordName() const
         return tr("the company \"%1\"").arg(selected);
     const QString title = m_form.text(u"txtTitle"_s).trimmed();
     return title.isEmpty() ? tr("the new company") : tr("the new company \"%1\"").arg(title);
-}
-
-bool CompanyScreen::mayLeave()
-{
-    const QString selected = m_shell.selection().selectedCompanyName();
-    const bool isCategory = text::isCategory(selected);
-    OpenRecord record{.name = recordName(),
-                      .isStored = !text::isUnsaved(selected) && !isCategory && !m_cutShort,
-                      .hasMore = m_cutShort,
-                      .leave = [this](const QString& control) { fieldLeft(control); },
-                      .save = [this] { return cmdUpdate1(); }};
-    // The save refuses a category, so there is no use in offering it.
-    if (isCategory)
-        record.save = nullptr;
-    if (!fieldleaving::mayLeave(m_shell.session(), m_form, record))
-        return false;
-    m_cutShort = false;
-    return true;
 }

@@ -1,19 +1,14 @@
 // The Company screen: one company with its address, its people and positions, and the summary.
 #pragma once
 
-#include "base/form.h"
 #include "base/treemodel.h"
 #include "store/gateway/recordset.h"
-#include "store/session.h"
 #include "workbench/companyfigures.h"
-
-#include <QObject>
-
-class Shell;
+#include "workbench/recordscreen.h"
 
 /// Shows, saves and removes a company; lists its contacts and positions; opens its web pages and its street
 /// map.
-class CompanyScreen : public QObject
+class CompanyScreen : public RecordScreen
 {
     Q_OBJECT
 
@@ -21,7 +16,6 @@ public:
     explicit CompanyScreen(Shell& shell);
     ~CompanyScreen() override;
 
-    [[nodiscard]] Form& form() { return m_form; }
     [[nodiscard]] TreeModel& tvwPosContact() { return m_tree; }
     /// Place of the profile pointer shpPtr on its scale, 0 (left end) to 1 and above, and whether it is lit
     /// (red).
@@ -34,16 +28,11 @@ public:
     void loadCompanySelection(const QString& name);
     void fillForm(const RecordSet& record);
     void clearCompanyForm();
+    /// Positions or contacts were added elsewhere: the figures of the company shown are read again.
+    void countsChanged();
     void adjustProfile();
     /// Switches the company-only fields off for a category and on for everything else.
     void showAsCategory(bool category);
-
-    // --- Events of the fields, called by the binder -------------------------------------------------------
-    void fieldKeyDown(const QString& control);
-    void fieldChanged(const QString& control);
-    void fieldLeft(const QString& control);
-    /// Before the form takes another record: false when the user stays with what is not in the store yet.
-    bool mayLeave();
 
 public slots:
     bool cmdUpdate1(); ///< true when all of it is stored
@@ -58,8 +47,12 @@ public slots:
     void cmdFastParser();
     void tvwPosContactDblClick(const QModelIndex& index);
 
-signals:
-    void changed();
+protected:
+    Key rowOfFields() override;
+    [[nodiscard]] QString recordName() const override;
+    [[nodiscard]] bool showsStored() const override;
+    [[nodiscard]] bool mayBeOffered() const override;
+    bool save() override { return cmdUpdate1(); }
 
 private:
     void showNew();
@@ -69,18 +62,14 @@ private:
     [[nodiscard]] bool mayBeSaved(const QString& title);
     [[nodiscard]] Key keyToReplace(const QString& title);
     [[nodiscard]] bool replacementAgreed(Key oldKey, const QString& title);
-    bool insertRecord(Key oldKey, const QString& title);
+    [[nodiscard]] QString insertStatement(Key oldKey);
     [[nodiscard]] QString entryDate(Key oldKey);
-    Key takeOver(Key oldKey, const QString& title);
-    void showAfterSave(Key newKey, const QString& name, bool complete);
-    [[nodiscard]] QString recordName() const;
+    void moveReferences(const QString& name, Key newKey, Key oldKey);
+    void showAfterSave(const QString& name, bool complete);
     bool removeRecords(const QString& name);
 
-    Shell& m_shell;
-    Form m_form;
     TreeModel m_tree;
     double m_pointerPlace = 0;
     bool m_pointerLit = false;
     int m_daysSinceContact = -1;
-    bool m_cutShort = false; ///< the last save left a part of what is shown out of the store
 };

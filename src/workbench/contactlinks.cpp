@@ -97,14 +97,7 @@ void ContactScreen::tvwOtherContactDblClick(const QModelIndex& index)
 {
     if (!index.parent().isValid())
         return;
-    const Key key = otherKey(index);
-    const RecordSet contact = dataJW().getContactDataByKey(key);
-    if (contact.isEmpty() || !mayLeave())
-        return; // the gateway has said so, or the user stays
-    const QString owner = dataJW().getCompanyNameByKey(contact.key(u"CompanyKey").value_or(0));
-    if (!owner.isEmpty() && owner.compare(company(), Qt::CaseInsensitive) != 0)
-        m_shell.cmbSelectionClick(owner);
-    show(key);
+    m_shell.showContact(otherKey(index));
 }
 
 // --- Documents --------------------------------------------------------------------------------------------

@@ -2,14 +2,11 @@
 #include "base/fieldtext.h"
 #include "base/text.h"
 #include "store/gateway/datajw.h"
-#include "workbench/companyaddress.h"
+#include "workbench/addressrow.h"
 #include "workbench/contactaddresses.h"
 #include "workbench/contactname.h"
 #include "workbench/contactscreen.h"
 #include "workbench/shell.h"
-#include "workbench/wholerecord.h"
-
-#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -24,67 +21,39 @@ bool ContactScreen::mayBeSaved(const ContactName& name)
         m_shell.showMessage(tr("Please enter a name for a new contact or select a contact to update."));
         return false;
     }
-    return wholerecord::mayBeStored(m_shell.session(), m_form, {u"Contact"_s, u"Address"_s});
+    return m_form.mayBeStored({u"Contact"_s, u"Address"_s});
 }
 
 bool ContactScreen::cmdUpdateContact1()
 {
     m_shell.session().trace(u"Update Contact"_s);
+    const ReadWatch watch(dataJW());
     const ContactName typed{m_form.text(u"txtFirst"_s), m_form.text(u"txtMiddle"_s),
                             m_form.text(u"txtLast"_s)};
     const ContactName name = normalisedName(completedName(typed));
     if (!mayBeSaved(name))
         return false;
-    const bool isNew = text::isUnsaved(contactShown());
+    const bool isNew = !showsStored();
     const Key oldKey = keyShown();
     const Key companyKey = dataJW().getCompanyKey(text::quoteFix(company()));
-
-    Action action(dataJW());
-    Key addressKey = m_addressKey;
-    const bool addressGiven = giveAddress(isNew, addressKey);
-    const QString row = values(name, addressKey, companyKey);
-    const bool inserted =
-        dataJW().execQuery(wholerecord::insertFront(dataJW(), u"Contact"_s, u"Contact"_s) + row);
-    dataJW().execQuery(wholerecord::insertFront(dataJW(), u"ContactRecovery"_s, u"Contact"_s) + row);
-    // The row that was replaced goes before the new one is looked up by its name, or the old key might come
-    // back.
-    if (!isNew)
-        dataJW().delRecord(oldKey, u"Contact"_s);
-    const Key found = dataJW().getContactKey(text::quoteFix(name.first), text::quoteFix(name.last),
-                                             text::quoteFix(company()));
-    // Without the new row the name is nobody's, or a namesake's: no reference may go there.
-    const Key newKey = inserted ? found : Key{0};
-    const bool complete = newKey > 0 && newKey != oldKey;
-    if (complete) {
-        // A save that failed before may have left references behind with the key still shown.
-        moveReferences(newKey, {oldKey, isNew ? Key{0} : m_shell.selection().currentContactKey});
-        if (addressGiven)
-            cleanAddresses(dataJW());
-    }
-    // When a part of the record did not get into the store, the form keeps what was typed, so that another
-    // save can bring it in.
-    if (!action.commit())
-        return false;
-    m_cutShort = !complete;
-    if (complete)
-        showAfterSave(newKey, name);
+    const auto find = [&] {
+        return dataJW().getContactKey(text::quoteFix(name.first), text::quoteFix(name.last),
+                                      text::quoteFix(company()));
+    };
+    const auto outcome = replace({.table = u"Contact"_s,
+                                  .keyColumn = u"ContactKey"_s,
+                                  .journal = u"ContactRecovery"_s,
+                                  .oldKeys = {oldKey},
+                                  .watch = &watch,
+                                  .insert = [&] { return insertStatement(name, isNew, companyKey); },
+                                  .remove = {},
+                                  .find = find,
+                                  .move = [this](Key newKey, Key old) { moveReferences(newKey, old); },
+                                  .finish = [this] { cleanAddresses(dataJW()); }});
+    const bool complete = outcome == RecordReplacement::Outcome::Stored;
+    if (complete || outcome == RecordReplacement::Outcome::Unfinished)
+        showAfterSave(name, complete);
     return complete;
-}
-
-/// Gives a contact without an address of its own one that begins as a copy of the company's; false when that
-/// failed.
-bool ContactScreen::giveAddress(bool isNew, Key& addressKey)
-{
-    // An existing contact keeps the address that was read with it. Looked up by the name, a namesake's might
-    // come back, and the clean-up would then take this one's.
-    if (!isNew && addressKey > 0) {
-        const RecordSet address = dataJW().getAddress(addressKey);
-        if (address.isNothing() || !address.isEmpty())
-            return !address.isNothing();
-    }
-    const bool given = insertAddress(m_shell.session(), m_companyForm);
-    addressKey = dataJW().getCount(u"Address"_s, false, u"AddressKey"_s);
-    return given && addressKey > 0;
 }
 
 /// The key of a node's person at this moment; 0 when there is nobody of the name any more.
@@ -125,47 +94,58 @@ QString ContactScreen::documentKeys() const
     return keys.join(u',');
 }
 
-/// The values of a Contact row in the order of its columns, the key left out.
-QString ContactScreen::values(const ContactName& name, Key addressKey, Key companyKey) const
+QString ContactScreen::insertStatement(const ContactName& name, bool isNew, Key companyKey)
 {
-    const auto shown = [this](const QString& control) -> QString {
-        return fieldtext::quoted(m_form.text(control)) + u',';
-    };
-    const auto text = [](const QString& value) -> QString { return fieldtext::quoted(value) + u','; };
-    QString row = text(name.first) + text(name.middle) + text(name.last) + shown(u"txtContactTitle"_s) +
-                  text(QString::number(addressKey)) + shown(u"txtDept"_s) + shown(u"txtReportsTo"_s) +
-                  text(flags(1, 9)) + text(flags(10, 17)) + shown(u"txtBestTimes"_s) +
-                  shown(u"txtContactNotes"_s);
-    // The box shows the day as the user reads dates; the store gets back what it held.
-    row += m_lastContact.isEmpty() ? u"'12/31/1999',"_s : text(m_lastContact);
-    row += u"0,"; // EventKey: events point to contacts and not the other way round
-    row += text(otherKeys()) + text(documentKeys()) + QString::number(companyKey) + u',' + level() + u",'";
-    return row + m_shell.session().todayText() + u"');";
-}
-
-void ContactScreen::moveReferences(Key newKey, const std::vector<Key>& oldKeys)
-{
-    Key moved = 0;
-    for (const Key oldKey : oldKeys) {
-        if (oldKey <= 0 || oldKey == moved || oldKey == newKey)
-            continue;
-        moved = oldKey;
-        dataJW().updateContactList(newKey, oldKey, u"Position"_s, 0);
-        dataJW().updateContactList(newKey, oldKey, u"Contact"_s, 0);
-        dataJW().updateContactSubset(newKey, oldKey);
+    const QStringList columns = recordcolumns::of(dataJW(), u"Contact"_s);
+    Key address = m_addressKey;
+    // A new contact begins with a copy of the company's address. An existing one keeps what was read with it:
+    // looked up by the name, a namesake's might come back, and the clean-up would then take this one's.
+    if (isNew && !columns.isEmpty()) {
+        address = addressrow::insert(m_shell.session(), m_companyForm, u"txtAddress"_s);
+        if (address <= 0)
+            return {};
     }
+    if (columns.isEmpty())
+        return {};
+    const QHash<QString, QString> beside{
+        {u"FirstName"_s, fieldtext::quoted(name.first)},
+        {u"Middle"_s, fieldtext::quoted(name.middle)},
+        {u"LastName"_s, fieldtext::quoted(name.last)},
+        {u"AddressKey"_s, fieldtext::quoted(QString::number(address))},
+        // The box shows the day as the user reads dates; the store gets back what it held.
+        {u"LastContact"_s, fieldtext::quoted(m_lastContact.isEmpty() ? u"12/31/1999"_s : m_lastContact)},
+        {u"EventKey"_s, u"0"_s}, // events point to contacts and not the other way round
+        {u"ContactList"_s, fieldtext::quoted(otherKeys())},
+        {u"DocumentList"_s, fieldtext::quoted(documentKeys())},
+        {u"CompanyKey"_s, QString::number(companyKey)},
+        {u"EntryDate"_s, u'\'' + m_shell.session().todayText() + u'\''}};
+    return recordcolumns::insert(u"Contact"_s, columns, [&](const QString& column) -> QString {
+        return beside.contains(column) ? beside.value(column) : m_form.columnValue(column);
+    });
 }
 
-void ContactScreen::showAfterSave(Key newKey, const ContactName& name)
+void ContactScreen::moveReferences(Key newKey, Key oldKey)
+{
+    dataJW().updateContactList(newKey, oldKey, u"Position"_s, 0);
+    dataJW().updateContactList(newKey, oldKey, u"Contact"_s, 0);
+    dataJW().updateContactSubset(newKey, oldKey);
+}
+
+void ContactScreen::showAfterSave(const ContactName& name, bool complete)
 {
     const QString shown = text::quoteFix(name.first + u' ' + name.last);
+    const Key newKey = m_replacement.newKey();
     loadContactList();
     m_shell.selection().currentContactKey = newKey;
     m_form.setText(u"cmbContacts"_s, shown);
-    // A row that cannot be read back now is stored all the same: the form then stays as it was typed.
-    if (const RecordSet record = dataJW().getContactDataByKey(newKey); !record.isEmpty())
+    // When a part of the record did not get into the store, the form keeps what was typed, so that another
+    // save can bring it in; and a row that cannot be read back now is stored all the same.
+    if (const RecordSet record = complete ? dataJW().getContactDataByKey(newKey) : RecordSet();
+        !record.isEmpty())
         fillContactForm(record);
     m_shell.updateCounts();
+    if (!complete)
+        return;
     m_shell.savedSbar();
     m_shell.showMessage(tr("Update of ") + shown + tr(" is complete."));
 }

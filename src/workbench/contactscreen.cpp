@@ -1,30 +1,16 @@
 #include "workbench/contactscreen.h"
 
-#include "base/fieldtext.h"
 #include "base/text.h"
 #include "store/gateway/datajw.h"
+#include "store/record/recordkey.h"
 #include "workbench/addressentry.h"
-#include "workbench/fieldleaving.h"
-#include "workbench/recordkey.h"
 #include "workbench/shell.h"
 
 #include <QLocale>
 
-#include <algorithm>
-
 using namespace Qt::StringLiterals;
 
 namespace {
-
-// The flags stand in two columns, a character for each box in the order of the boxes' numbers.
-constexpr int firstFlag = 1;
-constexpr int firstMedium = 10;
-constexpr int lastMedium = 17;
-
-QString box(int number)
-{
-    return u"chk" + QString::number(number);
-}
 
 std::vector<FieldRow> contactForm()
 {
@@ -37,19 +23,15 @@ std::vector<FieldRow> contactForm()
         {u"txtReportsTo"_s, u"ReportsTo"_s, SaveOn::Leave},
         {u"txtBestTimes"_s, u"ContactTime"_s, SaveOn::Leave},
         {u"txtDTPicker1"_s, {}, SaveOn::Never}, // only a history writes LastContact
-        {u"sldrQuality"_s, u"ContactLevel"_s, SaveOn::Change},
-        {u"sldrInfluence"_s, u"ContactLevel"_s, SaveOn::Change},
+        {u"sldrQuality"_s, u"ContactLevel"_s, SaveOn::Change, FieldKind::Digit},
+        {u"sldrInfluence"_s, u"ContactLevel"_s, SaveOn::Change, FieldKind::Digit},
     };
-    for (int number = firstFlag; number <= lastMedium; ++number)
-        rows.push_back({box(number), number < firstMedium ? u"HiringMgr"_s : u"BestMedium"_s, SaveOn::Leave});
+    for (int number = 1; number <= 17; ++number)
+        rows.push_back({u"chk"_s + QString::number(number), number < 10 ? u"HiringMgr"_s : u"BestMedium"_s,
+                        SaveOn::Leave, FieldKind::Tick});
     rows.push_back({u"txtContactNotes"_s, u"Notes"_s, SaveOn::Leave});
     rows.push_back({u"cmbDocsAvailable"_s, {}, SaveOn::Never});
     return rows;
-}
-
-bool isFlag(const QString& control)
-{
-    return control.startsWith(u"chk");
 }
 
 bool isRating(const QString& control)
@@ -60,9 +42,8 @@ bool isRating(const QString& control)
 } // namespace
 
 ContactScreen::ContactScreen(Shell& shell, const Form& companyForm)
-    : m_shell(shell)
+    : RecordScreen(shell, u"Contact"_s, u"contactkey"_s, contactForm())
     , m_companyForm(companyForm)
-    , m_form(contactForm())
 {
     m_others.add({}, tr("Contacts"), u"A0"_s, u"contact"_s);
     m_documents.add({}, tr("Documents"), u"D0"_s, u"document"_s);
@@ -70,11 +51,6 @@ ContactScreen::ContactScreen(Shell& shell, const Form& companyForm)
 }
 
 ContactScreen::~ContactScreen() = default;
-
-DataJW& ContactScreen::dataJW() const
-{
-    return m_shell.session().dataJW();
-}
 
 QString ContactScreen::company() const
 {
@@ -97,11 +73,16 @@ void ContactScreen::load()
 {
     clearContactForm();
     loadContactList();
+    listDocuments();
+    m_shell.selectCategory();
+}
+
+void ContactScreen::listDocuments()
+{
     QStringList documents;
     for (const Dox& document : dataJW().loadDox())
         documents.append(document.docName);
     m_form.setItems(u"cmbDocsAvailable"_s, documents);
-    m_shell.selectCategory();
 }
 
 void ContactScreen::loadContactList()
@@ -132,6 +113,9 @@ void ContactScreen::companyChosen()
 {
     clearContactForm();
     loadContactList();
+    // Opened before any company was chosen, the screen has not read them yet.
+    if (m_form.items(u"cmbDocsAvailable"_s).isEmpty())
+        listDocuments();
 }
 
 void ContactScreen::newRecord()
@@ -181,36 +165,40 @@ QString ContactScreen::recordName() const
 
 bool ContactScreen::hasMoreToSave() const
 {
-    return m_cutShort || m_others.texts(m_others.index(0, 0)) != m_storedOthers ||
+    return m_others.texts(m_others.index(0, 0)) != m_storedOthers ||
            m_documents.texts(m_documents.index(0, 0)) != m_storedDocuments;
 }
 
-bool ContactScreen::mayLeave()
+bool ContactScreen::showsStored() const
 {
-    if (!fieldleaving::mayLeave(m_shell.session(), m_form,
-                                {.name = recordName(),
-                                 .isStored = !text::isUnsaved(contactShown()) && !m_cutShort,
-                                 .hasMore = hasMoreToSave(),
-                                 .leave = [this](const QString& control) { fieldLeft(control); },
-                                 .save = [this] { return cmdUpdateContact1(); }}))
-        return false;
-    m_cutShort = false;
-    m_storedOthers = m_others.texts(m_others.index(0, 0));
-    m_storedDocuments = m_documents.texts(m_documents.index(0, 0));
-    labelRatings(!text::isUnsaved(contactShown()));
-    return true;
+    return !text::isUnsaved(contactShown());
 }
 
-void ContactScreen::cmbContactsClick(const QString& name)
+void ContactScreen::afterLeaving()
 {
+    m_storedOthers = m_others.texts(m_others.index(0, 0));
+    m_storedDocuments = m_documents.texts(m_documents.index(0, 0));
+    labelRatings(showsStored());
+}
+
+void ContactScreen::cmbContactsClick(const QString& chosen)
+{
+    const QString before = m_form.cleanText(u"cmbContacts"_s);
     if (!mayLeave())
         return;
+    // The record on the screen may have been saved under another name on the way.
+    const QString name = chosen == before ? m_form.cleanText(u"cmbContacts"_s) : chosen;
     m_form.setText(u"cmbContacts"_s, name);
     if (text::isUnsaved(name)) {
         clearContactForm();
         m_form.requestFocus(u"txtFirst"_s);
         return;
     }
+    if (const auto namesakes = m_form.items(u"cmbContacts"_s).count(name); namesakes > 1)
+        m_shell.showMessage(
+            tr("%1 contacts of this company are called \"%2\". The one that was stored last is shown.")
+                .arg(namesakes)
+                .arg(name));
     show(findContact(name, company()));
 }
 
@@ -229,12 +217,16 @@ void ContactScreen::show(Key key)
         return;
     }
     fillContactForm(record);
-    reselect(key);
+    m_form.setText(u"cmbContacts"_s,
+                   QString(record.text(u"FirstName") + u' ' + record.text(u"LastName")).trimmed());
 }
 
 void ContactScreen::reselect(Key key)
 {
-    m_form.setText(u"cmbContacts"_s, dataJW().getContactByKey(key).trimmed());
+    // A name that could not be read would make a new contact of the one on the screen.
+    const QString before = contactShown();
+    const QString name = dataJW().getContactByKey(key).trimmed();
+    m_form.setText(u"cmbContacts"_s, name.isEmpty() ? before : name);
 }
 
 void ContactScreen::fillContactForm(const RecordSet& record)
@@ -243,21 +235,17 @@ void ContactScreen::fillContactForm(const RecordSet& record)
     session.trace(u"frmData - fillContactForm (Contact)"_s);
     m_shell.selection().currentContactKey =
         keyOrReport(session, record, u"ContactKey", u"frmData - fillContactForm (Contact)"_s);
+    m_replacement.showing(m_shell.selection().currentContactKey);
     m_addressKey = record.key(u"AddressKey").value_or(0);
-    m_cutShort = false;
-    for (const FieldRow& row : m_form.rows()) {
-        if (isFlag(row.control)) {
-            const int number = row.control.mid(3).toInt();
-            const int place = number - (number < firstMedium ? firstFlag : firstMedium);
-            m_form.setText(row.control, record.text(row.column).mid(place, 1));
-        } else if (!row.column.isEmpty() && !isRating(row.control)) {
-            m_form.setText(row.control, fieldtext::toShown(record.text(row.column)));
-        }
-    }
+    m_form.fill(record);
     showReached(record);
-    showRatings(record.key(u"ContactLevel").value_or(0));
+    labelRatings(true);
+    const ReadWatch watch(dataJW());
     showDocuments(record.text(u"DocumentList"));
     showOthers(record.text(u"ContactList"));
+    // A key whose row is gone is an ordinary thing; one whose row could not be read must not be left out.
+    if (watch.failed())
+        m_form.noteUnread();
     emit changed();
 }
 
@@ -276,14 +264,10 @@ void ContactScreen::showReached(const RecordSet& record)
 void ContactScreen::clearContactForm()
 {
     m_form.clear();
-    // As the boxes say it: one ticked and cleared again is no change.
-    for (int number = firstFlag; number <= lastMedium; ++number)
-        m_form.setText(box(number), u"0"_s);
+    m_replacement.forget();
     m_shell.selection().currentContactKey = 0;
     m_addressKey = 0;
-    m_cutShort = false;
     m_lastContact.clear();
-    showRatings(0);
     labelRatings(false);
     showOthers({});
     showDocuments({});
@@ -300,7 +284,6 @@ void ContactScreen::showOthers(const QString& keyList)
     const QModelIndex root = m_others.index(0, 0);
     m_others.setChildren(root, {}, {});
     for (const QString& key : m_shell.csvParse(keyList)) {
-        // A key in a list whose row is gone is an ordinary thing.
         const QString name = dataJW().getContactByKey(static_cast<Key>(key.toShort()));
         if (!name.trimmed().isEmpty())
             m_others.add(root, name, u'A' + key, u"contact"_s);
@@ -322,14 +305,6 @@ void ContactScreen::showDocuments(const QString& keyList)
 
 // --- Ratings ----------------------------------------------------------------------------------------------
 
-void ContactScreen::showRatings(int level)
-{
-    const int kept = std::clamp(level, 0, 99);
-    m_form.setText(u"sldrQuality"_s, QString::number(kept / 10));
-    m_form.setText(u"sldrInfluence"_s, QString::number(kept % 10));
-    labelRatings(true);
-}
-
 void ContactScreen::labelRatings(bool rated)
 {
     const auto label = [&](const QString& caption, const QString& slider) -> QString {
@@ -339,25 +314,7 @@ void ContactScreen::labelRatings(bool rated)
     m_form.setText(u"lblInfluence"_s, label(tr("Influence:"), u"sldrInfluence"_s));
 }
 
-QString ContactScreen::level() const
-{
-    return m_form.text(u"sldrQuality"_s) + m_form.text(u"sldrInfluence"_s);
-}
-
-QString ContactScreen::flags(int from, int to) const
-{
-    QString result;
-    for (int number = from; number <= to; ++number)
-        result += m_form.text(box(number)) == u"1" ? u'1' : u'0';
-    return result;
-}
-
 // --- Events of the fields ---------------------------------------------------------------------------------
-
-void ContactScreen::fieldKeyDown(const QString&)
-{
-    m_shell.setSbar(u"Contact"_s);
-}
 
 void ContactScreen::fieldChanged(const QString& control)
 {
@@ -367,60 +324,14 @@ void ContactScreen::fieldChanged(const QString& control)
     // A box or a slider changed with the mouse has had no key before.
     m_shell.setSbar(u"Contact"_s);
     m_shell.sbarVis();
-    if (isRating(control))
-        saveRatings();
-}
-
-bool ContactScreen::update(const QString& column, const QString& value)
-{
-    const Key key = keyShown();
-    if (key <= 0 || !dataJW().execQuery(u"Update Contact set " + column + u'=' + value +
-                                        u" where contactkey=" + QString::number(key)))
-        return false;
-    m_shell.savedSbar();
-    return true;
-}
-
-void ContactScreen::saveRatings()
-{
-    labelRatings(true);
-    if (text::isUnsaved(contactShown()) || !update(u"ContactLevel"_s, level()))
-        return;
-    for (const QString& slider : {u"sldrQuality"_s, u"sldrInfluence"_s})
-        m_form.markClean(slider);
-}
-
-void ContactScreen::saveFlags(const QString& control)
-{
-    const bool hiring = control.mid(3).toInt() < firstMedium;
-    const int from = hiring ? firstFlag : firstMedium;
-    const int to = hiring ? firstMedium - 1 : lastMedium;
-    if (!update(m_form.row(control)->column, u'\'' + flags(from, to) + u'\''))
-        return;
-    for (int number = from; number <= to; ++number)
-        m_form.markClean(box(number));
-}
-
-void ContactScreen::fieldLeft(const QString& control)
-{
-    const FieldRow* row = m_form.row(control);
-    // A text that was changed back leaves nothing to update.
-    if (!fieldleaving::hasUnsaved(m_form) && !hasMoreToSave())
-        m_shell.savedSbar();
-    if (!row || row->save == SaveOn::Never || !m_form.isDirty(control) || text::isUnsaved(contactShown()))
-        return;
     if (isRating(control)) {
-        saveRatings();
-        return;
+        labelRatings(true);
+        fieldLeft(control);
     }
-    if (isFlag(control)) {
-        saveFlags(control);
-        return;
-    }
-    // What was not written stays marked as changed, and the next leaving of the field tries again.
-    if (!update(row->column, fieldtext::quoted(m_form.text(control))))
-        return;
-    m_form.markClean(control);
+}
+
+void ContactScreen::fieldSaved(const QString& control)
+{
     if (control != u"txtFirst" && control != u"txtLast")
         return;
     // The boxes that find people by name must know the new one.

@@ -1,24 +1,20 @@
 // The Contact screen: one person of the network.
 #pragma once
 
-#include "base/form.h"
 #include "base/treemodel.h"
 #include "store/gateway/recordset.h"
+#include "workbench/recordscreen.h"
 
-#include <QObject>
 #include <QPersistentModelIndex>
 
 #include <memory>
 #include <optional>
-#include <vector>
 
-class DataJW;
-class Shell;
 struct ContactName;
 
 /// Shows, saves, removes and reassigns a contact of the selected company or category, and keeps the contacts
 /// and documents assigned to it.
-class ContactScreen : public QObject
+class ContactScreen : public RecordScreen
 {
     Q_OBJECT
 
@@ -27,7 +23,6 @@ public:
     ContactScreen(Shell& shell, const Form& companyForm);
     ~ContactScreen() override;
 
-    [[nodiscard]] Form& form() { return m_form; }
     /// Each has one root, below it a node for each contact or document: "A" or "D" and the key at the time of
     /// filling.
     [[nodiscard]] TreeModel& tvwOtherContact() { return m_others; }
@@ -47,18 +42,15 @@ public:
     void newRecord();
     /// Shows a contact of the selected company by "First Last".
     void showContact(const QString& name);
+    /// The same by its key; the company is that of the contact.
+    void show(Key key);
     /// An entry of cmbContacts was chosen.
-    void cmbContactsClick(const QString& name);
+    void cmbContactsClick(const QString& chosen);
     /// The node of a tree that the next removal is about; an invalid index for none.
     void selectOther(const QModelIndex& index) { m_selectedOther = index; }
     void selectDocument(const QModelIndex& index) { m_selectedDocument = index; }
 
-    // --- Events of the fields, called by the binder -------------------------------------------------------
-    void fieldKeyDown(const QString& control);
-    void fieldChanged(const QString& control);
-    void fieldLeft(const QString& control);
-    /// Before the form takes another record: false when the user stays with what is not in the store yet.
-    bool mayLeave();
+    void fieldChanged(const QString& control) override;
 
 public slots:
     bool cmdUpdateContact1(); ///< true when all of it is stored
@@ -75,41 +67,39 @@ public slots:
     void tvwDocumentDblClick(const QModelIndex& index);
 
 signals:
-    void changed();
     /// What otherContactNames() answers is new.
     void otherContactsChanged();
     /// A contact and all that pointed to it have gone out of the store.
     void removed();
 
+protected:
+    Key rowOfFields() override { return keyShown(); }
+    void fieldSaved(const QString& control) override;
+    [[nodiscard]] QString recordName() const override;
+    [[nodiscard]] bool showsStored() const override;
+    [[nodiscard]] bool hasMoreToSave() const override;
+    bool save() override { return cmdUpdateContact1(); }
+    void afterLeaving() override;
+
 private:
-    [[nodiscard]] DataJW& dataJW() const;
     [[nodiscard]] QString company() const;
     [[nodiscard]] QString contactShown() const;
+    void listDocuments();
     [[nodiscard]] Key findContact(const QString& name, const QString& company) const;
     [[nodiscard]] Key keyShown() const;
-    void show(Key key);
     void showReached(const RecordSet& record);
-    void showRatings(int level);
     void labelRatings(bool rated);
     void showOthers(const QString& keyList);
     void showDocuments(const QString& keyList);
-    bool update(const QString& column, const QString& value);
-    void saveFlags(const QString& control);
-    void saveRatings();
     void reselect(Key key);
-    [[nodiscard]] QString recordName() const;
-    [[nodiscard]] bool hasMoreToSave() const;
 
     [[nodiscard]] bool mayBeSaved(const ContactName& name);
-    [[nodiscard]] QString flags(int from, int to) const;
-    [[nodiscard]] QString level() const;
     [[nodiscard]] QString otherKeys() const;
     [[nodiscard]] QString documentKeys() const;
     [[nodiscard]] Key otherKey(const QModelIndex& node) const;
-    bool giveAddress(bool isNew, Key& addressKey);
-    [[nodiscard]] QString values(const ContactName& name, Key addressKey, Key companyKey) const;
-    void moveReferences(Key newKey, const std::vector<Key>& oldKeys);
-    void showAfterSave(Key newKey, const ContactName& name);
+    [[nodiscard]] QString insertStatement(const ContactName& name, bool isNew, Key companyKey);
+    void moveReferences(Key newKey, Key oldKey);
+    void showAfterSave(const ContactName& name, bool complete);
     bool removeRecords(Key key);
 
     [[nodiscard]] bool writeStep(const QString& step);
@@ -117,9 +107,7 @@ private:
     bool cutFromList(const QString& column, const QString& written, Key cut);
     void saveIfAutomatic();
 
-    Shell& m_shell;
     const Form& m_companyForm;
-    Form m_form;
     TreeModel m_others;
     TreeModel m_documents;
     QStringList m_storedOthers; ///< the names in the two trees as the store has them
@@ -130,5 +118,4 @@ private:
     QString m_otherCompany;                  ///< whose contacts they are, empty for all
     Key m_addressKey = 0;                    ///< of the contact shown
     QString m_lastContact;                   ///< as stored, behind what txtDTPicker1 shows
-    bool m_cutShort = false;                 ///< the last save left a part of what is shown out of the store
 };

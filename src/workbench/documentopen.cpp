@@ -102,7 +102,7 @@ void DocumentScreen::takeFile(const QString& path)
     m_form.setText(u"txtPath"_s, file.absoluteFilePath());
     const QDate made = creationDate(file);
     if (made.isValid() && !m_form.isDirty(u"dtpEntry"_s))
-        m_form.setText(u"dtpEntry"_s, made.toString(Qt::ISODate));
+        m_form.setDate(u"dtpEntry"_s, made);
     emit changed();
 }
 

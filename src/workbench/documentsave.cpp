@@ -25,17 +25,16 @@ qsizetype lengthOf(const Dox& dox)
 }
 
 /// The Insert of one document, its values in the order of the columns behind the key, which the store gives.
-QString insertStatement(const QStringList& fields, const Dox& dox)
+QString insertStatement(const QStringList& columns, const Dox& dox)
 {
     // A document without a date keeps none.
     const QString date = dox.dateEntry.isValid() ? dates::mdyyyy(dox.dateEntry) : QString();
-    const QStringList values{
-        fieldtext::quoted(dox.docName),  fieldtext::quoted(dox.version),
-        fieldtext::quoted(dox.Target),   fieldtext::quoted(QString::number(dox.sentCount)),
-        fieldtext::quoted(date),         fieldtext::quoted(dox.style),
-        fieldtext::quoted(dox.docNotes), fieldtext::quoted(dox.docPath),
-        fieldtext::quoted(dox.docType)};
-    return u"INSERT INTO Document ( " + fields.mid(1).join(u',') + u" ) VALUES (" + values.join(u',') + u");";
+    const QStringList values{dox.docName, dox.version, dox.Target,   QString::number(dox.sentCount),
+                             date,        dox.style,   dox.docNotes, dox.docPath,
+                             dox.docType};
+    return recordcolumns::insert(u"Document"_s, columns, [&](const QString& column) {
+        return fieldtext::quoted(values.value(columns.indexOf(column)));
+    });
 }
 
 } // namespace
@@ -45,7 +44,7 @@ QString insertStatement(const QStringList& fields, const Dox& dox)
 QString DocumentScreen::defaultName() const
 {
     const DocumentType* type = findDocumentType(m_shell.selection().selectedDocType);
-    const QDate date = QDate::fromString(m_form.text(u"dtpEntry"_s), Qt::ISODate);
+    const QDate date = m_form.date(u"dtpEntry"_s);
     return (type ? type->tag : documentTypes.front().tag).toString() + date.toString(u"yyyyMMdd"_s) + u".jwd";
 }
 
@@ -165,15 +164,15 @@ bool DocumentScreen::updateDocumentList()
     std::vector<std::vector<Key>> keys;
     for (const Dox& dox : m_documents)
         keys.push_back(oldKeys(dox));
-    const QStringList fields = dataJW.getFields(u"Document"_s);
+    const QStringList columns = recordcolumns::of(dataJW, u"Document"_s);
     const std::optional<QSet<Key>> held = keysAtContacts();
     // Up to here nothing is gone, and without these nothing could come back: the table stays as it is.
-    if (fields.isEmpty() || !held || !dataJW.delDox()) {
+    if (columns.isEmpty() || !held || !dataJW.delDox()) {
         action.commit();
         return false;
     }
     for (const Dox& dox : m_documents)
-        dataJW.execQuery(insertStatement(fields, dox));
+        dataJW.execQuery(insertStatement(columns, dox));
     for (size_t i = 0; i < m_documents.size(); ++i)
         moveReferences(m_documents[i], keys[i], *held);
     return action.commit();

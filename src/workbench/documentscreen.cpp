@@ -4,10 +4,10 @@
 #include "base/text.h"
 #include "store/gateway/datajw.h"
 #include "workbench/documenttypes.h"
-#include "workbench/fieldleaving.h"
 #include "workbench/shell.h"
 
 #include <algorithm>
+#include <array>
 
 using namespace Qt::StringLiterals;
 
@@ -15,39 +15,42 @@ namespace {
 
 constexpr int styleBoxes = 12;
 
-QString styleBox(int index)
-{
-    return u"chkStyle"_s + QString::number(index);
-}
-
 std::vector<FieldRow> documentForm()
 {
     std::vector<FieldRow> rows{
         {u"txtFileName"_s, u"Document"_s, SaveOn::Never}, // a document is found by its name: it keeps it
-        {u"txtPath"_s, u"Path"_s, SaveOn::Record},        {u"txtVersion"_s, u"Version"_s, SaveOn::Leave},
-        {u"txtTarget"_s, u"Target"_s, SaveOn::Leave},     {u"dtpEntry"_s, u"CreationDate"_s, SaveOn::Record},
+        {u"txtPath"_s, u"Path"_s, SaveOn::Record},
+        {u"txtVersion"_s, u"Version"_s, SaveOn::Leave},
+        {u"txtTarget"_s, u"Target"_s, SaveOn::Leave},
         {u"txtDocNotes"_s, u"Notes"_s, SaveOn::Leave},
+        {u"dtpEntry"_s, u"CreationDate"_s, SaveOn::Record, FieldKind::Date},
     };
     for (const DocumentType& type : documentTypes)
-        rows.push_back({type.control.toString(), u"Type"_s, SaveOn::Change});
+        rows.push_back(
+            {type.control.toString(), u"Type"_s, SaveOn::Change, FieldKind::Choice, type.value.toString()});
     for (int box = 0; box < styleBoxes; ++box)
-        rows.push_back({styleBox(box), u"Style"_s, SaveOn::Change});
+        rows.push_back({u"chkStyle"_s + QString::number(box), u"Style"_s, SaveOn::Change, FieldKind::Tick});
     return rows;
 }
 
-/// Where a document in memory keeps what is saved on leaving a field.
-QString& savedText(Dox& dox, const QString& control)
+/// Where a document in memory keeps the text of a column that the form shows.
+struct DoxText
 {
-    if (control == u"txtVersion")
-        return dox.version;
-    return control == u"txtTarget" ? dox.Target : dox.docNotes;
-}
+    QStringView column;
+    QString Dox::*text;
+};
+constexpr std::array<DoxText, 7> doxTexts{{{u"Document", &Dox::docName},
+                                           {u"Path", &Dox::docPath},
+                                           {u"Version", &Dox::version},
+                                           {u"Target", &Dox::Target},
+                                           {u"Notes", &Dox::docNotes},
+                                           {u"Style", &Dox::style},
+                                           {u"Type", &Dox::docType}}};
 
 } // namespace
 
 DocumentScreen::DocumentScreen(Shell& shell)
-    : m_shell(shell)
-    , m_form(documentForm())
+    : RecordScreen(shell, u"Document"_s, u"ResumeKey"_s, documentForm())
 {
     m_contacts.add({}, tr("Contacts"), u"A0"_s, u"contact"_s);
     resetTree();
@@ -146,24 +149,16 @@ void DocumentScreen::clearDocumentForm()
 {
     m_selected = -1;
     m_form.clear();
-    m_form.setText(u"dtpEntry"_s, m_shell.session().today().toString(Qt::ISODate));
+    m_form.setDate(u"dtpEntry"_s, m_shell.session().today());
     m_contacts.setChildren(m_contacts.index(0, 0), {}, {});
     emit changed();
 }
 
 void DocumentScreen::showDox(const Dox& dox)
 {
-    m_form.setText(u"txtFileName"_s, dox.docName);
-    m_form.setText(u"txtPath"_s, dox.docPath);
-    m_form.setText(u"txtVersion"_s, dox.version);
-    m_form.setText(u"txtTarget"_s, dox.Target);
-    m_form.setText(u"txtDocNotes"_s, fieldtext::toShown(dox.docNotes));
-    const QDate entered = dox.dateEntry.isValid() ? dox.dateEntry : dates::missing;
-    m_form.setText(u"dtpEntry"_s, entered.toString(Qt::ISODate));
-    if (const DocumentType* type = findDocumentType(dox.docType))
-        m_form.setText(type->control.toString(), u"1"_s);
-    for (int box = 0; box < styleBoxes; ++box)
-        m_form.setText(styleBox(box), dox.style.mid(box, 1) == u"1" ? u"1"_s : u"0"_s);
+    for (const auto& [column, text] : doxTexts)
+        m_form.showColumn(column.toString(), dox.*text);
+    m_form.setDate(u"dtpEntry"_s, dox.dateEntry.isValid() ? dox.dateEntry : dates::missing);
 }
 
 void DocumentScreen::fillContactsSent(const QString& name)
@@ -186,107 +181,63 @@ void DocumentScreen::lstContactsSentDblClick(const QModelIndex& index)
 {
     if (!index.parent().isValid())
         return;
-    DataJW& dataJW = m_shell.session().dataJW();
-    const RecordSet person = dataJW.getContactDataByKey(m_sentTo[static_cast<size_t>(index.row())]);
-    const QString name = m_contacts.text(index);
-    const QString company = dataJW.getCompanyNameByKey(person.key(u"CompanyKey").value_or(0));
-    if (company.isEmpty()) {
-        m_shell.showMessage(tr("%1 belongs to a company that is no longer in the database.").arg(name));
-        return;
-    }
-    if (!mayLeave())
-        return;
-    if (company != m_shell.selection().selectedCompanyName())
-        m_shell.cmbSelectionClick(company);
-    m_shell.showOn(u"Contact"_s, name);
-}
-
-QString DocumentScreen::styleText() const
-{
-    QString style;
-    for (int box = 0; box < styleBoxes; ++box)
-        style += m_form.text(styleBox(box)) == u"1" ? u'1' : u'0';
-    return style;
+    m_shell.showContact(m_sentTo[static_cast<size_t>(index.row())]);
 }
 
 Dox DocumentScreen::fromControls(Dox dox) const
 {
-    dox.docName = fieldtext::toStored(m_form.text(u"txtFileName"_s));
-    dox.docPath = fieldtext::toStored(m_form.text(u"txtPath"_s));
-    dox.version = fieldtext::toStored(m_form.text(u"txtVersion"_s));
-    dox.Target = fieldtext::toStored(m_form.text(u"txtTarget"_s));
-    dox.docNotes = fieldtext::toStored(m_form.text(u"txtDocNotes"_s));
-    const QDate entered = QDate::fromString(m_form.text(u"dtpEntry"_s), Qt::ISODate);
+    for (const auto& [column, text] : doxTexts) {
+        // A type that no option stands for is kept.
+        if (const QString shown = m_form.columnText(column.toString()); column != u"Type" || !shown.isEmpty())
+            dox.*text = shown;
+    }
+    const QDate entered = m_form.date(u"dtpEntry"_s);
     // The stand-in for a missing date is only shown.
     if (dox.dateEntry.isValid() || entered != dates::missing)
         dox.dateEntry = entered;
-    dox.style = styleText();
-    for (const DocumentType& type : documentTypes) {
-        if (m_form.text(type.control.toString()) == u"1")
-            dox.docType = type.value.toString();
-    }
     return dox;
 }
 
 // --- Events of the fields ---------------------------------------------------------------------------------
-
-void DocumentScreen::fieldKeyDown(const QString&)
-{
-    m_shell.setSbar(u"Document"_s);
-}
 
 void DocumentScreen::fieldChanged(const QString& control)
 {
     const FieldRow* row = m_form.row(control);
     if (!row)
         return;
-    if (row->save != SaveOn::Change)
+    if (row->save != SaveOn::Change) {
         m_shell.sbarVis();
-    else if (row->column == u"Style")
-        styleClicked();
-    else if (m_form.text(control) == u"1") // the option that another one has put out says nothing
-        typeClicked(control);
+        return;
+    }
+    // The option that another one has put out says nothing.
+    if (row->kind != FieldKind::Choice || m_form.isOn(control)) {
+        if (const DocumentType* type = findDocumentType(control))
+            m_shell.selection().selectedDocType = type->word.toString();
+        m_shell.setSbar(u"Document"_s);
+        if (m_form.saveField(control, rowOfFields()))
+            fieldSaved(control);
+    }
     // A click has been acted on, and waits for nothing: the next new document has the type clicked last too.
-    if (row->save == SaveOn::Change)
-        m_form.markClean(control);
+    m_form.markColumnClean(row->column);
 }
 
-void DocumentScreen::typeClicked(const QString& control)
+Key DocumentScreen::rowOfFields()
 {
-    const DocumentType* type = findDocumentType(control);
-    m_shell.selection().selectedDocType = type->word.toString();
-    m_shell.setSbar(u"Document"_s);
-    if (!updateColumn(u"Type"_s, type->value.toString()))
+    // By its name: each writing of the list gives the row a new key.
+    const Dox* dox = selectedDocument();
+    return dox ? dataJW().getDocumentKey(text::quoteFix(dox->docName)) : Key(0);
+}
+
+void DocumentScreen::fieldSaved(const QString& control)
+{
+    const QString& column = m_form.row(control)->column;
+    const auto* const kept =
+        std::ranges::find(doxTexts, column, [](const DoxText& each) { return each.column; });
+    m_documents[static_cast<size_t>(m_selected)].*(kept->text) = m_form.columnText(column);
+    if (column != u"Type")
         return;
-    m_documents[static_cast<size_t>(m_selected)].docType = type->value.toString();
     fillTree();
     emit changed();
-}
-
-void DocumentScreen::styleClicked()
-{
-    m_shell.setSbar(u"Document"_s);
-    const QString style = styleText();
-    if (updateColumn(u"Style"_s, style))
-        m_documents[static_cast<size_t>(m_selected)].style = style;
-}
-
-void DocumentScreen::fieldLeft(const QString& control)
-{
-    const FieldRow* row = m_form.row(control);
-    // A text that was changed back leaves nothing to update.
-    if (!fieldleaving::hasUnsaved(m_form))
-        m_shell.savedSbar();
-    // A field that holds what is stored has nothing to write.
-    if (!row || row->save != SaveOn::Leave || !m_form.isDirty(control))
-        return;
-    const QString value = fieldtext::toStored(m_form.text(control));
-    // What was not written stays marked as changed, and the next leaving of the field tries again.
-    if (!updateColumn(row->column, value))
-        return;
-    savedText(m_documents[static_cast<size_t>(m_selected)], control) = value;
-    m_form.markClean(control);
-    m_shell.savedSbar();
 }
 
 QString DocumentScreen::recordName() const
@@ -295,27 +246,4 @@ QString DocumentScreen::recordName() const
         return tr("the document \"%1\"").arg(dox->docName);
     const QString file = m_form.text(u"txtFileName"_s);
     return file.isEmpty() ? tr("the new document") : tr("the new document \"%1\"").arg(file);
-}
-
-bool DocumentScreen::mayLeave()
-{
-    return fieldleaving::mayLeave(
-        m_shell.session(), m_form,
-        {.name = recordName(),
-         .isStored = selectedDocument() != nullptr,
-         .hasMore = false,
-         .leave = [this](const QString& control) { fieldLeft(control); },
-         .save = [this] { return selectedDocument() ? cmdUpdateDoc1() : cmdAddDoc1(); }});
-}
-
-bool DocumentScreen::updateColumn(const QString& column, const QString& value)
-{
-    const Dox* dox = selectedDocument();
-    if (!dox)
-        return false;
-    DataJW& dataJW = m_shell.session().dataJW();
-    // By its name: each writing of the list gives the row a new key.
-    const Key key = dataJW.getDocumentKey(text::quoteFix(dox->docName));
-    return key > 0 && dataJW.execQuery(u"Update Document set " + column + u"='" + value +
-                                       u"' where ResumeKey=" + QString::number(key));
 }

@@ -1,21 +1,18 @@
 // The Document screen: the repository of files given to contacts.
 #pragma once
 
-#include "base/form.h"
 #include "base/treemodel.h"
 #include "store/gateway/records.h"
+#include "workbench/recordscreen.h"
 
-#include <QObject>
 #include <QSet>
 
 #include <optional>
 #include <vector>
 
-class Shell;
-
 /// Lists the documents by type, keeps what is known of each, and opens them in their viewers. It knows the
 /// files by their paths only: no operation writes, moves or deletes one.
-class DocumentScreen : public QObject
+class DocumentScreen : public RecordScreen
 {
     Q_OBJECT
 
@@ -23,7 +20,6 @@ public:
     explicit DocumentScreen(Shell& shell);
     ~DocumentScreen() override;
 
-    [[nodiscard]] Form& form() { return m_form; }
     /// Root "Documents", key "A0"; below it a node for each document, keys "A1", "A2" and on, kind its type's
     /// word.
     [[nodiscard]] TreeModel& tvwDocs() { return m_tree; }
@@ -49,12 +45,7 @@ public:
     /// new keys. False when the store is as it was before, which has been said then.
     bool updateDocumentList();
 
-    // --- Events of the fields, called by the binder -------------------------------------------------------
-    void fieldKeyDown(const QString& control);
-    void fieldChanged(const QString& control);
-    void fieldLeft(const QString& control);
-    /// Before the form takes another document: false when the user stays with what is not in the store yet.
-    bool mayLeave();
+    void fieldChanged(const QString& control) override;
 
 public slots:
     void cmdLoadDocument();
@@ -65,20 +56,18 @@ public slots:
     void tvwDocsClick(const QModelIndex& index);
     void lstContactsSentDblClick(const QModelIndex& index);
 
-signals:
-    void changed();
+protected:
+    Key rowOfFields() override;
+    void fieldSaved(const QString& control) override;
+    [[nodiscard]] QString recordName() const override;
+    [[nodiscard]] bool showsStored() const override { return selectedDocument() != nullptr; }
+    bool save() override { return showsStored() ? cmdUpdateDoc1() : cmdAddDoc1(); }
 
 private:
     void fillTree();
     void select(int row);
     void showDox(const Dox& dox);
     void fillContactsSent(const QString& name);
-    [[nodiscard]] QString styleText() const;
-    void typeClicked(const QString& control);
-    void styleClicked();
-    /// One column of the selected document's row; false when nothing was written.
-    bool updateColumn(const QString& column, const QString& value);
-    [[nodiscard]] QString recordName() const;
     void chooseFile();
     void takeFile(const QString& path);
     [[nodiscard]] int rowOf(const QString& name) const;
@@ -89,8 +78,6 @@ private:
     void moveReferences(Dox& dox, const std::vector<Key>& oldKeys, const QSet<Key>& held);
     void openWith(const QString& viewerRow, const QString& path);
 
-    Shell& m_shell;
-    Form m_form;
     TreeModel m_tree;
     TreeModel m_contacts;
     std::vector<Dox> m_documents; ///< in the order of the tree; texts as the store holds them

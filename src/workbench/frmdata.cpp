@@ -191,16 +191,19 @@ void FrmData::selectCategory()
     emit changed();
 }
 
-void FrmData::cmbSelectionClick(const QString& text)
+void FrmData::cmbSelectionClick(const QString& chosen)
 {
+    const QString before = m_selection.selectedCompanyName();
     // A category has no positions, and a company that does not exist yet can be entered on its own screen
     // only.
-    const bool toCompanyScreen = (text::isCategory(text) && m_form.isVisible(u"frmePosition"_s)) ||
-                                 (text == text::newEntry && !m_form.isVisible(u"frmeCompany"_s));
+    const bool toCompanyScreen = (text::isCategory(chosen) && m_form.isVisible(u"frmePosition"_s)) ||
+                                 (chosen == text::newEntry && !m_form.isVisible(u"frmeCompany"_s));
     if (toCompanyScreen ? !mayLeave() : !mayLeaveCompany()) {
         m_form.setText(u"cmbSelection"_s, m_selection.selectedCompanyName());
         return;
     }
+    // The record on the screen may have been saved under another name on the way.
+    const QString text = chosen == before ? m_selection.selectedCompanyName() : chosen;
     clearPipeBoxes();
     setSelection(text);
     selectCategory();
@@ -216,6 +219,16 @@ void FrmData::cmbSelectionClick(const QString& text)
         m_contact->companyChosen();
     else if (screen == u"Pipeline")
         m_pipeline->companyChosen(text);
+}
+
+void FrmData::chooseCompany(const QString& name)
+{
+    // A new contact begins with the address on the Company screen, which has to be that of its own company.
+    if (name == m_selection.selectedCompanyName() && m_selection.currentCompanyKey != 0)
+        return;
+    setSelection(name);
+    selectCategory();
+    m_company->loadCompanySelection(name);
 }
 
 void FrmData::startNewCompany()
@@ -234,6 +247,10 @@ void FrmData::clearPipeBoxes()
 
 void FrmData::stepsChanged()
 {
+    // The calendar may have made a position.
+    m_position->loadPositionList();
+    m_company->countsChanged();
+    updateCounts();
     m_position->stepsChanged();
     m_pipeline->stepsChanged();
 }

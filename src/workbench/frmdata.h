@@ -87,6 +87,8 @@ public:
     void clearStrip();
     [[nodiscard]] bool isOpen(const QString& screen) const override;
     bool showOn(const QString& screen, const QString& name) override;
+    bool showContact(Key key) override;
+    void chooseCompany(const QString& name) override;
     void clearPipeBoxes() override;
     /// Runs the whole list of start steps that a restore or another outside change calls for.
     void refresh();
@@ -106,7 +108,7 @@ public:
     void setSelection(const QString& name) override;
     void selectCategory() override;
     void loadCompanyList() override;
-    void cmbSelectionClick(const QString& text) override;
+    void cmbSelectionClick(const QString& chosen) override;
 
     // --- Tools --------------------------------------------------------------------------------------------
     /// A click on the toolbar button with this key, or on an entry of its drop-down ("company" ...
@@ -159,6 +161,8 @@ private:
     void showPipelineScreen();
     void showDocumentScreen();
     void setNewButton(const QString& toolTip, const QString& image);
+    /// Behind a restore: the keys at hand name other rows now, or none.
+    void forgetKeys();
     void readSettings();
     void startNewCompany();
     [[nodiscard]] bool mayLeaveCompany(); ///< as mayLeave(), with the document left as it is

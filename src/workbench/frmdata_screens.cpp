@@ -65,6 +65,28 @@ bool FrmData::showOn(const QString& screen, const QString& name)
     return true;
 }
 
+bool FrmData::showContact(Key key)
+{
+    const RecordSet contact = m_session.dataJW().getContactDataByKey(key);
+    if (contact.isEmpty())
+        return false; // the gateway has said so
+    const QString company = m_session.dataJW().getCompanyNameByKey(contact.key(u"CompanyKey").value_or(0));
+    if (company.isEmpty()) {
+        showMessage(
+            tr("%1 belongs to a company that is no longer in the database.")
+                .arg(QString(contact.text(u"FirstName") + u' ' + contact.text(u"LastName")).trimmed()));
+        return false;
+    }
+    if (!mayLeave())
+        return false;
+    if (company.compare(m_selection.selectedCompanyName(), Qt::CaseInsensitive) != 0)
+        cmbSelectionClick(company);
+    if (!isOpen(u"Contact"_s) && !tabStrip1Click(u"Contact"_s))
+        return false;
+    m_contact->show(key);
+    return true;
+}
+
 void FrmData::setNewButton(const QString& toolTip, const QString& image)
 {
     m_newToolTip = toolTip;

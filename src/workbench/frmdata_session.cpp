@@ -95,6 +95,13 @@ void FrmData::activated()
     updateCounts();
 }
 
+void FrmData::forgetKeys()
+{
+    m_position->clearPositionForm();
+    m_contact->clearContactForm();
+    m_selection.currentCompanyKey = 0;
+}
+
 void FrmData::refresh()
 {
     showCompanyScreen();

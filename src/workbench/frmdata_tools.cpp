@@ -149,7 +149,9 @@ void FrmData::restoreACopy()
                 .arg(lines[chosen]),
             Buttons::YesNoDefaultNo, tr("Restore a copy")) != Answer::Yes)
         return;
-    if (restoreCopy(m_session, copies[static_cast<size_t>(chosen)].path))
+    const bool restored = restoreCopy(m_session, copies[static_cast<size_t>(chosen)].path);
+    forgetKeys();
+    if (restored)
         showMessage(tr("The database is again what it was then."));
     refresh();
 }
@@ -173,6 +175,7 @@ void FrmData::restoreData()
         emit importProgress(true);
         m_session.dataJW().importXML(path);
         emit importProgress(false);
+        forgetKeys();
         if (m_session.statusLine() == u"Import Complete")
             showMessage(tr("The database was restored from the file."));
     } else if (showMessage(tr("Would you like to overwrite your restore file with an updated version?"),

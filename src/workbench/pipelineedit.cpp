@@ -24,47 +24,33 @@ std::optional<int> indexOf(const QString& control, QStringView name)
     return isNumber && index >= 0 && index < PipelineSteps::count ? std::optional(index) : std::nullopt;
 }
 
-/// What each option of the offer status stores.
-struct Offer
-{
-    QStringView option;
-    QStringView status;
-};
-constexpr std::array offers{Offer{u"optProg1", u"On File"}, Offer{u"optProg2", u"Reject"},
-                            Offer{u"optProg3", u"Open"}};
-
 } // namespace
 
 // --- The controls' values ---------------------------------------------------------------------------------
 
 bool PipelineScreen::isTicked(int index) const
 {
-    return m_form.text(control(u"chkP"_s, index)) == u"1";
+    return m_form.isOn(control(u"chkP"_s, index));
 }
 
 QDate PipelineScreen::dateOf(int index) const
 {
-    return QDate::fromString(m_form.text(control(u"dtpProg"_s, index)), Qt::ISODate);
+    return m_form.date(control(u"dtpProg"_s, index));
 }
 
 void PipelineScreen::setTick(int index, bool on)
 {
-    setMark(control(u"chkP"_s, index), on);
+    m_form.setOn(control(u"chkP"_s, index), on);
 }
 
 void PipelineScreen::setDate(int index, QDate date)
 {
-    m_form.setText(control(u"dtpProg"_s, index), date.toString(Qt::ISODate));
+    m_form.setDate(control(u"dtpProg"_s, index), date);
 }
 
 void PipelineScreen::setMedium(int index, const QString& tag)
 {
     m_form.setText(control(u"Image1"_s, index), tag);
-}
-
-void PipelineScreen::setMark(const QString& control, bool on)
-{
-    m_form.setText(control, on ? u"1"_s : u"0"_s);
 }
 
 QString PipelineScreen::getNextStep() const
@@ -185,26 +171,14 @@ void PipelineScreen::showProgress()
 void PipelineScreen::optProgClick(const QString& option)
 {
     if (refuseWithoutPosition(tr("Please select a position to save from the company/position box."))) {
-        setMark(option, false);
+        m_form.setOn(option, false);
         return;
     }
-    for (const Offer& offer : offers) {
-        const bool chosen = offer.option == option;
-        setMark(offer.option.toString(), chosen);
-        if (chosen)
-            m_shell.session().dataJW().execQuery(u"Update position set OfferStatus='" + offer.status +
-                                                 u"' where positionkey=" +
-                                                 QString::number(m_shell.selection().currentPositionKey));
-    }
-}
-
-QString PipelineScreen::offerStatus() const
-{
-    for (const Offer& offer : offers) {
-        if (m_form.text(offer.option.toString()) == u"1")
-            return offer.status.toString();
-    }
-    return {};
+    m_form.edit(option, u"1"_s); // also a click on the option that is chosen already
+    m_shell.session().dataJW().execQuery(u"Update position set OfferStatus="_s +
+                                         m_form.columnValue(u"OfferStatus"_s) + u" where positionkey=" +
+                                         QString::number(m_shell.selection().currentPositionKey));
+    m_form.markColumnClean(u"OfferStatus"_s);
 }
 
 // --- The whole record -------------------------------------------------------------------------------------
@@ -234,8 +208,13 @@ void PipelineScreen::cmdUpdateTrack1()
     if (refuseWithoutPosition(tr("Please select a position to save from the company/position box.")))
         return;
     m_shell.session().trace(u"Update Pipeline"_s);
-    if (!m_positionForm.upPosx(stepValues(), offerStatus()))
+    if (!m_positionForm.upPosx(stepValues(), m_form.columnText(u"OfferStatus"_s)))
         return;
+    // A day that was laid out ready has been stored as a step done.
+    const RecordSet record =
+        m_shell.session().dataJW().getPositionByKey(m_shell.selection().currentPositionKey);
+    if (!record.isEmpty())
+        showRecord(record, record.text(u"Title"));
     m_shell.savedSbar();
     displayVisual();
 }
@@ -255,5 +234,5 @@ void PipelineScreen::imgOpenContact1()
         m_shell.showMessage(tr("No contacts found for this position"));
         return;
     }
-    m_shell.showOn(u"Contact"_s, name);
+    m_shell.showContact(key);
 }

@@ -3,14 +3,15 @@
 
 #include "base/text.h"
 #include "store/gateway/datajw.h"
+#include "store/record/recordkey.h"
 #include "workbench/positionform.h"
-#include "workbench/recordkey.h"
 #include "workbench/shell.h"
 
 #include <QHash>
 #include <QLocale>
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -27,12 +28,14 @@ std::vector<FieldRow> pipelineForm()
     for (int index = 0; index < PipelineSteps::count; ++index) {
         const QString number = QString::number(index);
         const QString column = PipelineSteps::getIndexTitle(index);
-        rows.push_back({u"chkP"_s + number, {}, SaveOn::Change});
-        rows.push_back({u"dtpProg"_s + number, column, SaveOn::Change});
+        rows.push_back({u"chkP"_s + number, {}, SaveOn::Change, FieldKind::Tick});
+        rows.push_back({u"dtpProg"_s + number, column, SaveOn::Change, FieldKind::Date});
         rows.push_back({u"Image1"_s + number, PipelineSteps::getIndexMediumTitle(index), SaveOn::Change});
     }
-    for (const auto& option : {u"optProg1"_s, u"optProg2"_s, u"optProg3"_s})
-        rows.push_back({option, u"OfferStatus"_s, SaveOn::Change});
+    for (const auto& [option, status] :
+         {std::pair(u"optProg1"_s, u"On File"_s), std::pair(u"optProg2"_s, u"Reject"_s),
+          std::pair(u"optProg3"_s, u"Open"_s)})
+        rows.push_back({option, u"OfferStatus"_s, SaveOn::Change, FieldKind::Choice, status});
     return rows;
 }
 
@@ -49,7 +52,19 @@ PipelineScreen::PipelineScreen(Shell& shell, PositionForm& positionForm)
     , m_form(pipelineForm())
 {
     clearPipeBoxes();
-    setMark(u"optProg1"_s, false);
+    m_form.setOn(u"optProg1"_s, false);
+    connect(&shell.session(), &Session::changed, this,
+            [this](const QSet<QString>& tables) { m_isStale = m_isStale || tables.contains(u"Company"_s); });
+}
+
+/// A company of the tree has been renamed or removed.
+bool PipelineScreen::hasGone()
+{
+    if (!std::exchange(m_isStale, false))
+        return false;
+    const QStringList names = m_shell.session().dataJW().getCompanyNames();
+    const QSet<QString> there(names.cbegin(), names.cend());
+    return !there.isEmpty() && !m_tree.areAllIn(there);
 }
 
 PipelineScreen::~PipelineScreen() = default;
@@ -63,7 +78,7 @@ void PipelineScreen::load()
     // Read once, as a long campaign takes its time. What is new in it waits for the refresh; what is gone is
     // taken out, as a node that leads nowhere is worse than one that is missing.
     const Key positions = m_shell.session().dataJW().getCount(u"Position"_s, true);
-    if (!m_tree.hasNodes() || positions < m_positionsRead)
+    if (!m_tree.hasNodes() || positions < m_positionsRead || hasGone())
         buildTree();
     if (m_shell.selection().currentPositionKey == 0 || !showCurrentPosition())
         showNothing();
@@ -99,6 +114,7 @@ bool PipelineScreen::showCurrentPosition()
 void PipelineScreen::buildTree()
 {
     m_tree.clear();
+    m_isStale = false;
     std::vector<PipelineTree::Company> companies = readCompanies();
     m_tree.fill(std::move(companies));
     m_shell.setSimpleText({});
@@ -183,8 +199,8 @@ void PipelineScreen::companyChosen(const QString& company)
     if (text::isUnsaved(company))
         return;
     const QModelIndex node = reveal(company, {});
-    showCompany(company);
-    emit nodeChosen(node, true);
+    if (showCompany(company))
+        emit nodeChosen(node, true);
 }
 
 void PipelineScreen::showNothing()
@@ -195,20 +211,24 @@ void PipelineScreen::showNothing()
     emit changed();
 }
 
-void PipelineScreen::showCompany(const QString& company)
+bool PipelineScreen::showCompany(const QString& company)
 {
     m_form.setText(u"txtCCompany"_s, company);
-    m_shell.setSelection(company);
-    // The screens that save go by this key; the one of the company before would move the record over there.
-    m_shell.selection().currentCompanyKey = m_shell.session().dataJW().getCompanyKey(text::quoteFix(company));
-    m_shell.selectCategory();
+    m_shell.chooseCompany(company);
     clearPipeBoxes();
     emit changed();
+    if (!m_shell.selection().selectedCompanyName().isEmpty() || company.isEmpty())
+        return true;
+    // Renamed or removed since the tree was built.
+    buildTree();
+    showNothing();
+    return false;
 }
 
 void PipelineScreen::showPosition(const QString& company, const QString& title)
 {
-    showCompany(company);
+    if (!showCompany(company))
+        return;
     // Whatever was current before is not what the fields show from here on.
     m_shell.selection().currentPositionKey = 0;
     if (title == text::newEntry) {
@@ -232,7 +252,7 @@ void PipelineScreen::showRecord(const RecordSet& record, const QString& title)
     const QDate entered = record.date(u"EntryDate");
     m_form.setText(u"txtExpiryDate"_s, PipelineSteps::isDone(expires) ? shownDate(expires) : tr("No Expiry"));
     m_form.setText(u"txtPosEntryDate"_s, entered.isValid() ? shownDate(entered) : QString());
-    showOffer(record.text(u"OfferStatus"));
+    m_form.showColumn(u"OfferStatus"_s, record.text(u"OfferStatus"));
     m_form.setText(u"txtNext"_s, getNextStep());
     emit changed();
 }
@@ -252,8 +272,8 @@ void PipelineScreen::clearPipeBoxes()
     }
     // "On File" keeps its mark until the next position brings its own status: it is the answer that stands
     // when nothing else has been heard.
-    setMark(u"optProg2"_s, false);
-    setMark(u"optProg3"_s, false);
+    m_form.setOn(u"optProg2"_s, false);
+    m_form.setOn(u"optProg3"_s, false);
     setPosition({});
     for (const auto& box : {u"txtNext"_s, u"txtExpiryDate"_s, u"txtPosEntryDate"_s})
         m_form.setText(box, {});
@@ -278,13 +298,15 @@ void PipelineScreen::fillProgForm(const RecordSet& record)
             // Research of the company is what everybody begins with, so its day is laid out ready.
             setDate(index, empty && index == 0 ? session.today() : dates::sentinel);
     }
-    showOffer(record.text(u"OfferStatus"));
+    m_form.showColumn(u"OfferStatus"_s, record.text(u"OfferStatus"));
 }
 
 void PipelineScreen::stepsChanged()
 {
-    if (!hasPosition())
+    if (!hasPosition()) {
+        displayVisual();
         return;
+    }
     const RecordSet record =
         m_shell.session().dataJW().getPositionByKey(m_shell.selection().currentPositionKey);
     if (record.isEmpty())
@@ -292,13 +314,6 @@ void PipelineScreen::stepsChanged()
     fillProgForm(record);
     showProgress();
     displayVisual();
-}
-
-void PipelineScreen::showOffer(const QString& status)
-{
-    setMark(u"optProg1"_s, status.compare(u"On File", Qt::CaseInsensitive) == 0);
-    setMark(u"optProg2"_s, status.compare(u"Reject", Qt::CaseInsensitive) == 0);
-    setMark(u"optProg3"_s, status.compare(u"Open", Qt::CaseInsensitive) == 0);
 }
 
 // --- Ways to other screens --------------------------------------------------------------------------------

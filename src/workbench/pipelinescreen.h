@@ -15,9 +15,9 @@ class PositionForm;
 class Shell;
 
 /// Builds the tree of companies and positions, shows and writes the steps of one position, and draws the bars
-/// of all. Its numbered controls (chkP0 to chkP10, dtpProg0 ..., Image10 ...) are in the form: "1" or "0", an
-/// ISO date, and the tag of the medium's picture. Operations with an index expect 0 to 10 for a step, 0 to 9
-/// for a bar.
+/// of all. Its numbered controls (chkP0 to chkP10, dtpProg0 ..., Image10 ...) are in the form: ticks, days,
+/// and the tags of the mediums' pictures. Operations with an index expect 0 to 10 for a step, 0 to 9 for a
+/// bar.
 class PipelineScreen : public QObject
 {
     Q_OBJECT
@@ -90,16 +90,16 @@ signals:
     void barChosen(const QString& company);
 
 private:
+    [[nodiscard]] bool hasGone();
     void buildTree();
     [[nodiscard]] std::vector<PipelineTree::Company> readCompanies();
     bool showCurrentPosition();
     /// The node of a position; a filter that hides it is taken away.
     QModelIndex reveal(const QString& company, const QString& title);
     void showNothing();
-    void showCompany(const QString& company);
+    bool showCompany(const QString& company); ///< false when it is no longer there
     void showPosition(const QString& company, const QString& title);
     void showRecord(const RecordSet& record, const QString& title);
-    void showOffer(const QString& status);
     void openPosition(const QString& company, const QString& title);
     void setPosition(const QString& title);
     void drawBar(Bar& bar, qint64 key);
@@ -110,18 +110,17 @@ private:
     void writeStep(int index);
     void showProgress();
     [[nodiscard]] QString stepValues() const;
-    [[nodiscard]] QString offerStatus() const;
     [[nodiscard]] QDate dateOf(int index) const;
     [[nodiscard]] bool isTicked(int index) const;
     void setTick(int index, bool on);
     void setDate(int index, QDate date);
     void setMedium(int index, const QString& tag);
-    void setMark(const QString& control, bool on);
 
     Shell& m_shell;
     PositionForm& m_positionForm;
     Form m_form;
     PipelineTree m_tree;
+    bool m_isStale = false;  ///< companies have changed since the tree was built
     int m_positionsRead = 0; ///< positions in the store when the tree was built
     std::array<Bar, barsAPage> m_bars;
     QString m_visualCaption;

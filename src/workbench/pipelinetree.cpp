@@ -79,6 +79,11 @@ const PipelineTree::Shown* PipelineTree::shownAt(const QModelIndex& index) const
     return row < m_shown.size() ? &m_shown[row] : nullptr;
 }
 
+bool PipelineTree::areAllIn(const QSet<QString>& names) const
+{
+    return std::ranges::all_of(m_companies, [&](const Company& each) { return names.contains(each.name); });
+}
+
 QModelIndex PipelineTree::findCompany(const QString& name) const
 {
     const auto found =

@@ -4,6 +4,7 @@
 #include "base/treemodel.h"
 
 #include <QAbstractItemModel>
+#include <QSet>
 #include <QStringList>
 
 #include <vector>
@@ -35,6 +36,8 @@ public:
     void setFilter(const QString& text);
     [[nodiscard]] const QString& filter() const { return m_filter; }
 
+    /// True when all of its companies, hidden ones too, are among @p names.
+    [[nodiscard]] bool areAllIn(const QSet<QString>& names) const;
     /// The company's node; invalid when there is none or the filter hides it.
     [[nodiscard]] QModelIndex findCompany(const QString& name) const;
     /// The same for a position of a company.

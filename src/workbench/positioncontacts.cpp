@@ -34,14 +34,17 @@ void PositionScreen::clearContacts()
 void PositionScreen::fillContacts(const QString& keyList)
 {
     clearContacts();
+    const ReadWatch watch(dataJW());
     const QModelIndex root = m_contacts.index(0, 0);
     for (const QString& item : m_shell.csvParse(keyList)) {
         const Key key = toKey(item.toInt()).value_or(0);
-        const QString name = m_shell.session().dataJW().getContactByKey(key).trimmed();
+        const QString name = dataJW().getContactByKey(key).trimmed();
         // A key whose contact has been removed points nowhere; it goes out of the list with the next save.
         if (!name.isEmpty())
             m_contacts.add(root, name, nodeKey(key), u"contact"_s);
     }
+    if (watch.failed())
+        m_form.noteUnread();
     m_storedContacts = m_contacts.texts(root);
 }
 
@@ -51,24 +54,24 @@ void PositionScreen::listAssignable()
     m_form.setText(u"cmbAssignContact"_s, {});
 }
 
+Key PositionScreen::contactAt(const QModelIndex& node)
+{
+    const Key key = contactOf(m_contacts.key(node));
+    if (dataJW().keyVerification(key, u"ContactKey"_s, u"Contact"_s))
+        return key;
+    // A contact that was saved since the list was shown has a new key under the same name.
+    const QString name = text::quoteFix(m_contacts.text(node));
+    const auto blank = name.indexOf(u' ');
+    const Key renewed = dataJW().getContactKey(name.left(blank), name.mid(blank + 1), companyName(), true);
+    return renewed > 0 ? renewed : key;
+}
+
 QString PositionScreen::contactList()
 {
-    DataJW& dataJW = m_shell.session().dataJW();
     const QModelIndex root = m_contacts.index(0, 0);
     QStringList keys;
-    for (int row = 0; row < m_contacts.rowCount(root); ++row) {
-        const QModelIndex node = m_contacts.index(row, 0, root);
-        Key key = contactOf(m_contacts.key(node));
-        // A contact that was saved since the list was shown has a new key under the same name.
-        if (!dataJW.keyVerification(key, u"ContactKey"_s, u"Contact"_s)) {
-            const QString name = text::quoteFix(m_contacts.text(node));
-            const auto blank = name.indexOf(u' ');
-            const Key renewed =
-                dataJW.getContactKey(name.left(blank), name.mid(blank + 1), companyName(), true);
-            key = renewed > 0 ? renewed : key;
-        }
-        keys.append(QString::number(key));
-    }
+    for (int row = 0; row < m_contacts.rowCount(root); ++row)
+        keys.append(QString::number(contactAt(m_contacts.index(row, 0, root))));
     return keys.join(u',');
 }
 
@@ -152,5 +155,5 @@ void PositionScreen::tvwContactsDblClick(const QModelIndex& index)
 {
     if (!index.parent().isValid())
         return;
-    m_shell.showOn(u"Contact"_s, m_contacts.text(index));
+    m_shell.showContact(contactAt(index));
 }

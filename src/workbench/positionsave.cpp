@@ -2,11 +2,9 @@
 #include "base/fieldtext.h"
 #include "base/text.h"
 #include "store/gateway/datajw.h"
-#include "store/gateway/recoveryinsert.h"
 #include "workbench/pipelinesteps.h"
 #include "workbench/positionscreen.h"
 #include "workbench/shell.h"
-#include "workbench/wholerecord.h"
 
 using namespace Qt::StringLiterals;
 
@@ -81,7 +79,7 @@ bool PositionScreen::mayBeSaved()
                 .arg(title));
         return false;
     }
-    return wholerecord::mayBeStored(m_shell.session(), m_form, {u"Position"_s});
+    return m_form.mayBeStored({u"Position"_s});
 }
 
 void PositionScreen::tellUnreadable()
@@ -95,122 +93,103 @@ bool PositionScreen::titleIsTaken()
     // Positions are found by title within their company: of two with the same one could be reached no more.
     const Key other = m_shell.session().dataJW().getPositionKey(text::quoteFix(m_form.text(u"txtPosTitle"_s)),
                                                                 companyName());
-    return other != 0 && other != m_shell.selection().currentPositionKey;
+    return other != 0 && other != m_shell.selection().currentPositionKey && !m_replacement.isWaiting(other);
 }
 
 bool PositionScreen::upPosx(const QString& stepValues, const QString& offerStatus)
 {
     m_shell.session().trace(u"frmData - upPosx (Position)"_s);
-    DataJW& dataJW = m_shell.session().dataJW();
-    Action action(dataJW);
-    const std::optional<Replacement> record = prepare(stepValues, offerStatus);
-    if (!record) {
-        tellUnreadable();
+    if (!m_form.mayBeStored({u"Position"_s}))
         return false;
-    }
-    const Key newKey = replaceRow(*record);
-    // Without its end on the disk the store is as it was, and what was typed stays in the form for another
-    // try.
-    if (!action.commit())
-        return false;
-    if (newKey > 0 && newKey != record->oldKey) {
-        showSaved(newKey);
-        return true;
-    }
-    if (newKey > 0) {
-        // The old row could not be deleted and hides the new one, which has its title. The form stays as
-        // typed, and the next save takes both away.
-        m_twin = dataJW.getLastKeyInTable(u"Position"_s, u"PositionKey"_s);
-        return false;
-    }
-    // The old row is gone and the new one did not get in. What only the old row knew is kept for the next
-    // try, and nobody else may act on a key without a row.
-    if (record->oldKey > 0)
-        m_lost = LostRow{record->oldKey, record->entryDate, stepValues, offerStatus};
-    m_shell.selection().currentPositionKey = 0;
-    return false;
-}
-
-std::optional<PositionScreen::Replacement> PositionScreen::prepare(const QString& stepValues,
-                                                                   const QString& offerStatus)
-{
-    Session& session = m_shell.session();
-    DataJW& dataJW = session.dataJW();
-    Replacement record;
-    record.entryDate = session.todayText();
-    if (m_lost) {
-        record.oldKey = m_lost->key;
-        record.entryDate = m_lost->entryDate;
-    } else if (const Key key = m_shell.selection().currentPositionKey; key != 0) {
-        const RecordSet row = dataJW.getPositionByKey(key);
-        if (row.isEmpty())
-            return std::nullopt;
-        record.oldKey = key;
-        record.entryDate = row.text(u"EntryDate");
-    }
-    // What cannot be read is found out here, while the old row still stands.
-    const QString front = wholerecord::insertFront(dataJW, u"Position"_s, u"Position"_s);
-    const Key company = dataJW.getCompanyKey(companyName());
-    if (front.isEmpty() || company <= 0)
-        return std::nullopt;
-    record.insert = front + values(record.entryDate, stepValues, offerStatus) + QString::number(company) +
-                    u",'" + expiryText() + u"')";
-    return record;
-}
-
-QString PositionScreen::values(const QString& entryDate, const QString& stepValues,
-                               const QString& offerStatus)
-{
-    const auto value = [this](const QString& control) -> QString {
-        return fieldtext::quoted(m_form.text(control)) + u',';
+    const ReadWatch watch(dataJW());
+    const Key key = m_shell.selection().currentPositionKey;
+    RowFacts facts{m_shell.session().todayText(), stepValues, offerStatus};
+    if (m_lost)
+        facts.entryDate = m_lost->entryDate;
+    const auto insert = [&]() -> QString {
+        if (!m_lost && key != 0) {
+            const RecordSet row = dataJW().getPositionByKey(key);
+            if (row.isEmpty())
+                return {};
+            facts.entryDate = row.text(u"EntryDate");
+        }
+        return insertStatement(facts);
     };
-    QString values = value(u"txtPosTitle"_s) + u'\'' + entryDate + u"',";
-    for (const QString& control : {u"txtResponsibilities"_s, u"txtQualifications"_s, u"txtKeyword"_s,
-                                   u"txtPosNotes"_s, u"txtBenefits"_s, u"txtLocation"_s})
-        values += value(control);
-    values += stepValues.isEmpty() ? noStep().repeated(PipelineSteps::count) : stepValues;
-    // The column between steps and status is not used: how much the user wants a position, its questionnaire
-    // tells.
-    values += u"''," + fieldtext::quoted(offerStatus) + u',' + value(u"txtSource"_s);
-    return values + u'\'' + contactList() + u"',";
+    const auto outcome = replace({.table = u"Position"_s,
+                                  .keyColumn = u"PositionKey"_s,
+                                  .journal = u"PositionRecovery"_s,
+                                  .order = ReplacementPlan::Order::DeleteFirst,
+                                  .oldKeys = {key},
+                                  .watch = &watch,
+                                  .insert = insert,
+                                  .remove = {},
+                                  .find = [this] { return findSaved(); },
+                                  .move = [this](Key newKey, Key oldKey) { moveReferences(newKey, oldKey); },
+                                  .finish = {}});
+    const bool complete = outcome == RecordReplacement::Outcome::Stored;
+    if (complete || outcome == RecordReplacement::Outcome::Unfinished) {
+        showSaved(complete);
+    } else if (m_replacement.isUnfinished()) {
+        // The old row is gone and the new one did not get in. What only the old row knew is kept for the next
+        // try, and nobody else may act on a key without a row.
+        m_lost = facts;
+        m_shell.selection().currentPositionKey = 0;
+    }
+    return complete;
+}
+
+QString PositionScreen::insertStatement(const RowFacts& facts)
+{
+    const QStringList columns = recordcolumns::of(dataJW(), u"Position"_s);
+    const Key company = dataJW().getCompanyKey(companyName());
+    if (columns.isEmpty() || company <= 0)
+        return {};
+    const QStringList steps =
+        (facts.stepValues.isEmpty() ? noStep().repeated(PipelineSteps::count) : facts.stepValues).split(u',');
+    const auto firstStep = columns.indexOf(PipelineSteps::getIndexTitle(0));
+    const QHash<QString, QString> beside{{u"EntryDate"_s, u'\'' + facts.entryDate + u'\''},
+                                         // How much the user wants a position, its questionnaire tells.
+                                         {u"PersonalRanking"_s, u"''"_s},
+                                         {u"OfferStatus"_s, fieldtext::quoted(facts.offerStatus)},
+                                         {u"ContactList"_s, u'\'' + contactList() + u'\''},
+                                         {u"CompanyKey"_s, QString::number(company)},
+                                         {u"Expires"_s, u'\'' + expiryText() + u'\''}};
+    const auto valueOf = [&](const QString& column) -> QString {
+        const auto step = columns.indexOf(column) - firstStep;
+        if (step >= 0 && step < 2 * PipelineSteps::count)
+            return steps.value(step);
+        return beside.contains(column) ? beside.value(column) : m_form.columnValue(column);
+    };
+    return recordcolumns::insert(u"Position"_s, columns, valueOf, u")"_s);
 }
 
 QString PositionScreen::expiryText() const
 {
-    if (!hasExpiry())
-        return u"12/31/99"_s;
-    return dates::mdyyyy(QDate::fromString(m_form.text(u"dtpExpires"_s), Qt::ISODate));
+    return hasExpiry() ? m_form.columnText(u"Expires"_s) : u"12/31/99"_s;
 }
 
-Key PositionScreen::replaceRow(const Replacement& record)
+Key PositionScreen::findSaved()
 {
-    DataJW& dataJW = m_shell.session().dataJW();
-    dataJW.delRecord(record.oldKey, u"Position"_s);
-    dataJW.delRecord(m_twin, u"Position"_s);
-    const bool inserted = dataJW.execQuery(record.insert);
-    // The journal of versions takes what the user wrote even if the position itself could not.
-    dataJW.execQuery(recoveryInsert(record.insert, u"PositionRecovery"_s));
-    if (!inserted)
-        return 0;
-    Key newKey = dataJW.getPositionKey(text::quoteFix(m_form.text(u"txtPosTitle"_s)), companyName());
-    if (newKey <= 0) // not found by its title, but the highest key is that of the row just added
-        newKey = dataJW.getLastKeyInTable(u"Position"_s, u"PositionKey"_s);
-    if (record.oldKey > 0 && newKey > 0 && newKey != record.oldKey) {
-        const QString moved = u" PositionKey=" + QString::number(newKey) + u" where PositionKey=" +
-                              QString::number(record.oldKey);
-        dataJW.execQuery(u"Update Event Set" + moved);
-        dataJW.execQuery(u"Update JProfile set" + moved);
-    }
-    return newKey;
+    return dataJW().getPositionKey(text::quoteFix(m_form.text(u"txtPosTitle"_s)), companyName());
 }
 
-void PositionScreen::showSaved(Key newKey)
+void PositionScreen::moveReferences(Key newKey, Key oldKey)
 {
+    const QString moved =
+        u" PositionKey=" + QString::number(newKey) + u" where PositionKey=" + QString::number(oldKey);
+    dataJW().execQuery(u"Update Event Set" + moved);
+    dataJW().execQuery(u"Update JProfile set" + moved);
+}
+
+void PositionScreen::showSaved(bool complete)
+{
+    const Key newKey = m_replacement.newKey();
     m_shell.selection().currentPositionKey = newKey;
-    forgetFailedSave();
+    m_lost.reset();
     loadPositionList();
-    const RecordSet row = m_shell.session().dataJW().getPositionByKey(newKey);
-    // What was typed is what was stored; it stays when it cannot be shown anew.
+    const RecordSet row = complete ? dataJW().getPositionByKey(newKey) : RecordSet();
+    // What was typed is what was stored; it stays when it cannot be shown anew, or not all of it is in the
+    // store.
     if (row.isEmpty())
         m_form.setText(u"cmbPosSelection"_s, text::quoteFix(m_form.text(u"txtPosTitle"_s)));
     else

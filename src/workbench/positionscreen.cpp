@@ -6,9 +6,8 @@
 #include "base/text.h"
 #include "store/engine/storeerror.h"
 #include "store/gateway/datajw.h"
-#include "workbench/fieldleaving.h"
+#include "store/record/recordkey.h"
 #include "workbench/pipelinesteps.h"
-#include "workbench/recordkey.h"
 #include "workbench/shell.h"
 
 using namespace Qt::StringLiterals;
@@ -25,7 +24,7 @@ std::vector<FieldRow> positionForm()
         {u"txtKeyword"_s, u"Keyword"_s, SaveOn::Leave},
         {u"txtLocation"_s, u"Location"_s, SaveOn::Leave},
         {u"txtSource"_s, u"Source"_s, SaveOn::Leave},
-        {u"dtpExpires"_s, u"Expires"_s, SaveOn::Change},
+        {u"dtpExpires"_s, u"Expires"_s, SaveOn::Change, FieldKind::Date},
         {u"txtResponsibilities"_s, u"Responsibilities"_s, SaveOn::Leave},
         {u"txtQualifications"_s, u"Qualifications"_s, SaveOn::Leave},
         {u"txtBenefits"_s, u"Benefits"_s, SaveOn::Leave},
@@ -42,13 +41,12 @@ bool sameTitle(const QString& one, const QString& other)
 } // namespace
 
 PositionScreen::PositionScreen(Shell& shell)
-    : m_shell(shell)
-    , m_form(positionForm())
+    : RecordScreen(shell, u"Position"_s, u"positionkey"_s, positionForm())
 {
     m_form.setEnabled(u"cmdJProfile1"_s, shell.navigator().hasScreen(u"FrmProfileJob"_s));
     // The shell around is still being built: the form's own part of its empty state only.
     clearContacts();
-    m_form.setText(u"dtpExpires"_s, shell.session().today().addDays(defaultExpiryDays).toString(Qt::ISODate));
+    m_form.setDate(u"dtpExpires"_s, shell.session().today().addDays(defaultExpiryDays));
     // The position shown belongs to the company that was selected; with another one, or after that company's
     // removal, nobody may act on its key.
     connect(&shell.selection(), &Selection::selectedCompanyNameChanged, this,
@@ -98,12 +96,15 @@ void PositionScreen::loadPositionList()
     m_form.setItems(u"cmbPosSelection"_s, titles);
 }
 
-void PositionScreen::cmbPosSelectionClick(const QString& text)
+void PositionScreen::cmbPosSelectionClick(const QString& chosen)
 {
+    const QString before = m_form.cleanText(u"cmbPosSelection"_s);
     if (!mayLeave()) {
         emit changed();
         return;
     }
+    // The record on the screen may have been saved under another title on the way.
+    const QString text = chosen == before ? m_form.cleanText(u"cmbPosSelection"_s) : chosen;
     m_shell.savedSbar();
     RecordSet position;
     if (!text::isUnsaved(text))
@@ -125,13 +126,11 @@ void PositionScreen::fillPosForm(const RecordSet& record)
 {
     Session& session = m_shell.session();
     session.trace(u"frmData - fillPosForm (Position)"_s);
-    forgetFailedSave();
     m_shell.selection().currentPositionKey =
         keyOrReport(session, record, u"PositionKey", u"frmData - fillPosForm (Position)"_s);
-    for (const FieldRow& row : m_form.rows()) {
-        if (!row.column.isEmpty() && row.save != SaveOn::Change)
-            m_form.setText(row.control, fieldtext::toShown(record.text(row.column)));
-    }
+    m_replacement.showing(m_shell.selection().currentPositionKey);
+    m_lost.reset();
+    m_form.fill(record);
     m_form.setText(u"cmbPosSelection"_s, record.text(u"Title"));
     m_progress = PipelineSteps(record).progress();
     const QDate expires = record.date(u"Expires");
@@ -172,7 +171,7 @@ QString PositionScreen::nextStep() const
 void PositionScreen::forgetFailedSave()
 {
     m_lost.reset();
-    m_twin = 0;
+    m_replacement.forget();
 }
 
 void PositionScreen::trimTitle()
@@ -184,12 +183,12 @@ void PositionScreen::trimTitle()
 
 bool PositionScreen::hasExpiry() const
 {
-    return m_form.text(u"dtpExpires"_s) != dates::sentinel.toString(Qt::ISODate);
+    return m_form.date(u"dtpExpires"_s) != dates::sentinel;
 }
 
 void PositionScreen::showExpires(QDate date)
 {
-    m_form.setText(u"dtpExpires"_s, date.toString(Qt::ISODate));
+    m_form.setDate(u"dtpExpires"_s, date);
     expiryShown(date);
 }
 
@@ -220,27 +219,19 @@ void PositionScreen::tickExpires(bool ticked)
 
 void PositionScreen::expiresEdited(QDate date)
 {
-    m_form.amend(u"dtpExpires"_s, date.toString(Qt::ISODate));
+    m_form.amendDate(u"dtpExpires"_s, date);
     expiryShown(date);
     m_shell.sbarVis();
-    if (writeColumn(u"Expires"_s, u'\'' + dates::mdyyyy(date) + u'\'')) {
-        m_form.markClean(u"dtpExpires"_s);
-        m_shell.savedSbar();
-    }
+    fieldLeft(u"dtpExpires"_s);
     emit changed();
 }
 
 // --- Events of the fields ---------------------------------------------------------------------------------
 
-void PositionScreen::fieldKeyDown(const QString&)
-{
-    m_shell.setSbar(u"Position"_s);
-}
-
 void PositionScreen::fieldChanged(const QString& control)
 {
     if (control == u"dtpExpires")
-        expiresEdited(QDate::fromString(m_form.text(control), Qt::ISODate));
+        expiresEdited(m_form.date(control));
     else if (control == u"txtPosTitle")
         // The shell's way to show the panel trims the title; done here, no title could get a blank typed.
         m_shell.showProc(m_shell.procText());
@@ -250,24 +241,9 @@ void PositionScreen::fieldChanged(const QString& control)
 
 void PositionScreen::fieldLeft(const QString& control)
 {
-    const FieldRow* row = m_form.row(control);
-    if (row && row->save == SaveOn::Record)
+    if (control == u"txtPosTitle")
         trimTitle();
-    // A text that was changed back leaves nothing to update.
-    if (!fieldleaving::hasUnsaved(m_form) && !hasMoreToSave())
-        m_shell.savedSbar();
-    // A field that holds what is stored has nothing to write.
-    if (!row || !m_form.isDirty(control))
-        return;
-    if (row->save == SaveOn::Change)
-        expiresEdited(QDate::fromString(m_form.text(control), Qt::ISODate));
-    if (row->save != SaveOn::Leave)
-        return;
-    // What was not written stays marked as changed, and the next leaving of the field tries again.
-    if (!writeColumn(row->column, fieldtext::quoted(m_form.text(control))))
-        return;
-    m_form.markClean(control);
-    m_shell.savedSbar();
+    RecordScreen::fieldLeft(control);
 }
 
 QString PositionScreen::recordName() const
@@ -281,23 +257,18 @@ QString PositionScreen::recordName() const
 
 bool PositionScreen::hasMoreToSave() const
 {
-    return m_lost || m_twin != 0 || m_contacts.texts(m_contacts.index(0, 0)) != m_storedContacts;
+    return m_contacts.texts(m_contacts.index(0, 0)) != m_storedContacts;
 }
 
 bool PositionScreen::mayLeave()
 {
     const bool expiryWaits = m_form.isDirty(u"dtpExpires"_s);
-    if (!fieldleaving::mayLeave(m_shell.session(), m_form,
-                                {.name = recordName(),
-                                 .isStored = showsStored() && !m_lost,
-                                 .hasMore = hasMoreToSave(),
-                                 .leave = [this](const QString& control) { fieldLeft(control); },
-                                 .save = [this] { return cmdUpdatePos1(); }}))
+    if (!RecordScreen::mayLeave())
         return false;
-    forgetFailedSave();
+    m_lost.reset();
     m_storedContacts = m_contacts.texts(m_contacts.index(0, 0));
     if (expiryWaits)
-        expiryShown(QDate::fromString(m_form.text(u"dtpExpires"_s), Qt::ISODate));
+        expiryShown(m_form.date(u"dtpExpires"_s));
     return true;
 }
 
@@ -308,20 +279,13 @@ bool PositionScreen::showsStored() const
     return !text::isUnsaved(selected) && sameTitle(selected, m_form.text(u"txtPosTitle"_s));
 }
 
-Key PositionScreen::savedKey()
+Key PositionScreen::rowOfFields()
 {
     if (!showsStored())
         return 0;
     const QString selected = m_form.text(u"cmbPosSelection"_s);
-    const Key key = m_shell.session().dataJW().getPositionKey(text::quoteFix(selected), companyName());
+    const Key key = dataJW().getPositionKey(text::quoteFix(selected), companyName());
     return key == m_shell.selection().currentPositionKey ? key : Key{0};
-}
-
-bool PositionScreen::writeColumn(const QString& column, const QString& value)
-{
-    const Key key = savedKey();
-    return key > 0 && m_shell.session().dataJW().execQuery(u"Update Position set " + column + u'=' + value +
-                                                           u" where positionkey=" + QString::number(key));
 }
 
 // --- Ranks ------------------------------------------------------------------------------------------------

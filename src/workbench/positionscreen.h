@@ -1,24 +1,20 @@
 // The Position screen: one open position with the people assigned to it.
 #pragma once
 
-#include "base/form.h"
-#include "base/key.h"
 #include "base/treemodel.h"
 #include "store/gateway/recordset.h"
 #include "workbench/positionform.h"
+#include "workbench/recordscreen.h"
 
 #include <QDate>
-#include <QObject>
 #include <QPersistentModelIndex>
 
 #include <optional>
 
-class Shell;
-
 /// Shows, saves and removes a position of the selected company; assigns contacts; places the pointer of the
 /// ranks. The shell's currentPositionKey is that of the position shown, 0 while there is none: an empty form
 /// can never be saved over a position that is no longer to be seen.
-class PositionScreen : public QObject, public PositionForm
+class PositionScreen : public RecordScreen, public PositionForm
 {
     Q_OBJECT
 
@@ -26,8 +22,6 @@ public:
     explicit PositionScreen(Shell& shell);
     ~PositionScreen() override;
 
-    /// The controls; dtpExpires holds an ISO date, that of dates::sentinel while the picker is unticked.
-    [[nodiscard]] Form& form() { return m_form; }
     /// The people assigned: a root with a node "A" and the contact's key for each.
     [[nodiscard]] TreeModel& tvwContacts() { return m_contacts; }
     /// Length of the bar shpProgress: the furthest step done, 0 (none) to 11.
@@ -38,7 +32,8 @@ public:
     /// position (upward) reach, from 0 to 1 and above.
     [[nodiscard]] double companyPlace() const { return m_companyPlace; }
     [[nodiscard]] double positionPlace() const { return m_positionPlace; }
-    [[nodiscard]] bool hasExpiry() const; ///< dtpExpires is ticked
+    /// dtpExpires is ticked; it holds the day dates::sentinel while it is not.
+    [[nodiscard]] bool hasExpiry() const;
 
     void load(); ///< loadPositionFrame, behind the shell's own refusals
     void clearPositionForm() override;
@@ -58,12 +53,10 @@ public:
     void trimTitle();
 
     // --- Events, called by the view -----------------------------------------------------------------------
-    void cmbPosSelectionClick(const QString& text);
-    void fieldKeyDown(const QString& control);
-    void fieldChanged(const QString& control);
-    void fieldLeft(const QString& control);
-    /// Before the form takes another record: false when the user stays with what is not in the store yet.
-    bool mayLeave();
+    void cmbPosSelectionClick(const QString& chosen);
+    void fieldChanged(const QString& control) override;
+    void fieldLeft(const QString& control) override;
+    bool mayLeave() override;
     void tickExpires(bool ticked);                ///< the picker's own tick
     void selectContact(const QModelIndex& index); ///< the node selected in tvwContacts; invalid for none
     void tvwContactsDblClick(const QModelIndex& index);
@@ -76,33 +69,27 @@ public slots:
     void cmdJProfile1();
 
 signals:
-    void changed();
     /// A position was saved or removed here.
     void stored();
 
+protected:
+    Key rowOfFields() override;
+    [[nodiscard]] QString recordName() const override;
+    /// True when the form shows a position of the store and not a new or a renamed one.
+    [[nodiscard]] bool showsStored() const override;
+    [[nodiscard]] bool hasMoreToSave() const override;
+    bool save() override { return cmdUpdatePos1(); }
+
 private:
-    /// What a row held that is no longer in the store: its replacement failed behind its delete.
-    struct LostRow
+    /// What a row held beside the form. It is kept when the row is no longer in the store, as its replacement
+    /// failed behind its delete.
+    struct RowFacts
     {
-        Key key = 0;
         QString entryDate;
         QString stepValues;
         QString offerStatus;
     };
-    /// What a save has to know before it deletes anything.
-    struct Replacement
-    {
-        Key oldKey = 0; ///< 0: nothing is replaced
-        QString entryDate;
-        QString insert; ///< the statement that adds the new row
-    };
 
-    [[nodiscard]] Key savedKey();
-    /// True when the form shows a position of the store and not a new or a renamed one.
-    [[nodiscard]] bool showsStored() const;
-    bool writeColumn(const QString& column, const QString& value);
-    [[nodiscard]] QString recordName() const;
-    [[nodiscard]] bool hasMoreToSave() const;
     void showExpires(QDate date);
     void expiryShown(QDate date);
     void expiresEdited(QDate date);
@@ -112,6 +99,7 @@ private:
     void fillContacts(const QString& keyList);
     void clearContacts();
     void listAssignable();
+    [[nodiscard]] Key contactAt(const QModelIndex& node);
     [[nodiscard]] QString contactList();
     void writeInfoContact();
     void saveWhenAuto();
@@ -120,21 +108,17 @@ private:
     void tellUnreadable();
     void forgetFailedSave();
     [[nodiscard]] bool titleIsTaken();
-    [[nodiscard]] std::optional<Replacement> prepare(const QString& stepValues, const QString& offerStatus);
-    [[nodiscard]] QString values(const QString& entryDate, const QString& stepValues,
-                                 const QString& offerStatus);
+    [[nodiscard]] QString insertStatement(const RowFacts& facts);
     [[nodiscard]] QString expiryText() const;
-    Key replaceRow(const Replacement& record);
-    void showSaved(Key newKey);
+    [[nodiscard]] Key findSaved();
+    void moveReferences(Key newKey, Key oldKey);
+    void showSaved(bool complete);
     [[nodiscard]] QString companyName();
 
-    Shell& m_shell;
-    Form m_form;
     TreeModel m_contacts;
     QStringList m_storedContacts; ///< the names in tvwContacts as the position was read
     QPersistentModelIndex m_selectedContact;
-    std::optional<LostRow> m_lost;
-    Key m_twin = 0; ///< the row that a save added beside the one it could not delete
+    std::optional<RowFacts> m_lost;
     int m_progress = 0;
     double m_companyPlace = 0;
     double m_positionPlace = 0;

@@ -60,6 +60,12 @@ public:
     /// a document. Without a name the screen shows what it opens with. False when the user stays where a text
     /// could not be saved.
     virtual bool showOn(const QString& screen, const QString& name = {}) = 0;
+    /// Opens the Contact screen on the contact of this key, with its company selected. False when there is
+    /// none, which has been told, or the user stays.
+    virtual bool showContact(Key key) = 0;
+    /// Makes the company of this name the one that all screens speak about. Nothing is selected when it is
+    /// not in the store.
+    virtual void chooseCompany(const QString& name) = 0;
     /// As a click on the toolbar button with this key.
     virtual void tbarButtonClick(const QString& key) = 0;
     /// The Pipeline screen lets go of the position that it shows.

@@ -428,6 +428,31 @@ private slots:
                               u"Medium,EventType"_s),
                  stored);
     }
+
+    void failedChangeWithoutTheFrameLeavesTheScreenAsItIs()
+    {
+        using Change = std::function<void(FrmEvCal&)>;
+        for (const Change& change : {Change([](auto& frm) {
+                                         frm.dropOn(u"A1"_s, {2026, 11, 20});
+                                     }),
+                                     Change([](auto& frm) { frm.flipTask(u"A1"_s); }),
+                                     Change([](auto& frm) { frm.removeEntry(u"A1"_s); })}) {
+            CalendarBench bench;
+            bench.addTask(u"11/24/2026"_s, u"Thank"_s);
+            bench.calendar.load();
+            bench.calendar.openEntry(u"A1"_s);
+            bench.world.prompts.acceptAll(Answer::Yes);
+            QSignalSpy recordsChanged(&bench.calendar, &FrmEvCal::recordsChanged);
+            QVERIFY(!bench.failing(0, [&] { change(bench.calendar); }).isEmpty());
+            QCOMPARE(recordsChanged.size(), 0);
+            QCOMPARE(bench.tasks(), u"A1 Thank 11/24 due"_s);
+            QVERIFY(bench.calendar.isFrameOpen());
+            QCOMPARE(bench.calendar.frameDate(), QDate(2026, 11, 24));
+            change(bench.calendar);
+            QCOMPARE(recordsChanged.size(), 1);
+            QVERIFY(bench.tasks() != u"A1 Thank 11/24 due");
+        }
+    }
 };
 
 JOBWRIGHT_TEST(TestFrmEvCal)

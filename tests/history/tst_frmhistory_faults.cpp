@@ -25,35 +25,6 @@ class TestFrmHistoryFaults : public QObject
     Q_OBJECT
 
 private slots:
-    void anyFailedStepIsToldAndMendedByAnotherTry()
-    {
-        EditedHistory undisturbed;
-        const QString before = undisturbed.state();
-        undisturbed.close();
-        const QString after = undisturbed.state();
-        int steps = 0;
-        for (;; ++steps) {
-            EditedHistory bench;
-            bench.world.prompts.acceptAll(Answer::No);
-            bool closed = false;
-            const QString failed = bench.failing(steps, [&] { closed = bench.history.unload(); });
-            if (failed.isEmpty())
-                break;
-            const QByteArray place = QString(QString::number(steps) + u' ' + failed).toUtf8();
-            QVERIFY2(bench.world.errorLog().contains(QString(u"Query: " + failed)), place);
-            if (failed.startsWith(u"Delete"))
-                QCOMPARE(bench.state(), before);
-            // A refusal to name the position or the like only leaves its step as it was.
-            if (!closed) {
-                QVERIFY2(bench.world.prompts.asked().last().contains(u"try again"_s), place);
-                QCOMPARE(bench.listed(), u"Talk 1,Talk 2,Talk 3,New one"_s);
-                QVERIFY2(bench.history.unload(), place);
-            }
-            QVERIFY2(bench.state() == after, place);
-        }
-        QVERIFY2(steps > 12, "the closing was not swept");
-    }
-
     void entryThatWasRefusedIsNamedAndTheOthersAreStored()
     {
         EditedHistory bench;

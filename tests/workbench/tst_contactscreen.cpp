@@ -2,7 +2,6 @@
 #include "support/runtest.h"
 #include "support/table.h"
 #include "workbench/contactbench.h"
-#include "workbench/faults.h"
 
 namespace {
 
@@ -56,7 +55,7 @@ private slots:
     {
         // shown: last contact, quality, influence, chk1, chk2, chk3
         table({"set", "shown"},
-              {{"no date, words for flags", "LastContact='',HiringMgr='Yes'", "No Contact|4|5|Y|e|s"},
+              {{"no date, words for flags", "LastContact='',HiringMgr='Yes'", "No Contact|4|5|0|0|0"},
                {"one-digit level", "LastContact='',ContactLevel=7", "No Contact|0|7|1|0|0"},
                {"level out of range", "LastContact='12/31/1999',ContactLevel=450", "No Contact|9|9|1|0|0"}});
     }

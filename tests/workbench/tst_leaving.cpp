@@ -234,27 +234,34 @@ private slots:
     void recordThatItsSaveHasCutShortIsNotLeftUnasked()
     {
         // Nothing was typed, but the row that the save should have replaced is gone.
-        for (const auto& [tab, record, row] :
-             {std::array{u"Company"_s, u"Acme"_s, u"Select Name from Company where Name='Acme'"_s},
-              std::array{u"Position"_s, u"Clerk"_s, u"Select Title from Position"_s},
-              std::array{u"Contact"_s, u"Ann Lee"_s,
-                         u"Select FirstName from Contact where LastName='Lee'"_s}}) {
+        LeavingBench bench(u"Position"_s, u"Clerk"_s);
+        bench.world.prompts.acceptAll(Answer::Yes);
+        bench.failingAt(u"INSERT INTO Position"_s, [&] { bench.position().cmdUpdatePos1(); });
+        QCOMPARE(bench.cells(u"Select Title from Position"_s), QString());
+        QVERIFY(bench.frm->mayLeave());
+        QVERIFY(bench.world.prompts.asked().join(u'\n').contains(notSaved));
+        QCOMPARE(bench.cells(u"Select Title from Position"_s), u"Clerk"_s);
+    }
+
+    void sameRecordChosenAgainIsOpenedUnderItsNewName()
+    {
+        struct Case
+        {
+            QString tab, record, edit, reopened;
+        };
+        for (const auto& [tab, record, edit, reopened] :
+             {Case{u"Company"_s, u"Acme"_s, u"txtTitle=Zeta"_s, u"Zeta"_s},
+              Case{u"Position"_s, u"Clerk"_s, u"txtPosTitle=Chief"_s, u"Chief"_s}}) {
             LeavingBench bench(tab, record);
-            bench.world.prompts.acceptAll(Answer::Yes);
-            bench.failingAt(u"INSERT INTO "_s + tab.toUpper(), [&] {
-                if (tab == u"Company")
-                    bench.company().cmdUpdate1();
-            });
-            bench.failingAt(u"INSERT INTO "_s + tab, [&] {
-                if (tab == u"Position")
-                    bench.position().cmdUpdatePos1();
-                else if (tab == u"Contact")
-                    bench.contact().cmdUpdateContact1();
-            });
-            QCOMPARE(bench.cells(row), QString());
-            QVERIFY(bench.frm->mayLeave());
-            QVERIFY(bench.world.prompts.asked().join(u'\n').contains(notSaved));
-            QCOMPARE(bench.cells(row), record.section(u' ', 0, 0));
+            bench.edit(edit);
+            bench.expect(u"have not been saved"_s, Answer::Yes);
+            if (tab == u"Company")
+                bench.choose(record);
+            else
+                bench.position().cmbPosSelectionClick(record);
+            QCOMPARE(bench.shownIn(edit.section(u'=', 0, 0)), reopened);
+            QVERIFY(tab == u"Company" ? bench.selection().currentCompanyKey != 0
+                                      : bench.selection().currentPositionKey != 0);
         }
     }
 

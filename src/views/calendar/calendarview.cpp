@@ -129,6 +129,9 @@ void CalendarView::dressTexts()
         box->setInsertPolicy(QComboBox::NoInsert);
         box->view()->setObjectName(box == m_ui->txtRemind ? u"lstRemind"_s : u"lstTime"_s);
     }
+    // Chosen again, the same lead time sets a bell that was crossed out.
+    connect(m_ui->txtRemind, &QComboBox::activated, this,
+            [this] { m_presenter.fieldChanged(u"txtRemind"_s); });
     for (OwnerSelector* box : {m_ui->lblCompany, m_ui->lblContact, m_ui->lblPosition}) {
         box->setMinimumContentsLength(16);
         box->lineEdit()->setPlaceholderText(tr("None"));

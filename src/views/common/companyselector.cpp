@@ -85,6 +85,9 @@ CompanySelector::CompanySelector(QWidget* parent)
     // After the completer's own filter, so that it is asked first.
     m_completer->popup()->installEventFilter(this);
 
+    // The box's own reading of what is typed would choose a second time, whenever its row no longer fits its
+    // text: Enter and leaving the box are settled here.
+    disconnect(lineEdit(), &QLineEdit::editingFinished, this, nullptr);
     connect(this, &QComboBox::textActivated, this, &CompanySelector::take);
     connect(lineEdit(), &QLineEdit::textEdited, this, &CompanySelector::typing);
 }

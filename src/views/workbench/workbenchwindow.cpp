@@ -277,6 +277,11 @@ void WorkbenchWindow::connectSelector()
         m_presenter.cmbSelectionClick(name);
         m_ui->cmbSelection->showChosen(m_presenter.selection().selectedCompanyName());
         render();
+        m_ui->cmbSelection->lineEdit()->selectAll();
+        // What was chosen is open: the keyboard goes there, unless the user has gone elsewhere already.
+        if (m_ui->cmbSelection->lineEdit()->hasFocus() &&
+            name == m_presenter.selection().selectedCompanyName())
+            enterScreen();
     });
     connect(m_ui->cmbSelection, &CompanySelector::nothingFound, this, [this](const QString& typed) {
         m_ui->lblNoMatch->setText(tr("No company name contains “%1”.").arg(typed));

@@ -1,4 +1,4 @@
-#include "workbench/recordkey.h"
+#include "store/record/recordkey.h"
 
 #include "store/engine/storeerror.h"
 #include "store/gateway/recordset.h"
