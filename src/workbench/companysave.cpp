@@ -145,6 +145,7 @@ void CompanyScreen::cmdRemove1()
         return;
     m_shell.setSelection({});
     m_shell.selection().currentCompanyKey = 0;
+    m_shell.selection().currentContactKey = 0; // whoever was shown has gone with the company
     clearCompanyForm();
     load();
     m_shell.selectCategory();

@@ -139,6 +139,7 @@ private slots:
             bench.type(u" a letter\n"_s); // Enter is Update
             QCOMPARE(bench.cell(1), u"Wrote a letter"_s);
             bench.type(u" dropped"_s);
+            bench.world.prompts.expect(u"changes to this history"_s, Answer::No);
             bench.press(Qt::Key_N, Qt::ControlModifier);
             QCOMPARE(bench.topic(), QString());
             bench.press(Qt::Key_Escape);
@@ -183,6 +184,7 @@ private slots:
             QCOMPARE(chosen.size(), 1);
             bench.find(u"txtTopic"_s)->setFocus();
             bench.type(u"half a thought"_s);
+            bench.world.prompts.expect(u"changes to this history"_s, Answer::No);
             bench.clickRow(1); // the row that it stands on already: its entry again
             QCOMPARE(chosen.size(), 2);
             QCOMPARE(bench.topic(), u"Wrote"_s);
@@ -206,6 +208,7 @@ private slots:
             QVERIFY(bench.front->isVisible());
             bench.type(u"details 2"_s);
             QCOMPARE(bench.listed(), u"Wrote, Called, <New>"_s);
+            bench.world.prompts.expect(u"changes to this history"_s, Answer::No);
             bench.press(Qt::Key_N, Qt::ControlModifier);
             bench.press(Qt::Key_F, Qt::ControlModifier);
             bench.type(u"nowhere"_s);
