@@ -26,7 +26,6 @@
 #include "workbench/addressentry.h"
 
 #include <QCoreApplication>
-#include <QTextDocument>
 
 using namespace Qt::StringLiterals;
 
@@ -196,7 +195,7 @@ QVariant openStats(ScreenHost& host, const QVariant& request)
     stats.load();
     StatsView view(stats, *host.layout, host.parent());
     QObject::connect(&view, &StatsView::printRequested, &view,
-                     [&host, &view] { host.printing.print(&view, *view.page()); });
+                     [&host, &stats] { host.printing.print(stats.page()); });
     view.exec();
     return {};
 }
