@@ -265,7 +265,7 @@ void FrmGoals::cmdUpToNow()
 void FrmGoals::imgChart()
 {
     cmdRefresh1();
-    m_navigator.open(u"FrmStats"_s);
+    m_navigator.open(u"FrmStats"_s, QVariant::fromValue(goals::chart(goals(), m_results)));
 }
 
 // --- Files ------------------------------------------------------------------------------------------------

@@ -34,6 +34,18 @@ void FrmStats::load()
                                    : QString());
 }
 
+ReportDocument FrmStats::page() const
+{
+    ReportPage page;
+    page.add(ReportPage::Block::Heading, tr("Statistics"));
+    page.add(ReportPage::Block::Paragraph, m_form.text(u"txtStats"_s));
+    if (!m_shown.empty())
+        page.add(ReportPage::Block::Subheading, tr("Goals"));
+    for (const GoalChartRow& goal : m_shown)
+        page.addRow({goal.name, goal.period, tr("%1 %").arg(numbers::shown(goal.percent, 2))});
+    return {tr("Statistics"), {}, {}, false, {page}};
+}
+
 void FrmStats::choosePoint(int point)
 {
     if (point < 0 || point >= static_cast<int>(m_shown.size()))

@@ -3,6 +3,7 @@
 
 #include "base/chart.h"
 #include "base/form.h"
+#include "base/reportpage.h"
 #include "planning/goals.h"
 
 class Session;
@@ -23,6 +24,8 @@ public:
 
     /// A bar for each goal, at most 100 high.
     [[nodiscard]] const Chart& mscGoals() const { return m_chart; }
+    /// Figures and goals as a page to print.
+    [[nodiscard]] ReportDocument page() const;
     /// The user has chosen a point of the chart; txtValue says which.
     void choosePoint(int point);
 

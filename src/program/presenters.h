@@ -6,6 +6,7 @@
 #include "history/frmhistory.h"
 #include "output/findanything.h"
 #include "output/frmkeysearch.h"
+#include "planning/goals.h"
 #include "workbench/frmdata.h"
 
 /// Owns the workbench and the screens that others go on using while they are shut. A screen that nothing
@@ -30,6 +31,7 @@ struct Presenters
         QObject::connect(&history, &FrmHistory::recordsChanged, &workbench, &FrmData::stepsChanged);
     }
 
+    GoalChart goals; ///< as they were last counted in this run, for the statistics
     FrmEvCal calendar;
     FrmReminder reminder;
     FrmHistory history;

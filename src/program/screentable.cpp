@@ -5,6 +5,9 @@
 #include "assessment/frmuprofile.h"
 #include "intake/frmautoparse.h"
 #include "output/frmreport.h"
+#include "planning/frmactionplan.h"
+#include "planning/frmgoals.h"
+#include "planning/frmstats.h"
 #include "program/presenters.h"
 #include "program/screens.h"
 #include "views/assessment/editorview.h"
@@ -16,6 +19,9 @@
 #include "views/intake/autoparseview.h"
 #include "views/output/keysearchview.h"
 #include "views/output/reportview.h"
+#include "views/planning/actionplanview.h"
+#include "views/planning/goalsview.h"
+#include "views/planning/statsview.h"
 #include "views/workbench/addressentryview.h"
 #include "workbench/addressentry.h"
 
@@ -163,6 +169,37 @@ QVariant openEditor(ScreenHost& host, const QVariant&)
     return {};
 }
 
+QVariant openGoals(ScreenHost& host, const QVariant&)
+{
+    FrmGoals goals(host.session, host.navigator);
+    QObject::connect(&goals, &FrmGoals::computed, &goals,
+                     [&host](const GoalChart& chart) { host.presenters->goals = chart; });
+    goals.load();
+    GoalsView(goals, *host.layout, host.parent()).exec();
+    return {};
+}
+
+QVariant openActionPlan(ScreenHost& host, const QVariant&)
+{
+    FrmActionPlan plan(host.session);
+    plan.load();
+    ActionPlanView(plan, *host.layout, host.parent()).exec();
+    return {};
+}
+
+/// Request: nothing, or the GoalChart to show in place of the one that was counted last.
+QVariant openStats(ScreenHost& host, const QVariant& request)
+{
+    FrmStats stats(host.session);
+    stats.setGoals(request.isValid() ? request.value<GoalChart>() : host.presenters->goals);
+    stats.load();
+    StatsView view(stats, *host.layout, host.parent());
+    QObject::connect(&view, &StatsView::printRequested, &view,
+                     [&host, &stats] { host.printing.print(stats.page()); });
+    view.exec();
+    return {};
+}
+
 /// The row's way to make its screen, tied to what it is made from.
 auto with(ScreenHost& host, QVariant (*open)(ScreenHost&, const QVariant&))
 {
@@ -246,19 +283,22 @@ std::vector<ScreenRow> screenTable(ScreenHost& host)
          .icon = u"office-chart-bar"_s,
          .toolLine = u"Open Goals Screen"_s,
          .menuLine = u"Open Goals Screen from Menu"_s,
-         .then = Then::CompanyScreen},
+         .then = Then::CompanyScreen,
+         .open = with(host, openGoals)},
         {.screen = u"FrmActionPlan"_s,
          .tool = u"plan"_s,
          .entry = u"ActionPlan"_s,
          .caption = tr("Plan"),
          .menuText = tr("&Action Plan"),
          .tip = tr("Action plan"),
-         .icon = u"view-task"_s},
+         .icon = u"view-task"_s,
+         .open = with(host, openActionPlan)},
         {.screen = u"FrmStats"_s,
          .tool = u"stats"_s,
          .caption = tr("Statistics"),
          .tip = tr("Usage statistics"),
-         .icon = u"office-chart-pie"_s},
+         .icon = u"office-chart-pie"_s,
+         .open = with(host, openStats)},
         {.screen = u"FrmKeySearch"_s,
          .tool = u"keysearch"_s,
          .entry = u"Keysearch"_s,

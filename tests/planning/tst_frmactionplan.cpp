@@ -152,6 +152,10 @@ private slots:
                 .text(u"txtStats"_s)
                 .contains(u"Ratio: \nAverage Positions/Company: \nFirst Entry Date: \nDays in Use: 0\n"_s));
         QVERIFY(!stats.form().text(u"txtValue"_s).isEmpty()); // where goals are set
+        send(world, {u"INSERT INTO Company(Name) VALUES('Undated')"_s,
+                     u"INSERT INTO Company(Name,EntryDate) VALUES('Dated','11/2/2026')"_s});
+        stats.load();
+        QVERIFY(stats.form().text(u"txtStats"_s).contains(u"Days in Use: 20\n"_s));
     }
 };
 

@@ -59,6 +59,10 @@ QString DataJW::getCompanyNameByKey(Key key, bool skip)
 QDate DataJW::getFirstEntryDate()
 {
     return m_impl->guarded(u"DataJW-GetFirstEntryDate"_s, QDate(), [&](auto& call) {
-        return call.firstRow(u"Select * from Company order by EntryDate"_s).date(u"EntryDate");
+        // Companies without a date come first and say nothing.
+        RecordSet rows = call.oneColumn(u"Select * from Company order by EntryDate"_s, u"EntryDate"_s);
+        while (!rows.atEnd() && !rows.date(u"EntryDate").isValid())
+            rows.next();
+        return rows.date(u"EntryDate");
     });
 }

@@ -6,15 +6,10 @@
 #include "views/common/look.h"
 #include "views/common/windowstate.h"
 
-#include <QPainter>
-#include <QTextCursor>
-#include <QTextDocument>
-
 using namespace Qt::StringLiterals;
 
 StatsView::StatsView(FrmStats& presenter, QSettings& layout, QWidget* parent)
     : QDialog(parent)
-    , m_presenter(presenter)
     , m_layout(layout)
     , m_ui(std::make_unique<Ui::StatsView>())
 {
@@ -33,33 +28,6 @@ StatsView::StatsView(FrmStats& presenter, QSettings& layout, QWidget* parent)
 }
 
 StatsView::~StatsView() = default;
-
-std::unique_ptr<QTextDocument> StatsView::page() const
-{
-    constexpr QSize size(620, 360);
-    constexpr int fineness = 3; // of the picture, for paper
-    QImage chart(size * fineness, QImage::Format_RGB32);
-    chart.setDevicePixelRatio(fineness);
-    chart.fill(Qt::white);
-    {
-        QPainter painter(&chart);
-        QPalette paper(Qt::white);
-        paper.setColor(QPalette::WindowText, Qt::black);
-        paper.setColor(QPalette::PlaceholderText, Qt::darkGray);
-        m_ui->mscGoals->draw(painter, QRectF(QPointF(), size), paper);
-    }
-    auto document = std::make_unique<QTextDocument>();
-    const QUrl name(u"chart"_s);
-    document->addResource(QTextDocument::ImageResource, name, chart);
-    QTextCursor cursor(document.get());
-    cursor.insertText(windowTitle() + u"\n\n" + m_presenter.form().text(u"txtStats"_s) + u"\n\n");
-    QTextImageFormat picture;
-    picture.setName(name.toString());
-    picture.setWidth(size.width());
-    picture.setHeight(size.height());
-    cursor.insertImage(picture);
-    return document;
-}
 
 void StatsView::done(int result)
 {

@@ -7,7 +7,6 @@
 #include <memory>
 
 class FrmStats;
-class QTextDocument;
 
 namespace Ui {
 class StatsView;
@@ -23,15 +22,12 @@ public:
     StatsView(FrmStats& presenter, QSettings& layout, QWidget* parent = nullptr);
     ~StatsView() override;
 
-    /// Figures and chart as a page, in the colours of paper.
-    [[nodiscard]] std::unique_ptr<QTextDocument> page() const;
     void done(int result) override;
 
 signals:
     void printRequested();
 
 private:
-    FrmStats& m_presenter;
     QSettings& m_layout;
     std::unique_ptr<Ui::StatsView> m_ui;
 };
