@@ -65,8 +65,8 @@ void addCalendarCommands(CLI::App& app, Command& chosen);
 void addPlanningCommands(CLI::App& app, Command& chosen);
 /// Adds the intake's command: parse-card.
 void addIntakeCommands(CLI::App& app, Command& chosen);
-/// Adds the commands that find and show: search, find, report. @p draws becomes true when the command that was
-/// chosen paints pages, for which the program needs its fonts.
+/// Adds the commands that find and show: search, find, report. @p draws becomes true when the command that
+/// was chosen paints pages, for which the program needs its fonts.
 void addOutputCommands(CLI::App& app, Command& chosen, bool& draws);
 /// Adds the commands of the profile and the questionnaires: profile, evaluate, rank, template.
 void addAssessmentCommands(CLI::App& app, Command& chosen);

@@ -411,7 +411,7 @@ void findscan::due(Reading& reading, QDate before, const Take& take)
             continue;
         FindHit hit;
         hit.key = sqlite3_column_int64(rows.get(), 0);
-        hit.title = textOf(column(rows.get(), 1));
+        hit.title = textOf(column(rows.get(), 1)).simplified();
         hit.context = textOf(column(rows.get(), 3));
         const auto last = dates::fromIso(textOf(column(rows.get(), 2)));
         hit.place = last ? tr("Last contact") : QString();

@@ -94,6 +94,8 @@ QString Builder::addressString(std::optional<Key> key) const
     if (!key || *key == 0)
         return {};
     const RecordSet row = m_dataJW.getAddress(*key);
+    if (row.isEmpty())
+        return {};
     QString line;
     for (const QStringView column : {u"Address1", u"Address2", u"City"})
         line += row.text(column);

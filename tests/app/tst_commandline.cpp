@@ -123,7 +123,7 @@ private slots:
         row("search|contact|LINDQ", 0, "Contact by LastName : 1\n  Mara Lindqvist#");
         row("search|history|zzz|--json", 0, "\"sum\": 0");
         row("search|e|x", 2, "The kinds are");
-        row("find|lindqvist|mara", 0, "Contacts (1)\n  Mara Lindqvist");
+        row("find|lindqvist|mara", 0, "  Mara Lindqvist ");
         row("find|%", 0, "");
         row("report|position|--pages", 0, "Progress:10");
         row("report|contact|--pdf|/nowhere/at.pdf", 1, "could not be written");

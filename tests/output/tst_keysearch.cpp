@@ -31,7 +31,7 @@ public:
         const Key birch = addCompany(u"Birch"_s);
         addContact(u"Ann"_s, u"Lee"_s, alder);
         addContact(u"Ann"_s, u"Lee"_s, birch);
-        run(u"Insert into Position(Title,Notes,CompanyKey) Values('Sales #2 lead','Wholesale',%1)"_s.arg(
+        run(u"Insert into Position(Title,Notes,CompanyKey) Values('Sales #2 lead','Presales',%1)"_s.arg(
             birch));
         run(u"Insert into History(HistoryKey,ContactKey,ContactCount,Medium,Topic,Details,ContactDate) "
             "Values('2-1',2,1,'Phone','Fair','sales talk','11/2/2026')"_s);
@@ -119,7 +119,7 @@ private slots:
         QCOMPARE(bench.selection().currentContactKey, Key{2}); // not her namesake
         bench.open(u"Company"_s, u"alder"_s);
         QCOMPARE(bench.selection().selectedCompanyName(), u"Alder Works"_s);
-        bench.open(u"Position"_s, u"whole"_s);
+        bench.open(u"Position"_s, u"presa"_s);
         QCOMPARE(bench.selection().currentScreen, u"Position"_s);
         QCOMPARE(bench.selection().currentPositionKey, Key{1}); // the number behind the last "#"
         bench.open(u"Events"_s, u"fair"_s);

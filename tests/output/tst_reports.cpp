@@ -93,9 +93,9 @@ private slots:
         World world;
         for (const ReportKind kind : {ReportKind::Company, ReportKind::Contact, ReportKind::Position}) {
             world.prompts.expect(u"You have no companies in your database."_s);
-            QCOMPARE(reports::build(kind, *world.session), QString());
+            QCOMPARE(reports::build(kind, *world.session).value_or(u"none"_s), QString());
         }
-        QCOMPARE(reports::build(ReportKind::Target, *world.session), QString());
+        QCOMPARE(reports::build(ReportKind::Target, *world.session).value_or(u"none"_s), QString());
     }
 
     void pagesEndByRecords()
@@ -120,7 +120,7 @@ private slots:
         for (int i = 0; i < 13; ++i)
             send(world, {u"INSERT INTO Contact(FirstName,LastName,CompanyKey) VALUES ('A','B',2)"_s,
                          u"INSERT INTO Position(Title,CompanyKey) VALUES ('T%1',2)"_s.arg(i)});
-        QCOMPARE(reports::pages(*reports::build(ReportKind::Contact, *world.session)).at(1).count(rule), 12);
+        QCOMPARE(reports::pages(*reports::build(ReportKind::Contact, *world.session)).at(1).count(rule), 13);
         QCOMPARE(reports::pages(*reports::build(ReportKind::Position, *world.session)).size(), 1);
     }
 

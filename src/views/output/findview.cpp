@@ -111,7 +111,7 @@ bool FindView::eventFilter(QObject* watched, QEvent* event)
 bool FindView::event(QEvent* event)
 {
     // A click beside the box is a click on what lies there.
-    if (event->type() == QEvent::WindowDeactivate && isVisible())
+    if (event->type() == QEvent::WindowDeactivate && isVisible() && m_taken < 0)
         reject();
     return QDialog::event(event);
 }
