@@ -70,7 +70,7 @@ int copies(CommandContext& context, bool json)
         printError(tr("There are no copies in %1 yet.").arg(QDir::toNativeSeparators(context.folder)));
         return Done;
     }
-    const Table table({38, 19, -12, -9, -9, -9});
+    const Table table({44, 19, -12, -9, -9, -9});
     table.row({tr("Copy"), tr("Made"), tr("Bytes"), tr("Companies"), tr("Positions"), tr("Contacts")});
     for (const CopyInfo& copy : found)
         table.row({QFileInfo(copy.path).fileName(), momentOf(copy), QString::number(copy.bytes),
