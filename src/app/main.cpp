@@ -50,6 +50,7 @@ void describe(CLI::App& app, Line& line)
     addHistoryCommands(app, line.command);
     addCalendarCommands(app, line.command);
     addIntakeCommands(app, line.command);
+    addImportCommands(app, line.command);
     addContactCommands(app, line.command);
     addStoreCommands(app, line.command);
     addCopyCommands(app, line.command);

@@ -1,10 +1,15 @@
 // The table of screens: what each is called, where it is opened, how it is made.
+#include "formats/sharedfolders.h"
 #include "intake/frmautoparse.h"
+#include "intake/frmimport.h"
+#include "intake/frmmerge.h"
 #include "program/presenters.h"
 #include "program/screens.h"
 #include "views/calendar/calendarview.h"
 #include "views/history/historyview.h"
 #include "views/intake/autoparseview.h"
+#include "views/intake/importview.h"
+#include "views/intake/mergeview.h"
 #include "views/workbench/addressentryview.h"
 #include "workbench/addressentry.h"
 
@@ -64,6 +69,31 @@ QVariant openAddressEntry(ScreenHost& host, const QVariant& request)
     return entry.saved() ? QVariant(entry.addressKey()) : QVariant();
 }
 
+/// What came in or went is read again.
+QVariant openImport(ScreenHost& host, const QVariant&)
+{
+    FrmData& workbench = host.presenters->workbench;
+    SharedFolders folders;
+    FrmImport import(host.session, folders, host.navigator);
+    QObject::connect(&import, &FrmImport::importProgress, &workbench, &FrmData::importProgress);
+    QObject::connect(&import, &FrmImport::imported, &workbench, [&workbench] {
+        workbench.tabStrip1Click(u"Company"_s);
+        workbench.refresh();
+    });
+    ImportView(import, *host.layout, host.parent()).exec();
+    return {};
+}
+
+/// All pairs of contacts that may be one person; what was merged is read again.
+QVariant openMerge(ScreenHost& host, const QVariant&)
+{
+    FrmMerge merge(host.session);
+    merge.load();
+    QObject::connect(&merge, &FrmMerge::merged, &host.presenters->workbench, &FrmData::refresh);
+    MergeView(merge, *host.layout, host.parent()).exec();
+    return {};
+}
+
 /// The row's way to make its screen, tied to what it is made from.
 auto with(ScreenHost& host, QVariant (*open)(ScreenHost&, const QVariant&))
 {
@@ -90,7 +120,9 @@ std::vector<ScreenRow> screenTable(ScreenHost& host)
          .caption = tr("Import"),
          .menuText = tr("&Import"),
          .tip = tr("Import contacts and companies"),
-         .icon = u"document-import"_s},
+         .icon = u"document-import"_s,
+         .then = Then::CompanyScreen,
+         .open = with(host, openImport)},
         {.screen = u"FrmUProfile"_s,
          .tool = u"uprofile"_s,
          .entry = u"Uprofile"_s,
@@ -199,6 +231,7 @@ std::vector<ScreenRow> screenTable(ScreenHost& host)
         {.screen = u"FrmHistory"_s, .open = with(host, openHistory)},
         {.screen = u"FrmAddressEntry"_s, .open = with(host, openAddressEntry)},
         {.screen = u"FrmAutoParse"_s, .holdsReminders = true, .open = with(host, openCardParser)},
+        {.screen = u"FrmMerge"_s, .open = with(host, openMerge)},
         {.screen = u"FrmProfileComp"_s},
         {.screen = u"FrmProfileJob"_s},
     };

@@ -3,12 +3,17 @@
 #include "support/runtest.h"
 #include "views/windowbench.h"
 
+#include "formats/sharedfolders.h"
 #include "intake/frmautoparse.h"
+#include "intake/frmimport.h"
+#include "intake/frmmerge.h"
 #include "views/calendar/calendarview.h"
 #include "views/calendar/daylist.h"
 #include "views/calendar/reminderview.h"
 #include "views/history/historyview.h"
 #include "views/intake/autoparseview.h"
+#include "views/intake/importview.h"
+#include "views/intake/mergeview.h"
 #include "views/workbench/addressentryview.h"
 #include "views/workbench/importprogressview.h"
 #include "views/workbench/splashview.h"
@@ -320,6 +325,8 @@ private:
              [](T& t) {
                  return Opened{t.m_bench->find(u"frmImportProg"_s), nullptr};
              }},
+            {u"importview"_s, [](T& t) { return t.import(); }},
+            {u"mergeview"_s, [](T& t) { return t.merge(); }},
             {u"pipelineview"_s, [](T& t) { return t.tab(u"Pipeline"_s, t.m_bench->frm->pipelineScreen()); }},
             {u"positionview"_s, [](T& t) { return t.tab(u"Position"_s, t.m_bench->frm->positionScreen()); }},
             {u"reminderview"_s, [](T& t) { return t.keep<ReminderView>(t.m_bench->presenters->reminder); }},
@@ -397,6 +404,16 @@ private:
         m_address->load({1, 0});
         return keep<AddressEntryView>(*m_address);
     }
+    Opened import()
+    {
+        m_import = std::make_unique<FrmImport>(*m_bench->world.session, m_folders, m_bench->navigator);
+        return keep<ImportView>(*m_import);
+    }
+    Opened merge()
+    {
+        m_merge = std::make_unique<FrmMerge>(*m_bench->world.session);
+        return keep<MergeView>(*m_merge);
+    }
     Opened cardParser()
     {
         m_parser = std::make_unique<FrmAutoParse>(*m_bench->world.session);
@@ -421,6 +438,9 @@ private:
     }
 
     std::unique_ptr<WindowBench> m_bench;
+    SharedFolders m_folders;
+    std::unique_ptr<FrmImport> m_import;
+    std::unique_ptr<FrmMerge> m_merge;
     std::unique_ptr<FrmSplash> m_splash;
     std::unique_ptr<FrmAddressEntry> m_address;
     std::unique_ptr<FrmAutoParse> m_parser;
