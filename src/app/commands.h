@@ -47,7 +47,7 @@ private:
 /// A command that was chosen, to be run when the whole line has been understood.
 using Command = std::function<int(CommandContext&)>;
 
-/// Adds the store's commands: init, query, export, import, status, verify, paths, demo.
+/// Adds the store's commands: init, query, export, status, verify, paths, demo.
 void addStoreCommands(CLI::App& app, Command& chosen);
 /// Adds the commands about copies of the database: copy, copies, restore.
 void addCopyCommands(CLI::App& app, Command& chosen);

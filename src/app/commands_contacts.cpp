@@ -3,6 +3,7 @@
 #include "app/output.h"
 #include "base/letters.h"
 #include "base/text.h"
+#include "intake/contactexport.h"
 #include "store/gateway/datajw.h"
 #include "store/gateway/listings.h"
 
@@ -106,6 +107,18 @@ int contacts(CommandContext& context, const Wanted& wanted)
     return whole ? Done : Failed;
 }
 
+/// All contacts as cards when a file for them is given ("" for standard output), else as CSV.
+int exportContacts(CommandContext& context, const std::optional<std::string>& cards)
+{
+    Session* const session = context.openSession();
+    if (!session)
+        return context.exitCode;
+    DataJW& data = session->dataJW();
+    const bool written = cards ? writeFile(QString::fromStdString(*cards), contactexport::vcards(data))
+                               : writeFile({}, contactexport::contacts(data));
+    return written ? Done : Failed;
+}
+
 } // namespace
 
 void addContactCommands(CLI::App& app, Command& chosen)
@@ -121,8 +134,17 @@ void addContactCommands(CLI::App& app, Command& chosen)
         ->add_option("--find", *part, help("Only those of whose name, company, mail or title TEXT is a part"))
         ->type_name("TEXT");
     command->add_flag("--json", *json, help("The same as JSON"));
+    auto csv = std::make_shared<bool>(false);
+    auto cards = std::make_shared<std::optional<std::string>>();
+    command->add_flag("--csv", *csv, help("All with their addresses, as CSV that can be imported again"));
+    command->add_option("--vcard", *cards, help("All as vCard 4.0, into a file"))
+        ->expected(0, 1)
+        ->default_str("")
+        ->type_name("FILE");
     command->callback([=, &chosen] {
         chosen = [=](CommandContext& context) {
+            if (*csv || *cards)
+                return exportContacts(context, *cards);
             return contacts(context, {.company = QString::fromStdString(*company),
                                       .part = QString::fromStdString(*part),
                                       .json = *json});

@@ -2,6 +2,7 @@
 #include "app/commands.h"
 #include "app/commandtexts.h"
 #include "app/output.h"
+#include "intake/contactexport.h"
 #include "store/gateway/datajw.h"
 #include "store/gateway/listings.h"
 #include "workbench/pipelinesteps.h"
@@ -132,6 +133,14 @@ int positions(CommandContext& context, const QString& wanted, bool json)
     return whole ? Done : Failed;
 }
 
+int exportPositions(CommandContext& context)
+{
+    Session* const session = context.openSession();
+    if (!session)
+        return context.exitCode;
+    return writeFile({}, contactexport::positions(session->dataJW())) ? Done : Failed;
+}
+
 } // namespace
 
 void addPipelineCommands(CLI::App& app, Command& chosen)
@@ -150,8 +159,12 @@ void addPipelineCommands(CLI::App& app, Command& chosen)
     positionsCommand->add_option("COMPANY", *company,
                                  help("Of one company only: its name, or a part that only one has"));
     positionsCommand->add_flag("--json", *rows, help("The same as JSON"));
+    auto csv = std::make_shared<bool>(false);
+    positionsCommand->add_flag("--csv", *csv, help("All with every field and step date, as CSV"));
     positionsCommand->callback([=, &chosen] {
         chosen = [=](CommandContext& context) {
+            if (*csv)
+                return exportPositions(context);
             return positions(context, QString::fromStdString(*company), *rows);
         };
     });

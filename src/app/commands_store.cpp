@@ -9,7 +9,6 @@
 #include "store/files/storecheck.h"
 #include "store/files/storefile.h"
 #include "store/gateway/datajw.h"
-#include "store/xml/campaignfile.h"
 
 #include <QDir>
 #include <QFile>
@@ -60,44 +59,6 @@ int exportFile(CommandContext& context, const QString& file, bool restore)
     const QString written = QFileInfo(target).isAbsolute() ? target : session->file(target);
     printLine(tr("Data has been exported to %1").arg(QDir::toNativeSeparators(written)));
     return Done;
-}
-
-/// True when the file replaces the database, as the import itself will see it. A file that the import will
-/// refuse replaces nothing.
-bool asksForRestore(const QString& path)
-{
-    CampaignFile file;
-    return file.load(path).isEmpty() && file.isRestore();
-}
-
-int importFile(CommandContext& context, const QString& file, bool agreed)
-{
-    const QString path = QFileInfo(file).absoluteFilePath();
-    if (const QFileInfo info(path); !info.isFile()) {
-        printError((info.isDir()    ? tr("%1 is a folder and not a file.")
-                    : info.exists() ? tr("%1 is not a file.")
-                                    : tr("%1 is not there."))
-                       .arg(QDir::toNativeSeparators(path)));
-        return Failed;
-    }
-    if (!agreed && asksForRestore(path)) { // the file is read for the question only
-        printError(
-            tr("This file replaces the whole database. Call the command with --yes if that is what you want; "
-               "a copy is kept in the folder \"backups\"."));
-        printError(restoreNotes(context.folder, path));
-        if (!listCopies(context.folder).isEmpty())
-            printError(tr("\"jobwright restore newest --yes\" goes back to that copy instead."));
-        return Failed;
-    }
-    Session* const session = context.openForWriting();
-    if (!session)
-        return context.exitCode;
-    QObject::connect(session, &Session::statusLineChanged, [](const QString& line) {
-        if (!line.isEmpty())
-            printLine(line);
-    });
-    session->dataJW().importXML(path);
-    return session->statusLine() == u"Import Complete" ? Done : Failed;
 }
 
 int status(CommandContext& context, const std::optional<QString>& name, const std::optional<QString>& value)
@@ -257,18 +218,6 @@ void addExport(CLI::App& app, Command& chosen)
     });
 }
 
-void addImport(CLI::App& app, Command& chosen)
-{
-    auto* const command = app.add_subcommand("import", help("Read such a file"));
-    auto source = std::make_shared<std::string>();
-    auto yes = std::make_shared<bool>(false);
-    command->add_option("FILE", *source)->required()->check(notEmpty("the file's name is empty"));
-    command->add_flag("--yes", *yes, help("Agree to replace the database when the file asks for it"));
-    command->callback([=, &chosen] {
-        chosen = [=](CommandContext& context) { return importFile(context, qstring(*source), *yes); };
-    });
-}
-
 void addStatus(CLI::App& app, Command& chosen)
 {
     auto* const command = app.add_subcommand("status", help("Show or set a setting"));
@@ -297,7 +246,6 @@ void addStoreCommands(CLI::App& app, Command& chosen)
     addPlain("init", help("Make an empty campaign in a new folder (--folder)"), init);
     addQuery(app, chosen);
     addExport(app, chosen);
-    addImport(app, chosen);
     addStatus(app, chosen);
     addPlain("verify", help("Check the database in whole"), verify);
     addPlain("paths", help("Show where everything lies"), paths);

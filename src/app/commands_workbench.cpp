@@ -3,6 +3,7 @@
 #include "app/output.h"
 #include "base/letters.h"
 #include "base/text.h"
+#include "intake/contactexport.h"
 #include "store/gateway/datajw.h"
 #include "store/gateway/listings.h"
 #include "store/session.h"
@@ -50,11 +51,13 @@ bool printAsJson(DataJW& dataJW)
     return whole;
 }
 
-int companies(CommandContext& context, bool table, bool json)
+int companies(CommandContext& context, bool table, bool json, bool csv)
 {
     Session* const session = context.openSession();
     if (!session)
         return context.exitCode;
+    if (csv)
+        return writeFile({}, contactexport::companies(session->dataJW())) ? Done : Failed;
     DataJW& dataJW = session->dataJW();
     if (json)
         return printAsJson(dataJW) ? Done : Failed;
@@ -116,8 +119,11 @@ void addWorkbenchCommands(CLI::App& app, Command& chosen)
     auto json = std::make_shared<bool>(false);
     companiesCommand->add_flag("--long", *table, help("With positions, contacts and the last contact"));
     companiesCommand->add_flag("--json", *json, help("As JSON, with the same figures and the interactions"));
+    auto csv = std::make_shared<bool>(false);
+    companiesCommand->add_flag("--csv", *csv,
+                               help("With their addresses, as CSV that can be imported again"));
     companiesCommand->callback([=, &chosen] {
-        chosen = [=](CommandContext& context) { return companies(context, *table, *json); };
+        chosen = [=](CommandContext& context) { return companies(context, *table, *json, *csv); };
     });
 
     auto* const summaryCommand =

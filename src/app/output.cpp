@@ -2,8 +2,11 @@
 
 #include "base/text.h"
 
+#include <QCoreApplication>
+#include <QDir>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QSaveFile>
 
 #include <cstdio>
 
@@ -154,4 +157,18 @@ void printJson(const QJsonArray& array)
 void printJson(const QJsonObject& object)
 {
     write(stdout, QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Indented)));
+}
+
+bool writeFile(const QString& path, const QByteArray& bytes)
+{
+    if (path.isEmpty()) {
+        print(QString::fromUtf8(bytes));
+        return true;
+    }
+    QSaveFile file(path);
+    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
+        return true;
+    printError(QCoreApplication::translate("Commands", "%1 cannot be written: %2.")
+                   .arg(QDir::toNativeSeparators(path), file.errorString()));
+    return false;
 }

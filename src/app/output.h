@@ -15,6 +15,10 @@
 /// when the reader has gone away ("| head").
 void print(const QString& text);
 
+/// Writes bytes into a file, whole or not at all, or to standard output when @p path is empty. False, with
+/// the reason printed, when that failed.
+bool writeFile(const QString& path, const QByteArray& bytes);
+
 /// A text as a terminal may get it: what is stored may hold escapes that recolour, rename or rewrite it, so
 /// every control character but line end and tab is a blank.
 QString plain(QString text);

@@ -73,6 +73,18 @@ void FrmAddressEntry::cmdSave1()
         emit closeRequested();
 }
 
+/// Imports tie several records to one row: one person's move must not move everybody.
+bool FrmAddressEntry::isShared() const
+{
+    const auto users = [this](const QString& table) {
+        return dataJW()
+            .getExecQueryRecords(u"Select AddressKey from "_s + table + u" where AddressKey=" +
+                                 QString::number(m_addressKey))
+            .rowCount();
+    };
+    return users(u"Contact"_s) + users(u"Company"_s) > 1;
+}
+
 bool FrmAddressEntry::updateRow()
 {
     QStringList parts;
@@ -89,7 +101,7 @@ bool FrmAddressEntry::updateRow()
                               QString::number(m_addressKey));
 }
 
-/// People who came in without an address get one here, as an update would find no row.
+/// People who came in without an address, or with one that others use, get their own here.
 bool FrmAddressEntry::addRow()
 {
     Action action(dataJW());

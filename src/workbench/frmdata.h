@@ -127,6 +127,11 @@ public:
 
 public slots:
     void fileExport();
+    // The campaign's records for other programs.
+    void writeCards();
+    void writeContacts();
+    void writeCompanies();
+    void writePositions();
     void restoreData();
     void restoreACopy();
     void fileExit() { emit closeRequested(); }

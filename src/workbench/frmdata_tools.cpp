@@ -1,6 +1,7 @@
 // The doors from the workbench to the other tools: toolbar, menus, export and restore, help.
 #include "base/text.h"
 #include "calendar/frmreminder.h"
+#include "intake/contactexport.h"
 #include "store/files/copyrestore.h"
 #include "store/gateway/datajw.h"
 #include "workbench/contactscreen.h"
@@ -154,6 +155,26 @@ void FrmData::restoreACopy()
     if (restored)
         showMessage(tr("The database is again what it was then."));
     refresh();
+}
+
+void FrmData::writeCards()
+{
+    contactexport::save(m_session, contactexport::Kind::Cards);
+}
+
+void FrmData::writeContacts()
+{
+    contactexport::save(m_session, contactexport::Kind::Contacts);
+}
+
+void FrmData::writeCompanies()
+{
+    contactexport::save(m_session, contactexport::Kind::Companies);
+}
+
+void FrmData::writePositions()
+{
+    contactexport::save(m_session, contactexport::Kind::Positions);
 }
 
 void FrmData::restoreData()

@@ -40,6 +40,7 @@ offers "Postledger-2026-11-22-daily.db" restore Post
 offers "--folder" --f
 offers "--json" query --j
 offers "--json" pipeline --j
+offers "--map|--map-file" import --m
 offers "history" hi
 offers "--from" history --fr
 offers "position" report --pdf x.pdf pos

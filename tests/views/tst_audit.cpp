@@ -460,6 +460,16 @@ private:
         m_address->load({1, 0});
         return keep<AddressEntryView>(*m_address);
     }
+    Opened import()
+    {
+        m_import = std::make_unique<FrmImport>(*m_bench->world.session, m_folders, m_bench->navigator);
+        return keep<ImportView>(*m_import);
+    }
+    Opened merge()
+    {
+        m_merge = std::make_unique<FrmMerge>(*m_bench->world.session);
+        return keep<MergeView>(*m_merge);
+    }
     Opened cardParser()
     {
         m_parser = std::make_unique<FrmAutoParse>(*m_bench->world.session);
@@ -514,6 +524,9 @@ private:
     }
 
     std::unique_ptr<WindowBench> m_bench;
+    SharedFolders m_folders;
+    std::unique_ptr<FrmImport> m_import;
+    std::unique_ptr<FrmMerge> m_merge;
     std::unique_ptr<FrmSplash> m_splash;
     std::unique_ptr<FrmAddressEntry> m_address;
     std::unique_ptr<FrmAutoParse> m_parser;

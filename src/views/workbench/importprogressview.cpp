@@ -23,13 +23,13 @@ ImportProgressView::ImportProgressView(Session& session, QWidget* parent)
     , m_bar(new QProgressBar(this))
 {
     setObjectName(u"frmImportProg"_s);
-    setWindowTitle(tr("Loading data"));
+    setWindowTitle(tr("Importing ..."));
     setWindowModality(Qt::ApplicationModal);
-    m_line->setObjectName(u"lblStatus"_s);
+    m_line->setObjectName(u"lblSet"_s);
     m_line->setAccessibleName(tr("Progress"));
     m_line->setTextFormat(Qt::PlainText);
     m_line->setMinimumWidth(fontMetrics().averageCharWidth() * 48);
-    m_bar->setObjectName(u"pbarImport"_s);
+    m_bar->setObjectName(u"pbar"_s);
     m_bar->setAccessibleName(tr("Progress bar"));
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(m_line);

@@ -185,6 +185,10 @@ void WorkbenchWindow::buildMenus()
     };
     const QList<Entry> own = {
         {m_ui->FileExport, &FrmData::fileExport, u"document-export"_s},
+        {m_ui->WriteCards, &FrmData::writeCards, {}},
+        {m_ui->WriteContacts, &FrmData::writeContacts, {}},
+        {m_ui->WriteCompanies, &FrmData::writeCompanies, {}},
+        {m_ui->WritePositions, &FrmData::writePositions, {}},
         {m_ui->RestoreData, &FrmData::restoreData, u"document-revert"_s},
         {m_ui->RestoreCopy, &FrmData::restoreACopy, u"document-revert"_s},
         {m_ui->FilePrint, &FrmData::filePrint, u"document-print"_s},

@@ -1,4 +1,4 @@
-#include "desktop/sharedfolders.h"
+#include "formats/sharedfolders.h"
 
 #include "formats/contactcard.h"
 #include "formats/textfile.h"
