@@ -4,6 +4,7 @@
 
 #include "assessment/frmuprofile.h"
 #include "base/silentports.h"
+#include "store/engine/database.h"
 #include "store/gateway/datajw.h"
 
 #include <QCoreApplication>

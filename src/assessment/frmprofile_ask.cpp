@@ -181,12 +181,17 @@ bool FrmProfile::save()
                            QString::number(questionCount()) + u",1";
     Action action(dataJW());
     dataJW().delRecord(m_key, table);
-    const bool stored = dataJW().execQuery(
-        isPosition()
-            ? QString(u"Insert INTO JProfile (PositionKey,Qans,PR,QCount,TemplateKey,CompanyKey) VALUES (" +
+    const QString keyField = isPosition() ? u"PositionKey"_s : u"CompanyKey"_s;
+    const bool isGone = !dataJW().keyVerification(m_key, keyField, table); // else there would be two
+    const bool stored =
+        isGone &&
+        dataJW().execQuery(
+            isPosition()
+                ? QString(
+                      u"Insert INTO JProfile (PositionKey,Qans,PR,QCount,TemplateKey,CompanyKey) VALUES (" +
                       values + u',' + QString::number(m_companyKey) + u')')
-            : QString(u"Insert INTO CProfile (CompanyKey,Qans,PR,QCount,TemplateKey) VALUES (" + values +
-                      u')'));
+                : QString(u"Insert INTO CProfile (CompanyKey,Qans,PR,QCount,TemplateKey) VALUES (" + values +
+                          u')'));
     if (!stored || !markSteps())
         giveUp(dataJW()); // the former answers stay in the database, and these on the screen
     if (!action.commit()) {

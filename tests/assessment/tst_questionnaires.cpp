@@ -121,7 +121,7 @@ private slots:
         store(0, u"1,'Size?',2,2,'#Big#Small#','M'"_s);
         m_bench->run(u"Insert into CProfile(CompanyKey,QAns,PR,QCount,TemplateKey) Values(1,'#2#',1,1,1)"_s);
         m_bench->world.prompts.acceptAll(Answer::Yes);
-        const auto state = [this] {
+        const auto state = [this]() -> QString {
             return m_bench->cells(u"Select QKey,AnswerPref from Question"_s) + u' ' +
                    m_bench->cells(u"Select QAns,PR from CProfile"_s);
         };

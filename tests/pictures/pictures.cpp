@@ -1,5 +1,8 @@
 // Grabs the program's screens for the documents, each with a record of the demo on it:
 // jobwright_pictures CAMPAIGN.xml light|dark SCREEN OUT.png
+#include "assessment/frmeditor.h"
+#include "assessment/frmprofile.h"
+#include "assessment/frmuprofile.h"
 #include "calendar/frmevcal.h"
 #include "calendar/frmreminder.h"
 #include "desktop/printing.h"
@@ -11,6 +14,9 @@
 #include "planning/frmstats.h"
 #include "program/screens.h"
 #include "store/files/demo.h"
+#include "views/assessment/editorview.h"
+#include "views/assessment/profileview.h"
+#include "views/assessment/uprofileview.h"
 #include "views/calendar/calendarview.h"
 #include "views/calendar/reminderview.h"
 #include "views/common/housestyle.h"
@@ -33,6 +39,8 @@
 #include "workbench/positionscreen.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QFile>
 #include <QSettings>
 #include <QStyleFactory>
 #include <QTabWidget>
@@ -152,6 +160,50 @@ bool grabHistory(Scene& scene)
     HistoryView view(history, scene.layout);
     view.resize(1050, 640);
     history.lvwHistoryClick(history.lvwHistory().rowCount() - 2);
+    return show(view, scene.file);
+}
+
+/// An item with its evaluation; the dictionaries lie where the program is delivered from.
+bool grabProfile(Scene& scene)
+{
+    Session& session = *scene.bench.world.session;
+    const QDir delivered(QStringLiteral(JOBWRIGHT_SOURCE_DIR "/data"));
+    for (const QString& file : delivered.entryList({u"*.jwd"_s}))
+        QFile::copy(delivered.filePath(file), session.file(file));
+    FrmUProfile profile(session);
+    profile.load();
+    UProfileView view(profile, scene.layout);
+    view.resize(1500, 900);
+    const QModelIndex experience = profile.tvwUProfile().find(u"Experience"_s);
+    QModelIndex leaf = experience;
+    while (profile.tvwUProfile().rowCount(leaf) > 0)
+        leaf = profile.tvwUProfile().index(0, 0, leaf);
+    profile.tvwUProfileNodeClick(leaf);
+    profile.cmdEvaluate();
+    return show(view, scene.file);
+}
+
+bool grabQuestions(Scene& scene)
+{
+    Session& session = *scene.bench.world.session;
+    QFile::copy(QStringLiteral(JOBWRIGHT_SOURCE_DIR "/data/CompanyTemplate.jwt"),
+                session.file(u"CompanyTemplate.jwt"_s));
+    FrmProfile profile(session, FrmProfile::Company, FrmProfile::Doors());
+    profile.load(session.dataJW().getCompanyKey(u"Brightwater Dairy Cooperative"_s));
+    ProfileView view(profile, scene.layout);
+    return show(view, scene.file);
+}
+
+bool grabEditor(Scene& scene)
+{
+    Session& session = *scene.bench.world.session;
+    QFile::copy(QStringLiteral(JOBWRIGHT_SOURCE_DIR "/data/CompanyTemplate.jwt"),
+                session.file(u"CompanyTemplate.jwt"_s));
+    FrmEditor editor(session);
+    editor.load();
+    EditorView view(editor, scene.layout);
+    editor.cmdLoad();
+    editor.tvwQuestionsNodeClick(editor.tvwQuestions().find(u"Q4"_s));
     return show(view, scene.file);
 }
 
@@ -281,10 +333,11 @@ bool grabFind(Scene& scene)
 bool grabScreen(Scene& scene, const QString& screen)
 {
     static const QHash<QString, bool (*)(Scene&)> dialogs{
-        {u"Calendar"_s, grabCalendar}, {u"History"_s, grabHistory}, {u"Reminder"_s, grabReminder},
-        {u"Card"_s, grabCard},         {u"Goals"_s, grabGoals},     {u"Plan"_s, grabPlan},
-        {u"Statistics"_s, grabStats},  {u"Address"_s, grabAddress}, {u"Search"_s, grabSearch},
-        {u"Happened"_s, grabHappened}, {u"Report"_s, grabReport},   {u"Find"_s, grabFind}};
+        {u"Calendar"_s, grabCalendar}, {u"History"_s, grabHistory},     {u"Reminder"_s, grabReminder},
+        {u"Card"_s, grabCard},         {u"Goals"_s, grabGoals},         {u"Plan"_s, grabPlan},
+        {u"Statistics"_s, grabStats},  {u"Address"_s, grabAddress},     {u"Search"_s, grabSearch},
+        {u"Happened"_s, grabHappened}, {u"Report"_s, grabReport},       {u"Find"_s, grabFind},
+        {u"Profile"_s, grabProfile},   {u"Questions"_s, grabQuestions}, {u"Editor"_s, grabEditor}};
     if (const auto dialog = dialogs.value(screen))
         return dialog(scene);
     return grabTab(scene, screen);
