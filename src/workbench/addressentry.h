@@ -46,6 +46,7 @@ signals:
 
 private:
     [[nodiscard]] DataJW& dataJW() const;
+    [[nodiscard]] int addressUsers() const;
     bool updateRow();
     bool addRow();
 

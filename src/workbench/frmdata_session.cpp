@@ -118,13 +118,6 @@ void FrmData::forgetKeys()
     m_selection.currentCompanyKey = 0;
 }
 
-void FrmData::forgetKeys()
-{
-    m_position->clearPositionForm();
-    m_contact->clearContactForm();
-    m_selection.currentCompanyKey = 0;
-}
-
 void FrmData::refresh()
 {
     showCompanyScreen();
