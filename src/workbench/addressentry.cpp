@@ -97,21 +97,27 @@ void FrmAddressEntry::cmdSave1()
         m_shell.showMessage(tr("Please save the contact before storing an address for it."));
         return;
     }
-    m_saved = m_addressKey > 0 && !isShared() ? updateRow() : addRow();
+    const int users = m_addressKey > 0 ? addressUsers() : 0;
+    if (users < 0)
+        return; // the failure was shown, and the form keeps what was typed
+    m_saved = m_addressKey > 0 && users <= 1 ? updateRow() : addRow();
     if (m_saved)
         emit closeRequested();
 }
 
-/// Imports tie several records to one row: one person's move must not move everybody.
-bool FrmAddressEntry::isShared() const
+/// How many records have this row, -1 when that could not be read. Imports tie several to one, and one
+/// person's move must not move everybody.
+int FrmAddressEntry::addressUsers() const
 {
-    const auto users = [this](const QString& table) {
-        return dataJW()
-            .getExecQueryRecords(u"Select AddressKey from "_s + table + u" where AddressKey=" +
-                                 QString::number(m_addressKey))
-            .rowCount();
-    };
-    return users(u"Contact"_s) + users(u"Company"_s) > 1;
+    int users = 0;
+    for (const QString& table : {u"Contact"_s, u"Company"_s}) {
+        const RecordSet rows = dataJW().getExecQueryRecords(
+            u"Select AddressKey from "_s + table + u" where AddressKey=" + QString::number(m_addressKey));
+        if (rows.isNothing())
+            return -1;
+        users += rows.rowCount();
+    }
+    return users;
 }
 
 bool FrmAddressEntry::updateRow()

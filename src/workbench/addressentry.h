@@ -47,7 +47,7 @@ signals:
 private:
     [[nodiscard]] DataJW& dataJW() const;
     [[nodiscard]] QList<std::pair<QString, QString>> values() const;
-    [[nodiscard]] bool isShared() const;
+    [[nodiscard]] int addressUsers() const;
     bool updateRow();
     bool addRow();
 
