@@ -50,7 +50,7 @@ private slots:
 
     void columnsAreMappedAndStored()
     {
-        const QString path = file(u"people.csv"_s, "Given,Family Name,Firm\nAnn,Lee,Acme\n");
+        const QString path = file(u"people.csv"_s, "Given,Family Name,Company\nAnn,Lee,Acme\n");
         find<QComboBox>("cmbInputSource")->setFocus();
         QTest::keyClicks(find<QComboBox>("cmbInputSource"), u"Text"_s);
         QVERIFY(find<QWidget>("frmeParse")->isVisible() && !find<QWidget>("frmeMSOutlook")->isVisible());
