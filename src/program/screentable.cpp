@@ -3,7 +3,10 @@
 #include "assessment/frmprofile.h"
 #include "assessment/frmquestionnaire.h"
 #include "assessment/frmuprofile.h"
+#include "formats/sharedfolders.h"
 #include "intake/frmautoparse.h"
+#include "intake/frmimport.h"
+#include "intake/frmmerge.h"
 #include "output/frmreport.h"
 #include "planning/frmactionplan.h"
 #include "planning/frmgoals.h"
@@ -17,6 +20,8 @@
 #include "views/calendar/calendarview.h"
 #include "views/history/historyview.h"
 #include "views/intake/autoparseview.h"
+#include "views/intake/importview.h"
+#include "views/intake/mergeview.h"
 #include "views/output/keysearchview.h"
 #include "views/output/reportview.h"
 #include "views/planning/actionplanview.h"
@@ -200,6 +205,31 @@ QVariant openStats(ScreenHost& host, const QVariant& request)
     return {};
 }
 
+/// What came in or went is read again.
+QVariant openImport(ScreenHost& host, const QVariant&)
+{
+    FrmData& workbench = host.presenters->workbench;
+    SharedFolders folders;
+    FrmImport import(host.session, folders, host.navigator);
+    QObject::connect(&import, &FrmImport::importProgress, &workbench, &FrmData::importProgress);
+    QObject::connect(&import, &FrmImport::imported, &workbench, [&workbench] {
+        workbench.tabStrip1Click(u"Company"_s);
+        workbench.refresh();
+    });
+    ImportView(import, *host.layout, host.parent()).exec();
+    return {};
+}
+
+/// All pairs of contacts that may be one person; what was merged is read again.
+QVariant openMerge(ScreenHost& host, const QVariant&)
+{
+    FrmMerge merge(host.session);
+    merge.load();
+    QObject::connect(&merge, &FrmMerge::merged, &host.presenters->workbench, &FrmData::refresh);
+    MergeView(merge, *host.layout, host.parent()).exec();
+    return {};
+}
+
 /// The row's way to make its screen, tied to what it is made from.
 auto with(ScreenHost& host, QVariant (*open)(ScreenHost&, const QVariant&))
 {
@@ -345,6 +375,7 @@ std::vector<ScreenRow> screenTable(ScreenHost& host)
         {.screen = u"FrmHistory"_s, .open = with(host, openHistory)},
         {.screen = u"FrmAddressEntry"_s, .open = with(host, openAddressEntry)},
         {.screen = u"FrmAutoParse"_s, .holdsReminders = true, .open = with(host, openCardParser)},
+        {.screen = u"FrmMerge"_s, .open = with(host, openMerge)},
         {.screen = u"FrmProfileComp"_s, .open = with(host, openCompanyQuestions)},
         {.screen = u"FrmProfileJob"_s, .open = with(host, openPositionQuestions)},
     };

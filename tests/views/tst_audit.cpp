@@ -1,6 +1,11 @@
 // What holds for every view of the program: names, words for people who cannot see it, the way of the Tab
 // key.
+#include "formats/sharedfolders.h"
+#include "intake/frmimport.h"
+#include "intake/frmmerge.h"
 #include "support/runtest.h"
+#include "views/intake/importview.h"
+#include "views/intake/mergeview.h"
 #include "views/windowbench.h"
 
 #include "assessment/frmeditor.h"
@@ -356,6 +361,8 @@ private:
             {u"goalsview"_s, [](T& t) { return t.own<GoalsView, FrmGoals>(t.m_bench->navigator); }},
             {u"editorview"_s, [](T& t) { return t.editor(); }},
             {u"historyview"_s, [](T& t) { return t.history(); }},
+            {u"importview"_s, [](T& t) { return t.import(); }},
+            {u"mergeview"_s, [](T& t) { return t.merge(); }},
             {u"importprogressview"_s,
              [](T& t) {
                  return Opened{t.m_bench->find(u"frmImportProg"_s), nullptr};
