@@ -68,6 +68,8 @@ void addIntakeCommands(CLI::App& app, Command& chosen);
 /// Adds the commands that find and show: search, find, report. @p draws becomes true when the command that
 /// was chosen paints pages, for which the program needs its fonts.
 void addOutputCommands(CLI::App& app, Command& chosen, bool& draws);
+/// Adds the command import.
+void addImportCommands(CLI::App& app, Command& chosen);
 /// Adds the commands of the profile and the questionnaires: profile, evaluate, rank, template.
 void addAssessmentCommands(CLI::App& app, Command& chosen);
 

@@ -57,6 +57,7 @@ void describe(CLI::App& app, Line& line)
     addAssessmentCommands(app, line.command);
     addContactCommands(app, line.command);
     addOutputCommands(app, line.command, line.draws);
+    addImportCommands(app, line.command);
     addStoreCommands(app, line.command);
     addCopyCommands(app, line.command);
     app.footer(help("Without a command the workbench opens.\n"

@@ -4,6 +4,7 @@
 #include "planning/frmstats.h"
 #include "support/runtest.h"
 #include "support/screenbench.h"
+#include "views/common/barchart.h"
 #include "views/planning/actionplanview.h"
 #include "views/planning/goalsview.h"
 #include "views/planning/measurelist.h"
