@@ -88,6 +88,8 @@ private slots:
         auto* view = bench.window->findChild<QDialog*>(u"frmKeySearch"_s);
         QVERIFY(view && !view->isModal());
         bench.use(*view);
+        // Without a window manager the workbench, shown first, keeps the keyboard.
+        QApplication::setActiveWindow(view);
         bench.write(u"txtSearch"_s, u"LEE"_s);
         bench.click(u"Image1"_s);
         auto* tree = bench.find<QTreeView>(u"tvwFound"_s);
