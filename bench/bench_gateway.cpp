@@ -3,8 +3,8 @@
 #include "base/clock.h"
 #include "base/silentports.h"
 #include "store/engine/database.h"
-#include "store/gateway/datajw.h"
 #include "store/engine/enginecall.h"
+#include "store/gateway/datajw.h"
 #include "store/session.h"
 
 #include <QTemporaryDir>
