@@ -1,10 +1,17 @@
 // Pages of headings, columns and paragraphs: one document for preview, printer and PDF.
 #pragma once
 
+#include <QRectF>
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <vector>
+
+class QPainter;
+
+/// Paints, black on white, into a rectangle in 1/96 inch. What it paints must live until the end of printing.
+using ReportDrawing = std::function<void(QPainter&, const QRectF&)>;
 
 /// One page as it is written; where it is longer than a sheet of paper it runs on to the next. Texts of the
 /// user stand as they are, never as markup.
@@ -18,13 +25,16 @@ struct ReportPage
             Columns,    ///< a row of cells; rows that follow each other share their columns
             Paragraph,  ///< text in the common font
             Fixed,      ///< lines in a fixed pitch, ReportDocument::fixedColumns characters wide
+            Drawing,    ///< as wide as the sheet and half as high, never parted by its end
         };
         Kind kind;
-        QStringList texts; ///< the cells of a row; one text for the others
+        QStringList texts;          ///< the cells of a row; one text for the others
+        ReportDrawing drawing = {}; ///< of a Drawing
     };
     std::vector<Block> blocks;
 
     void add(Block::Kind kind, const QString& text) { blocks.push_back({kind, {text}}); }
+    void add(const ReportDrawing& drawing) { blocks.push_back({Block::Drawing, {}, drawing}); }
     void addRow(const QStringList& cells) { blocks.push_back({Block::Columns, cells}); }
 };
 

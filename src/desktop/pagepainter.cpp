@@ -16,6 +16,7 @@ namespace {
 using Block = ReportPage::Block;
 
 constexpr double bodySize = 10;
+constexpr double screenDpi = 96;
 
 QFont bodyFont(double size, bool bold = false)
 {
@@ -72,6 +73,7 @@ private:
     double breakLines(QTextLayout& layout, double width) const;
     double cell(const QString& text, const QFont& font, double width, const QPointF* place);
     void flow(const QString& text, const QFont& font, double above);
+    void draw(const Block& block);
     [[nodiscard]] std::vector<double> columnWidths(std::span<const Block> rows, double gap) const;
     double row(const QStringList& texts, const std::vector<double>& widths, bool paint);
     [[nodiscard]] double line(const QFont& font) const
@@ -181,6 +183,24 @@ void Sheets::flow(const QString& text, const QFont& font, double above)
     }
 }
 
+void Sheets::draw(const Block& block)
+{
+    const double height = std::min(m_area.width() / 2, m_bottom - m_top);
+    if (m_y + height > m_bottom && m_y > m_top)
+        nextSheet();
+    // In the units of a screen, so that lines keep their strength at any resolution.
+    const double scale = m_device.logicalDpiX() / screenDpi;
+    QFont font = bodyFont(bodySize);
+    font.setPixelSize(qRound(bodySize * screenDpi / 72));
+    m_painter.save();
+    m_painter.translate(m_area.left(), m_y);
+    m_painter.scale(scale, scale);
+    m_painter.setFont(font);
+    block.drawing(m_painter, QRectF(0, 0, m_area.width() / scale, height / scale));
+    m_painter.restore();
+    m_y += height;
+}
+
 void Sheets::add(const Block& block)
 {
     const QString text = block.texts.value(0);
@@ -192,6 +212,8 @@ void Sheets::add(const Block& block)
         return flow(text, bodyFont(12, true), gap);
     case Block::Fixed:
         return flow(text, m_fixed, 0);
+    case Block::Drawing:
+        return draw(block);
     default:
         return flow(text, bodyFont(bodySize), gap * 0.3);
     }

@@ -34,13 +34,15 @@ void FrmStats::load()
                                    : QString());
 }
 
-ReportDocument FrmStats::page() const
+ReportDocument FrmStats::page(const ReportDrawing& drawing) const
 {
     ReportPage page;
     page.add(ReportPage::Block::Heading, tr("Statistics"));
     page.add(ReportPage::Block::Paragraph, m_form.text(u"txtStats"_s));
-    if (!m_shown.empty())
+    if (!m_shown.empty()) {
         page.add(ReportPage::Block::Subheading, tr("Goals"));
+        page.add(drawing);
+    }
     for (const GoalChartRow& goal : m_shown)
         page.addRow({goal.name, goal.period, tr("%1 %").arg(numbers::shown(goal.percent, 2))});
     return {tr("Statistics"), {}, {}, false, {page}};

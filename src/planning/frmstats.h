@@ -24,8 +24,8 @@ public:
 
     /// A bar for each goal, at most 100 high.
     [[nodiscard]] const Chart& mscGoals() const { return m_chart; }
-    /// Figures and goals as a page to print.
-    [[nodiscard]] ReportDocument page() const;
+    /// Figures and goals as a page to print, with @p drawing of the chart between them.
+    [[nodiscard]] ReportDocument page(const ReportDrawing& drawing) const;
     /// The user has chosen a point of the chart; txtValue says which.
     void choosePoint(int point);
 

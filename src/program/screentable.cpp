@@ -200,7 +200,7 @@ QVariant openStats(ScreenHost& host, const QVariant& request)
     stats.load();
     StatsView view(stats, *host.layout, host.parent());
     QObject::connect(&view, &StatsView::printRequested, &view,
-                     [&host, &stats] { host.printing.print(stats.page()); });
+                     [&host](const ReportDocument& pages) { host.printing.print(pages); });
     view.exec();
     return {};
 }

@@ -310,6 +310,7 @@ private slots:
     {
         QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("first");
+        QTest::newRow("goals") << u"goalsview"_s << u"dtpStart"_s;
         QTest::newRow("plan") << u"actionplanview"_s << u"cmbPhases"_s;
     }
     void dialogIsWalkedByKeysAndReadAtItsSmallest()

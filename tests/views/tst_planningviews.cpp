@@ -13,7 +13,9 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QDropEvent>
+#include <QImage>
 #include <QLineEdit>
+#include <QPainter>
 #include <QSettings>
 #include <QTest>
 
@@ -136,8 +138,23 @@ private slots:
         QVERIFY(chart->topOf(1) != before);
         QTest::mouseClick(chart, Qt::LeftButton, {}, (chart->topOf(0) + QPointF(0, 4)).toPoint());
         QCOMPARE(text(*view, u"txtValue"_s), u"Weekly Interview 80 %  "_s);
-        QCOMPARE(stats.page().pages.front().blocks.back().texts,
+        ReportDocument printed;
+        connect(view.get(), &StatsView::printRequested, view.get(),
+                [&](const ReportDocument& pages) { printed = pages; });
+        QTest::mouseClick(view->findChild<QWidget*>(u"cmdPrint"_s), Qt::LeftButton);
+        QCOMPARE(printed.pages.front().blocks.back().texts,
                  QStringList({u"Offers"_s, u"Monthly"_s, u"40 %"_s}));
+        QImage sheet(794, 1123, QImage::Format_RGB32);
+        sheet.fill(Qt::white);
+        QPainter painter(&sheet);
+        for (const ReportPage::Block& block : printed.pages.front().blocks) {
+            if (block.drawing)
+                block.drawing(painter, QRectF(50, 50, 600, 300));
+        }
+        QSet<QRgb> colours;
+        for (int x = 50; x < 650; ++x)
+            colours << sheet.pixel(x, 250);
+        QVERIFY(colours.contains(QColor(70, 120, 180).rgb())); // the front of a bar
     }
 };
 

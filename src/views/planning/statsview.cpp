@@ -8,6 +8,20 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// Of the chart on paper, whatever the window's are.
+QPalette paperColours()
+{
+    QPalette colours(Qt::white, Qt::white);
+    colours.setColor(QPalette::WindowText, Qt::black);
+    colours.setColor(QPalette::PlaceholderText, Qt::darkGray);
+    colours.setColor(QPalette::Highlight, QColor(70, 120, 180));
+    return colours;
+}
+
+} // namespace
+
 StatsView::StatsView(FrmStats& presenter, QSettings& layout, QWidget* parent)
     : QDialog(parent)
     , m_layout(layout)
@@ -23,7 +37,11 @@ StatsView::StatsView(FrmStats& presenter, QSettings& layout, QWidget* parent)
     new FormBinder(presenter.form(), presenter, *this);
     m_ui->mscGoals->setChart(presenter.mscGoals());
     connect(m_ui->mscGoals, &BarChart::pointChosen, &presenter, &FrmStats::choosePoint);
-    connect(m_ui->cmdPrint, &QAbstractButton::clicked, this, &StatsView::printRequested);
+    connect(m_ui->cmdPrint, &QAbstractButton::clicked, this, [this, &presenter] {
+        emit printRequested(presenter.page([this](QPainter& painter, const QRectF& area) {
+            m_ui->mscGoals->draw(painter, area, paperColours());
+        }));
+    });
     connect(m_ui->cmdClose, &QAbstractButton::clicked, this, &QDialog::reject);
 }
 

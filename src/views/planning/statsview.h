@@ -1,6 +1,8 @@
 // How the statistics look.
 #pragma once
 
+#include "base/reportpage.h"
+
 #include <QDialog>
 #include <QSettings>
 
@@ -25,7 +27,8 @@ public:
     void done(int result) override;
 
 signals:
-    void printRequested();
+    /// The user wants these pages on paper; they can be painted as long as the view lives.
+    void printRequested(const ReportDocument& pages);
 
 private:
     QSettings& m_layout;
