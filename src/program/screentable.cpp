@@ -310,7 +310,7 @@ std::vector<ScreenRow> screenTable(ScreenHost& host)
          .tool = u"goals"_s,
          .entry = u"Goals"_s,
          .caption = tr("Goals"),
-         .menuText = tr("&Performance"),
+         .menuText = tr("Per&formance"),
          .tip = tr("Goals and performance"),
          .icon = u"office-chart-bar"_s,
          .toolLine = u"Open Goals Screen"_s,

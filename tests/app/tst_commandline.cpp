@@ -145,7 +145,8 @@ private slots:
         row("agenda|--ics|--json", 2, "");
         row("due", 0, "overdue");
         row("paths", 0, "Postledger.db");
-        row("goals|" JOBWRIGHT_SOURCE_DIR "/data/demo/goals-demo.jwg", 0, " goals met between 2026-11-");
+        row("goals|" JOBWRIGHT_SOURCE_DIR "/data/demo/goals-demo.jwg", 0,
+            " goals met between 2026-10-24 and 2026-11-23");
         row("goals|" JOBWRIGHT_SOURCE_DIR "/data/demo/goals-demo.jwg|--to|soon", 2, "no day");
         row("goals|/no/such.jwg", 1, "/no/such.jwg");
         row("plan|" JOBWRIGHT_SOURCE_DIR "/data/demo/objplan-demo.jwg", 0, "Phase 1, 2026-");
