@@ -63,8 +63,6 @@ public slots:
 signals:
     /// Labels, colours or the pointer are new.
     void changed();
-    /// The profile, or steps of positions, in the store are no longer what they were.
-    void recordsChanged();
     /// cmdClose has stored the answers: the screen goes.
     void closed();
 

@@ -199,7 +199,6 @@ bool FrmProfile::save()
         return false;
     }
     m_changed = false;
-    emit recordsChanged();
     return true;
 }
 

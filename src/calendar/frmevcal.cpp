@@ -33,8 +33,10 @@ FrmEvCal::FrmEvCal(Session& session)
     , m_form(calendarForm())
     , m_page(session, m_form)
     , m_frame(session, m_form)
+    , m_follower(session, {u"Event"_s}, [this] { reload(); })
 {
     connect(&m_frame, &EventFrame::changed, this, &FrmEvCal::frameChanged);
+    m_follower.setSeen(false);
     connect(&m_frame, &EventFrame::dayChosen, this, &FrmEvCal::selectDay);
 }
 
@@ -49,7 +51,8 @@ void FrmEvCal::load()
     m_frame.load();
     closeEvent();
     m_page.setMonth(m_session.today());
-    m_page.loadEvents();
+    m_follower.setSeen(true);
+    readEvents();
     m_page.fillEvents();
     emit changed();
 }
@@ -58,6 +61,7 @@ void FrmEvCal::unload()
 {
     closeEvent();
     m_loaded = false;
+    m_follower.setSeen(false);
     m_page.forget();
 }
 
@@ -75,11 +79,17 @@ void FrmEvCal::createHistoryEvent(const QHash<QString, QString>& values)
         openHistoryTask(values);
 }
 
+void FrmEvCal::readEvents()
+{
+    m_page.loadEvents();
+    m_follower.caughtUp();
+}
+
 void FrmEvCal::reload()
 {
     if (!m_loaded)
         return;
-    m_page.loadEvents();
+    readEvents();
     m_frame.followStore(selectedDay());
     fillEvents();
 }

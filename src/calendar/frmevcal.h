@@ -7,6 +7,7 @@
 #include "calendar/eventframe.h"
 #include "calendar/monthpage.h"
 #include "store/session.h"
+#include "store/storefollower.h"
 
 #include <QHash>
 #include <QObject>
@@ -116,10 +117,9 @@ signals:
     /// view that is made behind load() asks isFrameOpen().
     void frameShown();
     void dayListWanted(); ///< the user is to pick one of the selected day's entries
-    /// Events or positions in the store are no longer what they were.
-    void recordsChanged();
 
 private:
+    void readEvents();
     void fillEvents();
     void storeChanged(QDate shown);
     bool mayPlan();
@@ -133,5 +133,6 @@ private:
     Form m_form;
     MonthPage m_page;
     EventFrame m_frame;
+    StoreFollower m_follower;
     bool m_loaded = false;
 };

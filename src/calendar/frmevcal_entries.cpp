@@ -141,9 +141,8 @@ void FrmEvCal::openHistoryTask(const QHash<QString, QString>& values)
 void FrmEvCal::storeChanged(QDate shown)
 {
     m_page.select(shown);
-    m_page.loadEvents();
+    readEvents();
     fillEvents();
-    emit recordsChanged();
 }
 
 void FrmEvCal::cmdAdd1()

@@ -41,6 +41,7 @@ FrmReminder::FrmReminder(Session& session, Navigator& navigator)
     , m_navigator(navigator)
     , m_form({{u"txtInterval"_s, {}, SaveOn::Never}, {u"lblNote"_s, {}, SaveOn::Never}})
     , m_list(headings())
+    , m_follower(session, {u"Event"_s}, [this] { lookAgain(); })
 {
 }
 
@@ -102,6 +103,9 @@ void FrmReminder::tick()
 
 void FrmReminder::setScreen(bool visible, bool timer1)
 {
+    if (visible && !m_visible)
+        m_follower.caughtUp(); // it comes up with what the last look has found
+    m_follower.setSeen(visible);
     m_visible = visible;
     m_timer1Enabled = timer1;
     if (!visible)
@@ -217,7 +221,7 @@ void FrmReminder::cmdOk()
         cmdCloseAll();
     else
         setScreen(m_visible, true);
-    emit recordsChanged();
+    m_follower.caughtUp();
 }
 
 bool FrmReminder::closeEvent(const RecordSet& event)
@@ -269,7 +273,7 @@ void FrmReminder::cmdDismiss()
     removeSelected();
     if (m_list.rowCount() == 0)
         cmdCloseAll();
-    emit recordsChanged();
+    m_follower.caughtUp();
 }
 
 void FrmReminder::cmdSnoozeAll()

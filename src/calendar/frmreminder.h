@@ -6,6 +6,7 @@
 #include "base/ports.h"
 #include "base/rowmodel.h"
 #include "store/session.h"
+#include "store/storefollower.h"
 
 #include <QObject>
 
@@ -46,8 +47,6 @@ public:
     void load();   ///< with the session's start: hidden, Timer1 on
     void unload(); ///< with the session's end, before the gateway goes; a second call does nothing
     void tick();   ///< Timer1_Timer
-    /// Events are no longer what they were: an open list looks at them again.
-    void lookAgain();
     /// One look at the events; a reader of the list is shown or hidden by it.
     void checkEvents();
     /// The toolbar's button: the screen as it is, due or not.
@@ -75,13 +74,13 @@ public slots:
 signals:
     void changed();        ///< visible state, timer
     void checkRequested(); ///< to the main screen, which also says when nothing is due
-    void recordsChanged(); ///< events or positions in the store are no longer what they were
     /// The screen comes to the front. @p byUser: somebody asked for it; else it must leave the keyboard to
     /// whoever is typing.
     void cameForward(bool byUser);
 
 private:
     void initialize();
+    void lookAgain();
     void setScreen(bool visible, bool timer1);
     void comeForward(bool byUser);
     void playAlarm();
@@ -98,6 +97,7 @@ private:
     Navigator& m_navigator;
     Form m_form;
     RowModel m_list;
+    StoreFollower m_follower;
     std::set<Key> m_matchedKeys; ///< only grows; kept, though nothing in the program asks for it yet
     /// Events put off until the next check: no change in the calendar brings them back before it. An entry
     /// that is saved anew has another key, and may come back as the changed one that it is.

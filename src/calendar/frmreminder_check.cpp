@@ -60,6 +60,7 @@ bool FrmReminder::look()
         const Session::QuietReports quiet(m_session);
         found = lookForDueEvents(m_session.dataJW(), m_session.now());
     }
+    m_follower.caughtUp();
     m_matchedKeys.insert(found.matched.begin(), found.matched.end());
     const bool failed = !found.failure.isEmpty();
     if (failed)

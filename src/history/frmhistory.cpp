@@ -293,8 +293,6 @@ bool FrmHistory::unload()
 bool FrmHistory::close()
 {
     const HistoryClosing::Outcome outcome = HistoryClosing(m_session, m_entries).write();
-    if (outcome.stored)
-        emit recordsChanged();
     if (outcome.isGood())
         return true;
     QString what = tr("The histories of this contact could not be written completely.");

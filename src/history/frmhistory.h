@@ -69,8 +69,6 @@ public slots:
 signals:
     /// The list was drawn anew, or another slot is being edited.
     void changed();
-    /// Histories, the contact and positions in the store are no longer what they were.
-    void recordsChanged();
 
 private:
     [[nodiscard]] DataJW& dataJW() const { return m_session.dataJW(); }

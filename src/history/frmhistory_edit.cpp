@@ -117,8 +117,8 @@ void FrmHistory::hintAtBound()
 void FrmHistory::refuseFurther(bool unstored)
 {
     // What was entered up to here must not wait for a closing that the user may now put off.
-    if (unstored && HistoryClosing(m_session, m_entries).write().stored)
-        emit recordsChanged();
+    if (unstored)
+        HistoryClosing(m_session, m_entries).write();
     const StoreError failure(tr("Subscript out of range"), outOfRange, u"Jobwright"_s);
     m_session.logError(
         u"frmHistory - cmdAddHistory"_s + text::crlf +

@@ -23,12 +23,6 @@ struct Presenters
         , keySearch(session, RecordOpener(session, navigator, workbench))
         , find(session, RecordOpener(session, navigator, workbench))
     {
-        QObject::connect(&calendar, &FrmEvCal::recordsChanged, &reminder, &FrmReminder::lookAgain);
-        QObject::connect(&reminder, &FrmReminder::recordsChanged, &calendar, &FrmEvCal::reload);
-        // Whoever writes steps of positions tells the screens that show them.
-        QObject::connect(&reminder, &FrmReminder::recordsChanged, &workbench, &FrmData::stepsChanged);
-        QObject::connect(&calendar, &FrmEvCal::recordsChanged, &workbench, &FrmData::stepsChanged);
-        QObject::connect(&history, &FrmHistory::recordsChanged, &workbench, &FrmData::stepsChanged);
     }
 
     GoalChart goals; ///< as they were last counted in this run, for the statistics

@@ -147,9 +147,6 @@ QVariant openQuestions(ScreenHost& host, FrmProfile::Kind kind, const QVariant& 
                         [&host] { host.navigator.open(u"FrmEditor"_s); }});
     if (!profile.load(request.value<Key>()))
         return {};
-    // A questionnaire counts as a step of research.
-    QObject::connect(&profile, &FrmProfile::recordsChanged, &host.presenters->workbench,
-                     &FrmData::stepsChanged);
     ProfileView(profile, *host.layout, host.parent()).exec();
     return {};
 }

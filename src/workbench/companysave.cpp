@@ -150,6 +150,7 @@ void CompanyScreen::cmdRemove1()
     load();
     m_shell.selectCategory();
     m_shell.updateCounts();
+    m_shell.offerUndo(tr("Deleted company %1.").arg(name));
     emit changed();
 }
 

@@ -165,11 +165,13 @@ void ContactScreen::cmdRemoveContact1()
            "to this contact?");
     if (m_shell.showMessage(question, Buttons::YesNoDefaultNo) != Answer::Yes || !removeRecords(key))
         return;
+    const QString name = m_form.cleanText(u"cmbContacts"_s);
     loadContactList();
     emit removed();
     clearContactForm();
     m_shell.savedSbar();
     m_shell.updateCounts();
+    m_shell.offerUndo(tr("Deleted contact %1.").arg(name));
 }
 
 bool ContactScreen::removeRecords(Key key)

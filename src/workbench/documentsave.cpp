@@ -122,6 +122,7 @@ void DocumentScreen::cmdRemoveDoc1()
         if (!dataJW.getContactKeyFromDocumentKey(key).empty())
             dataJW.updateDocList(0, key, u"Contact"_s, 1);
     }
+    const QString name = selectedDocument()->docName;
     const int row = std::exchange(m_selected, -1); // no event in between acts on what is going
     m_documents.erase(m_documents.begin() + row);
     const bool rewritten = updateDocumentList();
@@ -132,6 +133,7 @@ void DocumentScreen::cmdRemoveDoc1()
     }
     fillTree();
     select(-1);
+    m_shell.offerUndo(tr("Deleted document %1.").arg(name));
 }
 
 // --- The table --------------------------------------------------------------------------------------------

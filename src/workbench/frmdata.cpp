@@ -4,6 +4,7 @@
 
 #include "base/text.h"
 #include "calendar/frmreminder.h"
+#include "store/files/appfolder.h"
 #include "store/gateway/datajw.h"
 #include "workbench/companyscreen.h"
 #include "workbench/contactscreen.h"
@@ -12,6 +13,8 @@
 #include "workbench/positionscreen.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
+#include <QLocale>
 
 #include <algorithm>
 #include <array>
@@ -51,18 +54,47 @@ FrmData::FrmData(Session& session, Navigator& navigator, FrmReminder& reminder)
     , m_contact(std::make_unique<ContactScreen>(*this, m_company->form()))
     , m_document(std::make_unique<DocumentScreen>(*this))
     , m_pipeline(std::make_unique<PipelineScreen>(*this, *m_position))
+    , m_follower(session, {u"Company"_s, u"Position"_s, u"Contact"_s, u"Event"_s}, [this] { followStore(); })
 {
     connect(&m_reminder, &FrmReminder::checkRequested, this, &FrmData::checkReminders);
     connect(m_contact.get(), &ContactScreen::removed, m_position.get(), &PositionScreen::loadPositionList);
     connect(m_position.get(), &PositionScreen::stored, this, &FrmData::positionStored);
     connect(m_pipeline.get(), &PipelineScreen::barChosen, this,
             [this](const QString& company) { m_company->form().setText(u"txtTitle"_s, company); });
+    connect(&session, &Session::changed, this, [this](const QSet<QString>& tables) {
+        if (tables == QSet{u"Status"_s})
+            return; // settings and usage rows are nothing that the user has entered
+        m_savedAt = m_session.now().time();
+        emit changed();
+    });
     m_form.setText(u"Label45"_s, tr("Company"));
     m_form.setVisible(u"pbarLoad"_s, false);
     // The program begins on the Company screen, with no company chosen.
     clearStrip();
     m_form.setVisible(u"frmeCompany"_s, true);
     setNewButton(tr("New Company"), u"newco"_s);
+}
+
+QString FrmData::caption() const
+{
+    const QString& name = m_selection.selectedCompanyName();
+    const QString shown = text::isCategory(name) ? categoryCaption(name) : name;
+    const QString folder = m_session.folder();
+    const QString place = folder == applicationFolder({}) ? QString() : QFileInfo(folder).fileName();
+    if (text::isUnsaved(name))
+        return m_caption;
+    return place.isEmpty() ? tr("%1 — Jobwright").arg(shown) : tr("%1 (%2) — Jobwright").arg(shown, place);
+}
+
+QString FrmData::savedText(const QStringList& unsavedFields) const
+{
+    constexpr int mostNamed = 2;
+    if (unsavedFields.size() > mostNamed)
+        return tr("Not saved: %1…").arg(unsavedFields.mid(0, mostNamed).join(u", "_s));
+    if (!unsavedFields.isEmpty())
+        return tr("Not saved: %1").arg(unsavedFields.join(u", "_s));
+    return m_savedAt.isValid() ? tr("Saved %1").arg(QLocale().toString(m_savedAt, QLocale::ShortFormat))
+                               : QString();
 }
 
 QString FrmData::versionPanel() const
@@ -250,9 +282,11 @@ void FrmData::clearPipeBoxes()
     m_pipeline->clearPipeBoxes();
 }
 
-void FrmData::stepsChanged()
+void FrmData::followStore()
 {
-    // The calendar may have made a position.
+    // What cannot be read is in the log; the screens keep what they show.
+    const Session::QuietReports quiet(m_session);
+    loadCompanyList();
     m_position->loadPositionList();
     m_company->countsChanged();
     updateCounts();

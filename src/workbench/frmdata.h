@@ -2,11 +2,13 @@
 #pragma once
 
 #include "base/form.h"
+#include "store/storefollower.h"
 #include "workbench/shell.h"
 
 #include <QDateTime>
 #include <QObject>
 #include <QStringList>
+#include <QTime>
 
 #include <memory>
 #include <vector>
@@ -56,7 +58,10 @@ public:
     [[nodiscard]] std::vector<Category> categories() const;
     /// The items that belong to the category of this name, in their order; all of them for an empty one.
     [[nodiscard]] QStringList companiesOf(const QString& category) const;
-    [[nodiscard]] QString caption() const { return m_caption; }
+    /// The window's title: the company, and the folder of a campaign that is not in the usual one.
+    [[nodiscard]] QString caption() const;
+    /// What the status bar says of the campaign: "Saved 14:02", or which of these fields are not.
+    [[nodiscard]] QString savedText(const QStringList& unsavedFields) const;
     [[nodiscard]] QString versionPanel() const; ///< last panel of the status bar, at its right end
     [[nodiscard]] QString procText() const override { return m_procText; }
     [[nodiscard]] bool procVisible() const { return m_procVisible; }
@@ -104,6 +109,7 @@ public:
     void setSimpleText(const QString& text) override;
     void progress(int done, int total, const QString& what) override;
     void updateCounts() override;
+    void offerUndo(const QString& done) override;
 
     // --- Company selector ---------------------------------------------------------------------------------
     void setSelection(const QString& name) override;
@@ -122,10 +128,10 @@ public:
     /// True when what stands behind this toolbar key or menu entry exists; else its button is disabled.
     [[nodiscard]] bool toolAvailable(const QString& key) const;
 
-    /// Steps of positions were written elsewhere: the screens that show them read them again.
-    void stepsChanged();
-
 public slots:
+    /// Takes the latest action back, or does it again; the screens then show the records as they are.
+    void undo();
+    void redo();
     void fileExport();
     // The campaign's records for other programs.
     void writeCards();
@@ -147,6 +153,7 @@ signals:
     /// Something beside the form's controls is new: panels, tab, caption, list of companies.
     void changed();
     void companyListChanged();
+    void undoOffered(const QString& done);
     /// Long work stands at @p done of @p total; both 0 when it is over.
     void progressChanged(int done, int total);
     void closeRequested();
@@ -177,6 +184,8 @@ private:
     void checkReminders();
     void positionStored();
     [[nodiscard]] QDateTime storeState() const;
+    void followStore();
+    void showAgain();
     void writeUsage();
     void release();
     void writeRestoreFile(const QString& name);
@@ -198,5 +207,7 @@ private:
     QString m_newImage;
     QString m_countsPanel;
     QDateTime m_unreadable; ///< the state of a store that could not be read; invalid once it could
+    QTime m_savedAt;        ///< of this run's latest change to the campaign
+    StoreFollower m_follower;
     CompanyLabel m_companyLabel = CompanyLabel::Company;
 };

@@ -4,6 +4,7 @@
 #include "intake/contactexport.h"
 #include "store/files/copyrestore.h"
 #include "store/gateway/datajw.h"
+#include "store/gateway/undostack.h"
 #include "workbench/contactscreen.h"
 #include "workbench/frmdata.h"
 #include "workbench/pipelinescreen.h"
@@ -107,6 +108,43 @@ void FrmData::newRecord()
     } else {
         cmbSelectionClick(text::newEntry.toString());
     }
+}
+
+// --- The way back -----------------------------------------------------------------------------------------
+
+void FrmData::undo()
+{
+    if (mayLeave() && m_session.undoStack().undo())
+        showAgain();
+}
+
+void FrmData::redo()
+{
+    if (mayLeave() && m_session.undoStack().redo())
+        showAgain();
+}
+
+void FrmData::offerUndo(const QString& done)
+{
+    emit undoOffered(done);
+}
+
+/// Shows the same records by their names: another key is theirs now, or they have gone.
+void FrmData::showAgain()
+{
+    const QString tab = m_currentTab;
+    const QString position = m_position->form().cleanText(u"cmbPosSelection"_s);
+    const QString contact = m_contact->form().cleanText(u"cmbContacts"_s);
+    forgetKeys();
+    clearPipeBoxes();
+    refresh();
+    if (tab != u"Company" &&
+        (!m_selection.selectedCompanyName().isEmpty() || tab == u"Pipeline" || tab == u"Document"))
+        tabStrip1Click(tab);
+    if (tab == u"Position" && m_position->form().items(u"cmbPosSelection"_s).contains(position))
+        m_position->showPosition(position);
+    if (tab == u"Contact" && m_contact->form().items(u"cmbContacts"_s).contains(contact))
+        m_contact->showContact(contact);
 }
 
 // --- Export and restore -----------------------------------------------------------------------------------

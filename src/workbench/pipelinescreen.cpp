@@ -304,14 +304,16 @@ void PipelineScreen::fillProgForm(const RecordSet& record)
 void PipelineScreen::stepsChanged()
 {
     if (!hasPosition()) {
-        displayVisual();
+        if (m_shell.isOpen(u"Pipeline"_s)) // it is drawn anew when it is opened
+            displayVisual();
         return;
     }
     const RecordSet record =
         m_shell.session().dataJW().getPositionByKey(m_shell.selection().currentPositionKey);
     if (record.isEmpty())
         return;
-    fillProgForm(record);
+    if (!m_form.hasUnsaved())
+        fillProgForm(record);
     showProgress();
     displayVisual();
 }

@@ -219,6 +219,7 @@ void PositionScreen::cmdRemovePos1()
     computeJptr();
     m_shell.savedSbar();
     m_shell.updateCounts();
+    m_shell.offerUndo(tr("Deleted position %1.").arg(title));
     emit stored();
     emit changed();
 }

@@ -53,6 +53,9 @@ public:
     virtual void progress(int done, int total, const QString& what) = 0;
     /// Counts the records for the status bar; to be called where their number has changed.
     virtual void updateCounts() = 0;
+    /// Offers for a while, at the foot of the window, to take back what @p done says: "Deleted position
+    /// Buyer."
+    virtual void offerUndo(const QString& done) = 0;
 
     // --- The screens --------------------------------------------------------------------------------------
     [[nodiscard]] virtual bool isOpen(const QString& screen) const = 0;

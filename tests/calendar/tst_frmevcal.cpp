@@ -30,7 +30,7 @@ private slots:
         bench.type(u"chkOnehalf"_s, u"1"_s);
         bench.type(u"txtRemind"_s, u"2 dys"_s);
         bench.type(u"txtEvDescription"_s, u"Bring Event( the plant's\nstudy"_s);
-        QSignalSpy recordsChanged(&bench.calendar, &FrmEvCal::recordsChanged);
+        QSignalSpy recordsChanged(bench.world.session.get(), &Session::changed);
         bench.calendar.cmdAdd1();
         for (const QString& table : {u"Event"_s, u"EventRecovery"_s})
             QCOMPARE(bench.cells(u"Select Event,EventDate,EventTime,EventDuration,AMPM,Reminder1,Reminder2,"
@@ -442,7 +442,7 @@ private slots:
             bench.calendar.load();
             bench.calendar.openEntry(u"A1"_s);
             bench.world.prompts.acceptAll(Answer::Yes);
-            QSignalSpy recordsChanged(&bench.calendar, &FrmEvCal::recordsChanged);
+            QSignalSpy recordsChanged(bench.world.session.get(), &Session::changed);
             QVERIFY(!bench.failing(0, [&] { change(bench.calendar); }).isEmpty());
             QCOMPARE(recordsChanged.size(), 0);
             QCOMPARE(bench.tasks(), u"A1 Thank 11/24 due"_s);

@@ -113,7 +113,7 @@ private slots:
         bench.calendar.load();
         bench.calendar.openEntry(u"EV2"_s);
         bench.type(u"txtEvDescription"_s, u"typed meanwhile"_s);
-        QSignalSpy recordsChanged(&bench.calendar, &FrmEvCal::recordsChanged);
+        QSignalSpy recordsChanged(bench.world.session.get(), &Session::changed);
         bench.calendar.cmdNext();
         bench.calendar.dropOn(u"EV2"_s, {2026, 12, 3});
         QCOMPARE(bench.chips(), u"3 EV2 10:30 Interview"_s);

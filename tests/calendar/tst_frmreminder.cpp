@@ -23,7 +23,6 @@ struct ReminderDesk : ScreenBench
     {
         calendar = std::make_unique<FrmEvCal>(*world.session);
         frm = std::make_unique<FrmReminder>(*world.session, navigator);
-        QObject::connect(calendar.get(), &FrmEvCal::recordsChanged, frm.get(), &FrmReminder::lookAgain);
         world.session->reminderInterval = 10;
         frm->load();
     }
@@ -230,7 +229,7 @@ private slots:
         desk.addRecords();
         desk.lookAndSelect(
             desk.addEvent(event, 1, u"24"_s, u"Medium='%1',PositionKey=%2"_s.arg(medium).arg(position)));
-        QSignalSpy written(desk.frm.get(), &FrmReminder::recordsChanged);
+        QSignalSpy written(desk.world.session.get(), &Session::changed);
         desk.frm->cmdOk();
         QTEST(desk.cells(u"Select Interview,InterviewMedium,FollowUp,FollowUpMedium from Position"_s),
               "steps");
@@ -270,6 +269,7 @@ private slots:
         desk.frm->open(u'A' + QString::number(due));
         desk.calendar->frame().chooseFormat(u"Meeting"_s);
         desk.calendar->cmdAdd1();
+        QCoreApplication::processEvents();
         desk.select(desk.world.data().getLastEventAddedKey());
         desk.frm->cmdOk();
         QCOMPARE(desk.cells(u"Select EventKey,Complete from Event"_s), u"2|OkEvent"_s);
@@ -277,6 +277,7 @@ private slots:
         desk.calendar->openEvent(desk.world.data().getLastEventAddedKey());
         desk.calendar->frame().chooseFormat(u"Phone"_s);
         desk.calendar->cmdAdd1();
+        QCoreApplication::processEvents();
         QVERIFY(!desk.frm->isVisible()); // a hidden one does not come up by it
     }
 
@@ -314,6 +315,7 @@ private slots:
         desk.frm->cmdSnooze();
         desk.calendar->load();
         change(desk);
+        QCoreApplication::processEvents();
         QCOMPARE(desk.listed(), left); // without the one put off
         QCOMPARE(desk.frm->isVisible(), !left.isEmpty());
         QCOMPARE(desk.frm->timer1Enabled(), left.isEmpty()); // else nothing would ever come by itself again

@@ -45,7 +45,7 @@ private slots:
         bench.typeAll({u"txtDetails=one\ntwo's"_s, u"cmbMedium=Phone"_s, u"chkDoxGiven=1"_s});
         bench.history.cmdAddHistory();
         QCOMPARE(bench.stored(), u"1-1|11/1/2026|First"_s); // nothing goes to the store before the end
-        QSignalSpy told(&bench.history, &FrmHistory::recordsChanged);
+        QSignalSpy told(bench.world.session.get(), &Session::changed);
         bench.close();
         QCOMPARE(told.size(), 1);
         QCOMPARE(bench.stored(), u"1-1|10/5/2026|;1-2|11/1/2026|First;1-3|11/20/2026|It`s on"_s);

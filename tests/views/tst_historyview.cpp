@@ -114,6 +114,7 @@ private slots:
         bench.world.prompts.expect(u"Update of Ann Lee is complete."_s);
         bench.frm->contactScreen().cmdUpdateContact1();
         QCOMPARE(bench.cells(u"Select LastContact from Contact"_s), u"11/22/2026"_s);
+        QCoreApplication::processEvents();
         QVERIFY(bench.frm->positionScreen().nextStep() != before);
         bench.inHistory([&] {
             bench.clickRow(3);

@@ -4,6 +4,7 @@
 #include "support/table.h"
 #include "views/palettes.h"
 #include "views/windowbench.h"
+#include "workbench/positionscreen.h"
 
 #include <QProgressBar>
 #include <QSplitter>
@@ -49,6 +50,42 @@ private slots:
         });
         bench.frm->tabStrip1Click(u"Pipeline"_s);
         QCOMPARE(places.join(u' '), u"0/3 1/3 2/3 3/3 gone"_s);
+    }
+
+    void deletionIsTakenBackAndDoneAgain()
+    {
+        AcmeWindow bench;
+        bench.run(u"Insert into Position(Title,CompanyKey) Values('Buyer',1)"_s);
+        bench.frm->showOn(u"Position"_s, u"Buyer"_s);
+        bench.click(u"cmdRemovePos1"_s);
+        QVERIFY(bench.find<QLabel>(u"offer"_s)->text().contains(u"Deleted position Buyer. <a"_s));
+        QVERIFY(bench.find<QLabel>(u"offer"_s)->isVisible());
+        auto* tabs = bench.find<QTabBar>(u"TabStrip1"_s);
+        const auto titles = [&] {
+            return bench.frm->positionScreen().form().items(u"cmbPosSelection"_s).join(u',');
+        };
+        QCOMPARE(bench.find<QAction>(u"EditUndo"_s)->text(), u"&Undo \"delete of position Buyer\""_s);
+        tabs->setFocus();
+        bench.press(Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(titles(), u"Buyer,<New>"_s);
+        QVERIFY(!bench.find<QLabel>(u"offer"_s)->isVisible());
+        tabs->setFocus();
+        bench.press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+        QCOMPARE(titles(), u"<New>"_s);
+        QCOMPARE(bench.cells(u"Select Title from Position"_s), QString());
+    }
+
+    void titleAndBarSayWhatIsSaved()
+    {
+        AcmeWindow bench;
+        QVERIFY(bench.window->windowTitle().startsWith(u"Acme ("_s) &&
+                bench.window->windowTitle().endsWith(u" — Jobwright[*]"_s));
+        bench.enter(u"txtIndustry"_s, u"Rails"_s);
+        QVERIFY(bench.window->isWindowModified());
+        QCOMPARE(bench.text(u"saved"_s), u"Not saved: Industry"_s);
+        bench.press(Qt::Key_Tab);
+        QVERIFY(!bench.window->isWindowModified());
+        QVERIFY(bench.text(u"saved"_s).startsWith(u"Saved "_s));
     }
 
     void enterInSelectorTakesBestMatch()

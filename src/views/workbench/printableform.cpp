@@ -1,10 +1,10 @@
 #include "views/workbench/printableform.h"
 
 #include "base/form.h"
+#include "views/common/labels.h"
 
 #include <QAbstractButton>
 #include <QCoreApplication>
-#include <QLabel>
 #include <QPlainTextEdit>
 
 using namespace Qt::StringLiterals;
@@ -18,16 +18,6 @@ struct Entry
     QString value;
     bool isLong = false;
 };
-
-QString labelOf(const QWidget& view, const QWidget& widget)
-{
-    const auto labels = view.findChildren<QLabel*>();
-    for (const QLabel* label : labels) {
-        if (label->buddy() == &widget)
-            return QString(label->text()).remove(u'&');
-    }
-    return widget.accessibleName();
-}
 
 std::vector<Entry> entriesOf(const QWidget& view, const Form& form)
 {

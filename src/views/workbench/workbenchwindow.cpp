@@ -1,8 +1,10 @@
 #include "views/workbench/workbenchwindow.h"
 
+#include "store/gateway/undostack.h"
 #include "ui_workbenchwindow.h"
 #include "views/common/formbinder.h"
 #include "views/common/icons.h"
+#include "views/common/labels.h"
 #include "views/common/look.h"
 #include "views/common/windowstate.h"
 #include "views/workbench/companyview.h"
@@ -47,6 +49,7 @@ WorkbenchWindow::WorkbenchWindow(FrmData& presenter, QSettings& layout)
     buildTools();
     buildMenus();
     buildStatusBar();
+    buildUndo();
     buildShortcuts();
     // The selector keeps its own way of showing and taking a text; its state comes through fillSelector().
     m_binder = new FormBinder(presenter.form(), presenter, *this, {u"cmbSelection"_s});
@@ -232,6 +235,11 @@ void WorkbenchWindow::buildStatusBar()
         return label;
     };
     m_proc = panel(u"proc"_s, tr("What is going on"));
+    m_saved = panel(u"saved"_s, tr("What is saved"));
+    m_offer = panel(u"offer"_s, tr("Deleted, with a way back"));
+    m_offer->setTextFormat(Qt::RichText);
+    m_offer->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
+    m_offer->hide();
     m_position = panel(u"position"_s, tr("State of the position"));
     m_counts = panel(u"counts"_s, tr("Records in the database"));
     m_version = panel(u"version"_s, tr("Version"));
@@ -241,9 +249,60 @@ void WorkbenchWindow::buildStatusBar()
     m_load->setMaximumWidth(fontMetrics().averageCharWidth() * 24);
     m_load->hide();
     m_counts->setForegroundRole(QPalette::PlaceholderText);
-    m_ui->sbar->addWidget(m_proc);
+    for (QWidget* widget : {m_proc, m_saved, m_offer})
+        m_ui->sbar->addWidget(widget);
     for (QWidget* widget : std::initializer_list<QWidget*>{m_load, m_position, m_counts, m_version})
         m_ui->sbar->addPermanentWidget(widget);
+}
+
+/// Ctrl+Z in a text field is the field's own: fields take it before the menu does.
+void WorkbenchWindow::buildUndo()
+{
+    m_ui->EditUndo->setIcon(icons::named(u"edit-undo"_s));
+    m_ui->EditRedo->setIcon(icons::named(u"edit-redo"_s));
+    const auto run = [this](auto step) {
+        return [this, step] {
+            leaveField();
+            std::invoke(step, m_presenter);
+            render();
+        };
+    };
+    connect(m_ui->EditUndo, &QAction::triggered, this, run(&FrmData::undo));
+    connect(m_ui->EditRedo, &QAction::triggered, this, run(&FrmData::redo));
+    connect(m_offer, &QLabel::linkActivated, m_ui->EditUndo, &QAction::trigger);
+    connect(&m_presenter, &FrmData::undoOffered, this, &WorkbenchWindow::offerUndo);
+    m_offerEnds.setSingleShot(true);
+    connect(&m_offerEnds, &QTimer::timeout, m_offer, &QWidget::hide);
+    connect(&m_presenter.session().undoStack(), &UndoStack::changed, this, &WorkbenchWindow::renderUndo);
+    renderUndo();
+}
+
+void WorkbenchWindow::renderUndo()
+{
+    const UndoStack& stack = m_presenter.session().undoStack();
+    m_offer->hide(); // the way back now begins at another action
+    m_ui->EditUndo->setEnabled(stack.canUndo());
+    m_ui->EditUndo->setText(stack.canUndo()
+                                ? tr("&Undo \"%1\"").arg(QString(stack.undoText()).replace(u'&', u"&&"_s))
+                                : tr("&Undo"));
+    m_ui->EditRedo->setEnabled(stack.canRedo());
+    m_ui->EditRedo->setText(stack.canRedo()
+                                ? tr("&Redo \"%1\"").arg(QString(stack.redoText()).replace(u'&', u"&&"_s))
+                                : tr("&Redo"));
+    const QString reason = tr("Not available: this system's SQLite cannot record changes");
+    m_ui->EditUndo->setToolTip(UndoStack::isAvailable() ? tr("Take the latest change back") : reason);
+    m_ui->EditRedo->setToolTip(UndoStack::isAvailable() ? tr("Do again what was taken back") : reason);
+}
+
+void WorkbenchWindow::offerUndo(const QString& done)
+{
+    constexpr int offered = 10000; // milliseconds
+    if (!m_presenter.session().undoStack().canUndo())
+        return;
+    const QString shown = m_offer->fontMetrics().elidedText(done, Qt::ElideMiddle, width() / 3);
+    m_offer->setText(tr("%1 <a href=\"undo\">Undo</a>").arg(shown.toHtmlEscaped()));
+    m_offer->show();
+    m_offerEnds.start(offered);
 }
 
 void WorkbenchWindow::buildShortcuts()
@@ -401,7 +460,10 @@ void WorkbenchWindow::fillSelector()
 
 void WorkbenchWindow::render()
 {
-    setWindowTitle(m_presenter.caption());
+    const QStringList unsaved = unsavedFields();
+    setWindowTitle(m_presenter.caption() + u"[*]"_s);
+    setWindowModified(!unsaved.isEmpty());
+    m_saved->setText(m_presenter.savedText(unsaved));
     m_new->setToolTip(tr("%1 (Ctrl+N)").arg(m_presenter.newToolTip()));
     if (const QString picture = workbenchtools::newPicture(m_presenter.newImage()); picture != m_newPicture) {
         m_newPicture = picture;
@@ -421,6 +483,20 @@ void WorkbenchWindow::render()
         if (m_ui->TabStrip1->tabData(index).toString() == m_presenter.currentTab())
             m_ui->TabStrip1->setCurrentIndex(index);
     }
+}
+
+/// The labels of the open screen's fields that hold what the store does not.
+QStringList WorkbenchWindow::unsavedFields() const
+{
+    QStringList labels;
+    ScreenView& screen = openScreen();
+    for (const FieldRow& row : screen.form().rows()) {
+        if (row.save == SaveOn::Never || !screen.form().isDirty(row.control))
+            continue;
+        if (const auto* field = screen.findChild<QWidget*>(row.control))
+            labels.append(labelOf(screen, *field));
+    }
+    return labels;
 }
 
 void WorkbenchWindow::renderCompanyLabel()

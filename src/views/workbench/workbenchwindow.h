@@ -5,6 +5,7 @@
 
 #include <QMainWindow>
 #include <QSettings>
+#include <QTimer>
 
 #include <memory>
 #include <vector>
@@ -52,11 +53,15 @@ private:
     void buildMenus();
     void buildToolEntry(QAction& action, const ScreenRow& row);
     void buildStatusBar();
+    void buildUndo();
     void buildShortcuts();
     void connectSelector();
     void connectPresenter();
 
     void render();
+    void renderUndo();
+    void offerUndo(const QString& done);
+    [[nodiscard]] QStringList unsavedFields() const;
     void renderCompanyLabel();
     void fillSelector();
     void runTool(const QString& key);
@@ -76,6 +81,9 @@ private:
     QAction* m_new = nullptr;
     QString m_newPicture; ///< the name of m_new's picture
     QLabel* m_proc = nullptr;
+    QLabel* m_saved = nullptr;
+    QLabel* m_offer = nullptr; ///< what was deleted last, with the way back
+    QTimer m_offerEnds;
     QLabel* m_position = nullptr;
     QLabel* m_counts = nullptr;
     QLabel* m_version = nullptr;
