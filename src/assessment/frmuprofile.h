@@ -73,6 +73,7 @@ private:
     void empty();
     void showCategory(const QString& category);
     void rebuildTree();
+    bool write(const QString& statement);
     bool writeColumn(const QString& column, const QString& value);
     void categoryChosen();
     void subcategoryChosen();

@@ -8,10 +8,28 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// What the gateway takes at once; the texts of an item travel inside a statement.
+constexpr qsizetype longestStatement = 1'000'000;
+
+} // namespace
+
+/// Says in the user's words what the gateway would say about a statement.
+bool FrmUProfile::write(const QString& statement)
+{
+    if (statement.size() <= longestStatement)
+        return dataJW().execQuery(statement);
+    m_session.msgBox(tr("This text is too long to be saved: Jobwright takes about a million characters at "
+                        "once. It stays here as you typed it. Please shorten it, or divide it between two "
+                        "items."));
+    return false;
+}
+
 bool FrmUProfile::writeColumn(const QString& column, const QString& value)
 {
-    return dataJW().execQuery(u"Update UProfile set " + column + u'=' + fieldtext::quoted(value) +
-                              u" where UprofileKey=" + QString::number(m_key));
+    return write(u"Update UProfile set " + column + u'=' + fieldtext::quoted(value) + u" where UprofileKey=" +
+                 QString::number(m_key));
 }
 
 void FrmUProfile::fieldLeft(const QString& control)
@@ -51,7 +69,7 @@ void FrmUProfile::cmdSave()
     if (!mayBeInserted())
         return;
     const ProfilePlace saved = place();
-    if (!dataJW().execQuery(insertStatement()))
+    if (!write(insertStatement()))
         return;
     for (const FieldRow& row : m_form.rows())
         m_form.markClean(row.control);

@@ -164,6 +164,10 @@ private slots:
         frm().cmdEvaluate();
         QVERIFY(m_bench->world.prompts.asked().last().contains(u"numbers"_s));
         QCOMPARE(m_bench->data().getUProfile(u"T"_s, u"S"_s).text(u"Function1"), text);
+        leave(u"txtP"_s, QString(10'000'000, u'x'));
+        QVERIFY(m_bench->world.prompts.asked().last().startsWith(u"This text is too long"_s));
+        QCOMPARE(frm().form().text(u"txtP"_s).size(), 10'000'000);
+        QCOMPARE(m_bench->data().getUProfile(u"T"_s, u"S"_s).text(u"Function1"), text);
     }
 
 private:

@@ -204,6 +204,8 @@ bool grabEditor(Scene& scene)
     EditorView view(editor, scene.layout);
     editor.cmdLoad();
     editor.tvwQuestionsNodeClick(editor.tvwQuestions().find(u"Q4"_s));
+    editor.form().setText(u"txtFileName"_s,
+                          u"CompanyTemplate.jwt"_s); // the folder has another name each time
     return show(view, scene.file);
 }
 

@@ -17,7 +17,7 @@ QuestionnaireView::QuestionnaireView(FrmQuestionnaire& presenter, QWidget* paren
 {
     m_ui->setupUi(this);
     look::dress(*this);
-    m_ui->lblKeys->setText(tr("Keys 1 to 7 choose an answer."));
+    int offered = 0;
     QWidget* focused = m_ui->optAnswer0;
     for (int i = 0; i < FrmQuestionnaire::options; ++i) {
         const QString name = u"optAnswer%1"_s.arg(i);
@@ -26,9 +26,11 @@ QuestionnaireView::QuestionnaireView(FrmQuestionnaire& presenter, QWidget* paren
         option->setText(tr("%1  %2").arg(i + 1).arg(QString(caption).replace(u'&', u"&&"_s)));
         option->setAccessibleName(caption.isEmpty() ? option->accessibleName() : caption);
         option->installEventFilter(this);
+        offered += presenter.form().isVisible(name) ? 1 : 0;
         if (presenter.form().text(name) == u"1")
             focused = option;
     }
+    m_ui->lblKeys->setText(offered > 1 ? tr("Keys 1 to %1 choose an answer.").arg(offered) : QString());
     new FormBinder(presenter.form(), presenter, *this);
     connect(&presenter, &FrmQuestionnaire::answered, this, &QDialog::accept);
     m_ui->cmdAnswer->setDefault(true);

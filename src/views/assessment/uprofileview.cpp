@@ -38,7 +38,7 @@ constexpr std::array<Mark, Evaluation::KindCount> markLooks{{
 }};
 
 /// A word that hit in several tests has the look of the first of them.
-QTextCharFormat formatOf(int kinds)
+QTextCharFormat formatOf(int kinds, bool onDark)
 {
     QTextCharFormat format;
     for (size_t kind = 0; kind < markLooks.size(); ++kind) {
@@ -47,7 +47,7 @@ QTextCharFormat formatOf(int kinds)
         QColor back = markLooks[kind].colour;
         back.setAlpha(60);
         format.setBackground(back);
-        format.setUnderlineColor(markLooks[kind].colour);
+        format.setUnderlineColor(onDark ? markLooks[kind].colour.lighter(190) : markLooks[kind].colour);
         format.setUnderlineStyle(markLooks[kind].line);
         break;
     }
@@ -94,6 +94,8 @@ void UProfileView::setUpLists()
     m_ui->lvwPositions->setModel(&m_presenter.lvwPositions());
     m_ui->lvwOccupations->setModel(&m_presenter.lvwOccupations());
     m_ui->lvwPositions->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+    for (const int index : {1, 2})
+        m_ui->lvwPositions->header()->setSectionResizeMode(index, QHeaderView::ResizeToContents);
     m_ui->lvwPositions->header()->setStretchLastSection(false);
     connect(m_ui->lvwPositions, &QAbstractItemView::activated, this,
             [this](const QModelIndex& index) { m_presenter.lvwPositionsDblClick(index.row()); });
@@ -147,12 +149,13 @@ void UProfileView::renderMarks()
 void UProfileView::mark(QPlainTextEdit& box)
 {
     QList<QTextEdit::ExtraSelection> selections;
+    const bool onDark = box.palette().color(QPalette::Base).lightness() < 128;
     for (const WordMark& mark : m_presenter.marks(box.objectName())) {
         QTextEdit::ExtraSelection selection;
         selection.cursor = QTextCursor(box.document());
         selection.cursor.setPosition(static_cast<int>(mark.from));
         selection.cursor.setPosition(static_cast<int>(mark.from + mark.length), QTextCursor::KeepAnchor);
-        selection.format = formatOf(mark.kinds);
+        selection.format = formatOf(mark.kinds, onDark);
         selections.append(selection);
     }
     if (!selections.isEmpty() || !box.extraSelections().isEmpty())
