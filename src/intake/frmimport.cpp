@@ -28,7 +28,7 @@ std::vector<FieldRow> importForm()
     std::vector<FieldRow> rows;
     for (const char* control : {"cmbInputSource", "txtFile", "txtFolder", "cmbEncoding", "cmbDelimiter",
                                 "cmbSheet", "chkHeader", "txtSkip", "optRow", "optCol", "txtTotalNum",
-                                "txtTable", "txtField", "txtCount", "txtRec", "cmbMapping"})
+                                "txtTable", "txtField", "txtCount", "txtRec", "cmbMapping", "lblStatus"})
         rows.push_back({QString::fromLatin1(control), {}, SaveOn::Never});
     return rows;
 }
@@ -110,7 +110,11 @@ void FrmImport::chooseSource()
     m_form.setVisible(u"frmeFile"_s, !outlook);
     for (const QString& control : {u"optRow"_s, u"optCol"_s, u"txtTotalNum"_s, u"lblTotalNum"_s})
         m_form.setVisible(control, excel);
-    status(source.isEmpty() ? tr("Choose where the contacts come from.") : QString());
+    if (source.isEmpty())
+        status(tr("Choose where the contacts come from."));
+    else
+        status(outlook ? tr("Choose a folder or a vCard file, then list what is new in it.")
+                       : tr("Choose a file, then load it."));
 }
 
 void FrmImport::fieldChanged(const QString& control)

@@ -6,8 +6,10 @@
 #include "calendar/frmevcal.h"
 #include "calendar/frmreminder.h"
 #include "desktop/printing.h"
+#include "formats/sharedfolders.h"
 #include "history/frmhistory.h"
 #include "intake/frmautoparse.h"
+#include "intake/frmimport.h"
 #include "output/frmreport.h"
 #include "planning/frmactionplan.h"
 #include "planning/frmgoals.h"
@@ -22,6 +24,7 @@
 #include "views/common/housestyle.h"
 #include "views/history/historyview.h"
 #include "views/intake/autoparseview.h"
+#include "views/intake/importview.h"
 #include "views/output/findview.h"
 #include "views/output/keysearchview.h"
 #include "views/output/reportview.h"
@@ -318,6 +321,30 @@ bool grabReport(Scene& scene)
     return show(view, scene.file);
 }
 
+/// The columns of another program's export, chosen for the fields that they go into.
+bool grabImport(Scene& scene)
+{
+    Session& session = *scene.bench.world.session;
+    QFile file(session.file(u"people.csv"_s));
+    if (!file.open(QIODevice::WriteOnly))
+        return false;
+    file.write(
+        "First Name,Last Name,Company,Job Title,Business Phone,E-mail Address,Notes\n"
+        "Rosamund,Tierney,Harrow Mills,Buyer,(216) 555-0101,r.tierney@harrow.example,Met at the fair\n"
+        "Anselm,Brandvold,Juniper Foods,Planner,(216) 555-0102,a.brandvold@juniper.example,\n"
+        "Philippa,Okonjo,Cobalt Freight,Manager,(216) 555-0103,p.okonjo@cobalt.example,Knows Rosamund\n");
+    file.close();
+    SharedFolders folders;
+    FrmImport import(session, folders, scene.bench.navigator);
+    ImportView view(import, scene.layout);
+    import.form().setText(u"cmbInputSource"_s, u"Text-CSV"_s);
+    import.fieldChanged(u"cmbInputSource"_s);
+    import.form().setText(u"txtFile"_s, file.fileName());
+    import.cmdLoadImport();
+    import.cmdMapAll();
+    return show(view, scene.file);
+}
+
 bool grabFind(Scene& scene)
 {
     FindAnything& finder = scene.bench.presenters->find;
@@ -339,7 +366,8 @@ bool grabScreen(Scene& scene, const QString& screen)
         {u"Card"_s, grabCard},         {u"Goals"_s, grabGoals},         {u"Plan"_s, grabPlan},
         {u"Statistics"_s, grabStats},  {u"Address"_s, grabAddress},     {u"Search"_s, grabSearch},
         {u"Happened"_s, grabHappened}, {u"Report"_s, grabReport},       {u"Find"_s, grabFind},
-        {u"Profile"_s, grabProfile},   {u"Questions"_s, grabQuestions}, {u"Editor"_s, grabEditor}};
+        {u"Profile"_s, grabProfile},   {u"Questions"_s, grabQuestions}, {u"Editor"_s, grabEditor},
+        {u"Import"_s, grabImport}};
     if (const auto dialog = dialogs.value(screen))
         return dialog(scene);
     return grabTab(scene, screen);

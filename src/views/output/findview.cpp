@@ -5,6 +5,7 @@
 #include "views/common/look.h"
 
 #include <QKeyEvent>
+#include <QPainter>
 
 #include <algorithm>
 
@@ -114,4 +115,13 @@ bool FindView::event(QEvent* event)
     if (event->type() == QEvent::WindowDeactivate && isVisible() && m_taken < 0)
         reject();
     return QDialog::event(event);
+}
+
+void FindView::paintEvent(QPaintEvent* event)
+{
+    QDialog::paintEvent(event);
+    // Without the desktop's frame the box would run into the window below it.
+    QPainter painter(this);
+    painter.setPen(palette().color(QPalette::Mid));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
