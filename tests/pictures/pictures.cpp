@@ -295,7 +295,7 @@ bool grabSearch(Scene& scene)
     FrmKeySearch& search = scene.bench.presenters->keySearch;
     search.load();
     KeySearchView view(search, scene.layout);
-    search.form().edit(u"txtSearch"_s, u"plan"_s);
+    search.form().setText(u"txtSearch"_s, u"plan"_s);
     search.cmdSearchByPosition1();
     return show(view, scene.file);
 }

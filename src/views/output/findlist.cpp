@@ -69,6 +69,12 @@ void HitDelegate::drawMarked(QPainter& painter, QRect place, const QString& text
         line.setLineWidth(place.width());
     layout.endLayout();
     painter.save();
+    const QString dots(QChar(u'\u2026'));
+    if (line.isValid() && line.naturalTextWidth() > place.width()) {
+        // Text that runs on is to be seen as such.
+        painter.drawText(place, Qt::AlignRight | Qt::AlignTop, dots);
+        place.setRight(place.right() - QFontMetrics(font).horizontalAdvance(dots));
+    }
     painter.setClipRect(place);
     layout.draw(&painter, place.topLeft());
     painter.restore();

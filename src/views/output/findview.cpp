@@ -122,6 +122,6 @@ void FindView::paintEvent(QPaintEvent* event)
     QDialog::paintEvent(event);
     // Without the desktop's frame the box would run into the window below it.
     QPainter painter(this);
-    painter.setPen(palette().color(QPalette::Mid));
+    painter.setPen(palette().color(QPalette::PlaceholderText));
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
