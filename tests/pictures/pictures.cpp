@@ -264,6 +264,7 @@ bool grabGoals(Scene& scene)
     FrmGoals goals(*scene.bench.world.session, scene.bench.navigator);
     loadGoals(scene, goals);
     GoalsView view(goals, scene.layout);
+    view.resize(1050, 560);
     return show(view, scene.file);
 }
 
@@ -275,6 +276,7 @@ bool grabStats(Scene& scene)
     stats.load();
     stats.choosePoint(2);
     StatsView view(stats, scene.layout);
+    view.resize(900, 760);
     return show(view, scene.file);
 }
 
@@ -285,6 +287,7 @@ bool grabPlan(Scene& scene)
     plan.loadFile(scene.bench.world.session->file(u"objplan-demo.jwg"_s));
     plan.form().setText(u"txtObjcvg"_s, u"objplan-demo.jwg"_s);
     ActionPlanView view(plan, scene.layout);
+    view.resize(1240, 820);
     for (int slot = 0; slot < FrmActionPlan::slotCount; ++slot)
         plan.imgTMClick(slot);
     return show(view, scene.file);
