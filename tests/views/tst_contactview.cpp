@@ -31,6 +31,19 @@ class TestContactView : public QObject
     Q_OBJECT
 
 private slots:
+    void onlyTickedBoxesArePrinted()
+    {
+        ContactWindow bench;
+        bench.write(u"cmbContacts"_s, u"lee\n"_s);
+        bench.click(u"chk1"_s);
+        QStringList texts;
+        const ReportDocument form = bench.window->printableForm();
+        for (const ReportPage::Block& block : form.pages.front().blocks)
+            texts += block.texts;
+        QCOMPARE(texts.count(u"Yes"_s), 1);
+        QCOMPARE(texts.value(texts.indexOf(u"Yes"_s) - 1), u"Direct"_s);
+    }
+
     void contactIsFoundByAnyPartAndSavedFieldByField()
     {
         ContactWindow bench;
