@@ -8,6 +8,7 @@
 #include "intake/importmodels.h"
 #include "intake/recordimport.h"
 #include "measure.h"
+#include "store/engine/database.h"
 #include "store/gateway/datajw.h"
 
 #include <QFile>

@@ -98,7 +98,8 @@ void benchReport(Session& session, const QString& folder)
         measure::milliseconds(3, [&](int) { text = *reports::build(ReportKind::Contact, session); }), 3000);
     const ReportDocument pages = reports::document(text, reports::header(ReportKind::Contact, session), true);
     measure::report("contact report as PDF",
-                    measure::milliseconds(3, [&](int) { pdffile::write(pages, folder + u"/report.pdf"); }),
+                    measure::milliseconds(
+                        3, [&](int) { static_cast<void>(pdffile::write(pages, folder + u"/report.pdf")); }),
                     10000);
     rusage usage{};
     getrusage(RUSAGE_SELF, &usage);
