@@ -39,7 +39,7 @@ void scan(sqlite3_stmt* statement)
     sqlite3_reset(statement);
 }
 
-void bind(sqlite3_stmt* statement, int place, const dialect::BoundValue& value)
+void bindValue(sqlite3_stmt* statement, int place, const dialect::BoundValue& value)
 {
     if (const auto* whole = std::get_if<qint64>(&value))
         sqlite3_bind_int64(statement, place, *whole);
@@ -57,8 +57,8 @@ engine::Statement bareOf(sqlite3* connection, const QString& text)
     engine::Statement statement = engine::prepare(connection, translated.sql);
     for (size_t at = 0; at < translated.parameters.size(); ++at) {
         const auto& [literal, as] = translated.parameters[at];
-        bind(statement.get(), static_cast<int>(at) + 1,
-             dialect::bindValue(shape.literals[static_cast<size_t>(literal)], as));
+        bindValue(statement.get(), static_cast<int>(at) + 1,
+                  dialect::bindValue(shape.literals[static_cast<size_t>(literal)], as));
     }
     return statement;
 }
