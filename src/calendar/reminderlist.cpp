@@ -124,7 +124,7 @@ private:
     {
         const auto verdict = m_rules.judge({text(EventDate), text(EventTime), text(AmPm), text(Reminder1)});
         if (!verdict) {
-            // The log names a row that cannot be listed, so that it can be mended.
+            // The log names a row that cannot be listed, so that the user can correct it.
             m_found.failure = tr("The event \"%1\" has a date that cannot be read: \"%2\".")
                                   .arg(text(Event), m_events.text(u"EventDate"));
             return;

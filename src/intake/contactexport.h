@@ -19,7 +19,7 @@ QByteArray companies(DataJW& data);
 QByteArray positions(DataJW& data);
 
 enum class Kind { Cards, Contacts, Companies, Positions };
-/// Asks for a file and writes one of these into it, whole or not at all; the user is told where it went.
+/// Asks for a file and writes one of these into it, whole or not at all; a message says where it went.
 void save(Session& session, Kind kind);
 
 } // namespace contactexport

@@ -114,7 +114,7 @@ QString ContactScreen::insertStatement(const ContactName& name, bool isNew, Key 
         {u"AddressKey"_s, fieldtext::quoted(QString::number(address))},
         // The box shows the day as the user reads dates; the store gets back what it held.
         {u"LastContact"_s, fieldtext::quoted(m_lastContact.isEmpty() ? u"12/31/1999"_s : m_lastContact)},
-        {u"EventKey"_s, u"0"_s}, // events point to contacts and not the other way round
+        {u"EventKey"_s, u"0"_s}, // events point to contacts, contacts to no event
         {u"ContactList"_s, fieldtext::quoted(otherKeys())},
         {u"DocumentList"_s, fieldtext::quoted(documentKeys())},
         {u"CompanyKey"_s, QString::number(companyKey)},

@@ -1,5 +1,5 @@
 // What the saves of whole records leave behind when a store call fails: the state before, the state after, or
-// one that the log tells of and that another try mends.
+// one that the log names and that another try corrects.
 #include "calendar/calendarbench.h"
 #include "history/historybench.h"
 #include "support/runtest.h"

@@ -32,9 +32,6 @@ struct Table
     [[nodiscard]] int indexOf(QStringView column) const;
 };
 
-/// The version that this program writes into a file's user_version. Older files are migrated, newer ones
-/// refused.
-inline constexpr int version = 1;
 /// Marks a file as this program's own (application_id): the letters "JWdb".
 inline constexpr int applicationId = 0x4A576462;
 

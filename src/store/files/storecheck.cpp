@@ -27,7 +27,7 @@ struct Reference
     const char* key;
     enum Kind {
         Plain,
-        Owner,   ///< a record of nobody is out of every screen's reach
+        Owner,   ///< a record without an owner is on no screen
         Passing, ///< put right when its screen is opened
     } kind = Plain;
 };

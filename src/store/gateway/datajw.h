@@ -59,7 +59,7 @@ public:
     Key getCompanyKey(const QString& name, bool quiet = false);
     Key getCompanyKeyByContact(const QString& first, const QString& last, bool quiet = false);
     QString getCompanyNameByKey(Key key, bool skip = false);
-    QDate getFirstEntryDate(); ///< invalid when there is no company
+    QDate getFirstEntryDate(); ///< of the companies with a date; invalid for none
 
     // --- Positions ----------------------------------------------------------------------------------------
     RecordSet getPosition(const QString& company, const QString& title);

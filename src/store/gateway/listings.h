@@ -24,7 +24,7 @@ struct ContactRow
     QString phone;
     QString mail;
     QString secondMail;
-    QDate lastContact; ///< invalid for nobody reached yet
+    QDate lastContact; ///< invalid when no contact was reached yet
     int level = 0;     ///< quality and influence, a digit each
 };
 /// The contacts of all companies by the company's name, or of one; those of one company in the order of their

@@ -21,7 +21,7 @@ namespace xmlimport {
 
 /// Restores from or merges in the file at @p path, as DataJW::importXML() promises. A file that cannot be
 /// used is refused with a message before anything is changed; before a restore the store is copied. How many
-/// records did not come in is told once, at the end; the reasons stand in the error log. Without
+/// records did not come in is said once, at the end; the reasons stand in the error log. Without
 /// @p copyFirst there is no copy: for an empty store, and inside of an action, where none can be made.
 void read(Session& session, const QString& path, bool copyFirst = true);
 
